@@ -1,0 +1,29 @@
+# The one place that decides how every target is compiled.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+
+find_program(CCACHE ccache)
+if(CCACHE)
+    set(CMAKE_CXX_COMPILER_LAUNCHER "${CCACHE}")
+endif()
+
+add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
+add_compile_definitions(QT_NO_CAST_FROM_ASCII QT_NO_KEYWORDS QT_NO_FOREACH QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+
+set(TIDLO_SANITIZERS "" CACHE STRING "Value for -fsanitize, or nothing")
+if(TIDLO_SANITIZERS)
+    add_compile_options(-fsanitize=${TIDLO_SANITIZERS} -fno-omit-frame-pointer -fno-sanitize-recover=all -O1)
+    add_link_options(-fsanitize=${TIDLO_SANITIZERS})
+endif()
+
+# tidlo_library(name SOURCES files... [LINKS targets...]): one static library for one folder of src/.
+function(tidlo_library name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS")
+    add_library(${name} STATIC ${arg_SOURCES})
+    target_include_directories(${name} PUBLIC "${PROJECT_SOURCE_DIR}/src")
+    target_link_libraries(${name} PUBLIC ${arg_LINKS})
+endfunction()

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "model/RawValue.h"
+
+/// The sections of the main window, identified by their raw values.
+enum class AppSection { scan, results, report, settings };
+
+template <>
+inline constexpr std::array rawValues<AppSection>{
+    RawValueRow{AppSection::scan, QLatin1StringView("scan")},
+    RawValueRow{AppSection::results, QLatin1StringView("results")},
+    RawValueRow{AppSection::report, QLatin1StringView("report")},
+    RawValueRow{AppSection::settings, QLatin1StringView("settings")},
+};

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QLatin1StringView>
+#include <QString>
+
+#include <algorithm>
+#include <array>
+#include <optional>
+
+/// One case of an enumeration with its text form.
+template <typename Enum>
+struct RawValueRow
+{
+    Enum value;
+    QLatin1StringView text;
+};
+
+/// The cases of \a Enum with their texts, in declaration order. Each enumeration that has raw values specialises this.
+template <typename Enum>
+inline constexpr std::array<RawValueRow<Enum>, 0> rawValues{};
+
+/// The text of a case. A value that is not a case of the enumeration yields an empty text.
+template <typename Enum>
+QString rawValue(Enum value)
+{
+    const auto &rows = rawValues<Enum>;
+    const auto row = std::ranges::find(rows, value, &RawValueRow<Enum>::value);
+    return row == rows.end() ? QString() : QString(row->text);
+}
+
+/// The case whose text is exactly \a text, compared with case; nothing for any other text.
+template <typename Enum>
+std::optional<Enum> fromRawValue(QStringView text)
+{
+    const auto &rows = rawValues<Enum>;
+    const auto row = std::ranges::find_if(rows, [text](const auto &candidate) { return candidate.text == text; });
+    return row == rows.end() ? std::nullopt : std::optional(row->value);
+}
+
+/// Every case, in declaration order.
+template <typename Enum>
+constexpr auto allCases()
+{
+    std::array<Enum, rawValues<Enum>.size()> cases{};
+    std::ranges::transform(rawValues<Enum>, cases.begin(), &RawValueRow<Enum>::value);
+    return cases;
+}

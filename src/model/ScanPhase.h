@@ -1,0 +1,9 @@
+#pragma once
+
+/// Where the main flow stands. It has no text form.
+enum class ScanPhase {
+    ready,    ///< Nothing scanned yet, or back at the start.
+    scanning, ///< A scan or a cleanup is running.
+    results,  ///< A snapshot is shown.
+    report,   ///< A cleanup report is shown.
+};

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "platform/DeepEnumeration.h"
+#include "platform/FileAttributes.h"
+#include "platform/TrashOutcome.h"
+
+#include <QList>
+
+#include <memory>
+#include <optional>
+#include <stop_token>
+
+/// The seam through which every existence test, listing, enumeration, measurement and Trash move goes. Nothing here
+/// throws, and nothing but trashItem changes anything on the disk, access times included where the system allows.
+/// Every operation may be called from any thread.
+class FileManager
+{
+public:
+    virtual ~FileManager() = default;
+
+    /// The home folder of the current user: $HOME, or what the user database says where that is unset.
+    virtual FilePath homeDirectoryForCurrentUser() const = 0;
+
+    /// Whether something exists at \a path; of a link, whether what it leads to exists.
+    virtual bool fileExists(const FilePath &path) const = 0;
+
+    /// The attributes of \a path itself, links not followed; nothing if they cannot be read.
+    virtual std::optional<FileAttributes> attributesOfItem(const FilePath &path) const = 0;
+
+    /// The entries of a folder that are not hidden, with their attributes, in byte order of their names. The folder may
+    /// be reached through a link. Nothing if it cannot be listed to its end.
+    virtual std::optional<QList<DirectoryEntry>> contentsOfDirectory(const FilePath &folder) const = 0;
+
+    /// Everything that the enumeration's visitor collects, root after root, depth first, each folder before its
+    /// contents, in byte order of the names. A requested stop ends it soon, with what was found so far.
+    virtual QList<CollectedItem> enumerate(const DeepEnumeration &enumeration, std::stop_token stop = {}) const = 0;
+
+    /// The bytes that deleting each of \a paths would free, in the same order: of a regular file its allocated size, of
+    /// a folder or package that of all regular files beneath it, hidden ones included, contents of packages and other
+    /// mounts left out; of anything else 0. A requested stop ends it soon, with what was counted so far.
+    virtual QList<qint64> allocatedSizes(const QList<FilePath> &paths, std::stop_token stop = {}) const = 0;
+
+    /// Figures of the volume that holds \a path; nothing if the request fails.
+    virtual std::optional<VolumeCapacity> volumeCapacity(const FilePath &path) const = 0;
+
+    /// The size and free size that the file system itself tells for \a path; nothing if the request fails.
+    virtual std::optional<VolumeCapacity> fileSystemAttributes(const FilePath &path) const = 0;
+
+    /// Moves one item to the Trash. Nothing is ever copied or deleted.
+    virtual TrashOutcome trashItem(const FilePath &path) = 0;
+};
+
+/// The file manager of this system.
+std::unique_ptr<FileManager> makeFileManager();

@@ -1,0 +1,37 @@
+#include "platform/PathLocation.h"
+
+#include <cerrno>
+#include <climits>
+
+namespace {
+
+#ifdef O_PATH
+constexpr int searchOnly = O_PATH;
+#else
+constexpr int searchOnly = O_SEARCH;
+#endif
+
+} // namespace
+
+PathLocation::PathLocation(const FilePath &path) : rest(path)
+{
+    if (path.contains('\0')) {
+        errno = EINVAL;
+        return;
+    }
+    while (rest.size() >= PATH_MAX) {
+        const qsizetype end = rest.lastIndexOf('/', PATH_MAX - 2);
+        if (end <= 0) { // A single name that no file system could hold.
+            errno = ENAMETOOLONG;
+            return;
+        }
+        Descriptor next(openat(folder(), rest.left(end).constData(), searchOnly | O_DIRECTORY | O_CLOEXEC));
+        if (!next.isValid())
+            return;
+        holder = std::move(next);
+        rest.remove(0, end + 1);
+        while (rest.startsWith('/')) // What follows is relative now.
+            rest.remove(0, 1);
+    }
+    valid = true;
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QString>
+
+/// What became of an item that was to be moved to the Trash.
+struct TrashOutcome
+{
+    enum class Kind {
+        moved,   ///< It is in the Trash, with a record of where it came from.
+        gone,    ///< Nothing exists at its path.
+        refused, ///< It was left alone on purpose; reason says why.
+        failed,  ///< The system did not do it; it is where it was; reason says why and error holds the errno.
+    };
+
+    Kind kind = Kind::failed;
+    QString reason; ///< For a person, empty when moved or gone.
+    int error = 0;
+
+    bool operator==(const TrashOutcome &) const = default;
+};

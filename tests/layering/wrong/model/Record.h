@@ -1,0 +1,1 @@
+#include "scanner/Rule.h"

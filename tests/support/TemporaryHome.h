@@ -1,0 +1,55 @@
+#pragma once
+
+#include "model/FilePath.h"
+#include "platform/FileAttributes.h"
+
+#include <map>
+#include <string>
+
+#include <sys/stat.h>
+
+/// A private home folder that a test made, removed with everything in it afterwards. Paths given are relative to it and
+/// are raw bytes; parent folders are made as needed. A failing call of the system ends the test program.
+class TemporaryHome final
+{
+public:
+    TemporaryHome();
+    /// Below \a parent instead of the system's folder for temporary files.
+    explicit TemporaryHome(const FilePath &parent);
+    ~TemporaryHome();
+    TemporaryHome(const TemporaryHome &) = delete;
+    TemporaryHome &operator=(const TemporaryHome &) = delete;
+
+    const FilePath &path() const { return root; }
+    FilePath operator/(const FilePath &relative) const { return root + '/' + relative; }
+
+    /// Each returns the absolute path of what it made.
+    FilePath folder(const FilePath &relative) const;
+    FilePath file(const FilePath &relative, qint64 bytes = 4096) const;       ///< Filled, so that it is allocated.
+    FilePath sparseFile(const FilePath &relative, qint64 bytes) const;        ///< Logical length alone.
+    FilePath link(const FilePath &relative, const FilePath &target) const;    ///< Symbolic; the target as it stands.
+    FilePath hardLink(const FilePath &relative, const FilePath &other) const; ///< To the absolute path of a file.
+
+    /// Sets the modification time; of a link, that of the link itself.
+    void setModified(const FilePath &relative, FileTime time) const;
+
+    struct Entry
+    {
+        ino_t inode;
+        mode_t mode;
+        nlink_t links;
+        off_t size;
+        blkcnt_t blocks;
+        std::chrono::nanoseconds accessed;
+        std::chrono::nanoseconds modified;
+        std::chrono::nanoseconds changed;
+        bool operator==(const Entry &) const = default;
+    };
+    /// Every entry beneath the home by its relative path, the home itself as ".". Reading it changes no access time.
+    std::map<std::string, Entry> inventory() const;
+
+private:
+    FilePath prepared(const FilePath &relative) const;
+
+    FilePath root;
+};
