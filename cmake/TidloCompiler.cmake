@@ -11,7 +11,9 @@ if(CCACHE)
     set(CMAKE_CXX_COMPILER_LAUNCHER "${CCACHE}")
 endif()
 
-add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
+add_compile_options(-Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
+# GCC's plain -Wshadow objects to a constructor's parameter that is named as the member it sets.
+add_compile_options("$<IF:$<CXX_COMPILER_ID:GNU>,-Wshadow=local,-Wshadow>")
 add_compile_definitions(QT_NO_CAST_FROM_ASCII QT_NO_KEYWORDS QT_NO_FOREACH QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 
 set(TIDLO_SANITIZERS "" CACHE STRING "Value for -fsanitize, or nothing")

@@ -1,16 +1,20 @@
 #pragma once
 
-#include <unistd.h>
-
 #include <utility>
+
+#include <unistd.h>
 
 /// Owns one file descriptor and closes it; -1 owns none.
 class Descriptor final
 {
 public:
     Descriptor() = default;
-    explicit Descriptor(int descriptor) : number(descriptor) {}
-    Descriptor(Descriptor &&other) noexcept : number(other.release()) {}
+    explicit Descriptor(int descriptor)
+        : number(descriptor)
+    {}
+    Descriptor(Descriptor &&other) noexcept
+        : number(other.release())
+    {}
     Descriptor &operator=(Descriptor &&other) noexcept
     {
         reset(other.release());

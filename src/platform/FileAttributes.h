@@ -22,9 +22,9 @@ enum class FileKind {
 struct FileAttributes
 {
     FileKind kind = FileKind::unknown;
-    std::optional<qint64> size;          ///< Logical length in bytes.
-    std::optional<qint64> allocatedSize; ///< Bytes on the disk.
-    std::optional<FileTime> modified;    ///< Content modification.
+    std::optional<qint64> size{};          ///< Logical length in bytes.
+    std::optional<qint64> allocatedSize{}; ///< Bytes on the disk.
+    std::optional<FileTime> modified{};    ///< Content modification.
 };
 
 /// One entry of a folder's listing.
@@ -37,6 +37,6 @@ struct DirectoryEntry
 /// Figures of a volume in bytes; what the system does not tell is absent.
 struct VolumeCapacity
 {
-    std::optional<qint64> total;
-    std::optional<qint64> available; ///< To the user, not to root.
+    std::optional<qint64> total{};
+    std::optional<qint64> available{}; ///< To the user, not to root.
 };

@@ -13,7 +13,8 @@ constexpr int searchOnly = O_SEARCH;
 
 } // namespace
 
-PathLocation::PathLocation(const FilePath &path) : rest(path)
+PathLocation::PathLocation(const FilePath &path)
+    : rest(path)
 {
     if (path.contains('\0')) {
         errno = EINVAL;

@@ -9,8 +9,8 @@
 class PathLocation final
 {
 public:
-    /// Resolves as much of \a path as does not fit into one call, links followed as in any path. When that fails, or the
-    /// path holds a NUL, the location is not valid and errno tells why.
+    /// Resolves as much of \a path as does not fit into one call, links followed as in any path. When that fails, or
+    /// the path holds a NUL, the location is not valid and errno tells why.
     explicit PathLocation(const FilePath &path);
 
     bool isValid() const { return valid; }

@@ -1,0 +1,108 @@
+#include "platform/LiveFileManager.h"
+
+#include "platform/FileName.h"
+#include "platform/FolderReader.h"
+#include "platform/PathLocation.h"
+
+#include <algorithm>
+#include <limits>
+
+#include <pwd.h>
+#include <sys/statvfs.h>
+
+namespace {
+
+/// A figure that does not fit is as good as none.
+std::optional<qint64> product(quint64 count, quint64 unit)
+{
+    qint64 bytes = 0;
+    return __builtin_mul_overflow(count, unit, &bytes) ? std::nullopt : std::optional(bytes);
+}
+
+} // namespace
+
+std::unique_ptr<FileManager> makeFileManager()
+{
+    return std::make_unique<LiveFileManager>();
+}
+
+FilePath LiveFileManager::homeDirectoryForCurrentUser() const
+{
+    FilePath home = qgetenv("HOME");
+    if (home.isEmpty()) {
+        const passwd *user = getpwuid(getuid());
+        home = user == nullptr ? FilePath("/") : FilePath(user->pw_dir);
+    }
+    while (home.size() > 1 && home.endsWith('/'))
+        home.chop(1);
+    return home;
+}
+
+bool LiveFileManager::fileExists(const FilePath &path) const
+{
+    const PathLocation location(path);
+    return location.isValid() && faccessat(location.folder(), location.name(), F_OK, 0) == 0;
+}
+
+std::optional<FileAttributes> LiveFileManager::attributesOfItem(const FilePath &path) const
+{
+    const PathLocation location(path);
+    if (path.isEmpty() || !location.isValid())
+        return std::nullopt;
+    const auto status = statusOf(location.folder(), location.name(), StatusDetail::everything);
+    return status ? std::optional(status->attributes) : std::nullopt;
+}
+
+std::optional<QList<DirectoryEntry>> LiveFileManager::contentsOfDirectory(const FilePath &path) const
+{
+    const Descriptor folder = FolderOpener().openRoot(path, true);
+    if (!folder.isValid())
+        return std::nullopt;
+    QList<DirectoryEntry> entries;
+    FolderReader reader;
+    while (true) {
+        const FolderReader::Batch batch = reader.readBatch(folder.get());
+        if (batch == FolderReader::Batch::failed)
+            return std::nullopt;
+        if (batch == FolderReader::Batch::end)
+            break;
+        while (const std::optional<FolderReader::Entry> entry = reader.nextEntry()) {
+            if (isHiddenName(entry->name))
+                continue;
+            const auto status = statusOf(folder.get(), entry->name.data(), StatusDetail::everything);
+            entries.append({.path = path + '/' + entry->name.toByteArray(),
+                            .attributes = status.value_or(EntryStatus()).attributes});
+        }
+    }
+    std::ranges::sort(entries, {}, &DirectoryEntry::path);
+    return entries;
+}
+
+QList<CollectedItem> LiveFileManager::enumerate(const DeepEnumeration &enumeration, std::stop_token stop) const
+{
+    return walker.enumerate(enumeration, std::move(stop));
+}
+
+QList<qint64> LiveFileManager::allocatedSizes(const QList<FilePath> &paths, std::stop_token stop) const
+{
+    return walker.allocatedSizes(paths, std::move(stop));
+}
+
+std::optional<VolumeCapacity> LiveFileManager::volumeCapacity(const FilePath &path) const
+{
+    struct statvfs figures;
+    if (statvfs(path.constData(), &figures) != 0)
+        return std::nullopt;
+    return VolumeCapacity{.total = product(figures.f_blocks, figures.f_frsize),
+                          .available = product(figures.f_bavail, figures.f_frsize)};
+}
+
+std::optional<VolumeCapacity> LiveFileManager::fileSystemAttributes(const FilePath &path) const
+{
+    return volumeCapacity(path); // Here both come from one and the same call.
+}
+
+TrashOutcome LiveFileManager::trashItem(const FilePath &)
+{
+    return {.kind = TrashOutcome::Kind::refused, .reason = QStringLiteral("There is no Trash here yet.")};
+}

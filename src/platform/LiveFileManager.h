@@ -1,0 +1,26 @@
+#pragma once
+
+#include "platform/DirectoryWalker.h"
+#include "platform/FileManager.h"
+
+/// The file manager of this system, built on descriptors.
+class LiveFileManager final : public FileManager
+{
+public:
+    explicit LiveFileManager(DirectoryWalker walker = DirectoryWalker())
+        : walker(walker)
+    {}
+
+    FilePath homeDirectoryForCurrentUser() const override;
+    bool fileExists(const FilePath &path) const override;
+    std::optional<FileAttributes> attributesOfItem(const FilePath &path) const override;
+    std::optional<QList<DirectoryEntry>> contentsOfDirectory(const FilePath &folder) const override;
+    QList<CollectedItem> enumerate(const DeepEnumeration &enumeration, std::stop_token stop) const override;
+    QList<qint64> allocatedSizes(const QList<FilePath> &paths, std::stop_token stop) const override;
+    std::optional<VolumeCapacity> volumeCapacity(const FilePath &path) const override;
+    std::optional<VolumeCapacity> fileSystemAttributes(const FilePath &path) const override;
+    TrashOutcome trashItem(const FilePath &path) override;
+
+private:
+    DirectoryWalker walker;
+};

@@ -1,0 +1,263 @@
+#include "platform/TreeWalk.h"
+
+#include "model/CheckedSum.h"
+#include "platform/FileName.h"
+#include "platform/PathLocation.h"
+
+#include <cerrno>
+#include <ranges>
+#include <thread>
+
+namespace {
+
+class VisitedEntry final : public EnumeratedEntry
+{
+public:
+    VisitedEntry(int folder, QByteArrayView name, const FileAttributes &attributes)
+        : folder(folder)
+        , entryName(name)
+        , entryAttributes(attributes)
+    {}
+
+    QByteArrayView name() const override { return entryName; }
+    const FileAttributes &attributes() const override { return entryAttributes; }
+    bool siblingExists(const char *sibling) const override { return faccessat(folder, sibling, F_OK, 0) == 0; }
+
+private:
+    int folder;
+    QByteArrayView entryName;
+    const FileAttributes &entryAttributes;
+};
+
+/// The path of an entry. Folders keep their names only, since few of them are ever asked.
+FilePath pathOf(const WalkFolder &folder, QByteArrayView name)
+{
+    std::vector<const WalkFolder *> upwards;
+    for (const WalkFolder *ancestor = &folder; ancestor != nullptr; ancestor = ancestor->parent)
+        upwards.push_back(ancestor);
+    FilePath path;
+    for (const WalkFolder *ancestor : upwards | std::views::reverse)
+        path.append(ancestor->name.c_str()).append('/');
+    return path.append(name);
+}
+
+void addBytes(CountedItem &item, qint64 more)
+{
+    qint64 before = item.bytes.load(std::memory_order_relaxed);
+    while (!item.bytes.compare_exchange_weak(before, checkedSum(before, more), std::memory_order_relaxed)) {
+    }
+}
+
+} // namespace
+
+/// Takes folder after folder from the queue and reads it.
+class TreeWalk::Worker final
+{
+public:
+    explicit Worker(TreeWalk &walk)
+        : walk(walk)
+    {}
+
+    /// \a callHelpers is called when there is more to read than one worker can.
+    template <typename CallHelpers>
+    void work(CallHelpers callHelpers)
+    {
+        while (true) {
+            const WalkQueue::Taken taken = walk.queue.take();
+            if (taken.folder == nullptr)
+                return;
+            if (isStopped() || !(taken.folder->isOpen() || open(*taken.folder, taken.parent)))
+                walk.queue.finish(*taken.folder, true, {});
+            else
+                read(*taken.folder, callHelpers);
+            if (walk.queue.hasSpare())
+                callHelpers();
+        }
+    }
+
+private:
+    bool isStopped() const { return walk.stop.stop_requested(); }
+    bool open(WalkFolder &folder, int parent);
+    bool openRoot(WalkFolder &root);
+    template <typename CallHelpers>
+    void read(WalkFolder &folder, CallHelpers callHelpers);
+    void readEntries(const WalkFolder &folder);
+    void measure(const WalkFolder &folder, const FolderReader::Entry &entry);
+    void look(const WalkFolder &folder, const FolderReader::Entry &entry);
+    void collect(const WalkFolder &folder, const EnumeratedEntry &entry, int group);
+    void addChild(const WalkFolder &folder, QByteArrayView name, CountedItem *item);
+
+    TreeWalk &walk;
+    FolderReader reader;
+    std::vector<std::unique_ptr<WalkFolder>> children; ///< Found in the folder that is being read.
+    qint64 bytes = 0;                                  ///< Of the files met in it.
+};
+
+bool TreeWalk::Worker::open(WalkFolder &folder, int parent)
+{
+    if (folder.isRoot())
+        return openRoot(folder);
+    const auto attempt = [&] {
+        const int from = parent >= 0 ? parent : walk.queue.reopenParent(folder, walk.opener);
+        if (from >= 0)
+            folder.descriptor = walk.opener.openBeneath(from, folder.name.c_str());
+        return folder.isOpen();
+    };
+    if (attempt())
+        return true;
+    if (errno != EMFILE && errno != ENFILE)
+        return false;
+    walk.queue.closeSpare();
+    return attempt();
+}
+
+/// Measuring starts with the path itself, which may be a file and is not followed when it is a link.
+bool TreeWalk::Worker::openRoot(WalkFolder &root)
+{
+    const FilePath path = FilePath::fromStdString(root.name);
+    if (root.item != nullptr) {
+        const PathLocation location(path);
+        const std::optional<EntryStatus> status =
+            location.isValid() ? statusOf(location.folder(), location.name(), StatusDetail::sizeOnDisk) : std::nullopt;
+        if (status && status->attributes.kind == FileKind::regular)
+            addBytes(*root.item, status->attributes.allocatedSize.value_or(0));
+        if (!status || status->attributes.kind != FileKind::directory)
+            return false;
+    }
+    root.descriptor = walk.opener.openRoot(path, root.item == nullptr);
+    const std::optional<EntryStatus> status =
+        root.isOpen() ? statusOf(root.descriptor.get(), "", StatusDetail::sizeOnDisk) : std::nullopt;
+    root.mount = status ? status->mount : 0;
+    return status.has_value();
+}
+
+template <typename CallHelpers>
+void TreeWalk::Worker::read(WalkFolder &folder, CallHelpers callHelpers)
+{
+    bool goesOn = true;
+    bool listed = false;
+    while (goesOn && !isStopped()) {
+        const FolderReader::Batch batch = reader.readBatch(folder.descriptor.get());
+        listed = batch == FolderReader::Batch::end || batch == FolderReader::Batch::failed;
+        goesOn = !listed;
+        if (batch == FolderReader::Batch::full && walk.queue.shareListing(folder)) {
+            goesOn = false;
+            callHelpers();
+        }
+        readEntries(folder);
+    }
+    if (folder.item != nullptr && bytes > 0)
+        addBytes(*folder.item, std::exchange(bytes, 0));
+    walk.queue.finish(folder, listed || isStopped(), std::exchange(children, {}));
+}
+
+void TreeWalk::Worker::readEntries(const WalkFolder &folder)
+{
+    while (const std::optional<FolderReader::Entry> entry = reader.nextEntry()) {
+        if (isStopped())
+            return;
+        if (folder.item != nullptr)
+            measure(folder, *entry);
+        else
+            look(folder, *entry);
+    }
+}
+
+void TreeWalk::Worker::measure(const WalkFolder &folder, const FolderReader::Entry &entry)
+{
+    FileKind kind = entry.kind;
+    if (kind == FileKind::regular || kind == FileKind::unknown) {
+        const auto status = statusOf(folder.descriptor.get(), entry.name.data(), StatusDetail::sizeOnDisk);
+        kind = status ? status->attributes.kind : FileKind::unknown;
+        if (kind == FileKind::regular && status->mount == folder.mount) // A single file can be a mount, too.
+            bytes = checkedSum(bytes, status->attributes.allocatedSize.value_or(0));
+    }
+    if (kind == FileKind::directory && !isPackageName(entry.name))
+        addChild(folder, entry.name, folder.item);
+}
+
+void TreeWalk::Worker::look(const WalkFolder &folder, const FolderReader::Entry &entry)
+{
+    if (isHiddenName(entry.name))
+        return;
+    FileAttributes attributes{.kind = entry.kind};
+    const bool isShown = walk.wanted->shown == DeepEnumeration::Shown::everything;
+    if (entry.kind == FileKind::unknown || (isShown && entry.kind != FileKind::directory)) {
+        const auto status = statusOf(folder.descriptor.get(), entry.name.data(), StatusDetail::everything);
+        if (!status || status->mount != folder.mount)
+            return;
+        attributes = status->attributes;
+    }
+    const bool isFolder = attributes.kind == FileKind::directory;
+    if (!isFolder && !isShown)
+        return;
+    const VisitedEntry visited(folder.descriptor.get(), entry.name, attributes);
+    const Visit visit = walk.wanted->visit(visited);
+    if (visit.action == Visit::Action::collect)
+        collect(folder, visited, visit.group);
+    else if (visit.action == Visit::Action::walkOn && isFolder && !isPackageName(entry.name))
+        addChild(folder, entry.name, nullptr);
+}
+
+void TreeWalk::Worker::collect(const WalkFolder &folder, const EnumeratedEntry &entry, int group)
+{
+    const FilePath path = pathOf(folder, entry.name());
+    CountedItem *item = nullptr;
+    {
+        const std::lock_guard lock(walk.itemsMutex);
+        item = &walk.items.emplace_back();
+    }
+    item->path = path;
+    item->root = folder.root;
+    item->group = group;
+    if (entry.attributes().kind == FileKind::directory)
+        addChild(folder, entry.name(), item);
+    else if (entry.attributes().kind == FileKind::regular)
+        item->bytes = entry.attributes().allocatedSize.value_or(0);
+}
+
+void TreeWalk::Worker::addChild(const WalkFolder &folder, QByteArrayView name, CountedItem *item)
+{
+    auto child = std::make_unique<WalkFolder>();
+    child->name.assign(name.data(), static_cast<size_t>(name.size()));
+    child->parent = const_cast<WalkFolder *>(&folder);
+    child->item = item;
+    child->root = folder.root;
+    child->mount = folder.mount;
+    children.push_back(std::move(child));
+}
+
+std::deque<CountedItem> TreeWalk::enumerate(const DeepEnumeration &enumeration)
+{
+    wanted = &enumeration;
+    for (int index = 0; index < enumeration.roots.size(); ++index)
+        addRoot(enumeration.roots.at(index), index, nullptr);
+    run();
+    return std::move(items);
+}
+
+std::deque<CountedItem> TreeWalk::measure(const QList<FilePath> &paths)
+{
+    for (int index = 0; index < paths.size(); ++index)
+        addRoot(paths.at(index), index, &items.emplace_back());
+    run();
+    return std::move(items);
+}
+
+void TreeWalk::addRoot(const FilePath &path, int index, CountedItem *item)
+{
+    auto root = std::make_unique<WalkFolder>();
+    root->name = path.toStdString();
+    root->root = index;
+    root->item = item;
+    queue.addRoot(std::move(root));
+}
+
+void TreeWalk::run()
+{
+    std::vector<std::jthread> helpers;
+    Worker(*this).work([&] {
+        while (static_cast<int>(helpers.size()) + 1 < limits.workers)
+            helpers.emplace_back([this] { Worker(*this).work([] {}); });
+    });
+}

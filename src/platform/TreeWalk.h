@@ -1,0 +1,57 @@
+#pragma once
+
+#include "platform/DeepEnumeration.h"
+#include "platform/WalkQueue.h"
+
+#include <atomic>
+#include <deque>
+#include <mutex>
+#include <stop_token>
+
+/// An item that is measured; workers add to its bytes what they meet in it.
+struct CountedItem
+{
+    FilePath path;
+    int root = 0;
+    int group = 0;
+    std::atomic<qint64> bytes = 0;
+};
+
+/// How many folders are read at once, and how many may stay open besides those.
+struct WalkLimits
+{
+    int workers = 1;
+    int openFolders = 256;
+};
+
+/// One walk over some roots, from its start to its end.
+class TreeWalk final
+{
+public:
+    TreeWalk(WalkLimits limits, std::stop_token stop)
+        : limits(limits)
+        , stop(std::move(stop))
+        , queue(limits.openFolders)
+    {}
+
+    /// Shows what lies beneath the roots to the visitor and measures what it collects. Returns when all has been read,
+    /// or soon after a stop. The items come in no fixed order.
+    std::deque<CountedItem> enumerate(const DeepEnumeration &enumeration);
+
+    /// Measures \a paths, in their order.
+    std::deque<CountedItem> measure(const QList<FilePath> &paths);
+
+private:
+    class Worker;
+
+    void addRoot(const FilePath &path, int index, CountedItem *item);
+    void run();
+
+    const WalkLimits limits;
+    const std::stop_token stop;
+    const FolderOpener opener;
+    WalkQueue queue;
+    const DeepEnumeration *wanted = nullptr; ///< None when only sizes are.
+    std::mutex itemsMutex;                   ///< Guards the list; an item counts for itself.
+    std::deque<CountedItem> items;
+};

@@ -1,0 +1,240 @@
+#include "platform/WalkQueue.h"
+
+#include <algorithm>
+#include <climits>
+#include <iterator>
+#include <span>
+#include <utility>
+
+namespace {
+
+/// A way back of more levels than this gets a folder half-way that stays open for the next ones to start from.
+constexpr size_t levelsBetweenStops = 64;
+
+/// Opens folder after folder beneath \a start, as many levels at a time as one path can name.
+Descriptor openLevels(int start, std::span<WalkFolder *const> downwards, const FolderOpener &opener)
+{
+    Descriptor folder;
+    while (!downwards.empty()) {
+        std::string path = downwards.front()->name;
+        size_t levels = 1;
+        while (levels < downwards.size() && path.size() + 1 + downwards[levels]->name.size() < PATH_MAX) {
+            path += '/';
+            path += downwards[levels]->name;
+            ++levels;
+        }
+        folder = opener.openBeneath(folder.isValid() ? folder.get() : start, path.c_str());
+        if (!folder.isValid())
+            return folder;
+        downwards = downwards.subspan(levels);
+    }
+    return folder;
+}
+
+} // namespace
+
+/// The way from an open folder down to one that is not.
+struct WalkQueue::Route
+{
+    WalkFolder *start = nullptr;
+    std::vector<WalkFolder *> toStop; ///< Downwards, ends with the folder half-way; empty if none is needed.
+    std::vector<WalkFolder *> toGoal; ///< Downwards from there, ends with the goal.
+};
+
+WalkQueue::~WalkQueue()
+{
+    // A walk that is over has emptied the queue; one that never ran has left its roots.
+    for (const WalkFolder *folder : waiting)
+        delete folder;
+}
+
+void WalkQueue::addRoot(std::unique_ptr<WalkFolder> root)
+{
+    const std::lock_guard lock(mutex);
+    add(std::move(root));
+}
+
+void WalkQueue::add(std::unique_ptr<WalkFolder> folder)
+{
+    waiting.push_back(folder.release());
+    ++unfinished;
+}
+
+WalkQueue::Taken WalkQueue::take()
+{
+    std::unique_lock lock(mutex);
+    ++idleWorkers;
+    changed.wait(lock, [this] { return !waiting.empty() || unfinished == 0; });
+    --idleWorkers;
+    if (waiting.empty())
+        return {};
+    WalkFolder *folder = waiting.back();
+    waiting.pop_back();
+    ++folder->counts.users;
+    if (folder->isOpen() || folder->isRoot())
+        return {.folder = folder};
+    WalkFolder &parent = *folder->parent;
+    folder->counts.usesParent = true;
+    ++parent.counts.users;
+    parent.counts.lastUse = ++uses;
+    return {.folder = folder, .parent = parent.descriptor.get()};
+}
+
+int WalkQueue::reopenParent(const WalkFolder &folder, const FolderOpener &opener)
+{
+    WalkFolder &parent = *folder.parent;
+    std::unique_lock lock(mutex);
+    if (parent.isOpen())
+        return parent.descriptor.get();
+    const Route route = routeTo(parent);
+    ++route.start->counts.users;
+    lock.unlock();
+
+    Descriptor stop = openLevels(route.start->descriptor.get(), route.toStop, opener);
+    const bool lost = !route.toStop.empty() && !stop.isValid();
+    Descriptor goal =
+        lost ? Descriptor()
+             : openLevels(stop.isValid() ? stop.get() : route.start->descriptor.get(), route.toGoal, opener);
+    const bool same = goal.isValid() && identityOf(goal.get()) == parent.counts.identity;
+
+    lock.lock();
+    --route.start->counts.users;
+    settle(route.start);
+    if (stop.isValid() && !route.toStop.back()->isOpen()) {
+        route.toStop.back()->descriptor = std::move(stop);
+        keep(*route.toStop.back());
+    }
+    if (same && !parent.isOpen()) {
+        parent.descriptor = std::move(goal);
+        keep(parent);
+    }
+    return parent.descriptor.get();
+}
+
+WalkQueue::Route WalkQueue::routeTo(WalkFolder &folder)
+{
+    std::vector<WalkFolder *> upwards;
+    WalkFolder *ancestor = &folder;
+    for (; !ancestor->isOpen(); ancestor = ancestor->parent) // A root stays open.
+        upwards.push_back(ancestor);
+    ancestor->counts.lastUse = ++uses;
+    const auto stop = upwards.begin() + static_cast<ptrdiff_t>(std::min(upwards.size(), levelsBetweenStops));
+    return {.start = ancestor,
+            .toStop{std::make_reverse_iterator(upwards.end()), std::make_reverse_iterator(stop)},
+            .toGoal{std::make_reverse_iterator(stop), std::make_reverse_iterator(upwards.begin())}};
+}
+
+bool WalkQueue::shareListing(WalkFolder &folder)
+{
+    const std::lock_guard lock(mutex);
+    if (std::cmp_greater_equal(kept.size(), mostKept))
+        return false;
+    releaseParent(folder);
+    keep(folder);
+    waiting.push_back(&folder);
+    ++unfinished;
+    wakeIdle(waiting.size());
+    return true;
+}
+
+void WalkQueue::finish(WalkFolder &folder, bool listed, std::vector<std::unique_ptr<WalkFolder>> children)
+{
+    const std::lock_guard lock(mutex);
+    const int found = static_cast<int>(children.size());
+    for (std::unique_ptr<WalkFolder> &child : children)
+        add(std::move(child));
+    wakeIdle(waiting.empty() ? 0 : waiting.size() - 1); // One is for the caller.
+
+    releaseParent(folder);
+    WalkFolder::Counts &counts = folder.counts;
+    counts.children += found;
+    counts.awaiting += found;
+    counts.listed |= listed;
+    --counts.users;
+    if (counts.awaiting > 0)
+        keep(folder);
+    settle(&folder);
+    if (--unfinished == 0)
+        changed.notify_all();
+}
+
+void WalkQueue::closeSpare()
+{
+    const std::lock_guard lock(mutex);
+    while (closeLeastRecent()) {
+    }
+}
+
+bool WalkQueue::hasSpare() const
+{
+    const std::lock_guard lock(mutex);
+    return waiting.size() > 1;
+}
+
+void WalkQueue::wakeIdle(size_t spare)
+{
+    for (size_t count = std::min(spare, static_cast<size_t>(idleWorkers)); count > 0; --count)
+        changed.notify_one();
+}
+
+void WalkQueue::keep(WalkFolder &folder)
+{
+    folder.counts.lastUse = ++uses;
+    if (std::exchange(folder.counts.kept, true))
+        return;
+    kept.push_back(&folder);
+    if (std::cmp_greater(kept.size(), mostKept))
+        closeLeastRecent();
+}
+
+void WalkQueue::forget(WalkFolder &folder)
+{
+    if (std::exchange(folder.counts.kept, false))
+        std::erase(kept, &folder);
+}
+
+bool WalkQueue::closeLeastRecent()
+{
+    WalkFolder *oldest = nullptr;
+    for (WalkFolder *folder : kept) {
+        const bool spare = folder->counts.users == 0 && folder->counts.listed && !folder->isRoot();
+        if (spare && (oldest == nullptr || folder->counts.lastUse < oldest->counts.lastUse))
+            oldest = folder;
+    }
+    if (oldest == nullptr)
+        return false;
+    oldest->counts.identity = identityOf(oldest->descriptor.get()).value_or(FolderIdentity());
+    oldest->descriptor.reset();
+    forget(*oldest);
+    return true;
+}
+
+/// A folder that was taken to be opened through its parent has been, or will never be.
+void WalkQueue::releaseParent(WalkFolder &folder)
+{
+    if (!std::exchange(folder.counts.usesParent, false))
+        return;
+    --folder.parent->counts.users;
+    --folder.parent->counts.awaiting;
+    settle(folder.parent);
+}
+
+/// Closes the folder if nothing is to be opened through it any more, and removes it, and then perhaps those above it,
+/// when nothing beneath it is left.
+void WalkQueue::settle(WalkFolder *folder)
+{
+    while (folder != nullptr && folder->counts.users == 0 && folder->counts.listed) {
+        if (folder->counts.children > 0) {
+            if (folder->counts.awaiting == 0 && !folder->isRoot()) {
+                forget(*folder);
+                folder->descriptor.reset();
+            }
+            return;
+        }
+        forget(*folder);
+        const std::unique_ptr<WalkFolder> done(folder);
+        folder = folder->parent;
+        if (folder != nullptr)
+            --folder->counts.children;
+    }
+}
