@@ -1,0 +1,79 @@
+#include "support/InChild.h"
+
+#include "platform/Descriptor.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdio>
+#include <cstdlib>
+
+#include <grp.h>
+#include <linux/audit.h>
+#include <linux/filter.h>
+#include <linux/seccomp.h>
+#include <sched.h>
+#include <sys/mount.h>
+#include <sys/prctl.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+
+ChildResult inChild(const std::function<bool()> &work)
+{
+    std::array<int, 2> ends{};
+    if (pipe(ends.data()) != 0)
+        return {.output = "no pipe"};
+    Descriptor reading(ends[0]);
+    Descriptor writing(ends[1]);
+    std::fflush(nullptr);
+    const pid_t child = fork();
+    if (child == 0) {
+        reading.reset();
+        dup2(writing.get(), STDOUT_FILENO);
+        dup2(writing.get(), STDERR_FILENO);
+        writing.reset();
+        const bool succeeded = work();
+        std::fflush(nullptr);
+        _exit(succeeded ? EXIT_SUCCESS : EXIT_FAILURE);
+    }
+    writing.reset();
+    ChildResult result;
+    std::array<char, 4096> part{};
+    for (ssize_t count = 0; (count = read(reading.get(), part.data(), part.size())) > 0;)
+        result.output.append(part.data(), static_cast<size_t>(count));
+    int status = 0;
+    waitpid(child, &status, 0);
+    result.succeeded = WIFEXITED(status) && WEXITSTATUS(status) == EXIT_SUCCESS;
+    return result;
+}
+
+bool enterMountNamespace()
+{
+    return (unshare(CLONE_NEWNS) == 0 || unshare(CLONE_NEWUSER | CLONE_NEWNS) == 0) &&
+           mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
+}
+
+bool limitDescriptors(int count)
+{
+    const auto limit = static_cast<rlim_t>(count);
+    const rlimit limits{.rlim_cur = limit, .rlim_max = limit};
+    return setrlimit(RLIMIT_NOFILE, &limits) == 0;
+}
+
+bool becomeNobody()
+{
+    constexpr uid_t nobody = 65534;
+    return setgroups(0, nullptr) == 0 && setresgid(nobody, nobody, nobody) == 0 &&
+           setresuid(nobody, nobody, nobody) == 0;
+}
+
+bool denySystemCall(long number, int error)
+{
+    const std::array<sock_filter, 4> program{
+        sock_filter BPF_STMT(BPF_LD | BPF_W | BPF_ABS, offsetof(seccomp_data, nr)),
+        sock_filter BPF_JUMP(BPF_JMP | BPF_JEQ | BPF_K, static_cast<unsigned>(number), 0, 1),
+        sock_filter BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ERRNO | static_cast<unsigned>(error)),
+        sock_filter BPF_STMT(BPF_RET | BPF_K, SECCOMP_RET_ALLOW),
+    };
+    const sock_fprog filter{.len = program.size(), .filter = const_cast<sock_filter *>(program.data())};
+    return prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0 && prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &filter) == 0;
+}
