@@ -115,8 +115,6 @@ FilePath TemporaryHome::file(const FilePath &relative, qint64 bytes) const
         require(written > 0, "write", path);
         left -= written;
     }
-    // Until it is on the disk, a file system may tell another allocated size.
-    require(bytes == 0 || fdatasync(descriptor) == 0, "fdatasync", path);
     close(descriptor);
     return path;
 }

@@ -1,0 +1,296 @@
+// Trees that break walkers: very deep, very wide, changing, or not to be entered.
+
+#include "platform/Descriptor.h"
+#include "platform/DirectoryWalker.h"
+#include "platform/LiveFileManager.h"
+#include "support/DeepTree.h"
+#include "support/InChild.h"
+#include "support/TemporaryHome.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <array>
+#include <atomic>
+#include <cerrno>
+#include <cstdio>
+#include <thread>
+
+#include <fcntl.h>
+#include <sys/mount.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+
+using testing::ElementsAre;
+
+namespace {
+
+constexpr qint64 block = 4096;
+
+qint64 sizeOf(const FilePath &path)
+{
+    return DirectoryWalker().allocatedSizes({path}, {}).value(0);
+}
+
+QList<CollectedItem> targetsIn(const FilePath &root)
+{
+    const auto visit = [](const EnumeratedEntry &entry) {
+        return entry.name() == "target" ? Visit{Visit::Action::collect} : Visit{};
+    };
+    return DirectoryWalker().enumerate({.roots = {root}, .visit = visit}, {});
+}
+
+/// A chain of folders in which each holds a file of one block; with teeth, also a folder with another such file.
+void makeComb(const FilePath &top, int levels, bool teeth)
+{
+    makeChain(top, "d", levels, [teeth](int folder, int) {
+        makeFile(folder, "file", block);
+        if (!teeth)
+            return;
+        makeFolder(folder, "tooth");
+        const Descriptor tooth(openat(folder, "tooth", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+        makeFile(tooth.get(), "file", block);
+    });
+}
+
+/// Expects \a actual in a child, where there is no test framework to tell more.
+bool isExpected(qint64 actual, qint64 expected)
+{
+    if (actual != expected)
+        std::printf("%lld instead of %lld\n", actual, expected);
+    return actual == expected;
+}
+
+} // namespace
+
+TEST(HostileTrees, TenThousandNestedFoldersAreCountedToTheLast)
+{
+    const TemporaryHome home;
+    makeComb(home.folder("deep"), 10'000, false);
+    EXPECT_EQ(sizeOf(home / "deep"), 10'001 * block);
+}
+
+TEST(HostileTrees, ACombOfFiveThousandLevelsIsCountedWithFewDescriptors)
+{
+    const TemporaryHome home;
+    makeComb(home.folder("comb"), 5'000, true);
+    const ChildResult result =
+        inChild([&] { return limitDescriptors(64) && isExpected(sizeOf(home / "comb"), 2 * 5'001 * block); });
+    EXPECT_TRUE(result.succeeded) << result.output;
+}
+
+TEST(HostileTrees, ItemsBeyondThePathLimitAreFoundMeasuredAndFoundAgain)
+{
+    const TemporaryHome home;
+    const QByteArray name(250, 'n');
+    makeChain(home.folder("deep"), name.constData(), 40, [](int folder, int level) {
+        if (level != 40)
+            return;
+        makeFolder(folder, "target");
+        const Descriptor target(openat(folder, "target", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+        makeFile(target.get(), "file", block);
+    });
+    const QList<CollectedItem> items = targetsIn(home / "deep");
+    ASSERT_EQ(items.size(), 1);
+    const FilePath path = items.at(0).path;
+    EXPECT_EQ(path, home / ("deep/" + (name + '/').repeated(40) + "target"));
+    EXPECT_EQ(items.at(0).allocatedSize, block);
+
+    const LiveFileManager files;
+    EXPECT_TRUE(files.fileExists(path));
+    EXPECT_FALSE(files.fileExists(path + "/missing"));
+    EXPECT_EQ(files.attributesOfItem(path + "/file")->size, block);
+    EXPECT_EQ(files.contentsOfDirectory(path)->size(), 1);
+    EXPECT_THAT(files.allocatedSizes({path, path + "/file"}, {}), ElementsAre(block, block));
+}
+
+TEST(HostileTrees, AFolderOfAMillionEntriesIsCountedToTheLast)
+{
+    const TemporaryHome home;
+    const FilePath folder = home.folder("wide");
+    constexpr int entries = 1'000'000;
+    constexpr int names = 50'000; // For one file; some file systems allow no more than 65,000.
+    const Descriptor wide(open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    QByteArray file;
+    for (int entry = 0; entry < entries; ++entry) {
+        const QByteArray name = QByteArray::number(entry);
+        if (entry % names == 0)
+            makeFile(wide.get(), (file = name).constData(), block);
+        else
+            ASSERT_EQ(linkat(wide.get(), file.constData(), wide.get(), name.constData(), 0), 0);
+    }
+    EXPECT_EQ(sizeOf(folder), entries * block);
+}
+
+TEST(HostileTrees, AFolderOfManyFoldersIsCountedWithFewDescriptors)
+{
+    const TemporaryHome home;
+    const FilePath folder = home.folder("wide");
+    const Descriptor wide(open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    for (int entry = 0; entry < 20'000; ++entry)
+        makeFolder(wide.get(), QByteArray::number(entry).constData());
+    home.file("wide/777/file", block);
+    home.file("wide/19999/file", block);
+    const ChildResult result = inChild([&] { return limitDescriptors(64) && isExpected(sizeOf(folder), 2 * block); });
+    EXPECT_TRUE(result.succeeded) << result.output;
+}
+
+TEST(HostileTrees, LinkLoopsEnd)
+{
+    const TemporaryHome home;
+    home.file("a/b/file", block);
+    home.link("a/b/up", "..");
+    home.link("a/one", "two");
+    home.link("a/two", "one");
+    home.link("a/self", "self");
+    EXPECT_EQ(sizeOf(home / "a"), block);
+    EXPECT_EQ(sizeOf(home / "a/self"), 0);
+    EXPECT_TRUE(targetsIn(home / "a/self").isEmpty());
+}
+
+TEST(HostileTrees, EntriesThatComeAndGoMeanwhileDoNoHarm)
+{
+    const TemporaryHome home;
+    for (int folder = 0; folder < 200; ++folder)
+        home.file("tree/" + QByteArray::number(folder) + "/stays", block);
+    std::atomic<bool> done = false;
+    std::jthread disturber([&] {
+        for (int turn = 0; !done; turn = (turn + 1) % 200) {
+            const FilePath folder = home / ("tree/" + QByteArray::number(turn));
+            const FilePath moved = home / "tree/moved";
+            rename(folder.constData(), moved.constData());
+            mkdir((moved + "/new").constData(), 0755);
+            rename(moved.constData(), folder.constData());
+            rmdir((folder + "/new").constData());
+        }
+    });
+    for (int walk = 0; walk < 50; ++walk) {
+        const qint64 size = sizeOf(home / "tree");
+        EXPECT_GT(size, 0);
+        EXPECT_LE(size, 400 * block); // A folder that moved may be met twice; never more than each under both names.
+    }
+    done = true;
+    disturber.join();
+    EXPECT_EQ(sizeOf(home / "tree"), 200 * block);
+}
+
+TEST(HostileTrees, ARootThatVanishesWhileItIsReadEndsTheWalk)
+{
+    const TemporaryHome home;
+    for (int folder = 0; folder < 500; ++folder)
+        home.folder("root/" + QByteArray::number(folder) + "/a/b");
+    std::atomic<bool> first = true;
+    const auto visit = [&](const EnumeratedEntry &) {
+        if (first.exchange(false))
+            rename((home / "root").constData(), (home / "elsewhere").constData());
+        return Visit{};
+    };
+    DirectoryWalker().enumerate({.roots = {home / "root"}, .visit = visit}, {});
+    EXPECT_FALSE(first);
+}
+
+TEST(HostileTrees, AFolderSwappedForALinkNeverLeadsOutside)
+{
+    const TemporaryHome home;
+    home.file("tree/folder/inner/file", block);
+    home.file("outside/inner/huge", 100 * block);
+    const FilePath folder = home / "tree/folder";
+    const FilePath link = home.link("link", home / "outside");
+    std::atomic<bool> done = false;
+    std::atomic<int> swaps = 0;
+    std::jthread swapper([&] {
+        for (; !done; ++swaps)
+            syscall(SYS_renameat2, AT_FDCWD, folder.constData(), AT_FDCWD, link.constData(), 2 /* RENAME_EXCHANGE */);
+    });
+    for (int walk = 0; walk < 2'000 || swaps < 2'000; ++walk)
+        ASSERT_LE(sizeOf(home / "tree"), block);
+    done = true;
+}
+
+TEST(HostileTrees, WhatMayNotBeReadIsPassedOver)
+{
+    const TemporaryHome home;
+    home.file("tree/open/file", block);
+    const FilePath closed = home / "tree/closed";
+    home.file("tree/closed/file", block);
+    chmod(closed.constData(), 0);
+    chmod(home.path().constData(), 0755);
+    const ChildResult result = inChild([&] {
+        return becomeNobody() && isExpected(sizeOf(home / "tree"), block) && isExpected(sizeOf(closed), 0) &&
+               !LiveFileManager().contentsOfDirectory(closed) && targetsIn(closed).isEmpty();
+    });
+    chmod(closed.constData(), 0755);
+    EXPECT_TRUE(result.succeeded) << result.output;
+}
+
+TEST(HostileTrees, OtherMountsAreNotEntered)
+{
+    const TemporaryHome home;
+    home.file("tree/file", block);
+    home.folder("tree/tmpfs");
+    home.folder("tree/bound");
+    home.file("tree/bound-file", 0);
+    home.file("outside/target/file", 5 * block);
+    bool isAllowed = false;
+    const auto walk = [&] {
+        isExpected(targetsIn(home / "tree").size(), 0);
+        return isExpected(sizeOf(home / "tree"), block) && targetsIn(home / "tree").isEmpty();
+    };
+    const auto work = [&](bool withoutOpenat2) {
+        if (!enterMountNamespace() || mount("tmpfs", (home / "tree/tmpfs").constData(), "tmpfs", 0, nullptr) != 0) {
+            std::puts("mounts forbidden");
+            return false;
+        }
+        mount((home / "outside").constData(), (home / "tree/bound").constData(), nullptr, MS_BIND, nullptr);
+        mount((home / "outside/target/file").constData(), (home / "tree/bound-file").constData(), nullptr, MS_BIND,
+              nullptr);
+        home.file("tree/tmpfs/target/file", 9 * block);
+        return (!withoutOpenat2 || denySystemCall(SYS_openat2, ENOSYS)) && walk();
+    };
+    for (const bool withoutOpenat2 : {false, true}) {
+        const ChildResult result = inChild([&] { return work(withoutOpenat2); });
+        isAllowed = result.output.find("mounts forbidden") == std::string::npos;
+        if (!isAllowed)
+            GTEST_SKIP() << "The kernel forbids mounts here, so nothing was proved about them.";
+        EXPECT_TRUE(result.succeeded) << result.output;
+    }
+}
+
+TEST(HostileTrees, AKernelWithoutOpenat2CountsTheSame)
+{
+    const TemporaryHome home;
+    makeComb(home.folder("comb"), 400, true);
+    home.file("outside/huge", 100 * block);
+    home.link("comb/link", home / "outside");
+    for (const int error : {ENOSYS, EPERM}) {
+        const ChildResult result = inChild([&] {
+            return limitDescriptors(64) && denySystemCall(SYS_openat2, error) &&
+                   isExpected(sizeOf(home / "comb"), 2 * 401 * block);
+        });
+        EXPECT_TRUE(result.succeeded) << result.output;
+    }
+}
+
+TEST(HostileTrees, WalkingChangesNothingNotEvenAccessTimes)
+{
+    const TemporaryHome home;
+    home.file("tree/target/file", block);
+    home.file("tree/folder/.hidden/file", block);
+    home.link("tree/link", "folder");
+    // An access time older than the modification is brought up to date by any plain reading.
+    const std::array<timespec, 2> times{timespec{.tv_sec = 1'000'000'000, .tv_nsec = 0},
+                                        timespec{.tv_sec = 1'500'000'000, .tv_nsec = 0}};
+    for (const char *path : {"tree/target/file", "tree/folder/.hidden/file", "tree/link", "tree/folder/.hidden",
+                             "tree/folder", "tree/target", "tree"})
+        ASSERT_EQ(utimensat(AT_FDCWD, (home / path).constData(), times.data(), AT_SYMLINK_NOFOLLOW), 0);
+    const auto before = home.inventory();
+
+    sizeOf(home / "tree");
+    targetsIn(home / "tree");
+    const LiveFileManager files;
+    files.contentsOfDirectory(home / "tree");
+    files.fileExists(home / "tree/target/file");
+    files.attributesOfItem(home / "tree/link");
+
+    EXPECT_EQ(home.inventory(), before);
+}
