@@ -134,21 +134,20 @@ bool TreeWalk::Worker::openRoot(WalkFolder &root)
 template <typename CallHelpers>
 void TreeWalk::Worker::read(WalkFolder &folder, CallHelpers callHelpers)
 {
-    bool goesOn = true;
     bool listed = false;
-    while (goesOn && !isStopped()) {
-        const FolderReader::Batch batch = reader.readBatch(folder.descriptor.get());
+    bool shared = false;
+    while (!listed && !shared) {
+        const FolderReader::Batch batch =
+            isStopped() ? FolderReader::Batch::end : reader.readBatch(folder.descriptor.get());
         listed = batch == FolderReader::Batch::end || batch == FolderReader::Batch::failed;
-        goesOn = !listed;
-        if (batch == FolderReader::Batch::full && walk.queue.shareListing(folder)) {
-            goesOn = false;
+        shared = batch == FolderReader::Batch::full && walk.queue.shareListing(folder);
+        if (shared)
             callHelpers();
-        }
         readEntries(folder);
     }
     if (folder.item != nullptr && bytes > 0)
         addBytes(*folder.item, std::exchange(bytes, 0));
-    walk.queue.finish(folder, listed || isStopped(), std::exchange(children, {}));
+    walk.queue.finish(folder, listed, std::exchange(children, {}));
 }
 
 void TreeWalk::Worker::readEntries(const WalkFolder &folder)
