@@ -66,12 +66,12 @@ public:
             const WalkQueue::Taken taken = walk.queue.take();
             if (taken.folder == nullptr)
                 return;
+            if (taken.more)
+                callHelpers();
             if (isStopped() || !(taken.folder->isOpen() || open(*taken.folder, taken.parent)))
                 walk.queue.finish(*taken.folder, true, {});
             else
                 read(*taken.folder, callHelpers);
-            if (walk.queue.hasSpare())
-                callHelpers();
         }
     }
 

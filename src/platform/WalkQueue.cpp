@@ -71,13 +71,15 @@ WalkQueue::Taken WalkQueue::take()
     WalkFolder *folder = waiting.back();
     waiting.pop_back();
     ++folder->counts.users;
+    Taken taken{.folder = folder, .more = !waiting.empty()};
     if (folder->isOpen() || folder->isRoot())
-        return {.folder = folder};
+        return taken;
     WalkFolder &parent = *folder->parent;
     folder->counts.usesParent = true;
     ++parent.counts.users;
     parent.counts.lastUse = ++uses;
-    return {.folder = folder, .parent = parent.descriptor.get()};
+    taken.parent = parent.descriptor.get();
+    return taken;
 }
 
 int WalkQueue::reopenParent(const WalkFolder &folder, const FolderOpener &opener)
@@ -163,12 +165,6 @@ void WalkQueue::closeSpare()
     const std::lock_guard lock(mutex);
     while (closeLeastRecent()) {
     }
-}
-
-bool WalkQueue::hasSpare() const
-{
-    const std::lock_guard lock(mutex);
-    return waiting.size() > 1;
 }
 
 void WalkQueue::wakeIdle(size_t spare)

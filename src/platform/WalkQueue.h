@@ -58,7 +58,8 @@ public:
     struct Taken
     {
         WalkFolder *folder = nullptr;
-        int parent = -1; ///< The parent's descriptor; -1 if the folder has none, or it was closed: see reopenParent.
+        int parent = -1;   ///< The parent's descriptor; -1 if the folder has none, or it was closed: see reopenParent.
+        bool more = false; ///< Others wait, too.
     };
     /// The next folder to read on in, for this worker alone; waits while others may still find some. No folder when all
     /// is done. Whatever is taken must be finished.
@@ -78,9 +79,6 @@ public:
     /// Closes all that can be opened again; for when the system has no more descriptors.
     void closeSpare();
 
-    /// Whether more folders wait than one worker will take next.
-    bool hasSpare() const;
-
 private:
     struct Route;
     Route routeTo(WalkFolder &folder);
@@ -93,7 +91,7 @@ private:
     void settle(WalkFolder *folder);
 
     const int mostKept;
-    mutable std::mutex mutex;
+    std::mutex mutex;
     std::condition_variable changed;
     std::vector<WalkFolder *> waiting;
     std::vector<WalkFolder *> kept;
