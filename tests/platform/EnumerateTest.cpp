@@ -214,7 +214,7 @@ TEST(Enumerate, AStopThatWasRequestedEndsTheWalk)
 
 TEST(Enumerate, AStopInTheMiddleEndsTheWalkWithWhatWasFound)
 {
-    const TemporaryHome home;
+    const TemporaryHome home(TemporaryHome::parentInMemory());
     for (int folder = 0; folder < 2'000; ++folder)
         home.folder(QByteArray::number(folder) + "/a");
     for (int turn = 0; turn < 100; ++turn) { // The listing is shared by several workers when the stop comes.

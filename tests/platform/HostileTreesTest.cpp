@@ -65,17 +65,17 @@ bool isExpected(qint64 actual, qint64 expected)
 
 TEST(HostileTrees, TenThousandNestedFoldersAreCountedToTheLast)
 {
-    const TemporaryHome home;
+    const TemporaryHome home(TemporaryHome::parentInMemory());
     makeComb(home.folder("deep"), 10'000, false);
     EXPECT_EQ(sizeOf(home / "deep"), 10'001 * block);
 }
 
-TEST(HostileTrees, ACombOfTwoThousandLevelsIsCountedWithFewDescriptors)
+TEST(HostileTrees, ACombOfFiveThousandLevelsIsCountedWithFewDescriptors)
 {
-    const TemporaryHome home;
-    makeComb(home.folder("comb"), 2'000, true);
+    const TemporaryHome home(TemporaryHome::parentInMemory());
+    makeComb(home.folder("comb"), 5'000, true);
     const ChildResult result =
-        inChild([&] { return limitDescriptors(64) && isExpected(sizeOf(home / "comb"), 2 * 2'001 * block); });
+        inChild([&] { return limitDescriptors(64) && isExpected(sizeOf(home / "comb"), 2 * 5'001 * block); });
     EXPECT_TRUE(result.succeeded) << result.output;
 }
 
@@ -106,7 +106,7 @@ TEST(HostileTrees, ItemsBeyondThePathLimitAreFoundMeasuredAndFoundAgain)
 
 TEST(HostileTrees, AFolderOfAMillionEntriesIsCountedToTheLast)
 {
-    const TemporaryHome home;
+    const TemporaryHome home(TemporaryHome::parentInMemory());
     const FilePath folder = home.folder("wide");
     constexpr int entries = 1'000'000;
     constexpr int names = 50'000; // For one file; some file systems allow no more than 65,000.
@@ -124,7 +124,7 @@ TEST(HostileTrees, AFolderOfAMillionEntriesIsCountedToTheLast)
 
 TEST(HostileTrees, AFolderOfManyFoldersIsCountedWithFewDescriptors)
 {
-    const TemporaryHome home;
+    const TemporaryHome home(TemporaryHome::parentInMemory());
     const FilePath folder = home.folder("wide");
     const Descriptor wide(open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     for (int entry = 0; entry < 20'000; ++entry)
@@ -176,7 +176,7 @@ TEST(HostileTrees, EntriesThatComeAndGoMeanwhileDoNoHarm)
 
 TEST(HostileTrees, ARootThatVanishesWhileItIsReadEndsTheWalk)
 {
-    const TemporaryHome home;
+    const TemporaryHome home(TemporaryHome::parentInMemory());
     for (int folder = 0; folder < 500; ++folder)
         home.folder("root/" + QByteArray::number(folder) + "/a/b");
     std::atomic<bool> first = true;

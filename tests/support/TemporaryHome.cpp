@@ -90,6 +90,11 @@ TemporaryHome::~TemporaryHome()
         waitpid(child, nullptr, 0);
 }
 
+FilePath TemporaryHome::parentInMemory()
+{
+    return access("/dev/shm", W_OK) == 0 ? FilePath("/dev/shm") : QFile::encodeName(QDir::tempPath());
+}
+
 FilePath TemporaryHome::prepared(const FilePath &relative) const
 {
     const FilePath path = root + '/' + relative;

@@ -17,6 +17,8 @@ public:
     /// Below \a parent instead of the system's folder for temporary files.
     explicit TemporaryHome(const FilePath &parent);
     ~TemporaryHome();
+    /// A parent in memory where the system has one, for trees so large that making them on a disk would take long.
+    static FilePath parentInMemory();
     TemporaryHome(const TemporaryHome &) = delete;
     TemporaryHome &operator=(const TemporaryHome &) = delete;
 
