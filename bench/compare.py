@@ -1,0 +1,81 @@
+#!/usr/bin/env python3
+"""Times whole processes against each other.
+
+Each round runs every command once, so that whatever else the machine does meets all of them alike; what is compared are
+the medians. Usage: see scripts/bench.
+"""
+
+import argparse
+import os
+import shlex
+import statistics
+import subprocess
+import sys
+import tempfile
+import time
+
+
+class Command:
+    def __init__(self, text):
+        self.name, line = text.split("=", 1)
+        # A command that begins with "self:" prints the seconds that count.
+        self.times_itself = line.startswith("self:")
+        self.line = line.removeprefix("self:")
+        self.seconds = []
+        self.kilobytes = []
+
+    def run(self):
+        with tempfile.NamedTemporaryFile("r", encoding="ascii") as peak:
+            # Through time, because the peak of a process counts from before it became the command.
+            begin = time.perf_counter()
+            process = subprocess.run(["time", "--quiet", "--format=%M", f"--output={peak.name}", *shlex.split(self.line)],
+                                     stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
+                                     check=False)
+            elapsed = time.perf_counter() - begin
+            if process.returncode != 0:
+                sys.exit(f"{self.name} failed with status {process.returncode}: {self.line}")
+            self.seconds.append(float(process.stdout) if self.times_itself else elapsed)
+            self.kilobytes.append(int(peak.read()))
+
+
+def drop_caches():
+    os.sync()
+    with open("/proc/sys/vm/drop_caches", "w", encoding="ascii") as file:
+        file.write("3\n")
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("--rounds", type=int, default=7)
+    parser.add_argument("--cold", action="store_true", help="drop the system's caches before each run")
+    parser.add_argument("--against", help="the command that the others are measured by; default: the first")
+    parser.add_argument("--entries", type=int, help="also print the time for each entry")
+    parser.add_argument("command", nargs="+", help="name=command line")
+    arguments = parser.parse_args()
+
+    commands = [Command(text) for text in arguments.command]
+    if not arguments.cold:
+        for command in commands:  # Not counted: fills the caches.
+            command.run()
+            command.seconds.clear()
+            command.kilobytes.clear()
+    for _ in range(arguments.rounds):
+        for command in commands:
+            if arguments.cold:
+                drop_caches()
+            command.run()
+
+    base = next((each for each in commands if each.name == arguments.against), commands[0])
+    per_entry = "  per entry" if arguments.entries else ""
+    print(f"{'':34} {'median':>9} {'ratio':>6} {'memory':>8}{per_entry}")
+    for command in commands:
+        median = statistics.median(command.seconds)
+        ratio = median / statistics.median(base.seconds)
+        line = f"{command.name:34} {median * 1000:6.0f} ms {ratio:6.2f} {max(command.kilobytes) / 1024:5.1f} MB"
+        if arguments.entries:
+            line += f" {median / arguments.entries * 1e9:7.0f} ns"
+        print(line)
+
+
+if __name__ == "__main__":
+    main()
