@@ -3,23 +3,11 @@
 #include "platform/FileName.h"
 #include "platform/FolderReader.h"
 #include "platform/PathLocation.h"
+#include "platform/VolumeCapacity.h"
 
 #include <algorithm>
-#include <limits>
 
 #include <pwd.h>
-#include <sys/statvfs.h>
-
-namespace {
-
-/// A figure that does not fit is as good as none.
-std::optional<qint64> product(quint64 count, quint64 unit)
-{
-    qint64 bytes = 0;
-    return __builtin_mul_overflow(count, unit, &bytes) ? std::nullopt : std::optional(bytes);
-}
-
-} // namespace
 
 std::unique_ptr<FileManager> makeFileManager()
 {
@@ -90,16 +78,12 @@ QList<qint64> LiveFileManager::allocatedSizes(const QList<FilePath> &paths, std:
 
 std::optional<VolumeCapacity> LiveFileManager::volumeCapacity(const FilePath &path) const
 {
-    struct statvfs figures;
-    if (statvfs(path.constData(), &figures) != 0)
-        return std::nullopt;
-    return VolumeCapacity{.total = product(figures.f_blocks, figures.f_frsize),
-                          .available = product(figures.f_bavail, figures.f_frsize)};
+    return volumeCapacityOf(path);
 }
 
 std::optional<VolumeCapacity> LiveFileManager::fileSystemAttributes(const FilePath &path) const
 {
-    return volumeCapacity(path); // Here both come from one and the same call.
+    return fileSystemCapacityOf(path);
 }
 
 TrashOutcome LiveFileManager::trashItem(const FilePath &)

@@ -1,0 +1,8 @@
+#include "platform/StorageDevice.h"
+
+// The machines that this runs on have shipped with solid state disks alone for years, and what an external disk is
+// takes a walk through the device tree to find out.
+bool anyDiskRotates(const QList<FilePath> &)
+{
+    return false;
+}
