@@ -4,20 +4,20 @@
 #include "model/ScanSnapshot.h"
 #include "platform/FileManager.h"
 
-#include <QString>
-
 #include <QCoro/QCoroTask>
+#include <QString>
 
 #include <functional>
 #include <memory>
 #include <stop_token>
 
-/// The one component that reads the file system for a scan and moves things to the Trash. This is its whole public face.
+/// The one component that reads the file system for a scan and moves things to the Trash. This is its whole public
+/// face.
 ///
 /// An actor: its work runs on a thread of its own, one job at a time. Operations are called on the main thread, suspend
-/// there while the work goes on, and never fail: what cannot be read or moved contributes nothing. Destroying the scanner
-/// asks work under way to stop and waits for it, a fraction of a second at most; coroutines that were suspended still
-/// finish, with what had been done by then.
+/// there while the work goes on, and never fail: what cannot be read or moved contributes nothing. Destroying the
+/// scanner asks work under way to stop and waits for it, a fraction of a second at most; coroutines that were suspended
+/// still finish, with what had been done by then.
 class FileSizeScanner final
 {
 public:
@@ -30,11 +30,12 @@ public:
     FileSizeScanner &operator=(const FileSizeScanner &) = delete;
 
     /// Runs all finding rules over the home folder. \a progress is called on the main thread before each step, and the
-    /// step begins when it has returned. The scan runs to its end whether or not anybody still waits for it.
+    /// step begins when it has returned; it is never called from within scan() itself, nor when the scanner is gone.
+    /// The scan runs to its end whether or not anybody still waits for it.
     QCoro::Task<ScanSnapshot> scan(ProgressCallback progress);
 
-    /// Moves every path of \a candidates to the Trash, in order, but for those never to be touched. A requested stop ends
-    /// it between two items; the report tells what was done until then.
+    /// Moves every path of \a candidates to the Trash, in order, but for those never to be touched. A requested stop
+    /// ends it between two items; the report tells what was done until then.
     QCoro::Task<CleanupReport> moveToTrash(QList<CleanupCandidate> candidates, std::stop_token stop = {});
 
     /// The figures of the volume that holds \a home; everything that only a scan can know is 0.

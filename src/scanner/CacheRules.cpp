@@ -1,0 +1,37 @@
+#include "scanner/CacheRules.h"
+
+#include "scanner/CandidateTemplate.h"
+#include "scanner/ExistingPaths.h"
+
+#include <array>
+#include <utility>
+
+namespace {
+
+constexpr CandidateTemplate caches{
+    .title = QLatin1StringView("User and developer caches"),
+    .detail = QLatin1StringView("Browser/package-manager caches. Apps may recreate these after cleanup."),
+    .category = CleanupCategory::caches,
+    .risk = CleanupRisk::safe,
+};
+
+constexpr std::array cacheFolders{
+    "Library/Caches/Google",
+    "Library/Caches/BraveSoftware",
+    "Library/Caches/pip",
+    "Library/Caches/ms-playwright",
+    "Library/Caches/composer",
+    "Library/Caches/electron",
+    "Library/Caches/node-gyp",
+    "Library/Caches/Homebrew",
+    ".cache",
+    ".gradle/caches",
+};
+
+} // namespace
+
+QList<CleanupCandidate> cacheCandidates(const FileManager &files, const FilePath &home, std::stop_token stop)
+{
+    const QList<FilePath> paths = existingPaths(files, home, cacheFolders);
+    return {makeCandidate(caches, paths, files.allocatedSizes(paths, std::move(stop)))};
+}

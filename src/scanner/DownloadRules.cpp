@@ -1,0 +1,45 @@
+#include "scanner/DownloadRules.h"
+
+#include "platform/FileName.h"
+#include "scanner/CandidateTemplate.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace {
+
+constexpr CandidateTemplate downloads{
+    .title = QLatin1StringView("Downloads / old installers and archives"),
+    .detail = QLatin1StringView("DMG, ZIP, APK, and video files older than 45 days. Review before removing."),
+    .category = CleanupCategory::downloads,
+    .risk = CleanupRisk::review,
+};
+
+constexpr std::array<QByteArrayView, 10> extensions{"dmg", "zip", "tar", "gz",  "tgz",
+                                                    "apk", "avi", "mov", "mp4", "webm"};
+
+constexpr std::chrono::days oldAge(45);
+
+bool isOldDownload(const DirectoryEntry &entry, FileTime cutOff)
+{
+    const FilePath extension = fileExtension(lastPathComponent(entry.path)).toByteArray().toLower();
+    return std::ranges::find(extensions, extension) != extensions.end() && entry.attributes.kind == FileKind::regular &&
+           entry.attributes.modified && *entry.attributes.modified < cutOff;
+}
+
+} // namespace
+
+QList<CleanupCandidate> downloadCandidates(const FileManager &files, const FilePath &home, FileTime now,
+                                           std::stop_token stop)
+{
+    const std::optional<QList<DirectoryEntry>> entries = files.contentsOfDirectory(home + "/Downloads");
+    if (!entries)
+        return {};
+    QList<FilePath> paths;
+    for (const DirectoryEntry &entry : *entries) {
+        if (isOldDownload(entry, now - oldAge))
+            paths.append(entry.path);
+    }
+    return {makeCandidate(downloads, paths, files.allocatedSizes(paths, std::move(stop)))};
+}

@@ -1,0 +1,82 @@
+#include "scanner/FileSizeScanner.h"
+
+#include "scanner/DiskTotals.h"
+#include "scanner/MoveToTrash.h"
+#include "scanner/ScanSteps.h"
+#include "scanner/SerialExecutor.h"
+
+#include <QCoro/QCoroFuture>
+
+/// Its operations are coroutines that hold it, and nothing of the scanner, across their suspensions.
+struct FileSizeScanner::Core
+{
+    std::shared_ptr<FileManager> files;
+    std::stop_source stop;
+    SerialExecutor executor;
+
+    QFuture<FilePath> home();
+    QFuture<ScanSnapshot> run(const ScanStep &step, const FilePath &home, const ScanSnapshot &snapshot);
+
+    static QCoro::Task<ScanSnapshot> scan(std::shared_ptr<Core> core, ProgressCallback progress);
+};
+
+QFuture<FilePath> FileSizeScanner::Core::home()
+{
+    return executor.run([files = files] { return files->homeDirectoryForCurrentUser(); });
+}
+
+QFuture<ScanSnapshot> FileSizeScanner::Core::run(const ScanStep &step, const FilePath &home,
+                                                 const ScanSnapshot &snapshot)
+{
+    return executor.run([files = files, stop = stop.get_token(), run = step.run, home, snapshot] {
+        ScanSnapshot result = snapshot;
+        if (!stop.stop_requested())
+            run({*files, home, stop}, result);
+        return result;
+    });
+}
+
+QCoro::Task<ScanSnapshot> FileSizeScanner::Core::scan(std::shared_ptr<Core> core, ProgressCallback progress)
+{
+    ScanSnapshot snapshot;
+    const FilePath home = co_await core->home();
+    for (const ScanStep &step : scanSteps) {
+        if (core->stop.stop_requested())
+            break; // The scanner is gone; nobody it knew may be called any more.
+        progress(step.fraction, step.label);
+        snapshot = co_await core->run(step, home, snapshot);
+    }
+    co_return snapshot;
+}
+
+FileSizeScanner::FileSizeScanner(std::shared_ptr<FileManager> fileManager)
+    : core(std::make_shared<Core>())
+{
+    core->files = std::move(fileManager);
+}
+
+FileSizeScanner::~FileSizeScanner()
+{
+    core->stop.request_stop();
+    core->executor.waitForDone();
+}
+
+QCoro::Task<ScanSnapshot> FileSizeScanner::scan(ProgressCallback progress)
+{
+    return Core::scan(core, std::move(progress));
+}
+
+QCoro::Task<CleanupReport> FileSizeScanner::moveToTrash(QList<CleanupCandidate> candidates, std::stop_token stop)
+{
+    const auto job = [files = core->files, candidates = std::move(candidates), stop = std::move(stop),
+                      end = core->stop.get_token()] {
+        return ::moveToTrash(*files, candidates, [&] { return stop.stop_requested() || end.stop_requested(); });
+    };
+    return qCoro(core->executor.run(job)).waitForFinished();
+}
+
+QCoro::Task<ScanTotals> FileSizeScanner::diskTotals(FilePath home)
+{
+    const auto job = [files = core->files, home = std::move(home)] { return ::diskTotals(*files, home); };
+    return qCoro(core->executor.run(job)).waitForFinished();
+}

@@ -1,0 +1,69 @@
+#include "scanner/LargeFileRules.h"
+
+#include "scanner/CandidateTemplate.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+namespace {
+
+constexpr CandidateTemplate largeFiles{
+    .title = QLatin1StringView("Large & untouched files (>100MB, 60+ days old)"),
+    .detail = QLatin1StringView("Files over 100MB sitting unused in Downloads, Movies, Documents, or Desktop for over "
+                                "2 months."),
+    .category = CleanupCategory::oldLargeFiles,
+    .risk = CleanupRisk::rebuildable,
+};
+
+constexpr std::array searchedFolders{"Downloads", "Desktop", "Documents", "Movies", "Pictures", "Music"};
+
+/// Nothing beneath a folder of one of these names counts; a file of such a name does.
+constexpr std::array<QByteArrayView, 2> excludedFolders{"node_modules", ".git"};
+constexpr QByteArrayView excludedSuffix(".app");
+
+constexpr qint64 smallestLargeFile = qint64(100) * 1024 * 1024;
+constexpr std::chrono::days untouchedAge(60);
+
+bool isExcludedFolder(QByteArrayView name)
+{
+    return std::ranges::find(excludedFolders, name) != excludedFolders.end();
+}
+
+Visit visit(const EnumeratedEntry &entry, FileTime cutOff)
+{
+    using enum Visit::Action;
+    const FileAttributes &attributes = entry.attributes();
+    if (entry.name().endsWith(excludedSuffix))
+        return {.action = skip};
+    if (attributes.kind == FileKind::directory)
+        return {.action = isExcludedFolder(entry.name()) ? skip : walkOn};
+    const bool qualifies = attributes.size && *attributes.size >= smallestLargeFile && attributes.modified &&
+                           *attributes.modified < cutOff;
+    return {.action = qualifies ? collect : skip};
+}
+
+/// None where the home itself lies in an excluded folder: then everything in it does.
+QList<FilePath> rootsWithin(const FilePath &home)
+{
+    QList<FilePath> roots;
+    if (std::ranges::any_of(home.split('/'), isExcludedFolder))
+        return roots;
+    for (const char *folder : searchedFolders)
+        roots.append(home + '/' + folder);
+    return roots;
+}
+
+} // namespace
+
+QList<CleanupCandidate> oldLargeFilesCandidates(const FileManager &files, const FilePath &home, FileTime now,
+                                                std::stop_token stop)
+{
+    const FileTime cutOff = now - untouchedAge;
+    const DeepEnumeration enumeration{
+        .roots = rootsWithin(home),
+        .shown = DeepEnumeration::Shown::everything,
+        .visit = [cutOff](const EnumeratedEntry &entry) { return visit(entry, cutOff); },
+    };
+    return {makeCandidate(largeFiles, files.enumerate(enumeration, std::move(stop)), 0)};
+}

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QThreadPool>
+#include <QtConcurrentRun>
+
+/// Runs one job at a time, in order, off the caller's thread. The destructor waits for all jobs.
+class SerialExecutor final
+{
+public:
+    SerialExecutor() { pool.setMaxThreadCount(1); }
+
+    /// The future result of \a job, a callable without arguments. It must not be cancelled.
+    template <typename Job>
+    auto run(Job job)
+    {
+        return QtConcurrent::run(&pool, std::move(job));
+    }
+
+    /// Blocks until every job given so far has run.
+    void waitForDone() { pool.waitForDone(); }
+
+private:
+    QThreadPool pool;
+};
