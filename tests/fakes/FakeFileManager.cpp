@@ -1,0 +1,51 @@
+#include "fakes/FakeFileManager.h"
+
+#include "platform/FileName.h"
+
+#include <cerrno>
+#include <cstdio>
+
+#include <sys/stat.h>
+
+namespace {
+
+/// Numbered, so that things of the same name lie side by side.
+TrashOutcome moveToFolder(const FilePath &folder, const FilePath &path)
+{
+    mkdir(folder.constData(), 0700);
+    int number = 0;
+    struct stat status;
+    FilePath target;
+    do {
+        target = folder + '/' + FilePath::number(++number) + ' ' + lastPathComponent(path).toByteArray();
+    } while (lstat(target.constData(), &status) == 0);
+    if (std::rename(path.constData(), target.constData()) == 0)
+        return {.kind = TrashOutcome::Kind::moved, .reason = {}};
+    return {.kind = errno == ENOENT ? TrashOutcome::Kind::gone : TrashOutcome::Kind::failed,
+            .reason = QStringLiteral("It could not be renamed."),
+            .error = errno};
+}
+
+} // namespace
+
+FakeFileManager::FakeFileManager(const FilePath &home)
+{
+    using testing::_;
+    const auto passOn = [this](auto operation) {
+        return [this, operation](const auto &...arguments) { return (live().*operation)(arguments...); };
+    };
+    ON_CALL(*this, homeDirectoryForCurrentUser).WillByDefault([home] { return home; });
+    ON_CALL(*this, fileExists).WillByDefault(passOn(&FileManager::fileExists));
+    ON_CALL(*this, attributesOfItem).WillByDefault(passOn(&FileManager::attributesOfItem));
+    ON_CALL(*this, contentsOfDirectory).WillByDefault(passOn(&FileManager::contentsOfDirectory));
+    ON_CALL(*this, enumerate).WillByDefault([this, home](DeepEnumeration enumeration, const std::stop_token &stop) {
+        enumeration.roots.removeIf([&home](const FilePath &root) { return !root.startsWith(home + '/'); });
+        return live().enumerate(enumeration, stop);
+    });
+    ON_CALL(*this, allocatedSizes).WillByDefault(passOn(&FileManager::allocatedSizes));
+    ON_CALL(*this, volumeCapacity).WillByDefault(passOn(&FileManager::volumeCapacity));
+    ON_CALL(*this, fileSystemAttributes).WillByDefault(passOn(&FileManager::fileSystemAttributes));
+    ON_CALL(*this, trashItem).WillByDefault([home](const FilePath &path) {
+        return moveToFolder(home + "/.trash", path);
+    });
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "platform/FileManager.h"
+
+#include <gmock/gmock.h>
+
+/// A file manager for one home folder. It does what the live one does except where a test says otherwise with ON_CALL
+/// or EXPECT_CALL, so that any call can be made to fail, be watched or be held up. Two things differ from the start:
+/// nothing outside the home is searched, and the Trash is the folder ".trash" in the home.
+class FakeFileManager : public FileManager
+{
+public:
+    explicit FakeFileManager(const FilePath &home);
+
+    MOCK_METHOD(FilePath, homeDirectoryForCurrentUser, (), (const, override));
+    MOCK_METHOD(bool, fileExists, (const FilePath &), (const, override));
+    MOCK_METHOD(std::optional<FileAttributes>, attributesOfItem, (const FilePath &), (const, override));
+    MOCK_METHOD(std::optional<QList<DirectoryEntry>>, contentsOfDirectory, (const FilePath &), (const, override));
+    MOCK_METHOD(QList<CollectedItem>, enumerate, (const DeepEnumeration &, std::stop_token), (const, override));
+    MOCK_METHOD(QList<qint64>, allocatedSizes, (const QList<FilePath> &, std::stop_token), (const, override));
+    MOCK_METHOD(std::optional<VolumeCapacity>, volumeCapacity, (const FilePath &), (const, override));
+    MOCK_METHOD(std::optional<VolumeCapacity>, fileSystemAttributes, (const FilePath &), (const, override));
+    MOCK_METHOD(TrashOutcome, trashItem, (const FilePath &), (override));
+
+    /// For a test's own action to go on with.
+    FileManager &live() const { return *liveFiles; }
+
+private:
+    std::unique_ptr<FileManager> liveFiles = makeFileManager();
+};

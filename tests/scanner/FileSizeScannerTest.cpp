@@ -1,0 +1,237 @@
+#include "scanner/ScannerTest.h"
+
+#include <QThread>
+#include <QTimer>
+
+#include <atomic>
+#include <cmath>
+#include <mutex>
+#include <semaphore>
+
+using testing::ElementsAre;
+using testing::Pair;
+using testing::Return;
+
+namespace {
+
+/// What happened, in order, told from any thread.
+class EventLog final
+{
+public:
+    void add(const std::string &event)
+    {
+        const std::lock_guard lock(mutex);
+        if (events.empty() || events.back() != event) // One line for a run of calls.
+            events.push_back(event);
+    }
+    std::vector<std::string> all() const { return events; }
+
+private:
+    std::mutex mutex;
+    std::vector<std::string> events;
+};
+
+using FileSizeScannerTest = ScannerTest;
+
+} // namespace
+
+TEST_F(FileSizeScannerTest, TellsSevenStepsInOrder)
+{
+    QList<std::pair<double, QString>> told;
+    QCoro::waitFor(scanner->scan([&told](double fraction, const QString &label) { told.append({fraction, label}); }));
+    EXPECT_THAT(told, ElementsAre(Pair(0.08, u"Reading disk usage"), Pair(0.18, u"Finding project build & cache files"),
+                                  Pair(0.42, u"Checking WhatsApp Desktop storage"), Pair(0.56, u"Checking user caches"),
+                                  Pair(0.72, u"Checking old downloads & large untouched files"),
+                                  Pair(0.86, u"Finding older project copies"), Pair(1.0, u"Ready")));
+}
+
+TEST_F(FileSizeScannerTest, BeginsEachStepWhenItsProgressHasReturned)
+{
+    EventLog log;
+    home.folder("Downloads");
+    watch([&log](const char *operation) { log.add(operation); });
+    QCoro::waitFor(scanner->scan([&log](double fraction, const QString &) {
+        log.add("begin " + std::to_string(std::lround(fraction * 100)));
+        QCoreApplication::processEvents(); // Whatever was under way may make itself known now.
+        log.add("end " + std::to_string(std::lround(fraction * 100)));
+    }));
+    EXPECT_THAT(log.all(), ElementsAre("home",                                                 //
+                                       "begin 8", "end 8", "capacity",                         //
+                                       "begin 18", "end 18", "enumerate",                      //
+                                       "begin 42", "end 42", "exists", "sizes",                //
+                                       "begin 56", "end 56", "exists", "sizes",                //
+                                       "begin 72", "end 72", "contents", "sizes", "enumerate", //
+                                       "begin 86", "end 86", "contents", "sizes",              //
+                                       "begin 100", "end 100"));
+}
+
+TEST_F(FileSizeScannerTest, TellsProgressOnTheMainThreadAndWorksOnAnother)
+{
+    const QThread *mainThread = QThread::currentThread();
+    std::atomic<int> operationsOnMainThread = 0;
+    std::atomic<int> operations = 0;
+    watch([&](const char *) {
+        ++operations;
+        operationsOnMainThread += QThread::currentThread() == mainThread;
+    });
+    QCoro::waitFor(
+        scanner->scan([mainThread](double, const QString &) { EXPECT_EQ(QThread::currentThread(), mainThread); }));
+    QCoro::waitFor(scanner->diskTotals(home.path()));
+    CleanupCandidate candidate;
+    candidate.paths = {home.file("a")};
+    QCoro::waitFor(scanner->moveToTrash({candidate}));
+    EXPECT_EQ(operationsOnMainThread, 0);
+    EXPECT_GT(operations, 20);
+}
+
+TEST_F(FileSizeScannerTest, NeverTellsProgressFromWithinTheCall)
+{
+    int told = 0;
+    const QCoro::Task<ScanSnapshot> task = scanner->scan([&told](double, const QString &) { ++told; });
+    EXPECT_EQ(told, 0);
+    QCoro::waitFor(task);
+    EXPECT_EQ(told, 7);
+}
+
+TEST_F(FileSizeScannerTest, RunsToItsEndThoughNobodyWaits)
+{
+    double last = 0;
+    {
+        const QCoro::Task<ScanSnapshot> dropped = scanner->scan([&last](double fraction, const QString &) {
+            last = fraction;
+            if (fraction == 1.0)
+                QCoreApplication::quit();
+        });
+    }
+    QCoreApplication::exec();
+    EXPECT_EQ(last, 1.0);
+}
+
+TEST_F(FileSizeScannerTest, NeverRunsStepsOfTwoScansAtOnce)
+{
+    std::atomic<int> inside = 0;
+    std::atomic<int> mostInside = 0;
+    std::binary_semaphore bothAreQueued(0);
+    std::atomic<bool> isFirst = true;
+    const auto enter = [&] {
+        const int now = ++inside;
+        for (int most = mostInside; most < now && !mostInside.compare_exchange_weak(most, now);) {
+        }
+    };
+    watch([](const char *) {});
+    ON_CALL(files, enumerate).WillByDefault([&](const DeepEnumeration &, const std::stop_token &) {
+        enter();
+        if (isFirst.exchange(false))
+            bothAreQueued.acquire(); // Held up until the other scan wants to work as well.
+        --inside;
+        return QList<CollectedItem>();
+    });
+    ON_CALL(files, contentsOfDirectory).WillByDefault([&](const FilePath &) {
+        enter();
+        --inside;
+        return std::optional<QList<DirectoryEntry>>();
+    });
+    int finders = 0;
+    const auto progress = [&](double fraction, const QString &) {
+        if (fraction == 0.18 && ++finders == 2)
+            QTimer::singleShot(0, &application, [&] { bothAreQueued.release(); });
+    };
+    const QCoro::Task<ScanSnapshot> first = scanner->scan(progress);
+    const QCoro::Task<ScanSnapshot> second = scanner->scan(progress);
+    QCoro::waitFor(first);
+    QCoro::waitFor(second);
+    EXPECT_EQ(finders, 2);
+    EXPECT_EQ(mostInside, 1);
+}
+
+TEST_F(FileSizeScannerTest, CanBeDestroyedWhileAScanWorks)
+{
+    QList<double> told;
+    holdUpSearches([this] { scanner.reset(); });
+    EXPECT_CALL(files, fileExists).Times(0);
+    const ScanSnapshot snapshot =
+        QCoro::waitFor(scanner->scan([&told](double fraction, const QString &) { told.append(fraction); }));
+    EXPECT_THAT(told, ElementsAre(0.08, 0.18));
+    EXPECT_GT(snapshot.totals.volumeBytes, 0);
+}
+
+TEST_F(FileSizeScannerTest, CanBeDestroyedByTheProgressItTells)
+{
+    EXPECT_CALL(files, enumerate).Times(0);
+    QList<double> told;
+    QCoro::waitFor(scanner->scan([this, &told](double fraction, const QString &) {
+        told.append(fraction);
+        if (fraction == 0.18)
+            scanner.reset();
+    }));
+    EXPECT_THAT(told, ElementsAre(0.08, 0.18));
+}
+
+TEST_F(FileSizeScannerTest, CanBeDestroyedBeforeAScanBegan)
+{
+    const QCoro::Task<ScanSnapshot> task =
+        scanner->scan([](double, const QString &) { ADD_FAILURE() << "The scanner is gone."; });
+    const QCoro::Task<ScanTotals> totals = scanner->diskTotals(home.path());
+    scanner.reset();
+    EXPECT_EQ(QCoro::waitFor(task), ScanSnapshot());
+    EXPECT_GT(QCoro::waitFor(totals).volumeBytes, 0);
+}
+
+TEST_F(FileSizeScannerTest, CanBeDestroyedAndNeverWaitedFor)
+{
+    scanner->scan([](double, const QString &) { ADD_FAILURE() << "The scanner is gone."; });
+    scanner->diskTotals(home.path());
+    scanner.reset();
+}
+
+TEST_F(FileSizeScannerTest, MovesToTheTrashAndReportsIt)
+{
+    ON_CALL(files, volumeCapacity).WillByDefault(Return(VolumeCapacity{.total = 1'000, .available = 250}));
+    CleanupCandidate candidate;
+    candidate.paths = {home.file("a"), "~/b"};
+    candidate.bytes = 101;
+    home.file("b");
+    EXPECT_EQ(QCoro::waitFor(scanner->moveToTrash({candidate})),
+              (CleanupReport{
+                  .recoveredBytes = 100, .removedItems = 2, .finalDiskUsedPercent = 0.75, .aiSummary = std::nullopt}));
+}
+
+TEST_F(FileSizeScannerTest, StopsMovingBetweenTwoItemsWhenAsked)
+{
+    std::stop_source stop;
+    CleanupCandidate candidate;
+    candidate.paths = {home.file("a"), home.file("b")};
+    EXPECT_CALL(files, trashItem(home / "a")).WillOnce([&stop](const FilePath &) {
+        stop.request_stop();
+        return TrashOutcome{.kind = TrashOutcome::Kind::moved, .reason = {}};
+    });
+    EXPECT_CALL(files, trashItem(home / "b")).Times(0);
+    EXPECT_EQ(QCoro::waitFor(scanner->moveToTrash({candidate}, stop.get_token())).removedItems, 1);
+}
+
+TEST_F(FileSizeScannerTest, MovesNothingMoreOnceDestroyed)
+{
+    // Given a move that waits behind a scan, which ends when the scanner does.
+    CleanupCandidate candidate;
+    candidate.paths = {home.file("a")};
+    std::optional<QCoro::Task<CleanupReport>> move;
+    holdUpSearches([&] {
+        move = scanner->moveToTrash({candidate});
+        scanner.reset();
+    });
+    EXPECT_CALL(files, trashItem).Times(0);
+
+    // When
+    scanned();
+
+    // Then
+    EXPECT_EQ(QCoro::waitFor(*move).removedItems, 0);
+}
+
+TEST_F(FileSizeScannerTest, TellsTheTotalsOfAnyHome)
+{
+    EXPECT_CALL(files, volumeCapacity(FilePath("/elsewhere")))
+        .WillOnce(Return(VolumeCapacity{.total = 1'000, .available = 250}));
+    EXPECT_EQ(QCoro::waitFor(scanner->diskTotals("/elsewhere")),
+              (ScanTotals{.diskUsedPercent = 0.75, .freeBytes = 250, .volumeBytes = 1'000}));
+}

@@ -1,0 +1,221 @@
+#include "scanner/MoveToTrash.h"
+
+#include "scanner/RuleTest.h"
+
+#include <limits>
+
+using testing::_;
+using testing::InSequence;
+using testing::Return;
+
+namespace {
+
+constexpr TrashOutcome::Kind moved = TrashOutcome::Kind::moved;
+
+TrashOutcome outcome(TrashOutcome::Kind kind)
+{
+    return {.kind = kind, .reason = {}};
+}
+
+CleanupCandidate candidate(const QList<FilePath> &paths, qint64 bytes, CleanupRisk risk = CleanupRisk::safe)
+{
+    CleanupCandidate result;
+    result.paths = paths;
+    result.bytes = bytes;
+    result.risk = risk;
+    return result;
+}
+
+class MoveToTrash : public RuleTest
+{
+protected:
+    CleanupReport move(const QList<CleanupCandidate> &candidates)
+    {
+        return moveToTrash(files, candidates, [] { return false; });
+    }
+};
+
+} // namespace
+
+TEST_F(MoveToTrash, CountsAnEvenShareForEachPathThatExists)
+{
+    const CleanupReport report = move({candidate({home.file("a"), home / "gone", home.folder("b")}, 100)});
+    EXPECT_EQ(report.removedItems, 2);
+    EXPECT_EQ(report.recoveredBytes, 66);
+    EXPECT_EQ(report.protectedItems, 0);
+    EXPECT_EQ(report.aiSummary, std::nullopt);
+    EXPECT_FALSE(files.live().fileExists(home / "a"));
+    EXPECT_FALSE(files.live().fileExists(home / "b"));
+}
+
+TEST_F(MoveToTrash, TruncatesTheShareOfEachPath)
+{
+    const auto share = [this](int paths, qint64 bytes) {
+        QList<FilePath> list;
+        for (int number = 0; number < paths; ++number)
+            list.append(home.file(FilePath::number(number)));
+        return move({candidate(list, bytes)}).recoveredBytes;
+    };
+    EXPECT_EQ(share(1, 7), 7);
+    EXPECT_EQ(share(2, 7), 6);
+    EXPECT_EQ(share(3, 8), 6);
+    EXPECT_EQ(share(3, 2), 0);
+    EXPECT_EQ(share(2, 0), 0);
+    EXPECT_EQ(share(2, -7), 0);
+}
+
+TEST_F(MoveToTrash, CountsAndLeavesAloneWhatIsNeverToBeTouched)
+{
+    const CleanupReport report =
+        move({candidate({home.file("a"), home.file("b")}, 10, CleanupRisk::never), candidate({}, 0, CleanupRisk::never),
+              candidate({home.file("c")}, 10, CleanupRisk::review)});
+    EXPECT_EQ(report.protectedItems, 2);
+    EXPECT_EQ(report.removedItems, 1);
+    EXPECT_EQ(report.recoveredBytes, 10);
+    EXPECT_TRUE(files.live().fileExists(home / "a"));
+    EXPECT_TRUE(files.live().fileExists(home / "b"));
+}
+
+TEST_F(MoveToTrash, MovesCandidatesAndTheirPathsInOrder)
+{
+    const QList<FilePath> paths{home.file("3"), home.file("1"), home.file("2")};
+    const InSequence inOrder;
+    for (const FilePath &path : paths)
+        EXPECT_CALL(files, trashItem(path));
+    EXPECT_CALL(files, volumeCapacity(home.path()));
+    move({candidate(paths.first(2), 10), candidate(paths.last(1), 10)});
+}
+
+TEST_F(MoveToTrash, ExpandsALeadingTildeToTheHomeFolder)
+{
+    home.file("file");
+    home.file("~/file");
+    home.file("~user");
+    ON_CALL(files, trashItem).WillByDefault(Return(outcome(moved)));
+    EXPECT_CALL(files, trashItem(home / "file"));
+    EXPECT_CALL(files, trashItem(home.path()));
+    EXPECT_CALL(files, trashItem(home / "~/file"));
+    EXPECT_CALL(files, trashItem(home / "~user"));
+    EXPECT_EQ(move({candidate({"~/file", "~", home / "~/file", home / "~user"}, 4)}).removedItems, 4);
+}
+
+TEST_F(MoveToTrash, TakesNoOtherUsersTildeForAHomeFolder)
+{
+    EXPECT_CALL(files, trashItem).Times(0);
+    EXPECT_CALL(files, fileExists(FilePath("~root/x"))).WillOnce(Return(false));
+    EXPECT_CALL(files, fileExists(FilePath())).WillOnce(Return(false));
+    move({candidate({"~root/x", ""}, 4)});
+}
+
+TEST_F(MoveToTrash, PassesOverWhatDoesNotExist)
+{
+    home.link("dangling", "nowhere");
+    EXPECT_CALL(files, trashItem).Times(0);
+    EXPECT_EQ(move({candidate({home / "gone", home / "dangling", home / "gone/deeper"}, 100)}).removedItems, 0);
+}
+
+TEST_F(MoveToTrash, MovesALinkAndNotWhatItLeadsTo)
+{
+    home.link("link", home.file("target"));
+    EXPECT_EQ(move({candidate({home / "link"}, 100)}).removedItems, 1);
+    EXPECT_TRUE(files.live().fileExists(home / "target"));
+    EXPECT_FALSE(files.live().attributesOfItem(home / "link").has_value());
+}
+
+TEST_F(MoveToTrash, CountsNothingThatWasNotMoved)
+{
+    using Kind = TrashOutcome::Kind;
+    EXPECT_CALL(files, trashItem)
+        .WillOnce(Return(outcome(Kind::refused)))
+        .WillOnce(Return(outcome(Kind::failed)))
+        .WillOnce(Return(outcome(Kind::gone)))
+        .WillOnce(Return(outcome(moved)));
+    const CleanupReport report =
+        move({candidate({home.file("a"), home.file("b"), home.file("c"), home.file("d")}, 100)});
+    EXPECT_EQ(report.removedItems, 1);
+    EXPECT_EQ(report.recoveredBytes, 25);
+}
+
+TEST_F(MoveToTrash, CountsAPathOnceThatIsListedTwice)
+{
+    const FilePath path = home.file("a");
+    const CleanupReport report = move({candidate({path, path}, 100), candidate({path}, 10)});
+    EXPECT_EQ(report.removedItems, 1);
+    EXPECT_EQ(report.recoveredBytes, 50);
+}
+
+TEST_F(MoveToTrash, CountsNoPathThatWasMovedAsPartOfAnother)
+{
+    const FilePath inner = home.file("outer/inner");
+    const CleanupReport report = move({candidate({home / "outer", inner}, 100), candidate({inner}, 10)});
+    EXPECT_EQ(report.removedItems, 1);
+    EXPECT_EQ(report.recoveredBytes, 50);
+}
+
+TEST_F(MoveToTrash, CountsAnInnerPathThatWasMovedBeforeTheOuterOne)
+{
+    const FilePath inner = home.file("outer/inner");
+    EXPECT_EQ(move({candidate({inner, home / "outer"}, 100)}).removedItems, 2);
+}
+
+TEST_F(MoveToTrash, MeasuresNothingAgainButTheDisk)
+{
+    EXPECT_CALL(files, allocatedSizes).Times(0);
+    EXPECT_CALL(files, enumerate).Times(0);
+    EXPECT_CALL(files, attributesOfItem).Times(0);
+    EXPECT_CALL(files, volumeCapacity(home.path())).WillOnce(Return(VolumeCapacity{.total = 1'000, .available = 250}));
+    EXPECT_EQ(move({candidate({home.file("a", 10)}, 100)}).finalDiskUsedPercent, 0.75);
+}
+
+TEST_F(MoveToTrash, OfNothingReadsTheDiskAnew)
+{
+    EXPECT_CALL(files, volumeCapacity).WillOnce(Return(std::nullopt));
+    EXPECT_CALL(files, fileSystemAttributes).WillOnce(Return(VolumeCapacity{.total = 1'000, .available = 500}));
+    EXPECT_EQ(move({}), (CleanupReport{.finalDiskUsedPercent = 0.5, .aiSummary = {}}));
+}
+
+TEST_F(MoveToTrash, StopsBetweenTwoItemsAndTellsWhatWasDone)
+{
+    bool isStopped = false;
+    EXPECT_CALL(files, trashItem(home / "a")).WillOnce(Return(outcome(moved)));
+    EXPECT_CALL(files, trashItem(home / "b")).WillOnce([&](const FilePath &) {
+        isStopped = true;
+        return outcome(moved);
+    });
+    EXPECT_CALL(files, trashItem(home / "c")).Times(0);
+    EXPECT_CALL(files, trashItem(home / "d")).Times(0);
+    const CleanupReport report = moveToTrash(files,
+                                             {candidate({home.file("a"), home.file("b"), home.file("c")}, 90),
+                                              candidate({home.file("d")}, 10), candidate({}, 0, CleanupRisk::never)},
+                                             [&] { return isStopped; });
+    EXPECT_EQ(report.removedItems, 2);
+    EXPECT_EQ(report.recoveredBytes, 60);
+    EXPECT_GT(report.finalDiskUsedPercent, 0);
+}
+
+TEST_F(MoveToTrash, MovesNamesOfAnyBytes)
+{
+    QList<FilePath> paths;
+    for (const FilePath &name : awkwardNames())
+        paths.append(home.file(name));
+    EXPECT_EQ(move({candidate(paths, 100)}).removedItems, paths.size());
+}
+
+TEST_F(MoveToTrash, ChangesNothingElse)
+{
+    home.file("other/file");
+    home.link("other/link", "file");
+    const auto before = home.inventory();
+    move({candidate({home.file("folder/a")}, 100)});
+    const auto after = home.inventory();
+    for (const char *untouched : {"other", "other/file", "other/link"})
+        EXPECT_EQ(after.at(untouched), before.at(untouched)) << untouched;
+}
+
+TEST_F(MoveToTrash, StopsTheProgramWhereASumDoesNotFit)
+{
+    ON_CALL(files, trashItem).WillByDefault(Return(outcome(moved)));
+    const QList<CleanupCandidate> candidates{candidate({home.file("a")}, std::numeric_limits<qint64>::max()),
+                                             candidate({home.file("b")}, 1)};
+    EXPECT_DEATH(move(candidates), "does not fit 64 bits");
+}
