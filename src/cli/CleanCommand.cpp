@@ -1,0 +1,141 @@
+#include "cli/CleanCommand.h"
+
+#include "cli/CleanupOutcome.h"
+#include "cli/CleanupSelection.h"
+#include "cli/CommandLine.h"
+#include "cli/FindingsText.h"
+#include "cli/Output.h"
+#include "cli/ProgressLine.h"
+#include "cli/Question.h"
+#include "cli/ScanWithProgress.h"
+#include "cli/StopOnSignal.h"
+#include "model/ModelJson.h"
+
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+
+#include <unistd.h>
+
+namespace {
+
+struct RiskWord
+{
+    QLatin1StringView word;
+    CleanupRisk risk;
+};
+
+constexpr std::array riskWords{
+    RiskWord{QLatin1StringView("safe"), CleanupRisk::safe},
+    RiskWord{QLatin1StringView("rebuildable"), CleanupRisk::rebuildable},
+    RiskWord{QLatin1StringView("review"), CleanupRisk::review},
+};
+
+/// What the person asked for.
+struct Wishes
+{
+    QList<CleanupRisk> risks;
+    ListedPaths paths = ListedPaths::none;
+    bool dryRun = false;
+    bool question = true;
+    bool json = false;
+};
+
+/// Nothing if a word for a risk is none.
+std::optional<Wishes> wishesFrom(const QCommandLineParser &options)
+{
+    Wishes wishes{.risks = {},
+                  .paths = options.isSet(QStringLiteral("paths")) ? ListedPaths::all : ListedPaths::none,
+                  .dryRun = options.isSet(QStringLiteral("dry-run")),
+                  .question = !options.isSet(QStringLiteral("dry-run")) && !options.isSet(QStringLiteral("yes")),
+                  .json = options.isSet(QStringLiteral("json"))};
+    for (const QString &word : options.values(QStringLiteral("risk"))) {
+        const auto row = std::ranges::find(riskWords, word, &RiskWord::word);
+        if (row == riskWords.end())
+            return std::nullopt;
+        wishes.risks.append(row->risk);
+    }
+    return wishes;
+}
+
+QString selectionText(const CleanupSelection &selection, const Wishes &wishes, const Terminal &terminal)
+{
+    const QString findings = selection.candidates.isEmpty()
+                                 ? QStringLiteral("Nothing is selected.\n")
+                                 : findingsText(selection.candidates, wishes.paths, terminal) + u'\n';
+    const QString dryRun = QStringLiteral("Dry run: %1 would be moved to the Trash.\n").arg(selection.text());
+    return wishes.dryRun ? findings + dryRun : findings;
+}
+
+/// Standard output is the report's alone where that is JSON, and what belongs to a question stands beside it.
+int showSelection(const CleanupSelection &selection, const Wishes &wishes)
+{
+    if (!wishes.question && !wishes.json)
+        return print(selectionText(selection, wishes, terminalAt(STDOUT_FILENO)));
+    if (wishes.question || wishes.dryRun)
+        writeAll(STDERR_FILENO, selectionText(selection, wishes, terminalAt(STDERR_FILENO)).toUtf8());
+    return succeeded;
+}
+
+bool mayBeMoved(const CleanupSelection &selection, const Wishes &wishes)
+{
+    if (wishes.dryRun || selection.paths.isEmpty())
+        return false;
+    return !wishes.question || agreesTo(QStringLiteral("Move %1 to the Trash?").arg(selection.text()));
+}
+
+CleanupOutcome moveToTrash(const CleanupSelection &selection, CommandContext &context)
+{
+    ProgressLine line;
+    const StopOnSignal stop([&line] { line.show(QStringLiteral("Stopping after the item at hand")); });
+    if (!selection.paths.isEmpty())
+        line.show(QStringLiteral("Moving %1 to the Trash").arg(selection.text()));
+    const CleanupReport report = QCoro::waitFor(context.scanner.moveToTrash(selection.candidates, stop.token()));
+    return cleanupOutcome(report, selection, stop.signal(), context.files);
+}
+
+int printOutcome(const CleanupOutcome &outcome, const Wishes &wishes)
+{
+    nlohmann::ordered_json json;
+    json["report"] = toJson(outcome.report);
+    const int printed = wishes.json ? print(json) : print(outcome.text());
+    writeAll(STDERR_FILENO, outcome.complaint().toUtf8());
+    return printed == succeeded ? outcome.exitStatus() : printed;
+}
+
+int runClean(const QCommandLineParser &options, CommandContext &context)
+{
+    const std::optional<Wishes> wishes = wishesFrom(options);
+    if (!wishes)
+        return reportMisuse(cleanCommand(), QStringLiteral("A risk is safe, rebuildable or review."));
+    if (wishes->question && !canAsk()) {
+        complain(QStringLiteral("There is no terminal to ask on. Add --yes to move without a question, or --dry-run."));
+        return misused;
+    }
+    const ScanSnapshot snapshot = scanWithProgress(context.scanner);
+    const CleanupSelection selection = cleanupSelection(snapshot.candidates, wishes->risks);
+    if (const int status = showSelection(selection, *wishes); status != succeeded)
+        return status;
+    const bool agreed = mayBeMoved(selection, *wishes);
+    return printOutcome(moveToTrash(agreed ? selection : CleanupSelection(), context), *wishes);
+}
+
+} // namespace
+
+Command cleanCommand()
+{
+    return {.name = "clean",
+            .summary = "Move what a scan selects to the Trash, after a question.",
+            .description = "Scans the home folder ($HOME), shows what is selected, asks, and moves it to the\n"
+                           "Trash. Nothing is deleted: the space returns when the Trash is emptied. Ctrl-C\n"
+                           "stops between two items.\n"
+                           "\n"
+                           "The exit status is 0 if nothing stayed that was to be moved, 1 if something\n"
+                           "could not be moved, 2 if there is no terminal to ask on, 130 after Ctrl-C.\n",
+            .options = {{"yes", "Move without a question."},
+                        {"dry-run", "Show what would be moved, and move nothing."},
+                        {"risk", "Only this risk: safe, rebuildable or review. Repeatable.", "risk"},
+                        {"paths", "List every path beneath its finding."},
+                        {"json", "Print the report as one JSON object, and nothing else."}},
+            .run = runClean};
+}

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "scanner/FileSizeScanner.h"
+
+#include <QCommandLineParser>
+#include <QList>
+
+/// What main makes and commands use.
+struct CommandContext
+{
+    FileManager &files;
+    FileSizeScanner &scanner;
+};
+
+/// What a command's run returns, besides 128 and the number of the signal that interrupted it.
+enum ExitStatus : int {
+    succeeded = 0,
+    failed = 1,  ///< Output could not be written, or something that was asked for was not done.
+    misused = 2, ///< The command line is wrong; nothing was done.
+};
+
+/// A long option of a command.
+struct CommandOption
+{
+    const char *name;        ///< Without the dashes.
+    const char *meaning;     ///< A sentence for the help.
+    const char *value = "";  ///< What its value is called; empty if it takes none.
+    const char *letter = ""; ///< Its short form, if it has one.
+};
+
+/// What every command understands besides its own options.
+inline QList<CommandOption> commonOptions()
+{
+    return {{"help", "Show this help.", "", "h"}, {"version", "Show the version."}};
+}
+
+/// One command of tidlo-cli.
+struct Command
+{
+    const char *name;
+    const char *summary;     ///< A sentence for the list of commands.
+    const char *description; ///< What it does and what its exit status tells, in lines of 80 columns at most.
+    QList<CommandOption> options;
+    int (*run)(const QCommandLineParser &options, CommandContext &context); ///< Returns the exit status.
+};

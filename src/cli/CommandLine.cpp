@@ -1,0 +1,82 @@
+#include "cli/CommandLine.h"
+
+#include "cli/CleanCommand.h"
+#include "cli/CommandHelp.h"
+#include "cli/Output.h"
+#include "cli/ScanCommand.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+
+#include <unistd.h>
+
+namespace {
+
+QList<Command> commands()
+{
+    return {scanCommand(), cleanCommand()};
+}
+
+/// The program without a command, as far as help and usage go.
+Command programItself()
+{
+    return {.name = "<command> [options]",
+            .summary = "",
+            .description = "Finds reclaimable storage in the home folder and moves it to the Trash. Reads\n"
+                           "names, sizes and dates, never what is in a file.\n"
+                           "\n"
+                           "\"tidlo-cli <command> --help\" tells more about a command.\n",
+            .options = {},
+            .run = nullptr};
+}
+
+/// The exit status of a command line that needs no command to run; nothing if one is to be run.
+std::optional<int> answered(QCommandLineParser &parser, const Command &command, const QString &help,
+                            const QStringList &arguments)
+{
+    for (const CommandOption &option : command.options + commonOptions()) {
+        parser.addOption(QCommandLineOption(optionNames(option), QString::fromLatin1(option.meaning),
+                                            QString::fromLatin1(option.value)));
+    }
+    if (!parser.parse(QStringList(QString::fromLatin1(command.name)) + arguments))
+        return reportMisuse(command, parser.errorText());
+    if (parser.isSet(QStringLiteral("help")))
+        return print(help);
+    if (parser.isSet(QStringLiteral("version")))
+        return print(QStringLiteral("tidlo-cli %1\n").arg(QCoreApplication::applicationVersion()));
+    if (const QStringList unexpected = parser.positionalArguments(); !unexpected.isEmpty())
+        return reportMisuse(command, QStringLiteral("Unexpected argument '%1'.").arg(unexpected.first()));
+    return std::nullopt;
+}
+
+int runWithoutCommand(QCommandLineParser &parser, const QStringList &arguments)
+{
+    const Command program = programItself();
+    const std::optional<int> status = answered(parser, program, helpText(program, commands()), arguments);
+    return status ? *status : reportMisuse(program, QStringLiteral("No command was given."));
+}
+
+} // namespace
+
+int reportMisuse(const Command &command, const QString &complaint)
+{
+    complain(complaint);
+    writeAll(STDERR_FILENO, usageLine(command).toUtf8());
+    return misused;
+}
+
+int runCommandLine(const QStringList &arguments, CommandContext &context)
+{
+    QCommandLineParser parser;
+    if (arguments.isEmpty() || arguments.first().startsWith(u'-'))
+        return runWithoutCommand(parser, arguments);
+
+    const QList<Command> known = commands();
+    const auto command = std::ranges::find_if(
+        known, [&](const Command &candidate) { return arguments.first() == QLatin1StringView(candidate.name); });
+    if (command == known.end())
+        return reportMisuse(programItself(), QStringLiteral("Unknown command '%1'.").arg(arguments.first()));
+    const std::optional<int> status = answered(parser, *command, helpText(*command), arguments.mid(1));
+    return status ? *status : command->run(parser, context);
+}

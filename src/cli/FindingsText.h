@@ -1,0 +1,17 @@
+#pragma once
+
+#include "cli/Terminal.h"
+#include "model/ScanSnapshot.h"
+
+/// Whether the paths of a finding are listed beneath it.
+enum class ListedPaths { none, all };
+
+/// The findings in their order: a table where it fits into the terminal's width, else some lines for each. Every name
+/// is shown with what could act on the terminal escaped.
+QString findingsText(const QList<CleanupCandidate> &candidates, ListedPaths paths, const Terminal &terminal);
+
+/// What was found, what of it is selected, and the disk's figures.
+QString totalsText(const ScanTotals &totals, const Terminal &terminal);
+
+/// "1 item", "2 items".
+QString countText(qint64 count, const QString &thing);

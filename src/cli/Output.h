@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <nlohmann/json_fwd.hpp>
+
+/// Opens what the caller left closed among the three standard descriptors so that no file opened later takes its place;
+/// reading from or writing to such a stand-in fails. To be called before anything else.
+void holdStandardStreams();
+
+/// Writes all of \a bytes and waits where it must. False, with errno set, if that fails.
+bool writeAll(int descriptor, const QByteArray &bytes);
+
+/// Writes to standard output. Returns the exit status for it, having complained if it failed.
+int print(const QString &text);
+
+/// The same for a JSON object. It is written in ASCII alone, so that no name in it can act on a terminal.
+int print(const nlohmann::ordered_json &json);
+
+/// Writes a line to standard error, with the program's name in front and control characters shown as escapes.
+void complain(const QString &text);

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "cli/SignalActions.h"
+
+#include <QString>
+
+/// One line on standard error that tells what is being done, where that is a terminal. It is gone when this object is,
+/// and also when a signal ends the program. One at a time.
+class ProgressLine final
+{
+public:
+    ProgressLine();
+    ~ProgressLine();
+    ProgressLine(const ProgressLine &) = delete;
+    ProgressLine &operator=(const ProgressLine &) = delete;
+
+    /// Replaces what was shown before; cut to the terminal's width.
+    void show(const QString &text);
+
+private:
+    SignalActions signalActions;
+};

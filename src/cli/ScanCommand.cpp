@@ -1,0 +1,53 @@
+#include "cli/ScanCommand.h"
+
+#include "cli/FindingsText.h"
+#include "cli/Output.h"
+#include "cli/ScanWithProgress.h"
+#include "model/ModelJson.h"
+
+#include <nlohmann/json.hpp>
+
+#include <unistd.h>
+
+namespace {
+
+nlohmann::ordered_json jsonOf(const ScanSnapshot &snapshot)
+{
+    nlohmann::ordered_json candidates = nlohmann::ordered_json::array();
+    for (const CleanupCandidate &candidate : snapshot.candidates)
+        candidates.push_back(toJson(candidate));
+    nlohmann::ordered_json json;
+    json["totals"] = toJson(snapshot.totals);
+    json["candidates"] = std::move(candidates);
+    return json;
+}
+
+QString textOf(const ScanSnapshot &snapshot, ListedPaths paths)
+{
+    const Terminal terminal = terminalAt(STDOUT_FILENO);
+    const QString findings = snapshot.candidates.isEmpty()
+                                 ? QStringLiteral("Nothing to clean up: this home folder is tidy.\n")
+                                 : findingsText(snapshot.candidates, paths, terminal);
+    return findings + u'\n' + totalsText(snapshot.totals, terminal);
+}
+
+int runScan(const QCommandLineParser &options, CommandContext &context)
+{
+    const ScanSnapshot snapshot = scanWithProgress(context.scanner);
+    if (options.isSet(QStringLiteral("json")))
+        return print(jsonOf(snapshot));
+    return print(textOf(snapshot, options.isSet(QStringLiteral("paths")) ? ListedPaths::all : ListedPaths::none));
+}
+
+} // namespace
+
+Command scanCommand()
+{
+    return {.name = "scan",
+            .summary = "Show what could be cleaned. Changes nothing.",
+            .description = "Shows what could be cleaned in the home folder ($HOME), the largest first.\n"
+                           "Nothing is changed, and no file is opened.\n",
+            .options = {{"paths", "List every path beneath its finding."},
+                        {"json", "Print one JSON object, and nothing else."}},
+            .run = runScan};
+}

@@ -1,0 +1,12 @@
+#include "cli/ScanWithProgress.h"
+
+#include "cli/ProgressLine.h"
+#include "model/TidloPercent.h"
+
+ScanSnapshot scanWithProgress(FileSizeScanner &scanner)
+{
+    ProgressLine line;
+    return QCoro::waitFor(scanner.scan([&line](double fraction, const QString &label) {
+        line.show(tidloPercent(fraction).rightJustified(4) + QStringLiteral("  ") + label);
+    }));
+}

@@ -1,0 +1,53 @@
+#include "cli/StopOnSignal.h"
+
+#include <atomic>
+#include <cerrno>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace {
+
+static_assert(std::atomic<int>::is_always_lock_free, "A signal handler reads it.");
+std::atomic<int> wakeUp = -1; ///< The writing end of the pipe.
+
+void passOn(int signal)
+{
+    const int formerError = errno;
+    const auto byte = static_cast<unsigned char>(signal);
+    if (write(wakeUp, &byte, 1) != 1)
+        raise(signal); // Nobody would hear of it: end the program.
+    errno = formerError;
+}
+
+} // namespace
+
+StopOnSignal::Pipe StopOnSignal::openPipe()
+{
+    std::array<int, 2> ends{-1, -1};
+    if (::pipe(ends.data()) != 0)
+        return {};
+    for (const int end : ends)
+        fcntl(end, F_SETFD, FD_CLOEXEC);
+    return {Descriptor(ends[0]), Descriptor(ends[1])};
+}
+
+StopOnSignal::StopOnSignal(std::function<void()> whenRequested)
+    : notifier(pipe.readEnd.get(), QSocketNotifier::Read)
+    , stopRequested(std::move(whenRequested))
+    , signalActions((wakeUp = pipe.writeEnd.get(), passOn))
+{
+    QObject::connect(&notifier, &QSocketNotifier::activated, [this] { receive(); });
+}
+
+StopOnSignal::~StopOnSignal() = default;
+
+void StopOnSignal::receive()
+{
+    unsigned char signal = 0;
+    if (read(pipe.readEnd.get(), &signal, 1) != 1)
+        return;
+    received = signal;
+    source.request_stop();
+    stopRequested();
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "cli/SignalActions.h"
+#include "platform/Descriptor.h"
+
+#include <QSocketNotifier>
+
+#include <functional>
+#include <stop_token>
+
+/// While it exists, the first Ctrl-C (or SIGTERM, SIGHUP) requests a stop instead of ending the program; the same again
+/// ends it. The event loop of the thread that made it must run. One at a time.
+class StopOnSignal final
+{
+public:
+    /// \a stopRequested is called on that thread when a stop was requested.
+    explicit StopOnSignal(std::function<void()> stopRequested);
+    ~StopOnSignal();
+    StopOnSignal(const StopOnSignal &) = delete;
+    StopOnSignal &operator=(const StopOnSignal &) = delete;
+
+    std::stop_token token() const { return source.get_token(); }
+    /// The signal that requested the stop, 0 if none did.
+    int signal() const { return received; }
+
+private:
+    struct Pipe
+    {
+        Descriptor readEnd;
+        Descriptor writeEnd;
+    };
+    static Pipe openPipe();
+
+    void receive();
+
+    Pipe pipe = openPipe();
+    QSocketNotifier notifier;
+    std::function<void()> stopRequested;
+    std::stop_source source;
+    int received = 0;
+    SignalActions signalActions;
+};

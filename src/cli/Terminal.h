@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QString>
+
+/// What can be shown behind a descriptor.
+struct Terminal
+{
+    bool rewritable = false; ///< A terminal where a line that was written can be written anew.
+    bool colour = false;     ///< A terminal that has colours, and NO_COLOR does not ask for none.
+    int columns = 0;         ///< 0 where there is no limit, as in a file.
+};
+
+/// Looked up anew each time: a window may have been resized.
+Terminal terminalAt(int descriptor);
+
+enum class Ink { plain, strong, faint, green, blue, yellow, red };
+
+/// \a text, in that ink where \a colour is set.
+QString inked(Ink ink, const QString &text, bool colour);

@@ -1,0 +1,33 @@
+#include "cli/CommandLine.h"
+#include "cli/Output.h"
+
+#include <QCoreApplication>
+
+#include <clocale>
+
+#include <langinfo.h>
+
+/// Qt wants a locale with UTF-8 and says so on standard error where there is none, as in many containers.
+static void chooseUtf8()
+{
+    std::setlocale(LC_ALL, "");
+    if (qstrcmp(nl_langinfo(CODESET), "UTF-8") != 0)
+        qputenv("LC_ALL", "C.UTF-8");
+}
+
+int main(int argc, char *argv[])
+{
+    holdStandardStreams();
+    chooseUtf8();
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments.append(QString::fromLocal8Bit(argv[i]));
+
+    const QCoreApplication application(argc, argv);
+    QCoreApplication::setApplicationVersion(QStringLiteral(TIDLO_VERSION));
+
+    const std::shared_ptr<FileManager> files = makeFileManager();
+    FileSizeScanner scanner(files);
+    CommandContext context{.files = *files, .scanner = scanner};
+    return runCommandLine(arguments, context);
+}
