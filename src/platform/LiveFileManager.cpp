@@ -3,6 +3,7 @@
 #include "platform/FileName.h"
 #include "platform/FolderReader.h"
 #include "platform/PathLocation.h"
+#include "platform/Trash.h"
 #include "platform/VolumeCapacity.h"
 
 #include <algorithm>
@@ -86,7 +87,7 @@ std::optional<VolumeCapacity> LiveFileManager::fileSystemAttributes(const FilePa
     return fileSystemCapacityOf(path);
 }
 
-TrashOutcome LiveFileManager::trashItem(const FilePath &)
+TrashOutcome LiveFileManager::trashItem(const FilePath &path)
 {
-    return {.kind = TrashOutcome::Kind::refused, .reason = QStringLiteral("There is no Trash here yet.")};
+    return moveToTrash(path, homeDirectoryForCurrentUser());
 }

@@ -1,0 +1,75 @@
+#include "platform/linux/MountTable.h"
+
+#include <algorithm>
+
+namespace {
+
+/// The kernel writes white space and backslashes as three octal digits.
+FilePath unescaped(const QByteArray &field)
+{
+    FilePath path;
+    for (qsizetype at = 0; at < field.size(); ++at) {
+        bool isOctal = false;
+        const int code = field.at(at) == '\\' ? field.mid(at + 1, 3).toInt(&isOctal, 8) : 0;
+        path += isOctal ? static_cast<char>(code) : field.at(at);
+        at += isOctal ? 3 : 0;
+    }
+    return path;
+}
+
+/// \a path, that lies at or below \a from, as it is called where \a from is called \a to.
+FilePath rebased(const FilePath &path, const FilePath &from, const FilePath &to)
+{
+    const FilePath relative = from == "/" ? path : path.mid(from.size());
+    if (to == "/")
+        return relative.isEmpty() ? to : relative;
+    return relative == "/" ? to : to + relative;
+}
+
+} // namespace
+
+bool isAtOrBelow(const FilePath &path, const FilePath &folder)
+{
+    return folder == "/" || path == folder || (path.startsWith(folder) && path.at(folder.size()) == '/');
+}
+
+bool FileSystemPlace::contains(const FileSystemPlace &other) const
+{
+    return device == other.device && isAtOrBelow(other.path, path);
+}
+
+MountTable::MountTable(const QByteArray &mountinfo)
+{
+    for (const QByteArray &line : mountinfo.split('\n')) {
+        const QList<QByteArray> fields = line.split(' ');
+        if (fields.size() < 5)
+            continue;
+        mounts.append({.id = fields[0].toULongLong(),
+                       .parent = fields[1].toULongLong(),
+                       .device = fields[2],
+                       .root = unescaped(fields[3]),
+                       .point = unescaped(fields[4])});
+    }
+}
+
+Mount MountTable::mount(quint64 id) const
+{
+    const auto found = std::ranges::find(mounts, id, &Mount::id);
+    return found == mounts.end() ? Mount{.id = id} : *found;
+}
+
+std::optional<FileSystemPlace> MountTable::place(quint64 id, const FilePath &path) const
+{
+    const Mount holder = mount(id);
+    if (!isAtOrBelow(path, holder.point))
+        return std::nullopt;
+    return FileSystemPlace{.device = holder.device, .path = rebased(path, holder.point, holder.root)};
+}
+
+bool MountTable::hasMountWithin(const FileSystemPlace &folder) const
+{
+    return std::ranges::any_of(mounts, [&](const Mount &inner) {
+        const std::optional<FileSystemPlace> point = place(inner.parent, inner.point);
+        return point && folder.contains(*point);
+    });
+}

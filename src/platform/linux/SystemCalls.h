@@ -1,0 +1,28 @@
+#pragma once
+
+#include <functional>
+
+#include <fcntl.h>
+#include <stdio.h>
+#include <sys/stat.h>
+#include <sys/statvfs.h>
+#include <unistd.h>
+
+/// Every call of the system that a move to the Trash makes, so that a test can make each of them fail. They are named
+/// and used as in the manual: what fails returns a negative number and sets errno.
+struct SystemCalls
+{
+    std::function<int(int folder, const char *name, int flags, mode_t mode)> openat =
+        [](int folder, const char *name, int flags, mode_t mode) { return ::openat(folder, name, flags, mode); };
+    std::function<int(int folder, const char *name, mode_t mode)> mkdirat = ::mkdirat;
+    std::function<int(int folder, const char *name, int flags, unsigned wanted, struct statx *status)> statx = ::statx;
+    std::function<int(int file, struct statvfs *status)> fstatvfs = ::fstatvfs;
+    std::function<ssize_t(int folder, const char *name, char *target, size_t size)> readlinkat = ::readlinkat;
+    std::function<ssize_t(int file, void *bytes, size_t size)> read = ::read;
+    std::function<ssize_t(int file, const void *bytes, size_t size)> write = ::write;
+    std::function<int(int file)> fsync = ::fsync;
+    std::function<int(int file)> close = ::close;
+    std::function<int(int folder, const char *name, int newFolder, const char *newName, unsigned flags)> renameat2 =
+        ::renameat2;
+    std::function<int(int folder, const char *name, int flags)> unlinkat = ::unlinkat;
+};

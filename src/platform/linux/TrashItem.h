@@ -1,0 +1,33 @@
+#pragma once
+
+#include "platform/TrashOutcome.h"
+#include "platform/linux/Identity.h"
+#include "platform/linux/MountTable.h"
+#include "platform/linux/OpenFolder.h"
+
+/// An item that is to be moved, held open together with its folder: both stay the same ones from here on, whatever is
+/// done to their paths meanwhile.
+class TrashItem final
+{
+public:
+    /// Opens the item at \a path itself, a link not followed. Nothing when that went well, or what to tell instead.
+    std::optional<TrashOutcome> open(const SystemCalls &calls, FilePath path);
+
+    int folder() const { return parent.descriptor.get(); }
+    const FilePath &name() const { return ownName; }
+    int held() const { return descriptor.get(); }
+    FilePath path() const { return joined(parent.path, ownName); } ///< Without links, but for the item itself.
+    quint64 mount() const { return parent.mount; }                 ///< The mount that its folder is on.
+    bool isFolder() const { return kind == S_IFDIR; }
+    bool isLink() const { return kind == S_IFLNK; }
+    bool isMountPoint() const { return ownMount != parent.mount; }
+
+private:
+    std::optional<TrashOutcome> learn(const SystemCalls &calls);
+
+    OpenFolder parent;
+    FilePath ownName;
+    Descriptor descriptor;
+    quint64 ownMount = 0;
+    mode_t kind = 0;
+};

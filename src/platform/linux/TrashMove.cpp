@@ -1,0 +1,153 @@
+#include "platform/linux/TrashMove.h"
+
+#include "platform/linux/Outcomes.h"
+#include "platform/linux/TrashRecord.h"
+
+#include <QRandomGenerator>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+
+namespace {
+
+constexpr int mostNames = 50;
+constexpr int exclusively = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
+
+/// Counts at first; where many items have one name, counting on would take longer with each of them.
+quint32 numberOfTry(int attempt)
+{
+    constexpr int counted = 9;
+    return attempt <= counted ? attempt : QRandomGenerator::system()->bounded(counted + 1, 1'000'000'000);
+}
+
+bool cannotKeepFromReplacing(int error)
+{
+    constexpr std::array errors{EINVAL, ENOSYS, EOPNOTSUPP};
+    return std::ranges::count(errors, error) != 0;
+}
+
+} // namespace
+
+TrashOutcome TrashMove::run(const QByteArray &record) const
+{
+    for (int attempt = 1; attempt <= mostNames; ++attempt) {
+        const FilePath name = trashName(item.name(), numberOfTry(attempt), trash.longestName());
+        if (const std::optional<TrashOutcome> outcome = moveAs(name, record))
+            return *outcome;
+    }
+    return failed(QStringLiteral("No name is free in the Trash"), EEXIST);
+}
+
+std::optional<TrashOutcome> TrashMove::moveAs(const FilePath &name, const QByteArray &record) const
+{
+    const FilePath recordName = trashRecordName(name);
+    int error = writeRecord(recordName, record);
+    if (error == EEXIST)
+        return std::nullopt;
+    if (error != 0)
+        return failed(QStringLiteral("Its record cannot be written"), error);
+
+    error = renameTo(name);
+    if (error == 0 || hasArrived(name))
+        return checked(name);
+    removeRecord(recordName);
+    if (error == EEXIST)
+        return std::nullopt;
+    return error == ENOENT && hasLeft() ? gone() : failed(QStringLiteral("It cannot be moved"), error);
+}
+
+int TrashMove::writeRecord(const FilePath &recordName, const QByteArray &record) const
+{
+    const int file = calls.openat(trash.info(), recordName.constData(), exclusively, 0600);
+    if (file < 0)
+        return errno;
+    int error = 0;
+    for (qsizetype at = 0; at < record.size() && error == 0;) {
+        const ssize_t written = calls.write(file, record.constData() + at, record.size() - at);
+        error = written < 0 ? errno : written == 0 ? EIO : 0;
+        at += written;
+    }
+    if (error == 0 && calls.fsync(file) != 0)
+        error = errno;
+    if (calls.close(file) != 0 && error == 0)
+        error = errno;
+    if (error != 0)
+        removeRecord(recordName);
+    return error;
+}
+
+void TrashMove::removeRecord(const FilePath &recordName) const
+{
+    calls.unlinkat(trash.info(), recordName.constData(), 0); // One that stays is a record of nothing and does no harm.
+}
+
+int TrashMove::renameTo(const FilePath &name) const
+{
+    const int renamed =
+        calls.renameat2(item.folder(), item.name().constData(), trash.files(), name.constData(), RENAME_NOREPLACE);
+    if (renamed == 0)
+        return 0;
+    return cannotKeepFromReplacing(errno) ? renameOntoReserved(name) : errno;
+}
+
+int TrashMove::renameOntoReserved(const FilePath &name) const
+{
+    const Descriptor reserved = reserve(name);
+    if (!reserved.isValid())
+        return errno;
+    const auto isReserved = [&] {
+        return identityAt(calls, reserved.get(), trash.files(), name.constData()) == Identity::same;
+    };
+    int error = isReserved() ? 0 : ESTALE;
+    if (error == 0 && calls.renameat2(item.folder(), item.name().constData(), trash.files(), name.constData(), 0) != 0)
+        error = errno;
+    if (error != 0 && isReserved())
+        calls.unlinkat(trash.files(), name.constData(), item.isFolder() ? AT_REMOVEDIR : 0);
+    return error;
+}
+
+Descriptor TrashMove::reserve(const FilePath &name) const
+{
+    if (!item.isFolder())
+        return Descriptor(calls.openat(trash.files(), name.constData(), exclusively, 0600));
+    if (calls.mkdirat(trash.files(), name.constData(), 0700) != 0)
+        return {};
+    constexpr int asFolder = O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
+    Descriptor folder(calls.openat(trash.files(), name.constData(), asFolder, 0));
+    if (!folder.isValid()) {
+        const int error = errno;
+        calls.unlinkat(trash.files(), name.constData(), AT_REMOVEDIR);
+        errno = error;
+    }
+    return folder;
+}
+
+bool TrashMove::hasLeft() const
+{
+    const Identity there = identityAt(calls, item.held(), item.folder(), item.name().constData());
+    return there == Identity::absent || there == Identity::different;
+}
+
+bool TrashMove::hasArrived(const FilePath &name) const
+{
+    return hasLeft() && identityAt(calls, item.held(), trash.files(), name.constData()) == Identity::same;
+}
+
+TrashOutcome TrashMove::checked(const FilePath &name) const
+{
+    const Identity arrived = identityAt(calls, item.held(), trash.files(), name.constData());
+    const int error = errno;
+    if (arrived == Identity::same || arrived == Identity::absent) // Who took it out again knows where it is.
+        return moved();
+    const bool isBack =
+        calls.renameat2(trash.files(), name.constData(), item.folder(), item.name().constData(), RENAME_NOREPLACE) == 0;
+    if (isBack)
+        removeRecord(trashRecordName(name));
+    if (arrived == Identity::unknown)
+        return isBack ? failed(QStringLiteral("What arrived in the Trash cannot be checked"), error) : moved();
+    return {.kind = TrashOutcome::Kind::failed,
+            .reason = isBack ? QStringLiteral("Something else took its place meanwhile.")
+                             : QStringLiteral("Something else took its place meanwhile, and is in the Trash now."),
+            .error = ESTALE};
+}

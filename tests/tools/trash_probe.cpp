@@ -1,0 +1,39 @@
+// Moves each argument to the Trash, through the very call that the application makes, and prints one line for each:
+// "moved", "gone", "refused: why" or "failed: why". Exit status 0 only if all were moved.
+
+#include "platform/FileManager.h"
+
+#include <cstdio>
+#include <span>
+
+namespace {
+
+const char *word(TrashOutcome::Kind kind)
+{
+    switch (kind) {
+    case TrashOutcome::Kind::moved:
+        return "moved";
+    case TrashOutcome::Kind::gone:
+        return "gone";
+    case TrashOutcome::Kind::refused:
+        return "refused: ";
+    case TrashOutcome::Kind::failed:
+        return "failed: ";
+    }
+    Q_UNREACHABLE();
+}
+
+} // namespace
+
+int main(int count, char **arguments)
+{
+    const std::unique_ptr<FileManager> files = makeFileManager();
+    bool allMoved = true;
+    for (const char *path : std::span(arguments, static_cast<size_t>(count)).subspan(1)) {
+        const TrashOutcome outcome = files->trashItem(path);
+        std::printf("%s%s\n", word(outcome.kind), outcome.reason.toLocal8Bit().constData());
+        std::fflush(stdout); // A line stands as soon as its item does not.
+        allMoved = allMoved && outcome.kind == TrashOutcome::Kind::moved;
+    }
+    return allMoved ? 0 : 1;
+}
