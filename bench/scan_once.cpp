@@ -1,0 +1,21 @@
+// Scans the home folder once with so many workers: scan_once <workers>. For comparing numbers of workers.
+
+#include "platform/LiveFileManager.h"
+#include "scanner/FileSizeScanner.h"
+
+#include <QCoreApplication>
+
+#include <cstdio>
+#include <cstdlib>
+
+int main(int count, char **arguments)
+{
+    if (count != 2) {
+        std::fprintf(stderr, "usage: scan_once <workers>\n");
+        return 2;
+    }
+    const QCoreApplication application(count, arguments);
+    FileSizeScanner scanner(std::make_shared<LiveFileManager>(DirectoryWalker(std::atoi(arguments[1]))));
+    const ScanSnapshot snapshot = QCoro::waitFor(scanner.scan([](double, const QString &) {}));
+    std::printf("%lld\n", snapshot.totals.totalBytes);
+}
