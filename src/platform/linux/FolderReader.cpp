@@ -176,8 +176,9 @@ std::optional<EntryStatus> statusOf(int folder, const char *name, StatusDetail d
 {
     constexpr unsigned least = STATX_TYPE | STATX_BLOCKS | STATX_MNT_ID;
     const unsigned wanted = detail == StatusDetail::sizeOnDisk ? least : least | STATX_SIZE | STATX_MTIME;
+    const int flags = AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT | (*name == '\0' ? AT_EMPTY_PATH : 0);
     struct statx status;
-    if (statx(folder, name, AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT | AT_EMPTY_PATH, wanted, &status) != 0)
+    if (statx(folder, name, flags, wanted, &status) != 0)
         return std::nullopt;
     const auto told = [&status](unsigned field) { return (status.stx_mask & field) != 0; };
     EntryStatus result;
