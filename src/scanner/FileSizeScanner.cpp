@@ -6,6 +6,9 @@
 #include "scanner/SerialExecutor.h"
 
 #include <QCoro/QCoroFuture>
+#include <QCoro/QCoroTimer>
+
+using namespace std::chrono_literals;
 
 /// Its operations are coroutines that hold it, and nothing of the scanner, across their suspensions.
 struct FileSizeScanner::Core
@@ -14,37 +17,29 @@ struct FileSizeScanner::Core
     std::stop_source stop;
     SerialExecutor executor;
 
-    QFuture<FilePath> home();
-    QFuture<ScanSnapshot> run(const ScanStep &step, const FilePath &home, const ScanSnapshot &snapshot);
-
+    QFuture<ScanSnapshot> run(const ScanStep &step, const ScanSnapshot &snapshot);
     static QCoro::Task<ScanSnapshot> scan(std::shared_ptr<Core> core, ProgressCallback progress);
 };
 
-QFuture<FilePath> FileSizeScanner::Core::home()
+QFuture<ScanSnapshot> FileSizeScanner::Core::run(const ScanStep &step, const ScanSnapshot &snapshot)
 {
-    return executor.run([files = files] { return files->homeDirectoryForCurrentUser(); });
-}
-
-QFuture<ScanSnapshot> FileSizeScanner::Core::run(const ScanStep &step, const FilePath &home,
-                                                 const ScanSnapshot &snapshot)
-{
-    return executor.run([files = files, stop = stop.get_token(), run = step.run, home, snapshot] {
+    return executor.run([files = files, stop = stop.get_token(), run = step.run, snapshot] {
         ScanSnapshot result = snapshot;
         if (!stop.stop_requested())
-            run({*files, home, stop}, result);
+            run({*files, files->homeDirectoryForCurrentUser(), stop}, result);
         return result;
     });
 }
 
 QCoro::Task<ScanSnapshot> FileSizeScanner::Core::scan(std::shared_ptr<Core> core, ProgressCallback progress)
 {
+    co_await QCoro::sleepFor(0ms); // A turn of the event loop: nothing is told from within the call.
     ScanSnapshot snapshot;
-    const FilePath home = co_await core->home();
     for (const ScanStep &step : scanSteps) {
         if (core->stop.stop_requested())
             break; // The scanner is gone; nobody it knew may be called any more.
         progress(step.fraction, step.label);
-        snapshot = co_await core->run(step, home, snapshot);
+        snapshot = co_await core->run(step, snapshot);
     }
     co_return snapshot;
 }
