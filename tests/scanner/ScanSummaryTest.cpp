@@ -48,6 +48,17 @@ TEST(ScanSummary, KeepsTheMergedOrderOfEqualSizes)
                 ElementsAre(u"downloads", u"folders", u"WhatsApp", u"caches", u"files", u"copies"));
 }
 
+TEST(ScanSummary, KeepsTheMergedOrderOfAnyNumberOfEqualSizes)
+{
+    QList<CleanupCandidate> merged; // So many that a sort which is not stable disturbs them.
+    for (int number = 0; number < 100; ++number)
+        merged.append(candidate("equal", 5));
+    merged.append(candidate("larger", 7));
+    const QList<CleanupCandidate> ordered = summarized({}, merged).candidates;
+    EXPECT_EQ(ordered.first(), merged.last());
+    EXPECT_EQ(ordered.sliced(1), merged.first(100));
+}
+
 TEST(ScanSummary, DropsFindingsWithoutBytes)
 {
     EXPECT_THAT(titlesOf({candidate("empty", 0), candidate("one", 1), candidate("negative", -1)}), ElementsAre(u"one"));
