@@ -1,0 +1,182 @@
+// Systems that know less than the usual one.
+
+#include "FastDisk.h"
+#include "Scene.h"
+#include "support/TemporaryHome.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <cstdlib>
+
+using testing::ElementsAre;
+using testing::Field;
+using testing::IsEmpty;
+
+namespace {
+
+using Kind = TrashOutcome::Kind;
+
+/// A scene with an item of one kind, and the calls of a system that a test makes lesser.
+class TrashSystems : public testing::TestWithParam<bool>
+{
+protected:
+    TrashSystems() { scene.setUp(); }
+
+    void expectMoved()
+    {
+        const TrashOutcome outcome = scene.move(calls);
+        EXPECT_EQ(outcome.kind, Kind::moved) << outcome.reason.toStdString();
+        EXPECT_TRUE(scene.isInTrash());
+        EXPECT_TRUE(scene.areOthersUnchanged());
+        EXPECT_EQ(scene.addedToTrash(), 1U);
+    }
+
+    void expectFailed(int error)
+    {
+        const TrashOutcome outcome = scene.move(calls);
+        EXPECT_EQ(outcome.kind, Kind::failed);
+        EXPECT_EQ(outcome.error, error) << outcome.reason.toStdString();
+        EXPECT_TRUE(scene.isAtPlace());
+        EXPECT_TRUE(scene.areOthersUnchanged());
+        EXPECT_EQ(scene.addedToTrash(), 0U);
+    }
+
+    const TemporaryHome home{fastDisk()};
+    Scene scene{home.path(), {.isFolder = GetParam(), .isNameTaken = true}};
+    SystemCalls calls;
+    const SystemCalls real;
+};
+
+INSTANTIATE_TEST_SUITE_P(FileAndFolder, TrashSystems, testing::Bool(),
+                         [](const auto &kind) { return kind.param ? "Folder" : "File"; });
+
+} // namespace
+
+TEST_P(TrashSystems, ARecordIsWholeThatIsWrittenByteByByte)
+{
+    calls.write = [](int file, const void *bytes, size_t) { return ::write(file, bytes, 1); };
+
+    expectMoved();
+}
+
+TEST_P(TrashSystems, ADiskThatTakesNothingAndTellsNoErrorKeepsTheItem)
+{
+    calls.write = [](int, const void *, size_t) { return ssize_t(0); };
+
+    expectFailed(EIO);
+}
+
+TEST_P(TrashSystems, MountsAreReadWholeThoughTheyComeInPieces)
+{
+    calls.read = [](int file, void *bytes, size_t size) { return ::read(file, bytes, std::min<size_t>(size, 7)); };
+
+    expectMoved();
+}
+
+TEST_P(TrashSystems, AKernelWhoseStatxDoesNotTellTheMountIsAskedElsewhere)
+{
+    calls.statx = [this](int folder, const char *name, int flags, unsigned wanted, struct statx *status) {
+        const int result = real.statx(folder, name, flags, wanted, status);
+        status->stx_mask &= ~STATX_MNT_ID;
+        status->stx_mnt_id = 0;
+        return result;
+    };
+
+    expectMoved();
+}
+
+TEST_P(TrashSystems, AKernelThatDoesNotTellTheMountAtAllKeepsTheItem)
+{
+    calls.statx = [this](int folder, const char *name, int flags, unsigned wanted, struct statx *status) {
+        const int result = real.statx(folder, name, flags, wanted, status);
+        status->stx_mask &= ~STATX_MNT_ID;
+        return result;
+    };
+    calls.read = [](int, void *, size_t) { return ssize_t(0); };
+
+    expectFailed(ENOTSUP);
+}
+
+TEST_P(TrashSystems, AProcFolderThatIsNotThereKeepsTheItem)
+{
+    calls.readlinkat = [](int, const char *, char *, size_t) {
+        errno = ENOENT;
+        return ssize_t(-1);
+    };
+
+    expectFailed(ESTALE);
+}
+
+TEST_P(TrashSystems, AFileSystemThatCannotBeKeptFromReplacingReplacesNothing)
+{
+    calls.renameat2 = [this](int folder, const char *name, int newFolder, const char *newName, unsigned flags) {
+        errno = EINVAL;
+        return flags != 0 ? -1 : real.renameat2(folder, name, newFolder, newName, flags);
+    };
+
+    expectMoved();
+}
+
+TEST_P(TrashSystems, ANameThatSomebodyTakesAtTheLastMomentIsNotReplaced)
+{
+    FilePath intruder;
+    calls.renameat2 = [&](int folder, const char *name, int newFolder, const char *newName, unsigned flags) {
+        if (intruder.isEmpty() && mkdirat(newFolder, newName, 0700) == 0)
+            intruder = scene.trash() + "/files/" + newName;
+        return real.renameat2(folder, name, newFolder, newName, flags);
+    };
+
+    EXPECT_EQ(scene.move(calls).kind, Kind::moved);
+
+    EXPECT_TRUE(scene.isInTrash());
+    EXPECT_EQ(rmdir(intruder.constData()), 0) << "it is still there, and still empty";
+}
+
+TEST_P(TrashSystems, NamesThatAreNeverFreeEndTheMove)
+{
+    calls.renameat2 = [](int, const char *, int, const char *, unsigned) {
+        errno = EEXIST;
+        return -1;
+    };
+
+    expectFailed(EEXIST);
+}
+
+TEST_P(TrashSystems, AFileSystemOfShorterNamesGetsShorterNames)
+{
+    calls.fstatvfs = [](int, struct statvfs *status) {
+        status->f_namemax = 20;
+        return 0;
+    };
+    const FilePath path = scene.parent() + "/a name that is too long";
+    ASSERT_EQ(rename(scene.item().constData(), path.constData()), 0);
+
+    EXPECT_EQ(Trash(home.path(), home / ".local/share", calls).move(path, 0).kind, Kind::moved);
+
+    EXPECT_THAT(decodeTrash(scene.trash()).items,
+                testing::Contains(
+                    testing::AllOf(Field(&TrashedItem::name, "a name tha"), Field(&TrashedItem::originalPath, path))));
+}
+
+TEST_P(TrashSystems, AFileSystemThatDoesNotTellItsLongestNameIsTakenToBeUsual)
+{
+    calls.fstatvfs = [](int, struct statvfs *) {
+        errno = ENOSYS;
+        return -1;
+    };
+
+    expectMoved();
+}
+
+TEST_P(TrashSystems, WhatWasMovedThoughTheSystemToldAnErrorIsMoved)
+{
+    calls.renameat2 = [this](int folder, const char *name, int newFolder, const char *newName, unsigned flags) {
+        const int result = real.renameat2(folder, name, newFolder, newName, flags);
+        errno = result == 0 ? ENOENT : errno; // As when a network asked twice.
+        return -1;
+    };
+
+    expectMoved();
+}
