@@ -13,8 +13,8 @@
 class StopOnSignal final
 {
 public:
-    /// \a stopRequested is called on that thread when a stop was requested.
-    explicit StopOnSignal(std::function<void()> stopRequested);
+    /// \a whenRequested is called on that thread when a stop was requested.
+    explicit StopOnSignal(std::function<void()> whenRequested);
     ~StopOnSignal();
     StopOnSignal(const StopOnSignal &) = delete;
     StopOnSignal &operator=(const StopOnSignal &) = delete;

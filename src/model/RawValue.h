@@ -15,6 +15,10 @@ struct RawValueRow
     QLatin1StringView text;
 };
 
+// Clang deduces nothing for aggregates before its version 17.
+template <typename Enum>
+RawValueRow(Enum, QLatin1StringView) -> RawValueRow<Enum>;
+
 /// The cases of \a Enum with their texts, in declaration order. Each enumeration that has raw values specialises this.
 template <typename Enum>
 inline constexpr std::array<RawValueRow<Enum>, 0> rawValues{};
