@@ -1,0 +1,6 @@
+#include "ai/ExplainEndpoint.h"
+
+QString ExplainEndpoint::builtInHost()
+{
+    return QStringLiteral(TIDLO_AI_PROXY_HOST);
+}

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "ai/ExplainEndpoint.h"
+#include "model/CleanupCandidate.h"
+
+#include <QCoro/QCoroTask>
+
+/// The one network component: asks the AI proxy to explain findings. This is its whole public face; it keeps no state.
+///
+/// What is sent is what promptFor() (Prompt.h) writes, and an identifier of the machine; never the content of a file.
+/// What comes back is text from outside: to be shown as plain text and never acted upon.
+class GeminiClient final
+{
+public:
+    GeminiClient() = delete;
+
+    /// Asks for an explanation of \a candidates, all of them, over HTTPS. Gives the answer, or an error text that
+    /// begins with "⚠️ ", or nothing when no answer came that could be shown. Never throws and never tries twice.
+    /// Called on the main thread, which it does not block: name resolution, encryption and transfer run on threads of
+    /// their own, and what is left, reading at most 1 MiB of JSON, takes milliseconds.
+    static QCoro::Task<std::optional<QString>> explain(QList<CleanupCandidate> candidates,
+                                                       ExplainEndpoint endpoint = {});
+
+    /// The identifier of this machine that every request carries, "mac-unknown" where there is none. Read afresh by
+    /// every call.
+    static QString deviceUUID();
+};

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QString>
+
+#include <optional>
+
+/// The messages exchanged with the AI proxy. Keys are the field names; unknown keys are ignored, and a record that
+/// lacks a key fails to decode as a whole. A text part alone may be missing or null.
+
+struct GeminiPart
+{
+    std::optional<QString> text;
+    bool operator==(const GeminiPart &) const = default;
+};
+
+struct GeminiContent
+{
+    QList<GeminiPart> parts;
+    bool operator==(const GeminiContent &) const = default;
+};
+
+struct GeminiGenerateRequest
+{
+    QList<GeminiContent> contents;
+    bool operator==(const GeminiGenerateRequest &) const = default;
+};
+
+struct GeminiCandidate
+{
+    GeminiContent content;
+    bool operator==(const GeminiCandidate &) const = default;
+};
+
+struct GeminiGenerateResponse
+{
+    QList<GeminiCandidate> candidates;
+    bool operator==(const GeminiGenerateResponse &) const = default;
+};
+
+struct ProxyErrorResponse
+{
+    QString error;
+    QString message;
+    bool operator==(const ProxyErrorResponse &) const = default;
+};
+
+/// A record read from JSON, or a sentence for a person that says why it cannot be.
+template <typename Record>
+struct Decoded
+{
+    std::optional<Record> record;
+    QString error; ///< Empty when there is a record.
+};
+
+/// Compact JSON. It cannot fail: text becomes valid UTF-8 whatever it holds.
+QByteArray encode(const GeminiGenerateRequest &request);
+
+/// Reads \a json, which must be UTF-8 and hold nothing besides the record. Any input is safe, however deep.
+template <typename Record>
+Decoded<Record> decode(const QByteArray &json);
+
+extern template Decoded<GeminiGenerateRequest> decode(const QByteArray &json);
+extern template Decoded<GeminiGenerateResponse> decode(const QByteArray &json);
+extern template Decoded<ProxyErrorResponse> decode(const QByteArray &json);
