@@ -1,7 +1,7 @@
 #include "platform/linux/Trash.h"
 
 #include "platform/Trash.h"
-#include "platform/linux/Outcomes.h"
+#include "platform/TrashOutcomes.h"
 #include "platform/linux/TrashMove.h"
 #include "platform/linux/TrashRecord.h"
 #include "platform/linux/TrashRefusal.h"

@@ -1,6 +1,6 @@
 #include "platform/linux/TrashFolder.h"
 
-#include "platform/linux/Outcomes.h"
+#include "platform/TrashOutcomes.h"
 
 #include <algorithm>
 #include <cerrno>

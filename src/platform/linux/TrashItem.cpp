@@ -1,6 +1,8 @@
 #include "platform/linux/TrashItem.h"
 
-#include "platform/linux/Outcomes.h"
+#include "platform/FileName.h"
+#include "platform/TrashOutcomes.h"
+#include "platform/TrashPath.h"
 
 #include <cerrno>
 
@@ -14,19 +16,12 @@ FilePath folderOf(const FilePath &path)
 
 } // namespace
 
-std::optional<TrashOutcome> TrashItem::open(const SystemCalls &calls, FilePath path)
+std::optional<TrashOutcome> TrashItem::open(const SystemCalls &calls, const FilePath &givenPath)
 {
-    while (path.size() > 1 && path.endsWith('/')) // A slash after a link would follow it.
-        path.chop(1);
-    ownName = path.mid(path.lastIndexOf('/') + 1);
-    if (path.isEmpty())
-        return refused(QStringLiteral("The path is empty."));
-    if (path == "/")
-        return refused(QStringLiteral("It is the root of all files."));
-    if (ownName == "." || ownName == "..")
-        return refused(QStringLiteral("The path ends in no name."));
-    if (path.contains('\0'))
-        return gone();
+    const FilePath path = pathOfItself(givenPath);
+    if (const auto outcome = refusalOfPath(path))
+        return outcome;
+    ownName = lastPathComponent(path).toByteArray();
     std::optional<OpenFolder> found = openFolder(calls, folderOf(path));
     if (!found)
         return errno == ENOENT || errno == ENOTDIR ? gone()

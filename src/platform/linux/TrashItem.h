@@ -11,7 +11,7 @@ class TrashItem final
 {
 public:
     /// Opens the item at \a path itself, a link not followed. Nothing when that went well, or what to tell instead.
-    std::optional<TrashOutcome> open(const SystemCalls &calls, FilePath path);
+    std::optional<TrashOutcome> open(const SystemCalls &calls, const FilePath &path);
 
     int folder() const { return parent.descriptor.get(); }
     const FilePath &name() const { return ownName; }

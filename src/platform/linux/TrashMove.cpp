@@ -1,6 +1,6 @@
 #include "platform/linux/TrashMove.h"
 
-#include "platform/linux/Outcomes.h"
+#include "platform/TrashOutcomes.h"
 #include "platform/linux/TrashRecord.h"
 
 #include <QRandomGenerator>

@@ -1,6 +1,6 @@
 #include "platform/linux/TrashRefusal.h"
 
-#include "platform/linux/Outcomes.h"
+#include "platform/TrashOutcomes.h"
 
 #include <algorithm>
 #include <cerrno>

@@ -27,14 +27,17 @@ FilePath dataHomeIn(const FilePath &home, const FilePath &configured)
 std::optional<UserFolders> findUserFolders(const SystemCalls &calls, const MountTable &mounts, const FilePath &home,
                                            const FilePath &dataHome)
 {
-    std::optional<UserFolders::Kept> ownHome = find(calls, mounts, home);
-    std::optional<UserFolders::Kept> trash = ownHome ? find(calls, mounts, joined(dataHome, "Trash")) : std::nullopt;
-    std::optional<UserFolders::Kept> usual =
-        trash ? find(calls, mounts, joined(dataHomeIn(home, {}), "Trash")) : std::nullopt;
-    if (!usual)
+    std::optional<UserFolders::Kept> kept = find(calls, mounts, home);
+    if (!kept)
         return std::nullopt;
-    UserFolders folders{.home = std::move(*ownHome), .trashes = {}};
-    folders.trashes.push_back(std::move(*trash));
-    folders.trashes.push_back(std::move(*usual));
+    UserFolders folders{.home = std::move(*kept), .trashes = {}};
+    const FilePath trash = joined(dataHome, "Trash");
+    const FilePath usual = joined(dataHomeIn(home, {}), "Trash");
+    for (const FilePath &path : trash == usual ? QList{trash} : QList{trash, usual}) {
+        kept = find(calls, mounts, path);
+        if (!kept)
+            return std::nullopt;
+        folders.trashes.push_back(std::move(*kept));
+    }
     return folders;
 }

@@ -16,7 +16,7 @@ struct UserFolders
     };
 
     Kept home;
-    std::vector<Kept> trashes; ///< The home's Trash first, then the one that other programs may use.
+    std::vector<Kept> trashes; ///< The home's Trash first; where that is not the usual one, the usual one too.
 };
 
 /// Finds the user's folders; \a dataHome is where programs keep their data. Nothing on failure, and errno tells why.

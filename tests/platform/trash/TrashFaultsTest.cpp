@@ -1,4 +1,4 @@
-// At each call of the system that a move makes, the program is killed, and every error that the call may tell is told.
+// At each call of the system that a move makes the program is killed, and each error that the call may tell is told.
 // Whatever happens, the item is at its place or in the Trash with a whole record, and the outcome told is true.
 
 #include "FastDisk.h"
@@ -10,6 +10,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <filesystem>
@@ -102,6 +103,8 @@ public:
         EXPECT_EQ(outcome.kind, Kind::moved) << outcome.reason.toStdString();
         EXPECT_TRUE(this->scene.isInTrash());
         EXPECT_TRUE(this->scene.areOthersUnchanged());
+        if (!setup.canKeepFromReplacing) // Until then nothing differs from where it can, and that is tried as well.
+            trace.erase(trace.begin(), std::ranges::find(trace, "renameat2", &Call::name));
     }
 
     void injectErrors(Tally &tally)
@@ -119,10 +122,8 @@ public:
 
     void injectKills(Tally &tally)
     {
-        for (const Call &call : trace) {
-            kill(call, true, tally);
-            kill(call, false, tally);
-        }
+        for (const Call &call : trace)
+            kill(call, tally);
     }
 
 private:
@@ -181,18 +182,16 @@ private:
             << "something is left of the attempt";
     }
 
-    void kill(const Call &call, bool before, Tally &tally)
+    /// Kills the program after a call. That is before the next one, too.
+    void kill(const Call &call, Tally &tally)
     {
-        SCOPED_TRACE(testing::Message() << "killed " << (before ? "before" : "after") << " call " << call.number << ' '
-                                        << call.name << ' ' << call.path);
+        SCOPED_TRACE(testing::Message() << "killed after call " << call.number << ' ' << call.name << ' ' << call.path);
         scene.setUp();
         std::fflush(nullptr);
         const pid_t child = fork();
         if (child == 0) {
             scene.move(instrumented(
                 [&](const Call &now, const auto &make) {
-                    if (before && now.number == call.number)
-                        raise(SIGKILL);
                     const long result = make();
                     if (now.number == call.number)
                         raise(SIGKILL);
@@ -256,7 +255,7 @@ TEST(TrashFaults, NoKillAtAnyCallLosesAnything)
         Trial(Scene(home.path(), setup), setup).injectKills(tally);
 
     tally.print();
-    EXPECT_GT(tally.injected, 500);
+    EXPECT_GT(tally.injected, 200);
     EXPECT_EQ(tally.lost, 0);
 }
 

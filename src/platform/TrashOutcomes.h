@@ -2,23 +2,27 @@
 
 #include "platform/TrashOutcome.h"
 
-/// The outcomes of a move, in few words where they are told.
+// The outcomes of a move, in few words where they are told.
+
+/// It is in the Trash, with its record.
 inline TrashOutcome moved()
 {
     return {.kind = TrashOutcome::Kind::moved, .reason = {}};
 }
 
+/// Nothing is there.
 inline TrashOutcome gone()
 {
     return {.kind = TrashOutcome::Kind::gone, .reason = {}};
 }
 
+/// It is left alone, for a \a reason in a whole sentence.
 inline TrashOutcome refused(const QString &reason)
 {
     return {.kind = TrashOutcome::Kind::refused, .reason = reason};
 }
 
-/// \a what did not work, and the system's word for why.
+/// It could not be moved: \a what did not work, and the system's word for \a error, an errno.
 inline TrashOutcome failed(const QString &what, int error)
 {
     return {.kind = TrashOutcome::Kind::failed,

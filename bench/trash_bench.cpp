@@ -1,0 +1,107 @@
+// Moves 1,000 folders of one name, each in a folder of its own, to the Trash, and makes the bare calls without which no
+// move that survives a power cut can do: mkdir, open, write, fsync, close and rename. The two take turns item by item,
+// so that a busy disk slows both. Prints the median of the rounds for each, and their ratio.
+//
+// trash_bench [folder to work in, on the disk to be measured]
+
+#include "platform/linux/Trash.h"
+#include "support/TemporaryHome.h"
+
+#include <QDir>
+
+#include <algorithm>
+#include <array>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <string_view>
+#include <vector>
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr int items = 1'000;
+constexpr int rounds = 5;
+constexpr std::time_t now = 1'700'000'000;
+
+using Milliseconds = std::chrono::duration<double, std::milli>;
+
+template <typename Work>
+Milliseconds timeOf(const Work &work)
+{
+    const auto begin = std::chrono::steady_clock::now();
+    if (!work()) {
+        std::perror("trash_bench");
+        std::exit(EXIT_FAILURE);
+    }
+    return std::chrono::steady_clock::now() - begin;
+}
+
+/// The least that a move must do: the place for records is there, the record is on the disk, the item is renamed.
+bool moveBarely(const FilePath &trash, const FilePath &item, int number)
+{
+    constexpr std::string_view record = "[Trash Info]\nPath=/home/somebody/project/node_modules\n"
+                                        "DeletionDate=2023-11-14T22:13:20\n";
+    const FilePath name = '/' + FilePath::number(number);
+    mkdir((trash + "/files").constData(), 0700);
+    const int file = open((trash + "/info" + name).constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+    return file >= 0 && write(file, record.data(), record.size()) > 0 && fsync(file) == 0 && close(file) == 0 &&
+           rename(item.constData(), (trash + "/files" + name).constData()) == 0;
+}
+
+struct Round
+{
+    Milliseconds bare{};
+    Milliseconds ours{};
+};
+
+Round measure(const FilePath &disk)
+{
+    const TemporaryHome home(disk);
+    const FilePath bareTrash = home.folder("bare");
+    home.folder("bare/files");
+    home.folder("bare/info");
+    const Trash trash(home.path(), home / ".local/share");
+    std::vector<std::array<FilePath, 2>> pairs;
+    for (int item = 0; item < items; ++item) {
+        const FilePath number = FilePath::number(item);
+        pairs.push_back({home.folder("a/" + number + "/node_modules"), home.folder("b/" + number + "/node_modules")});
+    }
+    sync(); // What was made so far is no part of the first record's way to the disk.
+    Round round;
+    const auto bare = [&](int item) {
+        round.bare += timeOf([&] { return moveBarely(bareTrash, pairs[item][0], item); });
+    };
+    const auto ours = [&](int item) {
+        round.ours += timeOf([&] { return trash.move(pairs[item][1], now).kind == TrashOutcome::Kind::moved; });
+    };
+    for (int item = 0; item < items; item += 2) {
+        bare(item);
+        ours(item);
+        ours(item + 1);
+        bare(item + 1);
+    }
+    return round;
+}
+
+double median(std::array<Round, rounds> all, Milliseconds Round::*part)
+{
+    std::ranges::nth_element(all, all.begin() + rounds / 2, {}, part);
+    return (all[rounds / 2].*part).count();
+}
+
+} // namespace
+
+int main(int count, char **arguments)
+{
+    const FilePath disk = count > 1 ? FilePath(arguments[1]) : QDir::currentPath().toLocal8Bit();
+    std::array<Round, rounds> all;
+    std::ranges::generate(all, [&] { return measure(disk); });
+    const double bare = median(all, &Round::bare);
+    const double ours = median(all, &Round::ours);
+    std::printf("%d bare sequences  %8.1f ms\n", items, bare);
+    std::printf("%d moves           %8.1f ms\n", items, ours);
+    std::printf("ratio                %8.2f\n", ours / bare);
+}
