@@ -206,3 +206,19 @@ TEST(TrashNames, ARecordWithoutAnItemInTheTrashIsKept)
                 testing::ElementsAre(
                     AllOf(Field(&TrashedItem::name, FilePath("a 2.txt")), Field(&TrashedItem::originalPath, item))));
 }
+
+TEST(TrashNames, AnotherNameOfTheItemItselfInTheTrashIsNotTakenForIt)
+{
+    const TemporaryHome home;
+    const FilePath item = home.file("a.txt", 3);
+    home.hardLink(".local/share/Trash/files/a.txt", item);
+    home.folder(".local/share/Trash/info");
+
+    EXPECT_TRUE(probe({.paths = {item}, .home = home.path()}).allMoved);
+
+    EXPECT_FALSE(home.inventory().contains("a.txt"));
+    const DecodedTrash trash = decodeTrash(trashOf(home));
+    EXPECT_THAT(trash.orphans, testing::ElementsAre("a.txt"));
+    EXPECT_THAT(trash.items, testing::ElementsAre(AllOf(Field(&TrashedItem::name, FilePath("a 2.txt")),
+                                                        Field(&TrashedItem::originalPath, item))));
+}

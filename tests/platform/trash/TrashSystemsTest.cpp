@@ -1,12 +1,14 @@
 // Systems that know less than the usual one.
 
 #include "FastDisk.h"
+#include "InstrumentedCalls.h"
 #include "Scene.h"
 #include "support/TemporaryHome.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 
@@ -53,6 +55,22 @@ INSTANTIATE_TEST_SUITE_P(FileAndFolder, TrashSystems, testing::Bool(),
                          [](const auto &kind) { return kind.param ? "Folder" : "File"; });
 
 } // namespace
+
+TEST_P(TrashSystems, TheRecordIsWholeAndOnTheDiskBeforeTheItemIsRenamed)
+{
+    std::vector<std::string> made;
+    calls = instrumented([&](const Call &call, const auto &real) {
+        if (call.name != "statx")
+            made.push_back(call.name + ' ' + call.path);
+        return real();
+    });
+
+    expectMoved();
+
+    const auto record = std::ranges::find(made, "create item 3.trashinfo");
+    EXPECT_THAT(std::vector(record, made.end()),
+                ElementsAre("create item 3.trashinfo", "write ", "fsync ", "close ", "renameat2 item"));
+}
 
 TEST_P(TrashSystems, ARecordIsWholeThatIsWrittenByteByByte)
 {
@@ -132,6 +150,31 @@ TEST_P(TrashSystems, ANameThatSomebodyTakesAtTheLastMomentIsNotReplaced)
 
     EXPECT_TRUE(scene.isInTrash());
     EXPECT_EQ(rmdir(intruder.constData()), 0) << "it is still there, and still empty";
+}
+
+TEST_P(TrashSystems, AnEmptyThingThatHoldsTheNameIsNotMistakenForAnother)
+{
+    FilePath intruder;
+    calls.renameat2 = [](int, const char *, int, const char *, unsigned) {
+        errno = EINVAL;
+        return -1;
+    };
+    // As if somebody put another thing where the name was just taken: a program that ignores records may.
+    calls.statx = [&](int folder, const char *name, int flags, unsigned wanted, struct statx *status) {
+        const FilePath place = scene.trash() + "/files/" + name;
+        if (intruder.isEmpty() && FilePath(name) == "item 3" &&
+            rename(place.constData(), (place + "x").constData()) == 0) {
+            intruder = place;
+            EXPECT_EQ(mkdir(place.constData(), 0700), 0);
+        }
+        return real.statx(folder, name, flags, wanted, status);
+    };
+
+    const TrashOutcome outcome = scene.move(calls);
+
+    EXPECT_EQ(outcome.kind, Kind::failed);
+    EXPECT_TRUE(scene.isAtPlace());
+    EXPECT_EQ(rmdir(intruder.constData()), 0) << "it is still there";
 }
 
 TEST_P(TrashSystems, NamesThatAreNeverFreeEndTheMove)
