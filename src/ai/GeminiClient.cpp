@@ -8,9 +8,12 @@
 
 namespace {
 
+/// A warning sign in its colourful form, and a space.
+constexpr QStringView warning = u"\u26A0\uFE0F ";
+
 QString withWarning(const QString &text)
 {
-    return QStringLiteral("\u26A0\uFE0F ") + text;
+    return warning.toString() + text;
 }
 
 QString requestFailed(const QString &reason)
@@ -78,6 +81,11 @@ HttpsRequest requestFor(const QList<CleanupCandidate> &candidates, const Explain
 }
 
 } // namespace
+
+bool GeminiClient::isError(const QString &explanation)
+{
+    return explanation.startsWith(warning);
+}
 
 QString GeminiClient::deviceUUID()
 {

@@ -21,6 +21,9 @@ public:
     static QCoro::Task<std::optional<QString>> explain(QList<CleanupCandidate> candidates,
                                                        ExplainEndpoint endpoint = {});
 
+    /// Whether what explain() gave is an error text.
+    static bool isError(const QString &explanation);
+
     /// The identifier of this machine that every request carries, "mac-unknown" where there is none. Read afresh by
     /// every call.
     static QString deviceUUID();

@@ -2,6 +2,7 @@
 
 #include "cli/CleanCommand.h"
 #include "cli/CommandHelp.h"
+#include "cli/ExplainCommand.h"
 #include "cli/Output.h"
 #include "cli/ScanCommand.h"
 
@@ -15,7 +16,7 @@ namespace {
 
 QList<Command> commands()
 {
-    return {scanCommand(), cleanCommand()};
+    return {scanCommand(), cleanCommand(), explainCommand()};
 }
 
 /// The program without a command, as far as help and usage go.

@@ -2,6 +2,7 @@
 #include "cli/Output.h"
 
 #include <QCoreApplication>
+#include <QEvent>
 
 #include <clocale>
 
@@ -29,5 +30,7 @@ int main(int argc, char *argv[])
     const std::shared_ptr<FileManager> files = makeFileManager();
     FileSizeScanner scanner(files);
     CommandContext context{.files = *files, .scanner = scanner};
-    return runCommandLine(arguments, context);
+    const int status = runCommandLine(arguments, context);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // No event loop is left that would.
+    return status;
 }

@@ -28,12 +28,12 @@ TEST(CommandLine, HelpGoesToStandardOutput)
 TEST(CommandLine, EachCommandHasItsOwnHelpThatFitsInto80Columns)
 {
     const TemporaryHome home;
-    for (const QByteArray command : {"scan", "clean"}) {
+    for (const QByteArray command : {"scan", "clean", "explain"}) {
         const CliRun run = runCli(home, {command, "--help"});
         EXPECT_EQ(run.status, 0);
         EXPECT_EQ(run.errors, "");
         EXPECT_THAT(run.output.toStdString(), StartsWith("Usage: tidlo-cli " + command.toStdString()));
-        EXPECT_THAT(run.output.toStdString(), HasSubstr("\n  --json "));
+        EXPECT_THAT(run.output.toStdString(), HasSubstr("\n  -h, --help "));
         for (const QByteArray &line : run.output.split('\n'))
             EXPECT_LE(line.size(), 80) << line.constData();
     }

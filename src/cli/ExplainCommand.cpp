@@ -1,0 +1,49 @@
+#include "cli/ExplainCommand.h"
+
+#include "ai/GeminiClient.h"
+#include "ai/Prompt.h"
+#include "cli/Output.h"
+#include "cli/ProgressLine.h"
+#include "cli/ScanWithProgress.h"
+#include "platform/VisibleText.h"
+
+namespace {
+
+/// Shown whole, with what could act on the terminal escaped, and ending with its line.
+int printText(const QString &text)
+{
+    const QString visible = visibleText(text);
+    return print(visible.endsWith(u'\n') ? visible : visible + u'\n');
+}
+
+std::optional<QString> explanationOf(const QList<CleanupCandidate> &candidates)
+{
+    ProgressLine line;
+    line.show(QStringLiteral("Asking for an explanation"));
+    return QCoro::waitFor(GeminiClient::explain(candidates));
+}
+
+int runExplain(const QCommandLineParser &options, CommandContext &context)
+{
+    const QList<CleanupCandidate> candidates = explainedCandidates(scanWithProgress(context.scanner).candidates);
+    if (options.isSet(QStringLiteral("prompt")))
+        return printText(promptFor(candidates));
+    const std::optional<QString> explanation = explanationOf(candidates);
+    if (explanation && !GeminiClient::isError(*explanation))
+        return printText(*explanation);
+    complain(explanation.value_or(QStringLiteral("No explanation came back.")));
+    return failed;
+}
+
+} // namespace
+
+Command explainCommand()
+{
+    return {.name = "explain",
+            .summary = "Explain what could be cleaned, with the help of an AI service.",
+            .description = "Scans the home folder ($HOME), sends titles, sizes and paths of the eight\n"
+                           "largest findings to an AI service, and shows what it answers. No file is\n"
+                           "opened or sent. The exit status is 1 if no explanation came back.\n",
+            .options = {{"prompt", "Show what would be sent, and send nothing."}},
+            .run = runExplain};
+}

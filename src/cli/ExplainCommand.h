@@ -1,0 +1,6 @@
+#pragma once
+
+#include "cli/Command.h"
+
+/// "tidlo-cli explain": scans, and asks the AI proxy to explain what was found.
+Command explainCommand();
