@@ -1,4 +1,6 @@
 #include "cli/CliRun.h"
+#include "cli/Output.h"
+#include "support/InChild.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -6,6 +8,7 @@
 #include <array>
 #include <csignal>
 
+#include <fcntl.h>
 #include <unistd.h>
 
 using testing::EndsWith;
@@ -130,6 +133,17 @@ TEST(CommandLine, StandardStreamsThatAreClosedAreNoTrouble)
     const CliRun run = runCli(home, {"scan"}, closed);
     EXPECT_EQ(run.status, 0);
     EXPECT_THAT(run.output.toStdString(), StartsWith("Nothing to clean up"));
+}
+
+TEST(CommandLine, NoFileTakesThePlaceOfAStandardStream)
+{
+    const auto opensBeyondThem = [] {
+        for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO})
+            close(stream);
+        holdStandardStreams();
+        return open("/dev/null", O_RDWR) > STDERR_FILENO && !writeAll(STDOUT_FILENO, "x");
+    };
+    EXPECT_TRUE(inChild(opensBeyondThem).succeeded);
 }
 
 TEST(CommandLine, ALocaleWithoutUtf8ChangesNothing)
