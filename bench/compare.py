@@ -49,7 +49,9 @@ def main():
     parser.add_argument("--rounds", type=int, default=7)
     parser.add_argument("--cold", action="store_true", help="drop the system's caches before each run")
     parser.add_argument("--against", help="the command that the others are measured by; default: the first")
-    parser.add_argument("--entries", type=int, help="also print the time for each entry")
+    parser.add_argument("--entries", type=lambda text: [int(number) for number in text.split(",")],
+                        help="how many entries each command reads: prints the time for each, beyond what the first "
+                             "command takes, which reads none")
     parser.add_argument("command", nargs="+", help="name=command line")
     arguments = parser.parse_args()
 
@@ -66,14 +68,14 @@ def main():
             command.run()
 
     base = next((each for each in commands if each.name == arguments.against), commands[0])
-    per_entry = "  per entry" if arguments.entries else ""
-    print(f"{'':34} {'median':>9} {'ratio':>6} {'memory':>8}{per_entry}")
-    for command in commands:
+    start = statistics.median(commands[0].seconds)
+    print(f"{'':34} {'median':>9} {'ratio':>6} {'memory':>8}{'  per entry' if arguments.entries else ''}")
+    for index, command in enumerate(commands):
         median = statistics.median(command.seconds)
         ratio = median / statistics.median(base.seconds)
         line = f"{command.name:34} {median * 1000:6.0f} ms {ratio:6.2f} {max(command.kilobytes) / 1024:5.1f} MB"
-        if arguments.entries:
-            line += f" {median / arguments.entries * 1e9:7.0f} ns"
+        if arguments.entries and arguments.entries[index] > 0:
+            line += f" {(median - start) / arguments.entries[index] * 1e9:7.0f} ns"
         print(line)
 
 
