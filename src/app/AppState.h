@@ -1,0 +1,30 @@
+#pragma once
+
+#include "model/AppSection.h"
+#include "model/CleanupReport.h"
+#include "model/ScanPhase.h"
+#include "model/ScanSnapshot.h"
+
+#include <QString>
+
+#include <optional>
+
+/// Everything that AppViewModel publishes, as it stands when the application starts.
+struct AppState
+{
+    ScanPhase phase = ScanPhase::ready;
+    AppSection section = AppSection::scan;
+    ScanTotals totals;                  ///< Of the last scan; before it and after a cleanup, of the disk alone.
+    QList<CleanupCandidate> candidates; ///< Of the last scan, in the scanner's order.
+    double scanProgress = 0;            ///< From 0 to 1, of a scan or a cleanup.
+    QString scanLabel = QStringLiteral("Ready to scan");         ///< The step that is under way.
+    std::optional<CleanupRisk> selectedFilter;                   ///< Absent: candidates of any risk are visible.
+    std::optional<CleanupReport> cleanupReport;                  ///< Of the last cleanup since the last scan began.
+    std::optional<QString> aiSummary;                            ///< An explanation of the last scan, or an error text.
+    bool showSetupWizard = false;                                ///< The wizard of the first run.
+    int setupStep = 0;                                           ///< The wizard's page.
+    bool showMoveToApplicationsPrompt = false;                   ///< The offer to move to the Applications folder.
+    bool showMoveToApplicationsError = false;                    ///< The alert that it failed.
+    QString moveToApplicationsErrorMessage = QStringLiteral(""); ///< The text of that alert.
+    bool isGeneratingAI = false;                                 ///< An explanation is awaited.
+};

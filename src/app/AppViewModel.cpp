@@ -1,0 +1,29 @@
+#include "app/AppViewModel.h"
+
+#include <QCoreApplication>
+#include <QPointer>
+#include <QThread>
+
+AppViewModel::AppViewModel(AppEnvironment given, QObject *parent)
+    : QObject(parent)
+    , environment(std::move(given))
+{
+    setShowMoveToApplicationsPrompt(false);
+    setShowSetupWizard(false);
+    setPhase(ScanPhase::ready);
+    readDiskTotals();
+}
+
+void AppViewModel::requireMainThread() const
+{
+    if (QThread::currentThread() != qApp->thread())
+        qFatal("AppViewModel was used on another thread than the main one");
+}
+
+QCoro::Task<> AppViewModel::readDiskTotals()
+{
+    const QPointer<AppViewModel> self(this);
+    const ScanTotals totals = co_await scanner.diskTotals(environment.fileManager->homeDirectoryForCurrentUser());
+    if (self)
+        setTotals(totals);
+}

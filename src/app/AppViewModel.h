@@ -1,0 +1,193 @@
+#pragma once
+
+#include "app/AppEnvironment.h"
+#include "app/AppState.h"
+#include "app/SpringAnimation.h"
+#include "scanner/FileSizeScanner.h"
+
+#include <QObject>
+
+#include <stop_token>
+
+/// The one owner of what the application shows, and the operations that screens call. This is its whole public face;
+/// what the properties mean stands in AppState.h.
+///
+/// Bound to the main thread: to use it on any other stops the program. Work is done by the scanner and the network
+/// while the coroutines here are suspended; should the object be gone when they resume, they write nothing. No
+/// operation ever throws, and each returns at once.
+///
+/// Every assignment to a property tells observers, whether or not the value differs: objectWillChange() before, the
+/// property's own signal after.
+class AppViewModel final : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(ScanPhase phase READ phase WRITE setPhase NOTIFY phaseChanged)
+    Q_PROPERTY(AppSection section READ section WRITE setSection NOTIFY sectionChanged)
+    Q_PROPERTY(ScanTotals totals READ totals WRITE setTotals NOTIFY totalsChanged)
+    Q_PROPERTY(QList<CleanupCandidate> candidates READ candidates WRITE setCandidates NOTIFY candidatesChanged)
+    Q_PROPERTY(double scanProgress READ scanProgress WRITE setScanProgress NOTIFY scanProgressChanged)
+    Q_PROPERTY(QString scanLabel READ scanLabel WRITE setScanLabel NOTIFY scanLabelChanged)
+    Q_PROPERTY(std::optional<CleanupRisk> selectedFilter READ selectedFilter WRITE setSelectedFilter NOTIFY
+                   selectedFilterChanged)
+    Q_PROPERTY(std::optional<CleanupReport> cleanupReport READ cleanupReport WRITE setCleanupReport NOTIFY
+                   cleanupReportChanged)
+    Q_PROPERTY(std::optional<QString> aiSummary READ aiSummary WRITE setAiSummary NOTIFY aiSummaryChanged)
+    Q_PROPERTY(bool showSetupWizard READ showSetupWizard WRITE setShowSetupWizard NOTIFY showSetupWizardChanged)
+    Q_PROPERTY(int setupStep READ setupStep WRITE setSetupStep NOTIFY setupStepChanged)
+    Q_PROPERTY(bool showMoveToApplicationsPrompt READ showMoveToApplicationsPrompt WRITE setShowMoveToApplicationsPrompt
+                   NOTIFY showMoveToApplicationsPromptChanged)
+    Q_PROPERTY(bool showMoveToApplicationsError READ showMoveToApplicationsError WRITE setShowMoveToApplicationsError
+                   NOTIFY showMoveToApplicationsErrorChanged)
+    Q_PROPERTY(QString moveToApplicationsErrorMessage READ moveToApplicationsErrorMessage WRITE
+                   setMoveToApplicationsErrorMessage NOTIFY moveToApplicationsErrorMessageChanged)
+    Q_PROPERTY(bool isGeneratingAI READ isGeneratingAI WRITE setIsGeneratingAI NOTIFY isGeneratingAIChanged)
+
+public:
+    /// Begins to read the figures of the home folder's disk, which replace totals() soon.
+    explicit AppViewModel(AppEnvironment environment = {}, QObject *parent = nullptr);
+
+    ScanPhase phase() const { return read(state.phase); }
+    AppSection section() const { return read(state.section); }
+    ScanTotals totals() const { return read(state.totals); }
+    QList<CleanupCandidate> candidates() const { return read(state.candidates); }
+    double scanProgress() const { return read(state.scanProgress); }
+    QString scanLabel() const { return read(state.scanLabel); }
+    std::optional<CleanupRisk> selectedFilter() const { return read(state.selectedFilter); }
+    std::optional<CleanupReport> cleanupReport() const { return read(state.cleanupReport); }
+    std::optional<QString> aiSummary() const { return read(state.aiSummary); }
+    bool showSetupWizard() const { return read(state.showSetupWizard); }
+    int setupStep() const { return read(state.setupStep); }
+    bool showMoveToApplicationsPrompt() const { return read(state.showMoveToApplicationsPrompt); }
+    bool showMoveToApplicationsError() const { return read(state.showMoveToApplicationsError); }
+    QString moveToApplicationsErrorMessage() const { return read(state.moveToApplicationsErrorMessage); }
+    bool isGeneratingAI() const { return read(state.isGeneratingAI); }
+
+    void setPhase(ScanPhase value) { assign(state.phase, std::move(value), &AppViewModel::phaseChanged); }
+    void setSection(AppSection value) { assign(state.section, std::move(value), &AppViewModel::sectionChanged); }
+    void setTotals(ScanTotals value) { assign(state.totals, std::move(value), &AppViewModel::totalsChanged); }
+    void setCandidates(QList<CleanupCandidate> value)
+    {
+        assign(state.candidates, std::move(value), &AppViewModel::candidatesChanged);
+    }
+    void setScanProgress(double value)
+    {
+        assign(state.scanProgress, std::move(value), &AppViewModel::scanProgressChanged);
+    }
+    void setScanLabel(QString value) { assign(state.scanLabel, std::move(value), &AppViewModel::scanLabelChanged); }
+    void setSelectedFilter(std::optional<CleanupRisk> value)
+    {
+        assign(state.selectedFilter, std::move(value), &AppViewModel::selectedFilterChanged);
+    }
+    void setCleanupReport(std::optional<CleanupReport> value)
+    {
+        assign(state.cleanupReport, std::move(value), &AppViewModel::cleanupReportChanged);
+    }
+    void setAiSummary(std::optional<QString> value)
+    {
+        assign(state.aiSummary, std::move(value), &AppViewModel::aiSummaryChanged);
+    }
+    void setShowSetupWizard(bool value)
+    {
+        assign(state.showSetupWizard, std::move(value), &AppViewModel::showSetupWizardChanged);
+    }
+    void setSetupStep(int value) { assign(state.setupStep, std::move(value), &AppViewModel::setupStepChanged); }
+    void setShowMoveToApplicationsPrompt(bool value)
+    {
+        assign(state.showMoveToApplicationsPrompt, std::move(value),
+               &AppViewModel::showMoveToApplicationsPromptChanged);
+    }
+    void setShowMoveToApplicationsError(bool value)
+    {
+        assign(state.showMoveToApplicationsError, std::move(value), &AppViewModel::showMoveToApplicationsErrorChanged);
+    }
+    void setMoveToApplicationsErrorMessage(QString value)
+    {
+        assign(state.moveToApplicationsErrorMessage, std::move(value),
+               &AppViewModel::moveToApplicationsErrorMessageChanged);
+    }
+    void setIsGeneratingAI(bool value)
+    {
+        assign(state.isGeneratingAI, std::move(value), &AppViewModel::isGeneratingAIChanged);
+    }
+
+    // Figures derived from the candidates as they are now; nothing is kept. A sum that does not fit stops the program.
+
+    qint64 categoryBytes(CleanupCategory category) const; ///< Whatever the filter and the selection.
+    QList<CleanupCandidate> visibleCandidates() const;    ///< Those that pass the filter.
+    QList<CleanupCandidate> selectedCandidates() const;
+    qint64 selectedBytes() const;
+    qsizetype protectedCount() const; ///< Of candidates never to be touched, visible or not.
+
+    /// Flips the selection of the candidate with the same identifier, animated. Does nothing if \a candidate is never
+    /// to be touched or is no longer there.
+    void toggleCandidate(const CleanupCandidate &candidate);
+
+    /// Scans the home folder and shows what was found, then asks for an explanation of it. Replaces a scan under way,
+    /// whose results are thrown away.
+    void startScan();
+
+    /// Moves the selected candidates to the Trash, takes them off the list and shows a report. Does nothing if none is
+    /// selected.
+    void moveSelectedToTrash();
+
+Q_SIGNALS:
+    /// A property is about to be assigned.
+    void objectWillChange();
+
+    /// The assignment that follows at once is to be animated.
+    void willAnimate(const SpringAnimation &animation);
+
+    void phaseChanged();
+    void sectionChanged();
+    void totalsChanged();
+    void candidatesChanged();
+    void scanProgressChanged();
+    void scanLabelChanged();
+    void selectedFilterChanged();
+    void cleanupReportChanged();
+    void aiSummaryChanged();
+    void showSetupWizardChanged();
+    void setupStepChanged();
+    void showMoveToApplicationsPromptChanged();
+    void showMoveToApplicationsErrorChanged();
+    void moveToApplicationsErrorMessageChanged();
+    void isGeneratingAIChanged();
+
+private:
+    using Signal = void (AppViewModel::*)();
+
+    void requireMainThread() const;
+
+    template <typename Value>
+    const Value &read(const Value &property) const
+    {
+        requireMainThread();
+        return property;
+    }
+
+    /// Has \a change, a callable, alter one property.
+    template <typename Change>
+    void publish(Signal changed, Change change)
+    {
+        requireMainThread();
+        Q_EMIT objectWillChange();
+        change();
+        Q_EMIT(this->*changed)();
+    }
+
+    template <typename Value>
+    void assign(Value &property, Value value, Signal changed)
+    {
+        publish(changed, [&] { property = std::move(value); });
+    }
+
+    QCoro::Task<> readDiskTotals();
+    QCoro::Task<> runScan(std::stop_token cancelled);
+    QCoro::Task<> explainWithGemini();
+    QCoro::Task<> runCleanup(QList<CleanupCandidate> selected);
+
+    AppEnvironment environment;
+    FileSizeScanner scanner{environment.fileManager};
+    std::optional<std::stop_source> scanTask; ///< Cancels the last scan that was started.
+    AppState state;
+};

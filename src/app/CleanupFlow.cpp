@@ -1,0 +1,36 @@
+#include "app/AppViewModel.h"
+
+#include <QPointer>
+
+void AppViewModel::moveSelectedToTrash()
+{
+    const QList<CleanupCandidate> selected = selectedCandidates();
+    if (selected.isEmpty())
+        return;
+    setPhase(ScanPhase::scanning);
+    setSection(AppSection::scan);
+    setScanProgress(0.22);
+    setScanLabel(QStringLiteral("Moving selected files to Trash"));
+    runCleanup(selected);
+}
+
+QCoro::Task<> AppViewModel::runCleanup(QList<CleanupCandidate> selected)
+{
+    const QPointer<AppViewModel> self(this);
+    const CleanupReport report = co_await scanner.moveToTrash(std::move(selected));
+    if (!self)
+        co_return;
+    const ScanTotals totals = co_await scanner.diskTotals(environment.fileManager->homeDirectoryForCurrentUser());
+    if (!self)
+        co_return;
+    setTotals(totals);
+    publish(&AppViewModel::candidatesChanged, [this] {
+        // What is selected by now, wherever it could be moved to: the report tells what really happened.
+        state.candidates.removeIf([](const CleanupCandidate &candidate) {
+            return candidate.selected && candidate.risk != CleanupRisk::never;
+        });
+    });
+    setCleanupReport(report);
+    setPhase(ScanPhase::report);
+    setSection(AppSection::report);
+}

@@ -1,0 +1,52 @@
+#include "ai/Prompt.h"
+#include "app/AppViewModel.h"
+
+#include <QPointer>
+
+void AppViewModel::startScan()
+{
+    requireMainThread();
+    if (scanTask)
+        scanTask->request_stop();
+    setPhase(ScanPhase::scanning);
+    setSection(AppSection::scan);
+    setScanProgress(0.05);
+    setScanLabel(QStringLiteral("Initialising Tidlo scanner..."));
+    setAiSummary(std::nullopt);
+    setIsGeneratingAI(true); // Already now, so that the results show at once that an explanation is on its way.
+    setCleanupReport(std::nullopt);
+    scanTask.emplace();
+    runScan(scanTask->get_token());
+}
+
+QCoro::Task<> AppViewModel::runScan(std::stop_token cancelled)
+{
+    const QPointer<AppViewModel> self(this); // The window may close while the scan runs.
+    const auto showProgress = [self](double fraction, const QString &label) {
+        if (!self)
+            return;
+        self->setScanProgress(fraction);
+        self->setScanLabel(label);
+    };
+    ScanSnapshot snapshot = co_await scanner.scan(showProgress);
+    if (!self || cancelled.stop_requested())
+        co_return; // A superseded scan writes nothing.
+    setTotals(snapshot.totals);
+    setCandidates(std::move(snapshot.candidates));
+    setPhase(ScanPhase::results);
+    setSection(AppSection::results);
+    co_await explainWithGemini();
+}
+
+QCoro::Task<> AppViewModel::explainWithGemini()
+{
+    const QPointer<AppViewModel> self(this);
+    setIsGeneratingAI(true);
+    const QList<CleanupCandidate> explained = explainedCandidates(candidates());
+    const std::optional<QString> explanation = co_await environment.explain(explained);
+    if (!self)
+        co_return;
+    if (explanation && !explanation->isEmpty())
+        setAiSummary(explanation);
+    setIsGeneratingAI(false);
+}

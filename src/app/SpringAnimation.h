@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QMetaType>
+
+/// How views animate a change: a spring, with times in seconds.
+struct SpringAnimation
+{
+    Q_GADGET
+    Q_PROPERTY(double response MEMBER response)
+    Q_PROPERTY(double dampingFraction MEMBER dampingFraction)
+    Q_PROPERTY(double blendDuration MEMBER blendDuration)
+
+public:
+    double response = 0;
+    double dampingFraction = 1;
+    double blendDuration = 0;
+
+    bool operator==(const SpringAnimation &) const = default;
+};

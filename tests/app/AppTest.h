@@ -1,0 +1,50 @@
+#pragma once
+
+#include "app/FakeExplainer.h"
+#include "app/NotificationLog.h"
+#include "fakes/FakeFileManager.h"
+#include "support/PrintQt.h"
+#include "support/TemporaryHome.h"
+
+#include <gmock/gmock.h>
+
+#include <functional>
+
+/// A state owner with a real scanner on a real home, and an explainer that the test answers for.
+class AppTest : public testing::Test
+{
+protected:
+    ~AppTest() override;
+
+    AppEnvironment environment();
+
+    /// The state owner, made when it is first asked for, and its figures of the disk awaited.
+    AppViewModel &model();
+
+    /// Lets go of it, as when the window closes.
+    void closeWindow() { owner.reset(); }
+
+    /// Runs the event loop until \a condition holds.
+    static void waitUntil(const std::function<bool()> &condition);
+
+    /// Lets everything that is under way come to its end, with the state owner gone.
+    void letAllEnd();
+
+    /// Starts a scan and waits for its results and the request for an explanation.
+    void scan();
+
+    /// Shows \a candidates as if a scan had found them.
+    void show(const QList<CleanupCandidate> &candidates) { model().setCandidates(candidates); }
+
+    TemporaryHome home;
+    std::shared_ptr<testing::NiceMock<FakeFileManager>> files =
+        std::make_shared<testing::NiceMock<FakeFileManager>>(home.path());
+    FakeExplainer explainer;
+
+private:
+    std::unique_ptr<AppViewModel> owner;
+};
+
+/// A candidate of that title, selected unless it is never to be touched.
+CleanupCandidate candidate(const char *title, CleanupRisk risk = CleanupRisk::safe, qint64 bytes = 1,
+                           CleanupCategory category = CleanupCategory::caches);

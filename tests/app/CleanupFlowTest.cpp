@@ -1,0 +1,275 @@
+#include "app/AppTest.h"
+
+#include <QCoreApplication>
+
+#include <semaphore>
+
+#include <sys/stat.h>
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::IsSupersetOf;
+
+namespace {
+
+class CleanupFlow : public AppTest
+{
+protected:
+    /// A candidate with files of one block each.
+    CleanupCandidate withFiles(const char *title, const QList<FilePath> &names, CleanupRisk risk = CleanupRisk::safe)
+    {
+        CleanupCandidate made = candidate(title, risk, 4'096 * names.size());
+        for (const FilePath &name : names)
+            made.paths.append(home.file(name, 4'096));
+        return made;
+    }
+
+    static bool exists(const FilePath &path)
+    {
+        struct stat status;
+        return lstat(path.constData(), &status) == 0;
+    }
+
+    void waitForReport()
+    {
+        waitUntil([&] { return model().section() == AppSection::report; });
+    }
+
+    void cleanUp()
+    {
+        model().moveSelectedToTrash();
+        waitForReport();
+    }
+};
+
+CleanupCandidate unselected(CleanupCandidate candidate)
+{
+    candidate.selected = false;
+    return candidate;
+}
+
+} // namespace
+
+TEST_F(CleanupFlow, DoesNothingAtAllWhenNothingIsSelected)
+{
+    show({unselected(withFiles("A", {"a"})), candidate("B", CleanupRisk::never)});
+    NotificationLog log(model());
+    EXPECT_CALL(*files, trashItem).Times(0);
+
+    model().moveSelectedToTrash();
+    QCoreApplication::processEvents();
+
+    EXPECT_THAT(log.taken(), IsEmpty());
+}
+
+TEST_F(CleanupFlow, MovesWhatIsSelectedAndReports)
+{
+    show({withFiles("A", {"a", "b"}), unselected(withFiles("B", {"c"})), withFiles("C", {"d"}, CleanupRisk::review)});
+    model().setAiSummary(QStringLiteral("Explanation"));
+    NotificationLog log(model());
+
+    model().moveSelectedToTrash();
+    EXPECT_THAT(log.taken(), ElementsAre("phase: scanning", "section: scan", "scanProgress: 0.22",
+                                         "scanLabel: Moving selected files to Trash"));
+
+    waitForReport();
+    EXPECT_THAT(log.taken(), ElementsAre("totals: 0 bytes", "candidates: [-B]", "cleanupReport: 3 removed, 0 protected",
+                                         "phase: report", "section: report"));
+    EXPECT_FALSE(exists(home / "a"));
+    EXPECT_FALSE(exists(home / "b"));
+    EXPECT_TRUE(exists(home / "c"));
+    EXPECT_FALSE(exists(home / "d"));
+    EXPECT_EQ(model().cleanupReport()->recoveredBytes, 3 * 4'096);
+    EXPECT_EQ(model().cleanupReport()->aiSummary, std::nullopt);
+    EXPECT_EQ(model().aiSummary(), QStringLiteral("Explanation"));
+    EXPECT_EQ(explainer.asked(), 0);
+}
+
+TEST_F(CleanupFlow, LeavesTheFiguresOfTheDiskAlone)
+{
+    home.file("Library/Caches/pip/wheel", 8'192);
+    scan();
+    ASSERT_EQ(model().totals().totalBytes, 8'192);
+    ASSERT_GT(model().totals().recoverablePercent, 0);
+
+    cleanUp();
+
+    EXPECT_EQ(model().totals().totalBytes, 0);
+    EXPECT_EQ(model().totals().recoverableBytes, 0);
+    EXPECT_EQ(model().totals().recoverablePercent, 0);
+    EXPECT_GT(model().totals().diskUsedPercent, 0);
+    EXPECT_GT(model().totals().freeBytes, 0);
+    EXPECT_GT(model().totals().volumeBytes, 0);
+    EXPECT_GT(model().cleanupReport()->finalDiskUsedPercent, 0);
+}
+
+TEST_F(CleanupFlow, ReportsOnAnUnreadableVolumeToo)
+{
+    show({withFiles("A", {"a"})});
+    ON_CALL(*files, volumeCapacity).WillByDefault(testing::Return(std::nullopt));
+    ON_CALL(*files, fileSystemAttributes).WillByDefault(testing::Return(std::nullopt));
+
+    cleanUp();
+
+    EXPECT_EQ(model().totals(), ScanTotals());
+    EXPECT_EQ(model().cleanupReport()->removedItems, 1);
+    EXPECT_EQ(model().cleanupReport()->finalDiskUsedPercent, 0);
+}
+
+TEST_F(CleanupFlow, LeavesAloneWhatIsNeverToBeTouched)
+{
+    CleanupCandidate first = withFiles("A", {"a"}, CleanupRisk::never);
+    CleanupCandidate second = withFiles("B", {"b"}, CleanupRisk::never);
+    first.selected = second.selected = true;
+    show({first, second});
+
+    cleanUp();
+
+    EXPECT_EQ(model().cleanupReport()->removedItems, 0);
+    EXPECT_EQ(model().cleanupReport()->recoveredBytes, 0);
+    EXPECT_EQ(model().cleanupReport()->protectedItems, 2);
+    EXPECT_EQ(model().candidates(), (QList<CleanupCandidate>{first, second}));
+    EXPECT_EQ(model().phase(), ScanPhase::report);
+    EXPECT_TRUE(exists(home / "a"));
+}
+
+TEST_F(CleanupFlow, TakesOffTheListWhatHasVanishedOrIsRefused)
+{
+    CleanupCandidate vanished = candidate("A", CleanupRisk::safe, 4'096);
+    vanished.paths = {home / "missing"};
+    const CleanupCandidate refused = withFiles("B", {"b"});
+    show({vanished, refused, unselected(candidate("C"))});
+    ON_CALL(*files, trashItem).WillByDefault([](const FilePath &) {
+        return TrashOutcome{.kind = TrashOutcome::Kind::refused, .reason = QStringLiteral("No.")};
+    });
+
+    cleanUp();
+
+    EXPECT_EQ(inWords(QVariant::fromValue(model().candidates())), "[-C]");
+    EXPECT_EQ(model().cleanupReport()->removedItems, 0);
+    EXPECT_EQ(model().cleanupReport()->recoveredBytes, 0);
+}
+
+TEST_F(CleanupFlow, KeepsTheOrderOfWhatRemains)
+{
+    show({unselected(candidate("A")), candidate("B"), unselected(candidate("C")), candidate("D"),
+          candidate("E", CleanupRisk::never), unselected(candidate("F"))});
+
+    cleanUp();
+
+    EXPECT_EQ(inWords(QVariant::fromValue(model().candidates())), "[-A, -C, -E, -F]");
+}
+
+TEST_F(CleanupFlow, MovesWhatWasSelectedAndTakesOffTheListWhatIsSelectedInTheEnd)
+{
+    const CleanupCandidate first = withFiles("A", {"a"});
+    const CleanupCandidate second = unselected(withFiles("B", {"b"}));
+    show({first, second});
+
+    model().moveSelectedToTrash();
+    model().toggleCandidate(first);
+    model().toggleCandidate(second);
+    waitForReport();
+
+    EXPECT_FALSE(exists(home / "a"));
+    EXPECT_TRUE(exists(home / "b"));
+    EXPECT_EQ(inWords(QVariant::fromValue(model().candidates())), "[-A]");
+    EXPECT_EQ(model().cleanupReport()->removedItems, 1);
+}
+
+TEST_F(CleanupFlow, IsNotCancelledByAScanThatShowsItsResultsAfterwards)
+{
+    home.file("Library/Caches/pip/wheel", 8'192);
+    show({withFiles("A", {"a"})});
+    NotificationLog log(model());
+
+    model().moveSelectedToTrash();
+    scan();
+
+    EXPECT_FALSE(exists(home / "a"));
+    EXPECT_EQ(model().phase(), ScanPhase::results);
+    EXPECT_EQ(model().section(), AppSection::results);
+    EXPECT_EQ(model().cleanupReport()->removedItems, 1);
+    EXPECT_EQ(inWords(QVariant::fromValue(model().candidates())), "[+User and developer caches]");
+    EXPECT_THAT(log.taken(), IsSupersetOf({"phase: report", "section: report"}));
+}
+
+TEST_F(CleanupFlow, DoesNotCancelAScanAndMayFinishAfterIt)
+{
+    home.file("Library/Caches/pip/wheel", 8'192);
+    show({withFiles("A", {"a"})});
+    model().startScan();
+    waitUntil([&] { return model().scanLabel() == QStringLiteral("Ready"); });
+
+    model().moveSelectedToTrash();
+    waitForReport();
+
+    EXPECT_FALSE(exists(home / "a"));
+    EXPECT_EQ(explainer.asked(), 1);
+    EXPECT_EQ(model().phase(), ScanPhase::report);
+    // What the scan found is selected and was therefore taken off the list, though not moved.
+    EXPECT_TRUE(model().candidates().isEmpty());
+    EXPECT_TRUE(exists(home / "Library/Caches/pip/wheel"));
+    EXPECT_EQ(model().cleanupReport()->removedItems, 1);
+}
+
+TEST_F(CleanupFlow, IsFollowedByAScanThatClearsTheReportAtOnce)
+{
+    show({withFiles("A", {"a"})});
+    cleanUp();
+    ASSERT_TRUE(model().cleanupReport());
+
+    model().startScan();
+
+    EXPECT_EQ(model().cleanupReport(), std::nullopt);
+}
+
+TEST_F(CleanupFlow, MayEndWithTheWindowBeforeItBegins)
+{
+    show({withFiles("A", {"a"})});
+    model().moveSelectedToTrash();
+
+    closeWindow();
+    letAllEnd();
+}
+
+TEST_F(CleanupFlow, IsStoppedBetweenTwoItemsWhenTheWindowCloses)
+{
+    show({withFiles("A", {"a", "b", "c"})});
+    std::atomic<int> moved = 0;
+    bool isClosed = false;
+    ON_CALL(*files, trashItem).WillByDefault([&](const FilePath &) {
+        if (++moved == 1) {
+            QMetaObject::invokeMethod(qApp, [&] {
+                closeWindow();
+                isClosed = true;
+            });
+        }
+        return TrashOutcome{.kind = TrashOutcome::Kind::moved, .reason = {}};
+    });
+
+    model().moveSelectedToTrash();
+    waitUntil([&] { return isClosed; });
+    letAllEnd();
+}
+
+TEST_F(CleanupFlow, MayEndWithTheWindowWhileTheDiskIsRead)
+{
+    show({withFiles("A", {"a"})});
+    int reads = 0;
+    bool isClosed = false;
+    // The report's own figures are read first, then those for the sidebar.
+    ON_CALL(*files, volumeCapacity).WillByDefault([&](const FilePath &) {
+        if (++reads == 2) {
+            QMetaObject::invokeMethod(qApp, [&] {
+                closeWindow();
+                isClosed = true;
+            });
+        }
+        return VolumeCapacity{.total = 2, .available = 1};
+    });
+
+    model().moveSelectedToTrash();
+    waitUntil([&] { return isClosed; });
+    letAllEnd();
+}

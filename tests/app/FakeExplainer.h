@@ -1,0 +1,59 @@
+#pragma once
+
+#include "app/AppEnvironment.h"
+
+#include <coroutine>
+#include <memory>
+#include <vector>
+
+/// Keeps whoever asks for an explanation waiting until the test answers.
+class FakeExplainer final
+{
+public:
+    /// Answers nothing to those who still wait.
+    ~FakeExplainer()
+    {
+        for (size_t request = 0; request < requests.size(); ++request)
+            answer(request, std::nullopt);
+    }
+
+    AppEnvironment::Explain explain()
+    {
+        return [this](QList<CleanupCandidate> candidates) { return ask(std::move(candidates)); };
+    }
+
+    size_t asked() const { return requests.size(); }
+    const QList<CleanupCandidate> &candidates(size_t request) const { return requests.at(request)->candidates; }
+
+    /// Resumes who asked, before it returns; does nothing if that request has been answered.
+    void answer(size_t request, const std::optional<QString> &text)
+    {
+        Request &asking = *requests.at(request);
+        asking.text = text;
+        if (const auto waiting = std::exchange(asking.waiting, nullptr))
+            waiting.resume();
+    }
+
+private:
+    struct Request
+    {
+        QList<CleanupCandidate> candidates;
+        std::optional<QString> text;
+        std::coroutine_handle<> waiting;
+
+        bool await_ready() const { return false; }
+        void await_suspend(std::coroutine_handle<> handle) { waiting = handle; }
+        void await_resume() const {}
+    };
+
+    QCoro::Task<std::optional<QString>> ask(QList<CleanupCandidate> candidates)
+    {
+        const auto request = std::make_shared<Request>();
+        request->candidates = std::move(candidates);
+        requests.push_back(request);
+        co_await *request;
+        co_return request->text;
+    }
+
+    std::vector<std::shared_ptr<Request>> requests;
+};
