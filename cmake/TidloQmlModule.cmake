@@ -1,0 +1,24 @@
+# Where the modules of QML lie in the resources, and for qmllint on the disk.
+set(QT_QML_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/qml")
+
+# tidlo_qml_module(name URI uri SOURCES files... QML files... [SINGLETONS files...] [RESOURCES files...]
+# [LINKS targets...]): one folder of src/ui/ as a static library, and the module of QML that it is.
+function(tidlo_qml_module name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "URI" "SOURCES;QML;LINKS")
+    qt_add_library(${name} STATIC)
+    target_include_directories(${name} PUBLIC "${PROJECT_SOURCE_DIR}/src")
+    qt_add_qml_module(${name}
+        URI ${arg_URI}
+        VERSION 1.0
+        NO_PLUGIN
+        RESOURCE_PREFIX /qt/qml
+        IMPORT_PATH "${QT_QML_OUTPUT_DIRECTORY}"
+        SOURCES ${arg_SOURCES}
+        QML_FILES ${arg_QML})
+    target_link_libraries(${name} PUBLIC ${arg_LINKS})
+    # The code that Qt makes of the QML files is not held to our warnings.
+    foreach(file IN LISTS arg_QML)
+        string(REPLACE ".qml" "_qml.cpp" compiled "${name}_${file}")
+        set_source_files_properties("${CMAKE_CURRENT_BINARY_DIR}/.rcc/qmlcache/${compiled}" PROPERTIES COMPILE_OPTIONS -w)
+    endforeach()
+endfunction()

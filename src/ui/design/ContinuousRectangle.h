@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QColor>
+#include <QQuickPaintedItem>
+
+/// A filled rectangle with continuous corners, and a line inside its edge if it is given a width. Drawn anew only when
+/// one of its properties or its size changes.
+class ContinuousRectangle : public QQuickPaintedItem
+{
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(QColor color MEMBER fill NOTIFY looksChanged)
+    Q_PROPERTY(double radius MEMBER cornerRadius NOTIFY looksChanged)
+    Q_PROPERTY(Qt::Edges straightEdges MEMBER straight NOTIFY looksChanged)
+    Q_PROPERTY(QColor borderColor MEMBER line NOTIFY looksChanged)
+    Q_PROPERTY(double borderWidth MEMBER lineWidth NOTIFY looksChanged)
+
+public:
+    explicit ContinuousRectangle(QQuickItem *parent = nullptr);
+
+    void paint(QPainter *painter) override;
+
+Q_SIGNALS:
+    void looksChanged();
+
+private:
+    QColor fill = Qt::transparent;
+    double cornerRadius = 0;
+    Qt::Edges straight; ///< Edges whose corners are square.
+    QColor line = Qt::transparent;
+    double lineWidth = 0;
+};

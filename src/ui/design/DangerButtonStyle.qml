@@ -1,0 +1,14 @@
+import QtQuick
+import Tidlo.Design
+
+/// For what cannot be taken back easily.
+LabelledButton {
+    id: root
+
+    labelFont: TidloType.system(13, Font.DemiBold)
+    labelColor: root.enabled ? TidloTheme.red : TidloTheme.faded(TidloTheme.mutedText, 0.55)
+    fill: TidloTheme.faded(TidloTheme.red, root.enabled ? (root.pressed ? 0.16 : 0.1) : 0.04)
+    borderColor: TidloTheme.faded(TidloTheme.red, root.enabled ? 0.35 : 0.12)
+    borderWidth: 1
+    sidePadding: 24
+}

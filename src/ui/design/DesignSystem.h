@@ -1,0 +1,14 @@
+#pragma once
+
+// The whole public face of the design system. Its elements for QML are the module Tidlo.Design: the surfaces, buttons,
+// rings and texts of this folder. Nothing here knows what Tidlo does.
+
+#include "ui/design/ContinuousCorners.h"
+#include "ui/design/Motion.h"
+#include "ui/design/Spring.h"
+#include "ui/design/ThemePreference.h"
+#include "ui/design/TidloTheme.h"
+#include "ui/design/TidloType.h"
+
+/// Makes the module known to QML, before the first engine loads anything. Needs an application object.
+void useDesignSystem();

@@ -1,0 +1,42 @@
+import QtQuick
+import Tidlo.Design
+
+/// A ring gauge that stands alone. It grows to its value once, when it appears, and follows it from then on.
+Column {
+    id: root
+
+    /// A fraction from 0 to 1.
+    required property double value
+    /// That fraction for people.
+    required property string valueText
+    required property string label
+    property string caption: ""
+    required property color color
+
+    spacing: 8
+
+    Accessible.role: Accessible.Indicator
+    Accessible.name: qsTr("%1 %2").arg(root.valueText).arg(root.label)
+
+    GrowingRing {
+        anchors.horizontalCenter: parent.horizontalCenter
+        width: 72
+        height: 72
+        lineWidth: 8
+        trackColor: TidloTheme.faded(TidloTheme.systemGray, TidloTheme.mixed(0.2, 0.15))
+        color: root.color
+        value: root.value
+        valueText: root.valueText
+        valueFont: TidloType.rounded(20, Font.Bold)
+        label: root.label
+        labelFont: TidloType.system(9, Font.Bold)
+    }
+
+    TidloText {
+        anchors.horizontalCenter: parent.horizontalCenter
+        visible: root.caption !== ""
+        text: root.caption
+        font: TidloType.tiny
+        color: TidloTheme.mutedText
+    }
+}

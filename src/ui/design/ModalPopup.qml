@@ -1,0 +1,39 @@
+import QtQuick
+import QtQuick.Templates as T
+import Tidlo.Design
+
+/// What alerts and sheets share: modal inside the window, in front of a scrim that keeps the window's corners. The keyboard
+/// stays inside until it is closed, and then goes back to where it was.
+T.Popup {
+    id: root
+
+    /// Corners of the window that the scrim covers.
+    property double windowRadius: 10
+
+    anchors.centerIn: T.Overlay.overlay
+    implicitWidth: contentWidth + leftPadding + rightPadding
+    implicitHeight: contentHeight + topPadding + bottomPadding
+    modal: true
+    focus: true
+    dim: true
+
+    T.Overlay.modal: ContinuousRectangle {
+        radius: root.windowRadius
+        color: TidloTheme.faded("black", TidloTheme.mixed(0.5, 0.3))
+    }
+
+    enter: Transition {
+        NumberAnimation { property: "opacity"; from: 0; to: 1; duration: 160; easing.type: Easing.OutCubic }
+        NumberAnimation { property: "scale"; from: 0.96; to: 1; duration: 160; easing.type: Easing.OutCubic }
+    }
+    exit: Transition {
+        NumberAnimation { property: "opacity"; to: 0; duration: 120 }
+    }
+
+    background: ContinuousRectangle {
+        radius: 14
+        color: TidloTheme.cardSurface
+        borderColor: TidloTheme.controlBorder
+        borderWidth: 1
+    }
+}

@@ -1,0 +1,32 @@
+import QtQuick
+import QtQuick.Templates as T
+import Tidlo.Design
+
+/// A button that is nothing but its contents, with a focus ring for the keyboard. Space and Return press it.
+T.AbstractButton {
+    id: root
+
+    /// Corners of the focus ring.
+    property double cornerRadius: 9
+
+    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    implicitHeight: implicitContentHeight + topPadding + bottomPadding
+    focusPolicy: Qt.StrongFocus
+    hoverEnabled: true
+
+    Accessible.role: Accessible.Button
+    Accessible.name: root.text
+    Accessible.onPressAction: root.click()
+
+    Keys.onReturnPressed: root.click()
+    Keys.onEnterPressed: root.click()
+
+    HoverHandler {
+        cursorShape: root.enabled ? Qt.PointingHandCursor : Qt.ArrowCursor
+    }
+
+    FocusRing {
+        visible: root.visualFocus
+        cornerRadius: root.cornerRadius
+    }
+}

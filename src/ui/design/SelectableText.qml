@@ -1,0 +1,29 @@
+import QtQuick
+import Tidlo.Design
+
+/// A text that can be selected and copied, but not changed. Nothing in it is taken for markup.
+TextEdit {
+    id: root
+
+    /// For those who hear it, before the text itself.
+    required property string name
+
+    readOnly: true
+    selectByMouse: true
+    selectByKeyboard: true
+    activeFocusOnTab: true
+    textFormat: TextEdit.PlainText
+    wrapMode: TextEdit.Wrap
+    selectionColor: TidloTheme.faded(TidloTheme.blue, 0.45)
+    selectedTextColor: TidloTheme.primaryText
+
+    Accessible.role: Accessible.StaticText
+    Accessible.name: root.name
+    Accessible.description: root.text
+    Accessible.readOnly: true
+
+    FocusRing {
+        visible: root.activeFocus
+        cornerRadius: 4
+    }
+}

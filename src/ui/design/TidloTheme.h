@@ -1,0 +1,114 @@
+#pragma once
+
+#include "ui/design/ThemePreference.h"
+
+#include <QColor>
+#include <QObject>
+#include <QVariantAnimation>
+#include <QtQml/qqmlregistration.h>
+
+/// The colours of the interface, and the theme that chooses them. All are sRGB. Main thread.
+///
+/// While the scheme changes, every colour moves on a spring from the one scheme's to the other's; what is drawn is only
+/// drawn again, so nothing that moves starts anew. The first preference that is set is in force at once.
+class TidloTheme : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_SINGLETON
+
+    /// The stored preference, as ThemePreference.h explains it.
+    Q_PROPERTY(QString preference READ preference WRITE setPreference NOTIFY preferenceChanged)
+    Q_PROPERTY(QString label READ label NOTIFY preferenceChanged)
+    Q_PROPERTY(QString symbol READ symbol NOTIFY preferenceChanged)
+    Q_PROPERTY(QString nextPreference READ nextPreference NOTIFY preferenceChanged)
+    /// Whether the dark scheme is in force, or on its way.
+    Q_PROPERTY(bool isDark READ isDark NOTIFY schemeChanged)
+    /// From 1, dark, to 0, light, for what is no colour but changes with them.
+    Q_PROPERTY(double darkness READ darkness NOTIFY colorsChanged)
+
+    // The accents, which no scheme changes.
+    Q_PROPERTY(QColor blue READ blue CONSTANT)
+    Q_PROPERTY(QColor green READ green CONSTANT)
+    Q_PROPERTY(QColor red READ red CONSTANT)
+
+    // Surfaces, texts and lines.
+    Q_PROPERTY(QColor cardSurface READ cardSurface NOTIFY colorsChanged)
+    Q_PROPERTY(QColor controlSurface READ controlSurface NOTIFY colorsChanged)
+    Q_PROPERTY(QColor controlBorder READ controlBorder NOTIFY colorsChanged)
+    Q_PROPERTY(QColor primaryText READ primaryText NOTIFY colorsChanged)
+    Q_PROPERTY(QColor mutedText READ mutedText NOTIFY colorsChanged)
+    Q_PROPERTY(QColor windowBackground READ windowBackground NOTIFY colorsChanged)
+    Q_PROPERTY(QColor topBarBackground READ topBarBackground NOTIFY colorsChanged)
+    Q_PROPERTY(QColor railBackground READ railBackground NOTIFY colorsChanged)
+    Q_PROPERTY(QColor railSymbol READ railSymbol NOTIFY colorsChanged)
+    Q_PROPERTY(QColor sidebarBackground READ sidebarBackground NOTIFY colorsChanged)
+
+    // The platform's own.
+    Q_PROPERTY(QColor systemBlue READ systemBlue NOTIFY colorsChanged)
+    Q_PROPERTY(QColor systemMint READ systemMint NOTIFY colorsChanged)
+    Q_PROPERTY(QColor systemPurple READ systemPurple NOTIFY colorsChanged)
+    Q_PROPERTY(QColor systemYellow READ systemYellow NOTIFY colorsChanged)
+    Q_PROPERTY(QColor systemOrange READ systemOrange NOTIFY colorsChanged)
+    Q_PROPERTY(QColor systemRed READ systemRed NOTIFY colorsChanged)
+    Q_PROPERTY(QColor systemGray READ systemGray NOTIFY colorsChanged)
+    Q_PROPERTY(QColor secondaryLabel READ secondaryLabel NOTIFY colorsChanged)
+    Q_PROPERTY(QColor divider READ divider NOTIFY colorsChanged)
+
+public:
+    explicit TidloTheme(QObject *parent = nullptr);
+
+    QString preference() const { return storedPreference; }
+    void setPreference(const QString &preference);
+    QString label() const { return themeLabel(storedPreference); }
+    QString symbol() const { return themeSymbol(storedPreference); }
+    QString nextPreference() const { return themeAfter(storedPreference); }
+    bool isDark() const { return effectiveColorScheme(storedPreference, systemScheme) == ColorScheme::dark; }
+    double darkness() const { return currentDarkness; }
+
+    static QColor blue();
+    static QColor green();
+    static QColor red();
+    QColor cardSurface() const;
+    QColor controlSurface() const;
+    QColor controlBorder() const;
+    QColor primaryText() const;
+    QColor mutedText() const;
+    QColor windowBackground() const;
+    QColor topBarBackground() const;
+    QColor railBackground() const;
+    QColor railSymbol() const;
+    QColor sidebarBackground() const;
+    QColor systemBlue() const;
+    QColor systemMint() const;
+    QColor systemPurple() const;
+    QColor systemYellow() const;
+    QColor systemOrange() const;
+    QColor systemRed() const;
+    QColor systemGray() const;
+    QColor secondaryLabel() const;
+    QColor divider() const;
+
+    /// \a color at \a opacity times its own.
+    Q_INVOKABLE static QColor faded(const QColor &color, double opacity);
+
+    /// \a dark and \a light, mixed as the schemes are at the moment; in a binding follow it with darkness.
+    Q_INVOKABLE double mixed(double dark, double light) const { return light + (dark - light) * currentDarkness; }
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+Q_SIGNALS:
+    void preferenceChanged();
+    void schemeChanged();
+    void colorsChanged();
+
+private:
+    void followSystem();
+    void changeScheme(ColorScheme before);
+
+    QString storedPreference = QStringLiteral("dark");
+    ColorScheme systemScheme = ColorScheme::light;
+    double currentDarkness = 1;
+    bool isChosen = false; ///< A preference has been set.
+    QVariantAnimation change;
+};

@@ -1,0 +1,52 @@
+#include "ui/design/TidloType.h"
+
+#include <QDir>
+#include <QFontDatabase>
+#include <QGuiApplication>
+#include <QScreen>
+
+namespace {
+
+QFont fontOf(const QString &family, double points, int weight)
+{
+    constexpr double pointsInAnInch = 72; // As a font counts, whatever the screen.
+    const QScreen *screen = QGuiApplication::primaryScreen();
+    const double pixelsInAnInch = screen ? screen->logicalDotsPerInch() : 96;
+    QFont font(family);
+    font.setPointSizeF(points * pointsInAnInch / pixelsInAnInch);
+    font.setWeight(static_cast<QFont::Weight>(weight));
+    font.setHintingPreference(QFont::PreferNoHinting);
+    return font;
+}
+
+} // namespace
+
+void TidloType::loadFonts()
+{
+    static const bool loaded = [] {
+        const QDir fonts(QStringLiteral(":/fonts"));
+        for (const QString &name : fonts.entryList())
+            QFontDatabase::addApplicationFont(fonts.filePath(name));
+        return true;
+    }();
+    Q_UNUSED(loaded)
+}
+
+QFont TidloType::system(double points, int weight)
+{
+    loadFonts();
+    return fontOf(QStringLiteral("Inter"), points, weight);
+}
+
+QFont TidloType::rounded(double points, int weight)
+{
+    loadFonts();
+    return fontOf(QStringLiteral("Quicksand"), points, weight);
+}
+
+QFont TidloType::tracked(const QFont &font, double points)
+{
+    QFont tracked = font;
+    tracked.setLetterSpacing(QFont::AbsoluteSpacing, points);
+    return tracked;
+}
