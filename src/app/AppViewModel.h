@@ -18,7 +18,7 @@
 ///
 /// Every assignment to a property tells observers, whether or not the value differs: objectWillChange() before, the
 /// property's own signal after.
-class AppViewModel final : public QObject
+class AppViewModel : public QObject
 {
     Q_OBJECT
     Q_PROPERTY(ScanPhase phase READ phase WRITE setPhase NOTIFY phaseChanged)
@@ -120,15 +120,15 @@ public:
 
     /// Flips the selection of the candidate with the same identifier, animated. Does nothing if \a candidate is never
     /// to be touched or is no longer there.
-    void toggleCandidate(const CleanupCandidate &candidate);
+    Q_INVOKABLE void toggleCandidate(const CleanupCandidate &candidate);
 
     /// Scans the home folder and shows what was found, then asks for an explanation of it. Replaces a scan under way,
     /// whose results are thrown away.
-    void startScan();
+    Q_INVOKABLE void startScan();
 
     /// Moves the selected candidates to the Trash, takes them off the list and shows a report. Does nothing if none is
     /// selected.
-    void moveSelectedToTrash();
+    Q_INVOKABLE void moveSelectedToTrash();
 
 Q_SIGNALS:
     /// A property is about to be assigned.

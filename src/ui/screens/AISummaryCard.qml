@@ -1,0 +1,40 @@
+import QtQuick
+import QtQuick.Layouts
+import Tidlo.Design
+import Tidlo.Screens
+
+/// The explanation of the scan, or why there is none. It can be selected and copied; nothing in it is markup.
+ContinuousRectangle {
+    id: root
+
+    required property string summary
+
+    implicitHeight: row.implicitHeight + 28
+    radius: 10
+    color: TidloTheme.faded(TidloTheme.green, TidloTheme.mixed(0.1, 0.13))
+
+    RowLayout {
+        id: row
+
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.top: parent.top
+        anchors.margins: 14
+        spacing: 10
+
+        Symbol {
+            Layout.alignment: Qt.AlignTop
+            name: "sparkles"
+            size: 15
+            weight: Font.DemiBold
+            color: TidloTheme.green
+        }
+        SelectableText {
+            Layout.fillWidth: true
+            text: root.summary
+            font: TidloType.body
+            color: TidloTheme.mutedText
+            name: qsTr("Explanation")
+        }
+    }
+}

@@ -1,0 +1,119 @@
+import QtQuick
+import QtQuick.Layouts
+import Tidlo.Design
+import Tidlo.Screens
+
+/// A finding: what it is, how safe it is to move it, how large it is, and whether it is ticked.
+PlainButton {
+    id: root
+
+    required property string title
+    required property string detail
+    required property string symbol
+    required property string symbolColor
+    required property string risk
+    required property string riskColor
+    required property string badgeColor
+    required property string sizeText
+    required property double share
+    required property bool ticked
+    required property bool toggleable
+
+    leftPadding: 16
+    rightPadding: 16
+    topPadding: 12
+    bottomPadding: 12
+    cornerRadius: 14
+    text: root.title
+
+    Accessible.role: Accessible.CheckBox
+    Accessible.name: qsTr("%1, %2, %3").arg(root.title).arg(root.sizeText).arg(root.risk)
+    Accessible.description: root.detail
+    Accessible.checkable: root.toggleable
+    Accessible.checked: root.ticked
+    Accessible.onToggleAction: root.click()
+
+    background: ContinuousRectangle {
+        radius: 14
+        color: TidloTheme.cardSurface
+    }
+
+    contentItem: RowLayout {
+        spacing: 12
+
+        Symbol {
+            name: root.ticked ? "checkmark.square.fill" : "square"
+            size: 18
+            color: root.ticked ? TidloTheme.green : TidloTheme.mutedText
+            opacity: root.toggleable ? 1 : 0.5
+            scale: tick.pressedScale
+
+            QtObject {
+                id: tick
+
+                property double pressedScale: root.pressed ? 0.9 : 1
+
+                Behavior on pressedScale {
+                    NumberAnimation {
+                        duration: Motion.toggle.duration
+                        easing: Motion.toggle.easing
+                    }
+                }
+            }
+        }
+        Item {
+            Layout.preferredWidth: 24
+            Layout.preferredHeight: 24
+
+            Symbol {
+                anchors.centerIn: parent
+                name: root.symbol
+                size: 16
+                weight: Font.DemiBold
+                color: TidloTheme[root.symbolColor]
+            }
+        }
+        ColumnLayout {
+            Layout.fillWidth: true
+            spacing: 3
+
+            TidloText {
+                Layout.fillWidth: true
+                text: root.title
+                font: TidloType.section
+                elide: Text.ElideRight
+                Accessible.ignored: true
+            }
+            TidloText {
+                Layout.fillWidth: true
+                text: root.detail
+                color: TidloTheme.mutedText
+                wrapMode: Text.Wrap
+                Accessible.ignored: true
+            }
+            SizeBar {
+                Layout.fillWidth: true
+                Layout.topMargin: 4
+                share: root.share
+                barColor: TidloTheme[root.riskColor]
+            }
+        }
+        ColumnLayout {
+            Layout.minimumWidth: 128
+            spacing: 6
+
+            TidloText {
+                Layout.alignment: Qt.AlignRight
+                text: root.sizeText
+                font: TidloType.section
+                color: TidloTheme[root.riskColor]
+                Accessible.ignored: true
+            }
+            StatusPill {
+                Layout.alignment: Qt.AlignRight
+                text: root.risk
+                pillColor: TidloTheme[root.badgeColor]
+            }
+        }
+    }
+}

@@ -1,0 +1,186 @@
+#include "ui/screens/Findings.h"
+
+#include "platform/ByteCountFormatter.h"
+#include "platform/VisibleText.h"
+#include "ui/screens/Presentation.h"
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+struct FilterRow
+{
+    Findings::Filter filter;
+    std::optional<CleanupRisk> risk;
+};
+
+constexpr std::array filters{
+    FilterRow{Findings::Filter::All, std::nullopt},
+    FilterRow{Findings::Filter::Safe, CleanupRisk::safe},
+    FilterRow{Findings::Filter::Review, CleanupRisk::review},
+};
+
+bool areTheSame(const QList<CleanupCandidate> &some, const QList<CleanupCandidate> &others)
+{
+    return std::ranges::equal(some, others, {}, &CleanupCandidate::id, &CleanupCandidate::id);
+}
+
+qint64 largestOf(const QList<CleanupCandidate> &candidates)
+{
+    qint64 largest = 1;
+    for (const CleanupCandidate &candidate : candidates)
+        largest = std::max(largest, candidate.bytes);
+    return largest;
+}
+
+} // namespace
+
+void Findings::setApp(AppViewModel *app)
+{
+    if (app == source)
+        return;
+    if (source)
+        source->disconnect(this);
+    source = app;
+    if (source)
+        connectToSource();
+    Q_EMIT appChanged();
+    updateRows();
+    Q_EMIT headlineChanged();
+    Q_EMIT selectionChanged();
+    Q_EMIT filterChanged();
+    Q_EMIT summaryChanged();
+}
+
+void Findings::connectToSource()
+{
+    connect(source, &AppViewModel::candidatesChanged, this, &Findings::updateRows);
+    connect(source, &AppViewModel::candidatesChanged, this, &Findings::selectionChanged);
+    connect(source, &AppViewModel::selectedFilterChanged, this, &Findings::updateRows);
+    connect(source, &AppViewModel::selectedFilterChanged, this, &Findings::filterChanged);
+    connect(source, &AppViewModel::totalsChanged, this, &Findings::headlineChanged);
+    connect(source, &AppViewModel::aiSummaryChanged, this, &Findings::summaryChanged);
+}
+
+void Findings::updateRows()
+{
+    const QList<CleanupCandidate> visible = source ? source->visibleCandidates() : QList<CleanupCandidate>();
+    maxBytes = source ? largestOf(source->candidates()) : 1;
+    if (areTheSame(visible, rows)) {
+        rows = visible;
+        if (!rows.isEmpty())
+            Q_EMIT dataChanged(index(0), index(count() - 1));
+        return;
+    }
+    beginResetModel();
+    rows = visible;
+    endResetModel();
+    Q_EMIT countChanged();
+}
+
+QString Findings::headline() const
+{
+    const qint64 total = source ? source->totals().totalBytes : 0;
+    return QStringLiteral("AI-assisted results — %1 found").arg(byteCountText(total));
+}
+
+QString Findings::selectionText() const
+{
+    return QStringLiteral("%1 selected").arg(byteCountText(source ? source->selectedBytes() : 0));
+}
+
+bool Findings::hasSelection() const
+{
+    return source && !source->selectedCandidates().isEmpty();
+}
+
+Findings::Filter Findings::filter() const
+{
+    const std::optional<CleanupRisk> risk = source ? source->selectedFilter() : std::nullopt;
+    const auto row = std::ranges::find(filters, risk, &FilterRow::risk);
+    return row == filters.end() ? Filter::Other : row->filter;
+}
+
+void Findings::setFilter(Filter filter)
+{
+    const auto row = std::ranges::find(filters, filter, &FilterRow::filter);
+    if (source && row != filters.end())
+        source->setSelectedFilter(row->risk);
+}
+
+QString Findings::summary() const
+{
+    return source ? visibleText(source->aiSummary().value_or(QString())) : QString();
+}
+
+int Findings::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : count();
+}
+
+QVariant Findings::data(const QModelIndex &index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+        return {};
+    const CleanupCandidate &candidate = rows.at(index.row());
+    const CategoryPresentation &category = presentationOf(candidate.category);
+    const RiskPresentation &risk = presentationOf(candidate.risk);
+    switch (role) {
+    case TitleRole:
+        return visibleText(candidate.title);
+    case DetailRole:
+        return visibleText(candidate.aiExplanation.value_or(candidate.detail));
+    case SymbolRole:
+        return category.symbol.toString();
+    case SymbolColorRole:
+        return category.color.toString();
+    case RiskRole:
+        return rawValue(candidate.risk);
+    case RiskColorRole:
+        return risk.color.toString();
+    case BadgeColorRole:
+        return risk.badgeColor.toString();
+    case SizeRole:
+        return byteCountText(candidate.bytes);
+    case ShareRole:
+        return static_cast<double>(candidate.bytes) / static_cast<double>(maxBytes);
+    case SelectedRole:
+        return candidate.selected;
+    case ToggleableRole:
+        return candidate.risk != CleanupRisk::never;
+    default:
+        return {};
+    }
+}
+
+QHash<int, QByteArray> Findings::roleNames() const
+{
+    return {
+        {TitleRole, "title"},
+        {DetailRole, "detail"},
+        {SymbolRole, "symbol"},
+        {SymbolColorRole, "symbolColor"},
+        {RiskRole, "risk"},
+        {RiskColorRole, "riskColor"},
+        {BadgeColorRole, "badgeColor"},
+        {SizeRole, "sizeText"},
+        {ShareRole, "share"},
+        {SelectedRole, "ticked"},
+        {ToggleableRole, "toggleable"},
+    };
+}
+
+void Findings::toggle(int row)
+{
+    if (source && row >= 0 && row < count())
+        source->toggleCandidate(CleanupCandidate(rows.at(row))); // A copy: the toggle changes the rows.
+}
+
+void Findings::viewReport()
+{
+    if (!source)
+        return;
+    source->setSection(AppSection::report);
+    source->setPhase(ScanPhase::report);
+}

@@ -1,0 +1,78 @@
+#pragma once
+
+#include "app/AppViewModel.h"
+
+#include <QAbstractListModel>
+#include <QPointer>
+#include <QtQml/qqmlregistration.h>
+
+/// What the results screen shows: the candidates that pass the filter, one a row, and the figures around them. A change
+/// that leaves the rows what they are, such as a toggle, keeps their views alive. Main thread.
+class Findings : public QAbstractListModel
+{
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(AppViewModel *app READ app WRITE setApp NOTIFY appChanged REQUIRED)
+    Q_PROPERTY(QString headline READ headline NOTIFY headlineChanged)
+    Q_PROPERTY(QString selectionText READ selectionText NOTIFY selectionChanged)
+    Q_PROPERTY(bool hasSelection READ hasSelection NOTIFY selectionChanged)
+    Q_PROPERTY(Filter filter READ filter WRITE setFilter NOTIFY filterChanged)
+    Q_PROPERTY(QString summary READ summary NOTIFY summaryChanged)
+    Q_PROPERTY(int count READ count NOTIFY countChanged)
+
+public:
+    /// What the filter chips offer.
+    enum class Filter { All, Safe, Review, Other };
+    Q_ENUM(Filter)
+
+    enum Role {
+        TitleRole = Qt::UserRole,
+        DetailRole,
+        SymbolRole,
+        SymbolColorRole,
+        RiskRole,
+        RiskColorRole,
+        BadgeColorRole,
+        SizeRole,
+        ShareRole,
+        SelectedRole,
+        ToggleableRole,
+    };
+
+    AppViewModel *app() const { return source; }
+    void setApp(AppViewModel *app);
+
+    QString headline() const;
+    QString selectionText() const;
+    bool hasSelection() const;
+    Filter filter() const;
+    void setFilter(Filter filter);
+    QString summary() const; ///< The explanation; empty if there is none.
+    int count() const { return static_cast<int>(rows.size()); }
+
+    int rowCount(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index, int role) const override;
+    QHash<int, QByteArray> roleNames() const override;
+
+    /// Flips the selection of a row; out of range it does nothing.
+    Q_INVOKABLE void toggle(int row);
+
+    /// Shows the report of what has been, or would be, moved.
+    Q_INVOKABLE void viewReport();
+
+Q_SIGNALS:
+    void appChanged();
+    void headlineChanged();
+    void selectionChanged();
+    void filterChanged();
+    void summaryChanged();
+    void countChanged();
+
+private:
+    void connectToSource();
+    void updateRows();
+
+    QPointer<AppViewModel> source;
+    QList<CleanupCandidate> rows;
+    qint64 maxBytes = 1; ///< Of all candidates, whether or not they pass the filter.
+};

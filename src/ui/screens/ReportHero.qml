@@ -1,0 +1,51 @@
+import QtQuick
+import QtQuick.Layouts
+import Tidlo.Design
+import Tidlo.Screens
+
+/// The figure that a cleanup is for.
+ContinuousRectangle {
+    id: root
+
+    required property ShownReport report
+
+    implicitHeight: row.implicitHeight + 44
+    radius: 14
+    color: TidloTheme.faded(TidloTheme.green, TidloTheme.mixed(0.12, 0.16))
+    borderColor: TidloTheme.faded(TidloTheme.green, 0.25)
+    borderWidth: 1
+
+    RowLayout {
+        id: row
+
+        anchors.fill: parent
+        anchors.margins: 22
+        spacing: 14
+
+        Column {
+            Layout.fillWidth: true
+            spacing: 6
+
+            TidloText {
+                text: qsTr("SPACE RECOVERED")
+                font: TidloType.system(10, Font.Bold)
+                color: TidloTheme.faded(TidloTheme.green, 0.8)
+            }
+            TidloText {
+                objectName: "recovered"
+                text: root.report.recoveredText
+                font: TidloType.rounded(44, Font.Bold)
+            }
+            TidloText {
+                text: root.report.diskText
+                color: TidloTheme.faded(TidloTheme.green, 0.85)
+            }
+        }
+        MetricRing {
+            value: root.report.freeShare
+            valueText: root.report.freeText
+            label: qsTr("FREE")
+            color: TidloTheme.green
+        }
+    }
+}

@@ -1,0 +1,95 @@
+import QtQuick
+import QtQuick.Layouts
+import QtQuick.Templates as T
+import Tidlo.Design
+import Tidlo.Screens
+
+/// What a cleanup did, or what the selection would come to.
+Item {
+    id: root
+
+    required property AppViewModel app
+
+    ShownReport {
+        id: report
+
+        app: root.app
+    }
+
+    HeaderRow {
+        id: header
+
+        anchors.left: parent.left
+        anchors.right: parent.right
+        title: qsTr("Cleanup report")
+
+        // To be seen only.
+        Symbol { name: "square.and.arrow.up"; size: 15; color: TidloTheme.mutedText }
+        Symbol { name: "square.and.arrow.down"; size: 15; color: TidloTheme.mutedText }
+    }
+
+    Flickable {
+        anchors.top: header.bottom
+        anchors.bottom: parent.bottom
+        anchors.left: parent.left
+        anchors.right: parent.right
+        clip: true
+        contentWidth: width
+        contentHeight: column.implicitHeight + 44
+        interactive: contentHeight > height
+        T.ScrollBar.vertical: OverlayScrollBar {}
+
+        ColumnLayout {
+            id: column
+
+            x: 22
+            y: 22
+            width: parent.width - 44
+            spacing: 14
+
+            ReportHero {
+                Layout.fillWidth: true
+                report: report
+            }
+            GridLayout {
+                Layout.fillWidth: true
+                columns: 2
+                columnSpacing: 14
+                rowSpacing: 14
+
+                Repeater {
+                    model: report.figures
+
+                    ReportTile {
+                        required property reportFigure modelData
+
+                        Layout.fillWidth: true
+                        Layout.preferredWidth: 1
+                        title: modelData.title
+                        value: modelData.value
+                        detail: modelData.detail
+                        tileColor: TidloTheme[modelData.color]
+                    }
+                }
+            }
+            RowLayout {
+                Layout.fillWidth: true
+                Layout.topMargin: 4
+                spacing: 10
+
+                Symbol {
+                    name: "shield.checkered"
+                    size: 15
+                    color: TidloTheme.green
+                }
+                SpacedText {
+                    Layout.fillWidth: true
+                    text: qsTr("Everything moved to Trash first. Nothing is permanently deleted until the Bin is emptied.")
+                    font: TidloType.callout
+                    color: TidloTheme.mutedText
+                    spacing: 3
+                }
+            }
+        }
+    }
+}

@@ -1,0 +1,64 @@
+import QtQuick
+import Tidlo.Design
+import Tidlo.Screens
+
+/// The round button that starts a scan. Its outer ring breathes for as long as it is seen.
+PlainButton {
+    id: root
+
+    /// Whether the ring has begun to breathe.
+    property bool pulse: false
+    /// From 0, small and opaque, to 1, large and faint.
+    property double breath: 0
+
+    text: qsTr("Scan")
+    implicitWidth: 240
+    implicitHeight: 240
+    cornerRadius: 120
+
+    SequentialAnimation on breath {
+        running: root.pulse && root.visible && root.Window.visibility !== Window.Minimized
+        loops: Animation.Infinite
+
+        NumberAnimation { from: 0; to: 1; duration: 1400; easing: Motion.easeInOut }
+        NumberAnimation { from: 1; to: 0; duration: 1400; easing: Motion.easeInOut }
+    }
+
+    Component.onCompleted: root.pulse = true
+
+    contentItem: Item {
+        Gauge {
+            anchors.centerIn: parent
+            width: 250
+            height: 250
+            lineWidth: 10
+            color: TidloTheme.controlBorder
+            scale: 0.96 + 0.08 * root.breath
+            opacity: 1 - 0.42 * root.breath
+        }
+        Gauge {
+            anchors.centerIn: parent
+            width: 212
+            height: 212
+            lineWidth: 8
+            roundCaps: true
+            color: TidloTheme.green
+            bottomColor: TidloTheme.blue
+        }
+        Rectangle {
+            anchors.centerIn: parent
+            width: 148
+            height: 148
+            radius: 74
+            color: TidloTheme.faded(TidloTheme.green, 0.12)
+        }
+        TidloText {
+            anchors.centerIn: parent
+            text: "CLICK TO\nSCAN"
+            font: TidloType.system(17, Font.Bold)
+            color: TidloTheme.mutedText
+            horizontalAlignment: Text.AlignHCenter
+            Accessible.ignored: true
+        }
+    }
+}

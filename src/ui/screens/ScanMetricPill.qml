@@ -1,0 +1,35 @@
+import QtQuick
+import Tidlo.Design
+import Tidlo.Screens
+
+/// A small tile of two lines: what, and how.
+ContinuousRectangle {
+    id: root
+
+    required property string caption
+    required property string value
+
+    implicitWidth: column.implicitWidth + 28
+    implicitHeight: column.implicitHeight + 18
+    radius: 9
+    color: TidloTheme.controlSurface
+
+    Column {
+        id: column
+
+        anchors.centerIn: parent
+        spacing: 2
+
+        TidloText {
+            anchors.horizontalCenter: parent.horizontalCenter
+            text: root.caption.toUpperCase()
+            font: TidloType.tiny
+            color: TidloTheme.mutedText
+        }
+        TidloText {
+            anchors.horizontalCenter: parent.horizontalCenter
+            text: root.value
+            font: TidloType.smallStrong
+        }
+    }
+}

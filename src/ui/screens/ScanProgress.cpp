@@ -1,0 +1,65 @@
+#include "ui/screens/ScanProgress.h"
+
+#include "model/TidloPercent.h"
+
+#include <array>
+
+namespace {
+
+struct Step
+{
+    QStringView title;
+    QStringView detail;
+    double activeFrom; ///< Fractions of the scan.
+    double completeFrom;
+};
+
+constexpr std::array pipeline{
+    Step{u"Project & build files", u"Temporary project data, build caches, output folders", 0.18, 0.42},
+    Step{u"WhatsApp media", u"Media cache only; chat database protected", 0.42, 0.56},
+    Step{u"Caches, Downloads & Large Files", u"App caches, old installers, and files >100MB untouched for 60+ days",
+         0.56, 0.86},
+    Step{u"Duplicate project copies", u"Detect latest copy and flag older folders", 0.86, 1.0},
+};
+
+} // namespace
+
+void ScanProgress::setApp(AppViewModel *app)
+{
+    if (app == source)
+        return;
+    if (source)
+        source->disconnect(this);
+    source = app;
+    if (source)
+        connect(source, &AppViewModel::scanProgressChanged, this, &ScanProgress::update);
+    Q_EMIT appChanged();
+    update();
+}
+
+QString ScanProgress::percentText() const
+{
+    return tidloPercent(source ? source->scanProgress() : 0);
+}
+
+QList<PipelineStep> ScanProgress::stepsAt(double progress)
+{
+    QList<PipelineStep> steps;
+    for (const Step &step : pipeline) {
+        steps.append({.title = step.title.toString(),
+                      .detail = step.detail.toString(),
+                      .active = progress >= step.activeFrom,
+                      .complete = progress >= step.completeFrom});
+    }
+    return steps;
+}
+
+void ScanProgress::update()
+{
+    Q_EMIT progressChanged();
+    const QList<PipelineStep> steps = stepsAt(source ? source->scanProgress() : 0);
+    if (steps == shownSteps)
+        return; // Else the rows would be made anew.
+    shownSteps = steps;
+    Q_EMIT stepsChanged();
+}

@@ -1,0 +1,108 @@
+import QtQuick
+import Tidlo.Design
+import Tidlo.Screens
+
+/// How far the scan is, as a ring.
+CardModifier {
+    id: root
+
+    /// A fraction from 0 to 1.
+    required property double progress
+    required property string percentText
+    required property string label
+    /// Whether the short arc around the ring has begun to turn.
+    property bool rotate: false
+
+    implicitWidth: 420
+    implicitHeight: column.implicitHeight + 64
+
+    Component.onCompleted: root.rotate = true
+
+    Column {
+        id: column
+
+        anchors.centerIn: parent
+        width: parent.width - 48
+        spacing: 14
+
+        Item {
+            anchors.horizontalCenter: parent.horizontalCenter
+            width: 276
+            height: 276
+
+            Accessible.role: Accessible.ProgressBar
+            Accessible.name: qsTr("%1 complete").arg(root.percentText)
+
+            RingGauge {
+                objectName: "ring"
+                anchors.centerIn: parent
+                width: 236
+                height: 236
+                lineWidth: 18
+                trackColor: TidloTheme.faded(TidloTheme.systemGray, TidloTheme.mixed(0.18, 0.16))
+                color: TidloTheme.green
+                bottomColor: TidloTheme.blue
+                value: root.progress
+                shortest: 0.035
+            }
+            Gauge {
+                objectName: "spinner"
+                anchors.fill: parent
+                anchors.margins: -2
+                from: 0.05
+                to: 0.16
+                lineWidth: 4
+                color: TidloTheme.green
+                opacity: 0.7
+
+                RotationAnimator on rotation {
+                    running: root.rotate && root.visible && root.Window.visibility !== Window.Minimized
+                    from: 0
+                    to: 360
+                    duration: 1200
+                    loops: Animation.Infinite
+                }
+            }
+            Column {
+                anchors.centerIn: parent
+
+                TidloText {
+                    anchors.horizontalCenter: parent.horizontalCenter
+                    text: root.percentText
+                    font: TidloType.rounded(44, Font.Bold)
+                    Accessible.ignored: true
+                }
+                TidloText {
+                    anchors.horizontalCenter: parent.horizontalCenter
+                    text: qsTr("complete")
+                    font: TidloType.small
+                    color: TidloTheme.mutedText
+                    Accessible.ignored: true
+                }
+            }
+        }
+        TidloText {
+            width: parent.width
+            topPadding: 6
+            text: root.label
+            font: TidloType.system(20, Font.Bold)
+            horizontalAlignment: Text.AlignHCenter
+            wrapMode: Text.Wrap
+        }
+        TidloText {
+            width: parent.width
+            text: qsTr("Classifying safe, rebuildable, review, and never-touch items.")
+            font: TidloType.small
+            color: TidloTheme.mutedText
+            horizontalAlignment: Text.AlignHCenter
+            wrapMode: Text.Wrap
+        }
+        Row {
+            anchors.horizontalCenter: parent.horizontalCenter
+            spacing: 10
+
+            ScanMetricPill { caption: qsTr("Mode"); value: qsTr("Metadata only") }
+            ScanMetricPill { caption: qsTr("Safety"); value: qsTr("Trash first") }
+        }
+    }
+}

@@ -1,0 +1,70 @@
+import QtQuick
+import QtQuick.Layouts
+import Tidlo.Design
+import Tidlo.Screens
+
+/// One step of the scan: waiting, under way, or done.
+ContinuousRectangle {
+    id: root
+
+    required property string title
+    required property string detail
+    required property bool active
+    required property bool complete
+
+    implicitHeight: row.implicitHeight + 24
+    radius: 12
+    color: root.active ? TidloTheme.faded(TidloTheme.green, 0.08) : TidloTheme.faded(TidloTheme.systemGray, 0.06)
+
+    Accessible.role: Accessible.ListItem
+    Accessible.name: qsTr("%1, %2").arg(root.title).arg(root.complete ? qsTr("done")
+                                                        : root.active ? qsTr("under way") : qsTr("waiting"))
+    Accessible.description: root.detail
+
+    RowLayout {
+        id: row
+
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.verticalCenter: parent.verticalCenter
+        anchors.margins: 12
+        spacing: 12
+
+        Rectangle {
+            objectName: "badge"
+            Layout.preferredWidth: 30
+            Layout.preferredHeight: 30
+            radius: 15
+            color: root.active ? TidloTheme.faded(TidloTheme.green, 0.16)
+                               : TidloTheme.faded(TidloTheme.systemGray, 0.1)
+
+            Symbol {
+                anchors.centerIn: parent
+                name: root.complete ? "checkmark" : root.active ? "arrow.triangle.2.circlepath" : "circle"
+                size: 12
+                weight: Font.Bold
+                color: root.active ? TidloTheme.green : TidloTheme.mutedText
+            }
+        }
+        Column {
+            Layout.fillWidth: true
+            spacing: 3
+
+            TidloText {
+                width: parent.width
+                text: root.title
+                font: TidloType.system(13, Font.Bold)
+                elide: Text.ElideRight
+                Accessible.ignored: true
+            }
+            TidloText {
+                width: parent.width
+                text: root.detail
+                font: TidloType.small
+                color: TidloTheme.mutedText
+                wrapMode: Text.Wrap
+                Accessible.ignored: true
+            }
+        }
+    }
+}

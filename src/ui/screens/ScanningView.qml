@@ -1,0 +1,69 @@
+import QtQuick
+import QtQuick.Templates as T
+import Tidlo.Design
+import Tidlo.Screens
+
+/// How the scan, or a cleanup, is going on. Nothing here can be pressed.
+Item {
+    id: root
+
+    required property AppViewModel app
+    /// The card and the list stand side by side where both have room, else one above the other.
+    readonly property bool isWide: body.width >= 420 + 14 + 430
+
+    ScanProgress {
+        id: progress
+
+        app: root.app
+    }
+
+    HeaderRow {
+        id: header
+
+        anchors.left: parent.left
+        anchors.right: parent.right
+        title: qsTr("Scanning your Mac")
+
+        DigitText {
+            text: progress.percentText
+            font: TidloType.bodyStrong
+        }
+    }
+
+    Flickable {
+        id: body
+
+        anchors.top: header.bottom
+        anchors.bottom: parent.bottom
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.leftMargin: 22
+        anchors.rightMargin: 22
+        clip: true
+        contentWidth: width
+        contentHeight: Math.max(height, cards.implicitHeight + 44)
+        interactive: contentHeight > height
+        T.ScrollBar.vertical: OverlayScrollBar {}
+
+        Grid {
+            id: cards
+
+            anchors.centerIn: parent
+            columns: root.isWide ? 2 : 1
+            spacing: 14
+            horizontalItemAlignment: Grid.AlignHCenter
+            verticalItemAlignment: Grid.AlignVCenter
+
+            ScanProgressCard {
+                width: Math.min(420, body.width)
+                progress: root.app.scanProgress
+                percentText: progress.percentText
+                label: root.app.scanLabel
+            }
+            ScanPipelineCard {
+                width: root.isWide ? 430 : Math.min(420, body.width)
+                steps: progress.steps
+            }
+        }
+    }
+}

@@ -1,0 +1,62 @@
+#pragma once
+
+#include "app/AppViewModel.h"
+
+#include <QPointer>
+#include <QtQml/qqmlregistration.h>
+
+/// One figure of the report.
+struct ReportFigure
+{
+    Q_GADGET
+    QML_VALUE_TYPE(reportFigure)
+    Q_PROPERTY(QString title MEMBER title)
+    Q_PROPERTY(QString value MEMBER value)
+    Q_PROPERTY(QString detail MEMBER detail)
+    Q_PROPERTY(QString color MEMBER color)
+
+public:
+    QString title;
+    QString value;
+    QString detail;
+    QString color; ///< The name of a property of TidloTheme.
+
+    bool operator==(const ReportFigure &) const = default;
+};
+
+/// What the report screen shows: the last cleanup, or, before there was one, what the selection would come to. Main
+/// thread.
+class ShownReport : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(AppViewModel *app READ app WRITE setApp NOTIFY appChanged REQUIRED)
+    Q_PROPERTY(QString recoveredText READ recoveredText NOTIFY changed)
+    Q_PROPERTY(QString diskText READ diskText NOTIFY changed)
+    Q_PROPERTY(double freeShare READ freeShare NOTIFY changed)
+    Q_PROPERTY(QString freeText READ freeText NOTIFY changed)
+    Q_PROPERTY(QList<ReportFigure> figures READ figures NOTIFY changed)
+
+public:
+    AppViewModel *app() const { return source; }
+    void setApp(AppViewModel *app);
+
+    /// The report as \a app has it, or a preview made of the selection.
+    static CleanupReport reportOf(const AppViewModel &app);
+
+    QString recoveredText() const;
+    QString diskText() const;
+    double freeShare() const; ///< A fraction, never less than a hundredth.
+    QString freeText() const;
+    QList<ReportFigure> figures() const;
+
+Q_SIGNALS:
+    void appChanged();
+    void changed();
+
+private:
+    CleanupReport report() const { return source ? reportOf(*source) : CleanupReport(); }
+    qint64 categoryBytes(CleanupCategory category) const { return source ? source->categoryBytes(category) : 0; }
+
+    QPointer<AppViewModel> source;
+};

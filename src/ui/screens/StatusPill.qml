@@ -1,0 +1,25 @@
+import QtQuick
+import Tidlo.Design
+import Tidlo.Screens
+
+/// A short word on how things stand, in its colour on a capsule.
+Rectangle {
+    id: root
+
+    required property string text
+    required property color pillColor
+
+    implicitWidth: label.implicitWidth + 20
+    implicitHeight: label.implicitHeight + 12
+    radius: height / 2
+    color: TidloTheme.faded(root.pillColor, 0.13)
+
+    TidloText {
+        id: label
+
+        anchors.centerIn: parent
+        text: root.text
+        font: TidloType.smallStrong
+        color: root.pillColor
+    }
+}
