@@ -1,0 +1,45 @@
+import QtQuick
+import Tidlo.Design
+import Tidlo.Shell
+
+/// The narrow column that leads from section to section.
+Item {
+    id: root
+
+    required property Navigation navigation
+
+    implicitWidth: 58
+
+    Accessible.role: Accessible.PageTabList
+    Accessible.name: qsTr("Sections")
+
+    Column {
+        anchors.horizontalCenter: parent.horizontalCenter
+        topPadding: 18
+        spacing: 16
+
+        Repeater {
+            model: root.navigation.rail
+
+            RailButton {
+                required property int index
+                required property railItem modelData
+
+                objectName: "rail" + index
+                symbol: modelData.symbol
+                text: modelData.title
+                active: index === root.navigation.activeItem
+                onClicked: root.navigation.press(index)
+            }
+        }
+    }
+
+    Symbol {
+        anchors.horizontalCenter: parent.horizontalCenter
+        anchors.bottom: parent.bottom
+        anchors.bottomMargin: 20
+        name: "shield.lefthalf.filled"
+        size: 15
+        color: TidloTheme.railSymbol
+    }
+}

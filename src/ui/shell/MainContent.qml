@@ -1,0 +1,47 @@
+import QtQuick
+import Tidlo.Screens
+import Tidlo.Shell
+
+/// The screen of the section that is shown.
+Loader {
+    id: root
+
+    required property AppViewModel app
+    required property Navigation navigation
+
+    sourceComponent: {
+        switch (root.navigation.screen) {
+        case Navigation.Scanning:
+            return scanning;
+        case Navigation.Results:
+            return results;
+        case Navigation.Report:
+            return report;
+        case Navigation.Settings:
+            return settings;
+        default:
+            return landing;
+        }
+    }
+
+    Component {
+        id: landing
+        ScanLandingView { app: root.app }
+    }
+    Component {
+        id: scanning
+        ScanningView { app: root.app }
+    }
+    Component {
+        id: results
+        ResultsView { app: root.app }
+    }
+    Component {
+        id: report
+        ReportView { app: root.app }
+    }
+    Component {
+        id: settings
+        SettingsView { app: root.app }
+    }
+}

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "app/AppViewModel.h"
+
+#include <QPointer>
+#include <QtQml/qqmlregistration.h>
+
+/// A button of the rail.
+struct RailItem
+{
+    Q_GADGET
+    QML_VALUE_TYPE(railItem)
+    Q_PROPERTY(QString symbol MEMBER symbol)
+    Q_PROPERTY(QString title MEMBER title)
+
+public:
+    QString symbol;
+    QString title; ///< For those who hear it.
+};
+
+/// Which screen is shown, and how the rail changes that. Main thread.
+class Navigation : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(AppViewModel *app READ app WRITE setApp NOTIFY appChanged REQUIRED)
+    Q_PROPERTY(QList<RailItem> rail READ rail CONSTANT)
+    Q_PROPERTY(int activeItem READ activeItem NOTIFY changed)
+    Q_PROPERTY(Screen screen READ screen NOTIFY changed)
+
+public:
+    enum class Screen { Landing, Scanning, Results, Report, Settings };
+    Q_ENUM(Screen)
+
+    AppViewModel *app() const { return source; }
+    void setApp(AppViewModel *app);
+
+    static QList<RailItem> rail();
+    int activeItem() const; ///< Its place in the rail.
+    Screen screen() const;
+
+    /// Goes where a button of the rail leads; out of range it does nothing.
+    Q_INVOKABLE void press(int item);
+
+Q_SIGNALS:
+    void appChanged();
+    void changed();
+
+private:
+    QPointer<AppViewModel> source;
+};

@@ -1,0 +1,38 @@
+import QtQuick
+import Tidlo.Design
+import Tidlo.Shell
+
+/// A button of the rail.
+PlainButton {
+    id: root
+
+    required property string symbol
+    required property bool active
+    readonly property color symbolColor: root.active ? TidloTheme.blue : TidloTheme.railSymbol
+
+    implicitWidth: 36
+    implicitHeight: 36
+
+    Accessible.checkable: true
+    Accessible.checked: root.active
+
+    contentItem: Item {
+        Symbol {
+            anchors.centerIn: parent
+            name: root.symbol
+            size: 16
+            weight: Font.DemiBold
+            color: root.symbolColor
+        }
+    }
+
+    background: ContinuousRectangle {
+        radius: 9
+        color: root.active ? TidloTheme.faded(TidloTheme.blue, 0.18) : "transparent"
+    }
+
+    Tip {
+        text: root.text
+        visible: root.hovered
+    }
+}

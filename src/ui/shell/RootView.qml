@@ -1,0 +1,116 @@
+import QtQuick
+import Tidlo.Design
+import Tidlo.Screens
+import Tidlo.Shell
+
+/// The content of the window: the bar across the top, below it the rail, the sidebar and the screen, and whatever must
+/// be answered first.
+FocusScope {
+    id: root
+
+    required property AppViewModel app
+    /// The stored theme; written when a person chooses another.
+    required property StoredTheme storedTheme
+    /// Of the window's corners.
+    property double cornerRadius: 0
+
+    Binding {
+        target: TidloTheme
+        property: "preference"
+        value: root.storedTheme.value
+    }
+
+    Navigation {
+        id: navigation
+
+        app: root.app
+    }
+
+    ContinuousRectangle {
+        anchors.fill: parent
+        radius: root.cornerRadius
+        color: TidloTheme.windowBackground
+    }
+
+    ContinuousRectangle {
+        anchors.fill: topBar
+        radius: root.cornerRadius
+        straightEdges: Qt.BottomEdge
+        color: TidloTheme.topBarBackground
+    }
+
+    TopBar {
+        id: topBar
+
+        anchors.top: parent.top
+        anchors.left: parent.left
+        anchors.right: parent.right
+        onThemeSwitched: root.storedTheme.value = TidloTheme.nextPreference
+    }
+
+    ContinuousRectangle {
+        anchors.fill: rail
+        radius: root.cornerRadius
+        straightEdges: Qt.TopEdge | Qt.RightEdge
+        color: TidloTheme.railBackground
+    }
+
+    IconRail {
+        id: rail
+
+        anchors.top: topBar.bottom
+        anchors.bottom: parent.bottom
+        anchors.left: parent.left
+        navigation: navigation
+    }
+
+    StorageSidebar {
+        id: sidebar
+
+        anchors.top: topBar.bottom
+        anchors.bottom: parent.bottom
+        anchors.left: rail.right
+        app: root.app
+    }
+
+    Divider {
+        id: divider
+
+        anchors.top: topBar.bottom
+        anchors.bottom: parent.bottom
+        anchors.left: sidebar.right
+        width: 1
+        opacity: TidloTheme.mixed(0.25, 0.7)
+    }
+
+    MainContent {
+        anchors.top: topBar.bottom
+        anchors.bottom: parent.bottom
+        anchors.left: divider.right
+        anchors.right: parent.right
+        focus: true
+        app: root.app
+        navigation: navigation
+    }
+
+    Alert {
+        objectName: "moveAlert"
+        visible: root.app.showMoveToApplicationsPrompt
+        windowRadius: root.cornerRadius
+        title: qsTr("Move Tidlo to Applications?")
+        message: qsTr("Tidlo is running outside your Applications folder. Move it there so it appears in Launchpad and works like a normal Mac app.")
+        defaultText: qsTr("Move to Applications")
+        cancelText: qsTr("Not now")
+        onClosed: root.app.showMoveToApplicationsPrompt = false
+    }
+
+    Alert {
+        objectName: "moveErrorAlert"
+        visible: root.app.showMoveToApplicationsError
+        windowRadius: root.cornerRadius
+        title: qsTr("Could not move Tidlo")
+        message: root.app.moveToApplicationsErrorMessage
+        defaultText: qsTr("OK")
+        onClosed: root.app.showMoveToApplicationsError = false
+    }
+}

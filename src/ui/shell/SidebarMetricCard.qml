@@ -1,0 +1,73 @@
+import QtQuick
+import QtQuick.Layouts
+import Tidlo.Design
+import Tidlo.Shell
+
+/// A figure of the disk: a ring that grows when it appears, and the words for it.
+ContinuousRectangle {
+    id: root
+
+    required property string title
+    required property string subtitle
+    required property double value
+    required property string valueText
+    required property string label
+    required property color metricColor
+
+    implicitHeight: row.implicitHeight + 24
+    radius: 12
+    color: TidloTheme.controlSurface
+
+    Accessible.role: Accessible.Indicator
+    Accessible.name: qsTr("%1: %2").arg(root.title).arg(root.valueText)
+    Accessible.description: root.subtitle
+
+    RowLayout {
+        id: row
+
+        anchors.left: parent.left
+        anchors.right: parent.right
+        anchors.verticalCenter: parent.verticalCenter
+        anchors.leftMargin: 14
+        anchors.rightMargin: 14
+        spacing: 14
+
+        GrowingRing {
+            Layout.preferredWidth: 66
+            Layout.preferredHeight: 66
+            lineWidth: 7
+            trackColor: TidloTheme.faded(TidloTheme.systemGray, 0.18)
+            color: root.metricColor
+            value: root.value
+            valueText: root.valueText
+            valueFont: TidloType.rounded(18, Font.Bold)
+            label: root.label
+            labelFont: TidloType.system(8.5, Font.Bold)
+        }
+        Column {
+            Layout.fillWidth: true
+            spacing: 4
+
+            TidloText {
+                text: root.title
+                font: TidloType.bodyStrong
+                Accessible.ignored: true
+            }
+            TidloText {
+                width: parent.width
+                text: root.subtitle
+                font: TidloType.small
+                color: TidloTheme.mutedText
+                wrapMode: Text.Wrap
+                maximumLineCount: 2
+                Accessible.ignored: true
+            }
+            TidloText {
+                text: root.valueText
+                font: TidloType.system(17, Font.Bold)
+                color: root.metricColor
+                Accessible.ignored: true
+            }
+        }
+    }
+}

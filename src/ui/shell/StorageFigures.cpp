@@ -1,0 +1,77 @@
+#include "ui/shell/StorageFigures.h"
+
+#include "model/TidloPercent.h"
+#include "ui/screens/Presentation.h"
+
+#include <array>
+
+namespace {
+
+constexpr std::array shownCategories{CleanupCategory::devProjects, CleanupCategory::whatsApp, CleanupCategory::caches,
+                                     CleanupCategory::downloads, CleanupCategory::oldLargeFiles};
+
+CategoryFigure figureOf(CleanupCategory category, qint64 bytes)
+{
+    const CategoryPresentation &presentation = presentationOf(category);
+    return {.title = rawValue(category),
+            .subtitle = presentation.subtitle.toString(),
+            .symbol = presentation.symbol.toString(),
+            .color = presentation.color.toString(),
+            .bytesText = byteCountOrDash(bytes),
+            .selected = category == CleanupCategory::devProjects};
+}
+
+} // namespace
+
+void StorageFigures::setApp(AppViewModel *app)
+{
+    if (app == source)
+        return;
+    if (source)
+        source->disconnect(this);
+    source = app;
+    if (source) {
+        connect(source, &AppViewModel::totalsChanged, this, &StorageFigures::totalsChanged);
+        connect(source, &AppViewModel::candidatesChanged, this, &StorageFigures::updateCategories);
+    }
+    Q_EMIT appChanged();
+    Q_EMIT totalsChanged();
+    updateCategories();
+}
+
+QString StorageFigures::diskStatus() const
+{
+    const double used = usedShare();
+    return used <= 0 ? QStringLiteral("Ready") : QStringLiteral("%1 full").arg(tidloPercent(used));
+}
+
+double StorageFigures::usedShare() const
+{
+    return totals().diskUsedPercent;
+}
+
+QString StorageFigures::usedText() const
+{
+    return tidloPercent(usedShare());
+}
+
+double StorageFigures::recoverableShare() const
+{
+    return totals().recoverablePercent;
+}
+
+QString StorageFigures::recoverableText() const
+{
+    return tidloPercent(recoverableShare());
+}
+
+void StorageFigures::updateCategories()
+{
+    QList<CategoryFigure> updated;
+    for (const CleanupCategory category : shownCategories)
+        updated.append(figureOf(category, source ? source->categoryBytes(category) : 0));
+    if (updated == figures)
+        return; // Else the cards would be made anew.
+    figures = updated;
+    Q_EMIT categoriesChanged();
+}

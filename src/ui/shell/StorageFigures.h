@@ -1,0 +1,66 @@
+#pragma once
+
+#include "app/AppViewModel.h"
+
+#include <QPointer>
+#include <QtQml/qqmlregistration.h>
+
+/// A category and what the last scan found of it.
+struct CategoryFigure
+{
+    Q_GADGET
+    QML_VALUE_TYPE(categoryFigure)
+    Q_PROPERTY(QString title MEMBER title)
+    Q_PROPERTY(QString subtitle MEMBER subtitle)
+    Q_PROPERTY(QString symbol MEMBER symbol)
+    Q_PROPERTY(QString color MEMBER color)
+    Q_PROPERTY(QString bytesText MEMBER bytesText)
+    Q_PROPERTY(bool selected MEMBER selected)
+
+public:
+    QString title;
+    QString subtitle;
+    QString symbol;
+    QString color; ///< The name of a property of TidloTheme.
+    QString bytesText;
+    bool selected = false; ///< Its card is highlighted.
+
+    bool operator==(const CategoryFigure &) const = default;
+};
+
+/// What the sidebar shows of the disk and the last scan. Main thread.
+class StorageFigures : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    Q_PROPERTY(AppViewModel *app READ app WRITE setApp NOTIFY appChanged REQUIRED)
+    Q_PROPERTY(QString diskStatus READ diskStatus NOTIFY totalsChanged)
+    Q_PROPERTY(double usedShare READ usedShare NOTIFY totalsChanged)
+    Q_PROPERTY(QString usedText READ usedText NOTIFY totalsChanged)
+    Q_PROPERTY(double recoverableShare READ recoverableShare NOTIFY totalsChanged)
+    Q_PROPERTY(QString recoverableText READ recoverableText NOTIFY totalsChanged)
+    Q_PROPERTY(QList<CategoryFigure> categories READ categories NOTIFY categoriesChanged)
+
+public:
+    AppViewModel *app() const { return source; }
+    void setApp(AppViewModel *app);
+
+    QString diskStatus() const; ///< "Ready" as long as nothing is known of the disk.
+    double usedShare() const;
+    QString usedText() const;
+    double recoverableShare() const;
+    QString recoverableText() const;
+    QList<CategoryFigure> categories() const { return figures; }
+
+Q_SIGNALS:
+    void appChanged();
+    void totalsChanged();
+    void categoriesChanged(); ///< One of the figures is another.
+
+private:
+    ScanTotals totals() const { return source ? source->totals() : ScanTotals(); }
+    void updateCategories();
+
+    QPointer<AppViewModel> source;
+    QList<CategoryFigure> figures;
+};

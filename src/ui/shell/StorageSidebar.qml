@@ -1,0 +1,122 @@
+import QtQuick
+import QtQuick.Layouts
+import QtQuick.Templates as T
+import Tidlo.Design
+import Tidlo.Screens
+import Tidlo.Shell
+
+/// The column that sums up the disk and the last scan. It only shows.
+Rectangle {
+    id: root
+
+    required property AppViewModel app
+
+    implicitWidth: 330
+    color: TidloTheme.sidebarBackground
+
+    StorageFigures {
+        id: figures
+
+        app: root.app
+    }
+
+    Flickable {
+        anchors.fill: parent
+        clip: true
+        contentWidth: width
+        contentHeight: column.implicitHeight
+        interactive: contentHeight > height
+        T.ScrollBar.vertical: OverlayScrollBar {}
+
+        ColumnLayout {
+            id: column
+
+            width: parent.width
+            spacing: 0
+
+            TidloText {
+                Layout.leftMargin: 20
+                Layout.topMargin: 16
+                text: qsTr("STORAGE")
+                font: TidloType.tracked(TidloType.smallStrong, 1.6)
+                color: TidloTheme.mutedText
+                Accessible.role: Accessible.Heading
+            }
+            RowLayout {
+                Layout.fillWidth: true
+                Layout.leftMargin: 20
+                Layout.rightMargin: 20
+                Layout.topMargin: 24
+
+                TidloText {
+                    Layout.fillWidth: true
+                    text: qsTr("Macintosh HD")
+                }
+                TidloText {
+                    objectName: "diskStatus"
+                    text: figures.diskStatus
+                    font: TidloType.bodyStrong
+                    color: TidloTheme.red
+                }
+            }
+            ColumnLayout {
+                Layout.fillWidth: true
+                Layout.margins: 20
+                Layout.topMargin: 16
+                Layout.bottomMargin: 16
+                spacing: 10
+
+                SidebarMetricCard {
+                    Layout.fillWidth: true
+                    title: qsTr("Disk")
+                    subtitle: qsTr("Macintosh HD usage")
+                    value: figures.usedShare
+                    valueText: figures.usedText
+                    label: qsTr("USED")
+                    metricColor: TidloTheme.red
+                }
+                SidebarMetricCard {
+                    Layout.fillWidth: true
+                    title: qsTr("Recoverable")
+                    subtitle: qsTr("Estimated cleanup space")
+                    value: figures.recoverableShare
+                    valueText: figures.recoverableText
+                    label: qsTr("FREE")
+                    metricColor: TidloTheme.green
+                }
+            }
+            ColumnLayout {
+                Layout.fillWidth: true
+                Layout.leftMargin: 20
+                Layout.rightMargin: 20
+                Layout.bottomMargin: 20
+                spacing: 8
+
+                Repeater {
+                    model: figures.categories
+
+                    SidebarLegendRow {
+                        required property categoryFigure modelData
+
+                        Layout.fillWidth: true
+                        figure: modelData
+                    }
+                }
+            }
+            Divider {
+                Layout.fillWidth: true
+                opacity: TidloTheme.mixed(0.22, 0.7)
+            }
+            Repeater {
+                model: figures.categories
+
+                CategoryCard {
+                    required property categoryFigure modelData
+
+                    Layout.fillWidth: true
+                    figure: modelData
+                }
+            }
+        }
+    }
+}

@@ -1,0 +1,42 @@
+#include "ui/shell/TidloApp.h"
+
+#include "ui/design/DesignSystem.h"
+#include "ui/screens/ContentViews.h"
+#include "ui/shell/RootView.h"
+
+#include <QGuiApplication>
+#include <QQuickWindow>
+
+TidloApp::TidloApp(AppEnvironment environment)
+    : app(std::move(environment))
+{
+    useDesignSystem();
+    useContentViews();
+    useShell();
+    engine.addImportPath(QStringLiteral(":/qt/qml"));
+}
+
+TidloApp::~TidloApp() = default;
+
+bool TidloApp::open()
+{
+    engine.setInitialProperties({{QStringLiteral("app"), QVariant::fromValue(&app)},
+                                 {QStringLiteral("storedTheme"), QVariant::fromValue(&theme)}});
+    engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Tidlo/Shell/TidloApp.qml")));
+    return window() != nullptr;
+}
+
+QQuickWindow *TidloApp::window() const
+{
+    const QList<QObject *> roots = engine.rootObjects();
+    return roots.isEmpty() ? nullptr : qobject_cast<QQuickWindow *>(roots.constFirst());
+}
+
+int runTidlo(int argumentCount, char **arguments)
+{
+    QGuiApplication application(argumentCount, arguments);
+    QGuiApplication::setApplicationName(QStringLiteral("Tidlo"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("com.tidlo.storagecleaner"));
+    TidloApp tidlo;
+    return tidlo.open() ? QGuiApplication::exec() : 1;
+}

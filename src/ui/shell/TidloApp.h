@@ -1,0 +1,33 @@
+#pragma once
+
+#include "app/AppViewModel.h"
+#include "platform/UserDefaults.h"
+#include "ui/screens/StoredTheme.h"
+
+#include <QQmlApplicationEngine>
+
+class QQuickWindow;
+
+/// The application: makes what there is one of, and opens the window on it. Main thread.
+class TidloApp final
+{
+public:
+    /// Needs an application object. \a environment is what the state owner depends on.
+    explicit TidloApp(AppEnvironment environment = {});
+    ~TidloApp();
+
+    /// False if the window could not be made; what was wrong has been written to standard error.
+    bool open();
+
+    QQuickWindow *window() const;
+    AppViewModel &model() { return app; }
+
+private:
+    UserDefaults defaults;
+    StoredTheme theme{defaults};
+    AppViewModel app;
+    QQmlApplicationEngine engine; ///< Last, since what it shows reads the others.
+};
+
+/// Starts the application and runs it until it quits. Returns the program's exit status.
+int runTidlo(int argumentCount, char **arguments);

@@ -1,0 +1,66 @@
+import QtQuick
+import Tidlo.Design
+import Tidlo.Shell
+
+/// Close, minimise and zoom, for systems that do not draw them themselves.
+Row {
+    id: root
+
+    required property Window window
+    readonly property bool isZoomed: root.window.visibility === Window.Maximized
+                                     || root.window.visibility === Window.FullScreen
+
+    spacing: 8
+
+    HoverHandler {
+        id: pointer
+    }
+
+    component Disc: PlainButton {
+        id: disc
+
+        required property color discColor
+        required property string glyph
+
+        implicitWidth: 12
+        implicitHeight: 12
+        cornerRadius: 6
+
+        background: Rectangle {
+            radius: 6
+            color: root.window.active || pointer.hovered ? disc.discColor
+                                                         : TidloTheme.faded(TidloTheme.systemGray, 0.45)
+        }
+        contentItem: Text {
+            visible: pointer.hovered || disc.visualFocus
+            text: disc.glyph
+            font: TidloType.system(10, Font.Bold)
+            color: Qt.rgba(0, 0, 0, 0.55)
+            horizontalAlignment: Text.AlignHCenter
+            verticalAlignment: Text.AlignVCenter
+            Accessible.ignored: true
+        }
+    }
+
+    Disc {
+        objectName: "closeButton"
+        text: qsTr("Close")
+        discColor: "#ff5f57"
+        glyph: "×"
+        onClicked: root.window.close()
+    }
+    Disc {
+        objectName: "minimiseButton"
+        text: qsTr("Minimise")
+        discColor: "#febc2e"
+        glyph: "−"
+        onClicked: root.window.showMinimized()
+    }
+    Disc {
+        objectName: "zoomButton"
+        text: qsTr("Zoom")
+        discColor: "#28c840"
+        glyph: "+"
+        onClicked: root.isZoomed ? root.window.showNormal() : root.window.showMaximized()
+    }
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QPointer>
+#include <QQuickItem>
+#include <QQuickWindow>
+
+/// Takes no room and shows nothing: it reaches the window that it is put into and makes its content run to the edges,
+/// without a title, on a clear background. Applied one turn of the event loop after it is put there and again whenever
+/// the window's state or the theme changes, so that the chrome outlives what the platform does then. Without a window
+/// it does nothing. Main thread.
+class WindowChromeConfigurator : public QQuickItem
+{
+    Q_OBJECT
+    QML_ELEMENT
+    /// Whether the system draws the window's buttons and resizes at its edges.
+    Q_PROPERTY(bool isNative READ isNative CONSTANT)
+
+public:
+    explicit WindowChromeConfigurator(QQuickItem *parent = nullptr);
+
+    static bool isNative();
+
+    /// Schedules the adjustment.
+    Q_INVOKABLE void refresh();
+
+protected:
+    void itemChange(ItemChange change, const ItemChangeData &data) override;
+
+private:
+    static void adjust(QQuickWindow &window); ///< One for each system.
+
+    QPointer<QQuickWindow> watched;
+};

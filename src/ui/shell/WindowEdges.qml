@@ -1,0 +1,83 @@
+import QtQuick
+import Tidlo.Shell
+
+/// The edges and corners by which a window without a frame is made larger or smaller.
+Item {
+    id: root
+
+    required property Window window
+
+    component Grip: Item {
+        id: grip
+
+        required property int edges
+        required property int cursor
+
+        HoverHandler {
+            cursorShape: grip.cursor
+        }
+        DragHandler {
+            target: null
+            dragThreshold: 0
+            onActiveChanged: if (active) root.window.startSystemResize(grip.edges)
+        }
+    }
+
+    readonly property int thickness: 5
+    readonly property int corner: 12
+
+    Grip {
+        edges: Qt.TopEdge
+        cursor: Qt.SizeVerCursor
+        width: parent.width
+        height: root.thickness
+    }
+    Grip {
+        edges: Qt.BottomEdge
+        cursor: Qt.SizeVerCursor
+        anchors.bottom: parent.bottom
+        width: parent.width
+        height: root.thickness
+    }
+    Grip {
+        edges: Qt.LeftEdge
+        cursor: Qt.SizeHorCursor
+        width: root.thickness
+        height: parent.height
+    }
+    Grip {
+        edges: Qt.RightEdge
+        cursor: Qt.SizeHorCursor
+        anchors.right: parent.right
+        width: root.thickness
+        height: parent.height
+    }
+    Grip {
+        edges: Qt.TopEdge | Qt.LeftEdge
+        cursor: Qt.SizeFDiagCursor
+        width: root.corner
+        height: root.corner
+    }
+    Grip {
+        edges: Qt.TopEdge | Qt.RightEdge
+        cursor: Qt.SizeBDiagCursor
+        anchors.right: parent.right
+        width: root.corner
+        height: root.corner
+    }
+    Grip {
+        edges: Qt.BottomEdge | Qt.LeftEdge
+        cursor: Qt.SizeBDiagCursor
+        anchors.bottom: parent.bottom
+        width: root.corner
+        height: root.corner
+    }
+    Grip {
+        edges: Qt.BottomEdge | Qt.RightEdge
+        cursor: Qt.SizeFDiagCursor
+        anchors.right: parent.right
+        anchors.bottom: parent.bottom
+        width: root.corner
+        height: root.corner
+    }
+}

@@ -1,0 +1,6 @@
+#include "ui/shell/TidloApp.h"
+
+int main(int argumentCount, char **arguments)
+{
+    return runTidlo(argumentCount, arguments);
+}
