@@ -30,4 +30,5 @@ function(tidlo_library name)
     add_library(${name} STATIC ${arg_SOURCES})
     target_include_directories(${name} PUBLIC "${PROJECT_SOURCE_DIR}/src")
     target_link_libraries(${name} PUBLIC ${arg_LINKS})
+    qt_extract_metatypes(${name}) # What qmllint knows of the types that views read.
 endfunction()

@@ -1,16 +1,17 @@
 # Where the modules of QML lie in the resources, and for qmllint on the disk.
 set(QT_QML_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/qml")
 
-# tidlo_qml_module(name URI uri SOURCES files... QML files... [SINGLETONS files...] [RESOURCES files...]
-# [LINKS targets...]): one folder of src/ui/ as a static library, and the module of QML that it is.
+# tidlo_qml_module(name URI uri SOURCES files... QML files... [IMPORTS modules...] [LINKS targets...]): one folder of
+# src/ui/ as a static library, and the module of QML that it is. IMPORTS are the modules whose types its C++ speaks of.
 function(tidlo_qml_module name)
-    cmake_parse_arguments(PARSE_ARGV 1 arg "" "URI" "SOURCES;QML;LINKS")
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "URI" "SOURCES;QML;IMPORTS;LINKS")
     qt_add_library(${name} STATIC)
     target_include_directories(${name} PUBLIC "${PROJECT_SOURCE_DIR}/src")
     qt_add_qml_module(${name}
         URI ${arg_URI}
         VERSION 1.0
         NO_PLUGIN
+        DEPENDENCIES QtQuick ${arg_IMPORTS}
         RESOURCE_PREFIX /qt/qml
         IMPORT_PATH "${QT_QML_OUTPUT_DIRECTORY}"
         SOURCES ${arg_SOURCES}

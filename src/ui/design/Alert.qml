@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Layouts
 import Tidlo.Design
 
 /// A question or a piece of news that must be answered first. Return presses the default button, Escape the one that
@@ -12,95 +11,30 @@ ModalPopup {
     required property string defaultText
     /// No second button if empty.
     property string cancelText: ""
-    /// Whether the default button does what cannot be taken back easily: then Return does not press it by itself.
+    /// Whether the default button does what cannot be taken back easily: then Return cancels. Needs a cancelText.
     property bool isDestructive: false
 
     signal accepted
     signal cancelled
 
-    function accept() {
-        root.close();
-        root.accepted();
-    }
-
-    function cancel() {
-        root.close();
-        root.cancelled();
-    }
-
     width: 360
     padding: 24
     closePolicy: ModalPopup.NoAutoClose
+    onOpened: (root.contentItem as AlertBody).focusButton()
 
-    onOpened: root.isDestructive && root.cancelText !== "" ? cancelButton.forceActiveFocus()
-                                                            : defaultButton.forceActiveFocus()
-
-    contentItem: FocusScope {
-        implicitHeight: column.implicitHeight
-
-        Accessible.role: Accessible.AlertMessage
-        Accessible.name: root.title
-        Accessible.description: root.message
-
-        Keys.onEscapePressed: root.cancelText !== "" ? root.cancel() : root.accept()
-
-        ColumnLayout {
-            id: column
-
-            width: parent.width
-            spacing: 10
-
-            TidloLogo {
-                Layout.alignment: Qt.AlignHCenter
-                size: 48
-            }
-            TidloText {
-                Layout.fillWidth: true
-                Layout.topMargin: 4
-                text: root.title
-                font: TidloType.section
-                horizontalAlignment: Text.AlignHCenter
-                wrapMode: Text.Wrap
-            }
-            TidloText {
-                Layout.fillWidth: true
-                text: root.message
-                font: TidloType.system(13, Font.Normal)
-                color: TidloTheme.mutedText
-                horizontalAlignment: Text.AlignHCenter
-                wrapMode: Text.Wrap
-            }
-            RowLayout {
-                Layout.fillWidth: true
-                Layout.topMargin: 8
-                spacing: 10
-
-                SecondaryButtonStyle {
-                    id: cancelButton
-
-                    Layout.fillWidth: true
-                    visible: root.cancelText !== ""
-                    text: root.cancelText
-                    sidePadding: 12
-                    onClicked: root.cancel()
-                }
-                PrimaryButtonStyle {
-                    id: defaultButton
-
-                    Layout.fillWidth: true
-                    visible: !root.isDestructive
-                    text: root.defaultText
-                    sidePadding: 12
-                    onClicked: root.accept()
-                }
-                DangerButtonStyle {
-                    Layout.fillWidth: true
-                    visible: root.isDestructive
-                    text: root.defaultText
-                    sidePadding: 12
-                    onClicked: root.accept()
-                }
-            }
+    contentItem: AlertBody {
+        title: root.title
+        message: root.message
+        defaultText: root.defaultText
+        cancelText: root.cancelText
+        isDestructive: root.isDestructive
+        onAccepted: {
+            root.close();
+            root.accepted();
+        }
+        onCancelled: {
+            root.close();
+            root.cancelled();
         }
     }
 }

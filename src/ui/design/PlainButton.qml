@@ -16,10 +16,10 @@ T.AbstractButton {
 
     Accessible.role: Accessible.Button
     Accessible.name: root.text
-    Accessible.onPressAction: root.click()
+    Accessible.onPressAction: root.clicked()
 
-    Keys.onReturnPressed: root.click()
-    Keys.onEnterPressed: root.click()
+    Keys.onReturnPressed: root.clicked()
+    Keys.onEnterPressed: root.clicked()
 
     HoverHandler {
         cursorShape: root.enabled ? Qt.PointingHandCursor : Qt.ArrowCursor

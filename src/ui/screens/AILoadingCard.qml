@@ -1,7 +1,6 @@
 import QtQuick
 import QtQuick.Layouts
 import Tidlo.Design
-import Tidlo.Screens
 
 /// Stands where the explanation will be, while it is awaited.
 CardModifier {

@@ -1,7 +1,6 @@
 import QtQuick
 import QtQuick.Layouts
 import Tidlo.Design
-import Tidlo.Screens
 
 /// The explanation of the scan, or why there is none. It can be selected and copied; nothing in it is markup.
 ContinuousRectangle {

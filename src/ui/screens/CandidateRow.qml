@@ -18,6 +18,14 @@ PlainButton {
     required property double share
     required property bool ticked
     required property bool toggleable
+    property double tickScale: root.pressed ? 0.9 : 1
+
+    Behavior on tickScale {
+        NumberAnimation {
+            duration: Motion.toggle.duration
+            easing: Motion.toggle.easing
+        }
+    }
 
     leftPadding: 16
     rightPadding: 16
@@ -31,7 +39,7 @@ PlainButton {
     Accessible.description: root.detail
     Accessible.checkable: root.toggleable
     Accessible.checked: root.ticked
-    Accessible.onToggleAction: root.click()
+    Accessible.onToggleAction: root.clicked()
 
     background: ContinuousRectangle {
         radius: 14
@@ -46,20 +54,7 @@ PlainButton {
             size: 18
             color: root.ticked ? TidloTheme.green : TidloTheme.mutedText
             opacity: root.toggleable ? 1 : 0.5
-            scale: tick.pressedScale
-
-            QtObject {
-                id: tick
-
-                property double pressedScale: root.pressed ? 0.9 : 1
-
-                Behavior on pressedScale {
-                    NumberAnimation {
-                        duration: Motion.toggle.duration
-                        easing: Motion.toggle.easing
-                    }
-                }
-            }
+            scale: root.tickScale
         }
         Item {
             Layout.preferredWidth: 24

@@ -1,6 +1,6 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import Tidlo.Design
-import Tidlo.Screens
 
 /// A figure whose digits are all equally wide, so that nothing beside them moves while it counts.
 Row {

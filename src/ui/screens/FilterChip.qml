@@ -1,6 +1,5 @@
 import QtQuick
 import Tidlo.Design
-import Tidlo.Screens
 
 /// One of the filters of the results.
 PlainButton {

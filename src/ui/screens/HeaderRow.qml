@@ -1,7 +1,6 @@
 import QtQuick
 import QtQuick.Layouts
 import Tidlo.Design
-import Tidlo.Screens
 
 /// The head of every screen: its title, and on the other side whatever is declared inside.
 Item {

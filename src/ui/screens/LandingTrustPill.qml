@@ -1,6 +1,5 @@
 import QtQuick
 import Tidlo.Design
-import Tidlo.Screens
 
 /// A promise: a symbol and two words.
 ContinuousRectangle {

@@ -1,6 +1,5 @@
 import QtQuick
 import Tidlo.Design
-import Tidlo.Screens
 
 /// One figure of the report.
 CardModifier {

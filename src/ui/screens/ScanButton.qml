@@ -1,6 +1,5 @@
 import QtQuick
 import Tidlo.Design
-import Tidlo.Screens
 
 /// The round button that starts a scan. Its outer ring breathes for as long as it is seen.
 PlainButton {
@@ -9,7 +8,7 @@ PlainButton {
     /// Whether the ring has begun to breathe.
     property bool pulse: false
     /// From 0, small and opaque, to 1, large and faint.
-    property double breath: 0
+    property double breath
 
     text: qsTr("Scan")
     implicitWidth: 240

@@ -1,6 +1,5 @@
 import QtQuick
 import Tidlo.Design
-import Tidlo.Screens
 
 /// A small tile of two lines: what, and how.
 ContinuousRectangle {

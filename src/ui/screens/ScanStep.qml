@@ -1,7 +1,6 @@
 import QtQuick
 import QtQuick.Layouts
 import Tidlo.Design
-import Tidlo.Screens
 
 /// One step of the scan: waiting, under way, or done.
 ContinuousRectangle {

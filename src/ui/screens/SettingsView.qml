@@ -1,5 +1,4 @@
 import QtQuick
-import Tidlo.Design
 import Tidlo.Screens
 
 /// Preferences.

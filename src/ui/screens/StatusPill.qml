@@ -1,6 +1,5 @@
 import QtQuick
 import Tidlo.Design
-import Tidlo.Screens
 
 /// A short word on how things stand, in its colour on a capsule.
 Rectangle {

@@ -1,26 +1,31 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import Tidlo.Screens
 import Tidlo.Shell
 
 /// The screen of the section that is shown.
-Loader {
+FocusScope {
     id: root
 
     required property AppViewModel app
     required property Navigation navigation
 
-    sourceComponent: {
-        switch (root.navigation.screen) {
-        case Navigation.Scanning:
-            return scanning;
-        case Navigation.Results:
-            return results;
-        case Navigation.Report:
-            return report;
-        case Navigation.Settings:
-            return settings;
-        default:
-            return landing;
+    Loader {
+        anchors.fill: parent
+        focus: true
+        sourceComponent: {
+            switch (root.navigation.screen) {
+            case Navigation.Scanning:
+                return scanning;
+            case Navigation.Results:
+                return results;
+            case Navigation.Report:
+                return report;
+            case Navigation.Settings:
+                return settings;
+            default:
+                return landing;
+            }
         }
     }
 

@@ -1,6 +1,5 @@
 import QtQuick
 import Tidlo.Design
-import Tidlo.Shell
 
 /// A button of the rail.
 PlainButton {

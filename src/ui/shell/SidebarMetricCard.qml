@@ -1,7 +1,6 @@
 import QtQuick
 import QtQuick.Layouts
 import Tidlo.Design
-import Tidlo.Shell
 
 /// A figure of the disk: a ring that grows when it appears, and the words for it.
 ContinuousRectangle {

@@ -1,6 +1,5 @@
 import QtQuick
 import Tidlo.Design
-import Tidlo.Shell
 
 /// Shows the theme; a press takes the next one.
 PlainButton {

@@ -1,6 +1,6 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import Tidlo.Design
-import Tidlo.Shell
 
 /// Close, minimise and zoom, for systems that do not draw them themselves.
 Row {

@@ -1,5 +1,5 @@
+pragma ComponentBehavior: Bound
 import QtQuick
-import Tidlo.Shell
 
 /// The edges and corners by which a window without a frame is made larger or smaller.
 Item {

@@ -1,0 +1,86 @@
+import QtQuick
+import QtQuick.Layouts
+import Tidlo.Design
+
+/// What an alert says, and its buttons.
+ColumnLayout {
+    id: root
+
+    required property string title
+    required property string message
+    required property string defaultText
+    required property string cancelText
+    required property bool isDestructive
+
+    signal accepted
+    signal cancelled
+
+    /// Gives the keyboard to the button that Return may press at once.
+    function focusButton() {
+        const button = root.isDestructive ? cancelButton : defaultButton;
+        button.forceActiveFocus(Qt.TabFocusReason);
+    }
+
+    spacing: 10
+
+    Accessible.role: Accessible.AlertMessage
+    Accessible.name: root.title
+    Accessible.description: root.message
+
+    Keys.onEscapePressed: root.cancelText !== "" ? root.cancelled() : root.accepted()
+
+    TidloLogo {
+        Layout.alignment: Qt.AlignHCenter
+        size: 48
+    }
+    TidloText {
+        Layout.fillWidth: true
+        Layout.topMargin: 4
+        text: root.title
+        font: TidloType.section
+        horizontalAlignment: Text.AlignHCenter
+        wrapMode: Text.Wrap
+    }
+    TidloText {
+        Layout.fillWidth: true
+        text: root.message
+        font: TidloType.system(13, Font.Normal)
+        color: TidloTheme.mutedText
+        horizontalAlignment: Text.AlignHCenter
+        wrapMode: Text.Wrap
+    }
+    RowLayout {
+        Layout.fillWidth: true
+        Layout.topMargin: 8
+        spacing: 10
+
+        SecondaryButtonStyle {
+            id: cancelButton
+
+            objectName: "cancelButton"
+            Layout.fillWidth: true
+            visible: root.cancelText !== ""
+            text: root.cancelText
+            sidePadding: 12
+            onClicked: root.cancelled()
+        }
+        PrimaryButtonStyle {
+            id: defaultButton
+
+            objectName: "defaultButton"
+            Layout.fillWidth: true
+            visible: !root.isDestructive
+            text: root.defaultText
+            sidePadding: 12
+            onClicked: root.accepted()
+        }
+        DangerButtonStyle {
+            objectName: "dangerButton"
+            Layout.fillWidth: true
+            visible: root.isDestructive
+            text: root.defaultText
+            sidePadding: 12
+            onClicked: root.accepted()
+        }
+    }
+}
