@@ -23,7 +23,7 @@ Column {
         width: 72
         height: 72
         lineWidth: 8
-        trackColor: TidloTheme.faded(TidloTheme.systemGray, TidloTheme.mixed(0.2, 0.15))
+        trackColor: TidloTheme.faded(TidloTheme.systemGray, TidloTheme.mixed(TidloTheme.darkness, 0.2, 0.15))
         color: root.color
         value: root.value
         valueText: root.valueText

@@ -20,7 +20,7 @@ T.Popup {
 
     T.Overlay.modal: ContinuousRectangle {
         radius: root.windowRadius
-        color: TidloTheme.faded("black", TidloTheme.mixed(0.5, 0.3))
+        color: TidloTheme.faded("black", TidloTheme.mixed(TidloTheme.darkness, 0.5, 0.3))
     }
 
     enter: Transition {

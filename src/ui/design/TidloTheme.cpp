@@ -120,6 +120,11 @@ void TidloTheme::changeScheme(ColorScheme before)
     change.start();
 }
 
+double TidloTheme::mixed(double darkness, double dark, double light)
+{
+    return light + (dark - light) * darkness;
+}
+
 QColor TidloTheme::faded(const QColor &color, double opacity)
 {
     QColor faded = color;

@@ -92,8 +92,8 @@ public:
     /// \a color at \a opacity times its own.
     Q_INVOKABLE static QColor faded(const QColor &color, double opacity);
 
-    /// \a dark and \a light, mixed as the schemes are at the moment; in a binding follow it with darkness.
-    Q_INVOKABLE double mixed(double dark, double light) const { return light + (dark - light) * currentDarkness; }
+    /// \a dark and \a light, mixed as the schemes are at \a darkness, which is passed so that a binding follows it.
+    Q_INVOKABLE static double mixed(double darkness, double dark, double light);
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 

@@ -10,7 +10,7 @@ ContinuousRectangle {
 
     implicitHeight: row.implicitHeight + 28
     radius: 10
-    color: TidloTheme.faded(TidloTheme.green, TidloTheme.mixed(0.1, 0.13))
+    color: TidloTheme.faded(TidloTheme.green, TidloTheme.mixed(TidloTheme.darkness, 0.1, 0.13))
 
     RowLayout {
         id: row

@@ -11,7 +11,7 @@ ContinuousRectangle {
 
     implicitHeight: row.implicitHeight + 44
     radius: 14
-    color: TidloTheme.faded(TidloTheme.green, TidloTheme.mixed(0.12, 0.16))
+    color: TidloTheme.faded(TidloTheme.green, TidloTheme.mixed(TidloTheme.darkness, 0.12, 0.16))
     borderColor: TidloTheme.faded(TidloTheme.green, 0.25)
     borderWidth: 1
 

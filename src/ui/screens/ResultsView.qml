@@ -1,6 +1,5 @@
 pragma ComponentBehavior: Bound
 import QtQuick
-import QtQuick.Templates as T
 import Tidlo.Design
 import Tidlo.Screens
 
@@ -28,67 +27,64 @@ Item {
         }
     }
 
-    ListView {
-        id: list
+    ScrollArea {
+        id: area
 
         objectName: "findings"
         anchors.top: header.bottom
         anchors.bottom: bar.top
         anchors.left: parent.left
         anchors.right: parent.right
-        anchors.leftMargin: 22
-        anchors.rightMargin: 22
-        clip: true
-        spacing: 8
-        model: findings
-        boundsBehavior: Flickable.StopAtBounds
-        keyNavigationEnabled: true
-        cacheBuffer: 600
-        T.ScrollBar.vertical: OverlayScrollBar {}
+        contentHeight: column.height
 
         Accessible.role: Accessible.List
         Accessible.name: qsTr("Findings")
 
-        header: Item {
-            width: list.width
-            implicitHeight: card.status === Loader.Ready ? card.implicitHeight + 16 : 8
+        Column {
+            id: column
 
-            Loader {
-                id: card
+            x: 22
+            width: area.width - 44
+            topPadding: 8
+            bottomPadding: 8
+            spacing: 8
 
-                y: 8
+            AILoadingCard {
+                objectName: "loadingCard"
                 width: parent.width
-                sourceComponent: root.app.isGeneratingAI ? loading : findings.summary !== "" ? summary : null
+                visible: root.app.isGeneratingAI
+            }
+            AISummaryCard {
+                objectName: "summaryCard"
+                width: parent.width
+                visible: !root.app.isGeneratingAI && findings.summary !== ""
+                summary: findings.summary
+            }
+            Repeater {
+                id: rows
+
+                model: findings
+
+                CandidateRow {
+                    id: row
+
+                    required property int index
+
+                    function goTo(next: int) {
+                        const other = rows.itemAt(next);
+                        if (other)
+                            other.forceActiveFocus(next > row.index ? Qt.TabFocusReason : Qt.BacktabFocusReason);
+                    }
+
+                    objectName: "row" + row.index
+                    width: column.width
+                    onClicked: findings.toggle(row.index)
+                    onActiveFocusChanged: if (row.activeFocus) area.reveal(row)
+                    Keys.onDownPressed: row.goTo(row.index + 1)
+                    Keys.onUpPressed: row.goTo(row.index - 1)
+                }
             }
         }
-        footer: Item {
-            implicitHeight: 8
-        }
-
-        delegate: CandidateRow {
-            id: row
-
-            required property int index
-
-            objectName: "row" + index
-            width: list.width
-            onClicked: {
-                list.currentIndex = row.index;
-                findings.toggle(row.index);
-            }
-            onActiveFocusChanged: if (activeFocus) list.positionViewAtIndex(row.index, ListView.Contain)
-            Keys.onDownPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
-            Keys.onUpPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
-        }
-    }
-
-    Component {
-        id: loading
-        AILoadingCard {}
-    }
-    Component {
-        id: summary
-        AISummaryCard { summary: findings.summary }
     }
 
     BottomActionBar {

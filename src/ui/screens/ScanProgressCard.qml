@@ -39,7 +39,7 @@ CardModifier {
                 width: 236
                 height: 236
                 lineWidth: 18
-                trackColor: TidloTheme.faded(TidloTheme.systemGray, TidloTheme.mixed(0.18, 0.16))
+                trackColor: TidloTheme.faded(TidloTheme.systemGray, TidloTheme.mixed(TidloTheme.darkness, 0.18, 0.16))
                 color: TidloTheme.green
                 bottomColor: TidloTheme.blue
                 value: root.progress

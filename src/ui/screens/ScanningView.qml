@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Templates as T
 import Tidlo.Design
 import Tidlo.Screens
 
@@ -30,7 +29,7 @@ Item {
         }
     }
 
-    Flickable {
+    ScrollArea {
         id: body
 
         anchors.top: header.bottom
@@ -39,11 +38,7 @@ Item {
         anchors.right: parent.right
         anchors.leftMargin: 22
         anchors.rightMargin: 22
-        clip: true
-        contentWidth: width
         contentHeight: Math.max(height, cards.implicitHeight + 44)
-        interactive: contentHeight > height
-        T.ScrollBar.vertical: OverlayScrollBar {}
 
         Grid {
             id: cards

@@ -14,7 +14,7 @@ Item {
     Rectangle {
         anchors.fill: parent
         radius: height / 2
-        color: TidloTheme.faded(TidloTheme.systemGray, TidloTheme.mixed(0.18, 0.14))
+        color: TidloTheme.faded(TidloTheme.systemGray, TidloTheme.mixed(TidloTheme.darkness, 0.18, 0.14))
     }
     Rectangle {
         objectName: "bar"

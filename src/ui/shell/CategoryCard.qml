@@ -11,7 +11,7 @@ Rectangle {
     readonly property color categoryColor: TidloTheme[root.figure.color]
 
     implicitHeight: 74
-    color: root.figure.selected ? TidloTheme.faded(root.categoryColor, TidloTheme.mixed(0.1, 0.08)) : "transparent"
+    color: root.figure.selected ? TidloTheme.faded(root.categoryColor, TidloTheme.mixed(TidloTheme.darkness, 0.1, 0.08)) : "transparent"
 
     Accessible.role: Accessible.StaticText
     Accessible.name: qsTr("%1: %2").arg(root.figure.title).arg(root.figure.bytesText)

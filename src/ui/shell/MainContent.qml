@@ -1,4 +1,3 @@
-pragma ComponentBehavior: Bound
 import QtQuick
 import Tidlo.Screens
 import Tidlo.Shell
@@ -8,7 +7,10 @@ FocusScope {
     id: root
 
     required property AppViewModel app
+    required property Preferences preferences
     required property Navigation navigation
+    /// Of the window's corners.
+    property double cornerRadius: 0
 
     Loader {
         anchors.fill: parent
@@ -29,6 +31,8 @@ FocusScope {
         }
     }
 
+    // A loader of Qt 6.4 takes no bound components, and without those qmllint cannot see what "root" is.
+    // qmllint disable unqualified
     Component {
         id: landing
         ScanLandingView { app: root.app }
@@ -47,6 +51,11 @@ FocusScope {
     }
     Component {
         id: settings
-        SettingsView { app: root.app }
+        SettingsView {
+            app: root.app
+            preferences: root.preferences
+            cornerRadius: root.cornerRadius
+        }
     }
+    // qmllint enable unqualified
 }

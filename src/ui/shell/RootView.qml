@@ -9,15 +9,14 @@ FocusScope {
     id: root
 
     required property AppViewModel app
-    /// The stored theme; written when a person chooses another.
-    required property StoredTheme storedTheme
+    required property Preferences preferences
     /// Of the window's corners.
     property double cornerRadius: 0
 
     Binding {
         target: TidloTheme
         property: "preference"
-        value: root.storedTheme.value
+        value: root.preferences.theme
     }
 
     Navigation {
@@ -45,7 +44,7 @@ FocusScope {
         anchors.top: parent.top
         anchors.left: parent.left
         anchors.right: parent.right
-        onThemeSwitched: root.storedTheme.value = TidloTheme.nextPreference
+        onThemeSwitched: root.preferences.theme = TidloTheme.nextPreference
     }
 
     ContinuousRectangle {
@@ -80,7 +79,7 @@ FocusScope {
         anchors.bottom: parent.bottom
         anchors.left: sidebar.right
         width: 1
-        opacity: TidloTheme.mixed(0.25, 0.7)
+        opacity: TidloTheme.mixed(TidloTheme.darkness, 0.25, 0.7)
     }
 
     MainContent {
@@ -90,7 +89,9 @@ FocusScope {
         anchors.right: parent.right
         focus: true
         app: root.app
+        preferences: root.preferences
         navigation: navigation
+        cornerRadius: root.cornerRadius
     }
 
     Alert {
@@ -102,6 +103,8 @@ FocusScope {
         defaultText: qsTr("Move to Applications")
         cancelText: qsTr("Not now")
         onClosed: root.app.showMoveToApplicationsPrompt = false
+        onAccepted: root.app.moveToApplicationsFolder()
+        onCancelled: root.app.skipMoveToApplicationsPrompt()
     }
 
     Alert {
@@ -112,5 +115,17 @@ FocusScope {
         message: root.app.moveToApplicationsErrorMessage
         defaultText: qsTr("OK")
         onClosed: root.app.showMoveToApplicationsError = false
+    }
+
+    Sheet {
+        objectName: "setupSheet"
+        visible: root.app.showSetupWizard
+        windowRadius: root.cornerRadius
+
+        contentItem: SetupWizardView {
+            focus: true
+            app: root.app
+            preferences: root.preferences
+        }
     }
 }

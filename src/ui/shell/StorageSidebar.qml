@@ -1,6 +1,5 @@
 import QtQuick
 import QtQuick.Layouts
-import QtQuick.Templates as T
 import Tidlo.Design
 import Tidlo.Screens
 import Tidlo.Shell
@@ -20,13 +19,9 @@ Rectangle {
         app: root.app
     }
 
-    Flickable {
+    ScrollArea {
         anchors.fill: parent
-        clip: true
-        contentWidth: width
         contentHeight: column.implicitHeight
-        interactive: contentHeight > height
-        T.ScrollBar.vertical: OverlayScrollBar {}
 
         ColumnLayout {
             id: column
@@ -105,7 +100,7 @@ Rectangle {
             }
             Divider {
                 Layout.fillWidth: true
-                opacity: TidloTheme.mixed(0.22, 0.7)
+                opacity: TidloTheme.mixed(TidloTheme.darkness, 0.22, 0.7)
             }
             Repeater {
                 model: figures.categories

@@ -21,7 +21,7 @@ TidloApp::~TidloApp() = default;
 bool TidloApp::open()
 {
     engine.setInitialProperties({{QStringLiteral("app"), QVariant::fromValue(&app)},
-                                 {QStringLiteral("storedTheme"), QVariant::fromValue(&theme)}});
+                                 {QStringLiteral("preferences"), QVariant::fromValue(&preferences)}});
     engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Tidlo/Shell/TidloApp.qml")));
     return window() != nullptr;
 }

@@ -2,7 +2,7 @@
 
 #include "app/AppViewModel.h"
 #include "platform/UserDefaults.h"
-#include "ui/screens/StoredTheme.h"
+#include "ui/screens/Preferences.h"
 
 #include <QQmlApplicationEngine>
 
@@ -24,7 +24,7 @@ public:
 
 private:
     UserDefaults defaults;
-    StoredTheme theme{defaults};
+    Preferences preferences{defaults};
     AppViewModel app;
     QQmlApplicationEngine engine; ///< Last, since what it shows reads the others.
 };

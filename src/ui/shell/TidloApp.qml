@@ -8,7 +8,7 @@ Window {
     id: window
 
     required property AppViewModel app
-    required property StoredTheme storedTheme
+    required property Preferences preferences
 
     readonly property size leastContent: Qt.size(1350, 720)
     readonly property bool fillsScreen: visibility === Window.Maximized || visibility === Window.FullScreen
@@ -62,7 +62,7 @@ Window {
             anchors.fill: parent
             focus: true
             app: window.app
-            storedTheme: window.storedTheme
+            preferences: window.preferences
             cornerRadius: window.cornerRadius
         }
     }

@@ -1,0 +1,33 @@
+#include "ui/screens/Preferences.h"
+
+Preferences::Preferences(UserDefaults &given, QObject *parent)
+    : QObject(parent)
+    , defaults(given)
+{
+    connect(&defaults, &UserDefaults::changed, this, [this](const QString &key) {
+        if (key == UserDefaults::theme)
+            Q_EMIT themeChanged();
+        else if (key == UserDefaults::setupCompleted)
+            Q_EMIT setupCompletedChanged();
+    });
+}
+
+QString Preferences::theme() const
+{
+    return defaults.string(UserDefaults::theme, QStringLiteral("dark"));
+}
+
+void Preferences::setTheme(const QString &theme)
+{
+    defaults.set(UserDefaults::theme, theme);
+}
+
+bool Preferences::setupCompleted() const
+{
+    return defaults.boolean(UserDefaults::setupCompleted);
+}
+
+void Preferences::setSetupCompleted(bool completed)
+{
+    defaults.set(UserDefaults::setupCompleted, completed);
+}

@@ -1,0 +1,63 @@
+import QtQuick
+import QtQuick.Layouts
+import Tidlo.Design
+import Tidlo.Screens
+
+/// Where explanations come from.
+CardModifier {
+    id: root
+
+    implicitHeight: column.implicitHeight + 40
+
+    ProxyStatus {
+        id: proxy
+    }
+
+    ColumnLayout {
+        id: column
+
+        anchors.fill: parent
+        anchors.margins: 20
+        spacing: 6
+
+        TidloText {
+            text: qsTr("Tidlo AI Server Proxy")
+            font: TidloType.system(22, Font.Bold)
+            Accessible.role: Accessible.Heading
+        }
+        SpacedText {
+            Layout.fillWidth: true
+            text: qsTr("Powered by Google Gemini 1.5 Flash.")
+            color: TidloTheme.mutedText
+            spacing: 3
+        }
+        RowLayout {
+            Layout.fillWidth: true
+            Layout.topMargin: 10
+            spacing: 12
+
+            Symbol {
+                name: "checkmark.seal.fill"
+                size: 20
+                weight: Font.DemiBold
+                color: TidloTheme.green
+            }
+            ColumnLayout {
+                Layout.fillWidth: true
+                spacing: 2
+
+                TidloText {
+                    text: qsTr("Server Proxy Status: Active")
+                    font: TidloType.bodyStrong
+                }
+                TidloText {
+                    Layout.fillWidth: true
+                    text: proxy.sentence
+                    font: TidloType.small
+                    color: TidloTheme.mutedText
+                    wrapMode: Text.Wrap
+                }
+            }
+        }
+    }
+}

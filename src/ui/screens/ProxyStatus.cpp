@@ -1,0 +1,13 @@
+#include "ui/screens/ProxyStatus.h"
+
+#include "ai/ExplainEndpoint.h"
+
+#include <QUrl>
+
+QString ProxyStatus::sentence()
+{
+    QUrl proxy;
+    proxy.setAuthority(ExplainEndpoint::builtInHost());
+    return QStringLiteral("All AI requests are processed securely via %1. No local API key setup required.")
+        .arg(proxy.host());
+}

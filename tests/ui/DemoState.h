@@ -1,0 +1,15 @@
+#pragma once
+
+#include "app/AppViewModel.h"
+
+/// Nine findings, one from each rule, as a developer's home may have them. Always the same.
+QList<CleanupCandidate> demoFindings();
+
+/// The figures of a disk of 500 GB that is 63 % full and has demoFindings() on it.
+ScanTotals demoTotals();
+
+/// An explanation as the service may give it.
+QString demoExplanation();
+
+/// An environment that touches no file and never answers.
+AppEnvironment demoEnvironment();

@@ -1,0 +1,178 @@
+/// Draws every screen in every state into a folder. It stores the theme among the preferences, so it wants a home of its
+/// own; scripts/screenshots gives it one and runs it for each theme, size and scale.
+
+#include "ui/DemoState.h"
+#include "ui/shell/TidloApp.h"
+
+#include <QDir>
+#include <QEventLoop>
+#include <QGuiApplication>
+#include <QImage>
+#include <QQuickItem>
+#include <QQuickWindow>
+#include <QTimer>
+
+#include <array>
+#include <cstdio>
+
+namespace {
+
+void showResults(AppViewModel &app)
+{
+    app.setTotals(demoTotals());
+    app.setCandidates(demoFindings());
+    app.setAiSummary(demoExplanation());
+    app.setIsGeneratingAI(false);
+    app.setSelectedFilter(std::nullopt);
+    app.setPhase(ScanPhase::results);
+    app.setSection(AppSection::results);
+}
+
+void scanAt(AppViewModel &app, double progress, const char *label)
+{
+    app.setPhase(ScanPhase::scanning);
+    app.setScanProgress(progress);
+    app.setScanLabel(QString::fromUtf8(label));
+}
+
+QObject *object(QQuickWindow &window, const char *name)
+{
+    return window.findChild<QObject *>(QLatin1StringView(name));
+}
+
+struct Shot
+{
+    const char *name;
+    void (*prepare)(AppViewModel &app, QQuickWindow &window);
+};
+
+constexpr std::array shots{
+    Shot{"landing", [](AppViewModel &, QQuickWindow &) {}},
+    Shot{"landing-after-scan",
+         [](AppViewModel &app, QQuickWindow &) {
+             showResults(app);
+             app.setSection(AppSection::scan);
+         }},
+    Shot{"scanning-0",
+         [](AppViewModel &app, QQuickWindow &) { scanAt(app, 0.0, "Reading disk usage"); }},
+    Shot{"scanning-42",
+         [](AppViewModel &app, QQuickWindow &) { scanAt(app, 0.42, "Checking WhatsApp Desktop storage"); }},
+    Shot{"scanning-99",
+         [](AppViewModel &app, QQuickWindow &) { scanAt(app, 0.99, "Finding older project copies"); }},
+    Shot{"results", [](AppViewModel &app, QQuickWindow &) { showResults(app); }},
+    Shot{"results-explaining",
+         [](AppViewModel &app, QQuickWindow &) {
+             showResults(app);
+             app.setIsGeneratingAI(true);
+         }},
+    Shot{"results-review",
+         [](AppViewModel &app, QQuickWindow &) {
+             showResults(app);
+             app.setSelectedFilter(CleanupRisk::review);
+         }},
+    Shot{"results-error",
+         [](AppViewModel &app, QQuickWindow &) {
+             showResults(app);
+             app.setAiSummary(QStringLiteral("⚠️ Request failed: The connection was refused."));
+         }},
+    Shot{"results-long",
+         [](AppViewModel &app, QQuickWindow &) {
+             showResults(app);
+             QList<CleanupCandidate> candidates = demoFindings();
+             candidates[0].title = QStringLiteral("A title that is far longer than any row is wide ").repeated(6);
+             candidates[1].aiExplanation = demoExplanation().repeated(2);
+             candidates[2].risk = CleanupRisk::never;
+             candidates[2].category = CleanupCategory::protected_;
+             candidates[2].selected = false;
+             candidates[3].detail = QStringLiteral("<b>no markup</b> \u202egnp.exe \x1b[31m control\r\nsecond line");
+             candidates[8].bytes = 0;
+             app.setCandidates(candidates);
+             app.setAiSummary(demoExplanation().repeated(5));
+         }},
+    Shot{"results-empty",
+         [](AppViewModel &app, QQuickWindow &) {
+             showResults(app);
+             app.setCandidates({});
+             app.setTotals({});
+             app.setAiSummary(std::nullopt);
+         }},
+    Shot{"report-preview",
+         [](AppViewModel &app, QQuickWindow &) {
+             showResults(app);
+             app.setPhase(ScanPhase::report);
+             app.setSection(AppSection::report);
+         }},
+    Shot{"report",
+         [](AppViewModel &app, QQuickWindow &) {
+             showResults(app);
+             CleanupReport report;
+             report.recoveredBytes = 48'570'000'000;
+             report.removedItems = 114;
+             report.protectedItems = 1;
+             report.finalDiskUsedPercent = 0.61;
+             app.setCleanupReport(report);
+             app.setPhase(ScanPhase::report);
+             app.setSection(AppSection::report);
+         }},
+    Shot{"settings", [](AppViewModel &app, QQuickWindow &) { app.setSection(AppSection::settings); }},
+    Shot{"settings-uninstall",
+         [](AppViewModel &, QQuickWindow &window) {
+             object(window, "settings")->setProperty("showUninstallConfirmation", true);
+         }},
+    Shot{"move-prompt",
+         [](AppViewModel &app, QQuickWindow &window) {
+             object(window, "settings")->setProperty("showUninstallConfirmation", false);
+             app.setSection(AppSection::scan);
+             app.setPhase(ScanPhase::ready);
+             app.setShowMoveToApplicationsPrompt(true);
+         }},
+    Shot{"move-error",
+         [](AppViewModel &app, QQuickWindow &) {
+             app.setShowMoveToApplicationsPrompt(false);
+             app.setMoveToApplicationsErrorMessage(
+                 QStringLiteral("Cannot create /Applications/Tidlo.app: Permission denied"));
+             app.setShowMoveToApplicationsError(true);
+         }},
+    Shot{"setup",
+         [](AppViewModel &app, QQuickWindow &) {
+             app.setShowMoveToApplicationsError(false);
+             app.setShowSetupWizard(true);
+         }},
+};
+
+/// Lets what moves come to rest.
+void settle()
+{
+    QEventLoop loop;
+    QTimer::singleShot(1500, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QGuiApplication application(argc, argv);
+    if (argc != 5) {
+        std::fputs("usage: screenshots <folder> <theme> <width> <height>\n", stderr);
+        return 2;
+    }
+    const QDir folder(QString::fromLocal8Bit(argv[1]));
+    UserDefaults().set(UserDefaults::theme, QString::fromLocal8Bit(argv[2]));
+    TidloApp tidlo(demoEnvironment());
+    if (!tidlo.open())
+        return 1;
+    QQuickWindow &window = *tidlo.window();
+    window.resize(QByteArray(argv[3]).toInt(), QByteArray(argv[4]).toInt());
+    settle();
+    for (const Shot &shot : shots) {
+        shot.prepare(tidlo.model(), window);
+        settle();
+        const QString file = folder.filePath(QLatin1StringView(shot.name) + QStringLiteral(".png"));
+        if (!window.grabWindow().save(file, "PNG", 0)) {
+            std::fprintf(stderr, "screenshots: cannot write %s\n", qPrintable(file));
+            return 1;
+        }
+    }
+    return 0;
+}
