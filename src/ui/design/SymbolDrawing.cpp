@@ -1,0 +1,87 @@
+#include "ui/design/SymbolDrawing.h"
+
+#include <QDir>
+#include <QPainter>
+#include <QRegularExpression>
+#include <QSvgRenderer>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+
+namespace {
+
+constexpr QLatin1StringView folder(":/symbols/");
+constexpr QLatin1StringView suffix(".svg");
+
+/// How the strokes grow with the weight; even between the rows.
+struct Growth
+{
+    double weight;
+    double width;
+};
+
+constexpr std::array growths{
+    Growth{400, 0},
+    Growth{500, 0.15},
+    Growth{600, 0.4},
+    Growth{700, 0.7},
+};
+
+QByteArray withWiderStrokes(const QString &svg, double growth)
+{
+    static const QRegularExpression width(QStringLiteral(R"(stroke-width="([\d.]+)\")"));
+    QString wider;
+    qsizetype copied = 0;
+    for (const QRegularExpressionMatch &match : width.globalMatch(svg)) {
+        wider += QStringView(svg).mid(copied, match.capturedStart(1) - copied);
+        wider += QString::number(match.capturedView(1).toDouble() + growth);
+        copied = match.capturedEnd(1);
+    }
+    wider += QStringView(svg).mid(copied);
+    return wider.toUtf8();
+}
+
+} // namespace
+
+QStringList symbolNames()
+{
+    QStringList names = QDir(folder).entryList(QDir::Files, QDir::Name);
+    for (QString &name : names)
+        name.chop(suffix.size());
+    return names;
+}
+
+double strokeGrowth(int weight)
+{
+    const auto *const heavier = std::ranges::find_if(
+        growths, [weight](double row) { return row >= weight; }, &Growth::weight);
+    if (heavier == growths.begin())
+        return growths.front().width;
+    if (heavier == growths.end())
+        return growths.back().width;
+    const auto *const lighter = heavier - 1;
+    return std::lerp(lighter->width, heavier->width, (weight - lighter->weight) / (heavier->weight - lighter->weight));
+}
+
+QByteArray symbolDrawing(const QString &name, int weight)
+{
+    QFile file(folder + name + suffix);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    return withWiderStrokes(QString::fromUtf8(file.readAll()), strokeGrowth(weight));
+}
+
+QImage symbolInk(const QByteArray &drawing, int side, double gridSide)
+{
+    QImage paper(side, side, QImage::Format_Grayscale8);
+    paper.fill(Qt::white);
+    QSvgRenderer renderer(drawing);
+    QPainter painter(&paper);
+    const double margin = (side - gridSide) / 2;
+    renderer.render(&painter, QRectF(margin, margin, gridSide, gridSide));
+    painter.end();
+    paper.invertPixels();
+    paper.reinterpretAsFormat(QImage::Format_Alpha8);
+    return paper;
+}
