@@ -2,30 +2,12 @@
 
 #include "ui/design/SymbolDrawing.h"
 
-#include <QPainter>
 #include <QtQml/qqmlinfo.h>
-
-#include <cmath>
-
-namespace {
-
-/// The grid's side in points, for a font of \a size.
-double gridSide(double size)
-{
-    return 1.2 * size;
-}
-
-double boxSide(double size)
-{
-    return 2 * std::ceil(gridSide(size) / 2);
-}
-
-} // namespace
 
 Symbol::Symbol(QQuickItem *parent)
     : PictureItem(parent)
 {
-    setImplicitSize(boxSide(fontSize), boxSide(fontSize));
+    setImplicitSize(symbolBox(fontSize), symbolBox(fontSize));
 }
 
 void Symbol::setName(const QString &name)
@@ -44,7 +26,7 @@ void Symbol::setFontSize(double size)
     if (size == fontSize)
         return;
     fontSize = size;
-    setImplicitSize(boxSide(size), boxSide(size));
+    setImplicitSize(symbolBox(size), symbolBox(size));
     changeDrawing();
     Q_EMIT fontSizeChanged();
 }
@@ -75,18 +57,7 @@ void Symbol::changeDrawing()
 
 QImage Symbol::picture(double pixelRatio)
 {
-    const int side = static_cast<int>(std::round(boxSide(fontSize) * pixelRatio));
-    if (ink.width() != side) {
-        const QByteArray drawing = symbolDrawing(symbolName, fontWeight);
-        if (drawing.isEmpty())
-            return {};
-        ink = symbolInk(drawing, side, gridSide(fontSize) * pixelRatio);
-    }
-    QImage inked = ink.convertToFormat(QImage::Format_ARGB32_Premultiplied);
-    QPainter painter(&inked);
-    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
-    painter.fillRect(inked.rect(), inkColor);
-    painter.end();
-    inked.setDevicePixelRatio(pixelRatio);
-    return inked;
+    if (ink.isNull() || ink.devicePixelRatio() != pixelRatio)
+        ink = symbolInk(symbolName, fontSize, fontWeight, pixelRatio);
+    return ink.isNull() ? ink : inColor(ink, inkColor);
 }

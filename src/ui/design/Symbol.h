@@ -4,9 +4,8 @@
 
 #include <QColor>
 
-/// A symbol, as large and heavy as text of the same font. Its box is a square, 1.2 times the font's size and then up to
-/// the next even number of points, so that it can stand in the middle of anything without a blur. A name without a
-/// drawing shows nothing, and is warned of. A new colour costs no new drawing.
+/// A symbol, as large and heavy as text of the same font. A name without a drawing shows nothing, and is warned of. A
+/// new colour costs no new drawing.
 class Symbol : public PictureItem
 {
     Q_OBJECT

@@ -11,6 +11,8 @@
 
 namespace {
 
+constexpr double gridToFont = 1.2; ///< The grid's side for a font of size 1.
+
 constexpr QLatin1StringView folder(":/symbols/");
 constexpr QLatin1StringView suffix(".svg");
 
@@ -72,16 +74,35 @@ QByteArray symbolDrawing(const QString &name, int weight)
     return withWiderStrokes(QString::fromUtf8(file.readAll()), strokeGrowth(weight));
 }
 
-QImage symbolInk(const QByteArray &drawing, int side, double gridSide)
+double symbolBox(double size)
 {
+    return 2 * std::ceil(size * gridToFont / 2);
+}
+
+QImage symbolInk(const QString &name, double size, int weight, double pixelRatio)
+{
+    QSvgRenderer drawing(symbolDrawing(name, weight));
+    if (!drawing.isValid())
+        return {};
+    const int side = static_cast<int>(std::round(symbolBox(size) * pixelRatio));
+    const double gridSide = size * gridToFont * pixelRatio;
+    const double margin = (side - gridSide) / 2;
     QImage paper(side, side, QImage::Format_Grayscale8);
     paper.fill(Qt::white);
-    QSvgRenderer renderer(drawing);
     QPainter painter(&paper);
-    const double margin = (side - gridSide) / 2;
-    renderer.render(&painter, QRectF(margin, margin, gridSide, gridSide));
+    drawing.render(&painter, QRectF(margin, margin, gridSide, gridSide));
     painter.end();
     paper.invertPixels();
     paper.reinterpretAsFormat(QImage::Format_Alpha8);
+    paper.setDevicePixelRatio(pixelRatio);
     return paper;
+}
+
+QImage inColor(const QImage &ink, const QColor &color)
+{
+    QImage colored = ink.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    QPainter painter(&colored);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(colored.rect(), color);
+    return colored;
 }

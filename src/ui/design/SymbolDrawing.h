@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QColor>
 #include <QImage>
 #include <QStringList>
 
@@ -19,6 +20,13 @@ double strokeGrowth(int weight);
 /// The drawing of \a name as SVG, with the strokes of \a weight; empty if there is none of that name.
 QByteArray symbolDrawing(const QString &name, int weight);
 
-/// The ink of \a drawing, from symbolDrawing(), as opacities: a square of \a side pixels, with the grid in its middle,
-/// \a gridSide pixels wide.
-QImage symbolInk(const QByteArray &drawing, int side, double gridSide);
+/// The side, in points, of the square that a symbol takes up where the font has \a size: 1.2 times that, and then up to
+/// the next even number, so that it can stand in the middle of anything without a blur.
+double symbolBox(double size);
+
+/// The ink of a symbol, as opacities, in its box where a point has \a pixelRatio pixels. Null if there is none of that
+/// name.
+QImage symbolInk(const QString &name, double size, int weight, double pixelRatio);
+
+/// \a ink in \a color.
+QImage inColor(const QImage &ink, const QColor &color);
