@@ -25,8 +25,8 @@ struct Growth
 
 constexpr std::array growths{
     Growth{400, 0},
-    Growth{500, 0.15},
-    Growth{600, 0.4},
+    Growth{500, 0.2},
+    Growth{600, 0.45},
     Growth{700, 0.7},
 };
 
