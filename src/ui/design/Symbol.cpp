@@ -15,7 +15,7 @@ void Symbol::setName(const QString &name)
     if (name == symbolName)
         return;
     symbolName = name;
-    if (!name.isEmpty() && !symbolNames().contains(name))
+    if (!name.isEmpty() && !hasSymbol(name))
         qmlWarning(this) << "There is no symbol " << name;
     changeDrawing();
     Q_EMIT nameChanged();

@@ -1,6 +1,7 @@
 #include "ui/design/SymbolDrawing.h"
 
 #include <QDir>
+#include <QFile>
 #include <QPainter>
 #include <QRegularExpression>
 #include <QSvgRenderer>
@@ -15,6 +16,11 @@ constexpr double gridToFont = 1.2; ///< The grid's side for a font of size 1.
 
 constexpr QLatin1StringView folder(":/symbols/");
 constexpr QLatin1StringView suffix(".svg");
+
+QString fileOf(const QString &name)
+{
+    return folder + name + suffix;
+}
 
 /// How the strokes grow with the weight; even between the rows.
 struct Growth
@@ -54,6 +60,11 @@ QStringList symbolNames()
     return names;
 }
 
+bool hasSymbol(const QString &name)
+{
+    return QFile::exists(fileOf(name));
+}
+
 double strokeGrowth(int weight)
 {
     const auto *const heavier = std::ranges::find_if(
@@ -68,7 +79,7 @@ double strokeGrowth(int weight)
 
 QByteArray symbolDrawing(const QString &name, int weight)
 {
-    QFile file(folder + name + suffix);
+    QFile file(fileOf(name));
     if (!file.open(QIODevice::ReadOnly))
         return {};
     return withWiderStrokes(QString::fromUtf8(file.readAll()), strokeGrowth(weight));

@@ -14,6 +14,9 @@ constexpr double symbolGrid = 24;
 /// All names that have a drawing, sorted.
 QStringList symbolNames();
 
+/// Whether there is a drawing of \a name.
+bool hasSymbol(const QString &name);
+
 /// How much wider the strokes of \a weight (400 to 700) are than regular ones, in units of the grid.
 double strokeGrowth(int weight);
 
