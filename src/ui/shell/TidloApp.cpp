@@ -5,6 +5,7 @@
 #include "ui/shell/RootView.h"
 
 #include <QGuiApplication>
+#include <QIcon>
 #include <QQuickWindow>
 
 TidloApp::TidloApp(AppEnvironment environment)
@@ -37,6 +38,7 @@ int runTidlo(int argumentCount, char **arguments)
     QGuiApplication application(argumentCount, arguments);
     QGuiApplication::setApplicationName(QStringLiteral("Tidlo"));
     QGuiApplication::setDesktopFileName(QStringLiteral("com.tidlo.storagecleaner"));
+    QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/logo.png")));
     TidloApp tidlo;
     return tidlo.open() ? QGuiApplication::exec() : 1;
 }

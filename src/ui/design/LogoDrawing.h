@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QImage>
+
+/// The picture of the logo: the one at \a bundledFile or, where that cannot be read, the application's icon; null if it
+/// has none. Read anew each time. Without an application object to ask for the icon, the program ends with a fatal
+/// error.
+QImage findLogo(const QString &bundledFile);
+
+/// A square of \a size points that \a picture fills, its corners rounded. For a null picture, sparkles on the accents
+/// of the theme, its corners a little rounder.
+QImage drawLogo(const QImage &picture, double size, double pixelRatio);

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QImage>
+#include <QQuickItem>
+
+/// An item that shows one picture in its middle, pixel for pixel of the screen. The picture is made only when the item
+/// is about to be seen, and again only when it is asked for or the screen's pixels change.
+class PictureItem : public QQuickItem
+{
+    Q_OBJECT
+
+public:
+    explicit PictureItem(QQuickItem *parent = nullptr);
+
+    /// What is shown where a point has \a pixelRatio pixels, which is the picture's own ratio; a null picture if that
+    /// is nothing. Called while the main thread waits.
+    virtual QImage picture(double pixelRatio) = 0;
+
+protected:
+    /// Lets the picture be made anew.
+    void changePicture();
+
+    void itemChange(ItemChange change, const ItemChangeData &data) override;
+    QSGNode *updatePaintNode(QSGNode *node, UpdatePaintNodeData *data) override;
+
+private:
+    bool isPictureOld = true;
+};

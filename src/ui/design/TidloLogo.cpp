@@ -1,0 +1,26 @@
+#include "ui/design/TidloLogo.h"
+
+#include "platform/BundleResource.h"
+#include "ui/design/LogoDrawing.h"
+
+TidloLogo::TidloLogo(QQuickItem *parent)
+    : PictureItem(parent)
+    , found(findLogo(bundleResource(QStringLiteral("logo.png"))))
+{
+    setImplicitSize(side, side);
+}
+
+void TidloLogo::setSide(double points)
+{
+    if (points == side)
+        return;
+    side = points;
+    setImplicitSize(points, points);
+    changePicture();
+    Q_EMIT sideChanged();
+}
+
+QImage TidloLogo::picture(double pixelRatio)
+{
+    return drawLogo(found, side, pixelRatio);
+}
