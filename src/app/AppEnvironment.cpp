@@ -2,7 +2,14 @@
 
 #include "ai/GeminiClient.h"
 
+#include <QDir>
+
 AppEnvironment::Explain AppEnvironment::liveExplain()
 {
     return [](QList<CleanupCandidate> candidates) { return GeminiClient::explain(std::move(candidates)); };
+}
+
+FilePath AppEnvironment::liveTemporaryFolder()
+{
+    return QFile::encodeName(QDir::tempPath());
 }

@@ -1,7 +1,10 @@
 #pragma once
 
 #include "model/CleanupCandidate.h"
+#include "platform/Bundle.h"
 #include "platform/FileManager.h"
+#include "platform/UserDefaults.h"
+#include "platform/Workspace.h"
 
 #include <QCoro/QCoroTask>
 
@@ -17,6 +20,12 @@ struct AppEnvironment
 
     std::shared_ptr<FileManager> fileManager = makeFileManager();
     Explain explain = liveExplain();
+    std::shared_ptr<UserDefaults> defaults = std::make_shared<UserDefaults>();
+    std::shared_ptr<Workspace> workspace = makeWorkspace();
+    Bundle bundle = mainBundle();
+    FilePath applicationPath = "/Applications/Tidlo.app"; ///< Where placement puts the application.
+    FilePath temporaryFolder = liveTemporaryFolder();     ///< Where the script that uninstalls it is written.
 
     static Explain liveExplain();
+    static FilePath liveTemporaryFolder();
 };

@@ -130,6 +130,22 @@ public:
     /// selected.
     Q_INVOKABLE void moveSelectedToTrash();
 
+    /// Declines the offer to move to the Applications folder; the wizard follows where setup has not been completed.
+    Q_INVOKABLE void skipMoveToApplicationsPrompt();
+
+    /// Accepts it: copies the application there, starts the copy and quits. The application itself stays where it is.
+    /// What fails is shown as an alert, and the wizard follows where setup has not been completed. Blocks while it
+    /// copies.
+    Q_INVOKABLE void moveToApplicationsFolder();
+
+    /// Remembers that setup has been completed, and closes the wizard.
+    Q_INVOKABLE void completeSetup();
+
+    /// Has a script move the application to the Trash and remove its preferences and caches, and quits. If the script
+    /// cannot be started, or would remove what is not ours, one line on standard output says so, and nothing else
+    /// happens.
+    Q_INVOKABLE void uninstallTidloCompletely();
+
 Q_SIGNALS:
     /// A property is about to be assigned.
     void objectWillChange();
@@ -185,6 +201,9 @@ private:
     QCoro::Task<> runScan(std::stop_token cancelled);
     QCoro::Task<> explainWithGemini();
     QCoro::Task<> runCleanup(QList<CleanupCandidate> selected);
+    bool isSetupNeeded() const;
+    void openCopy();
+    void reportPlacementFailure(const QString &message);
 
     AppEnvironment environment;
     FileSizeScanner scanner{environment.fileManager};

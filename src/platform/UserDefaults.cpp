@@ -1,22 +1,23 @@
 #include "platform/UserDefaults.h"
 
+#include "platform/ApplicationIdentifier.h"
+
 #include <QStandardPaths>
 
 namespace {
 
-constexpr QLatin1StringView identifier{"com.tidlo.storagecleaner"};
-
 #ifdef Q_OS_MACOS
 QString fileOfUser()
 {
-    return QDir::homePath() + QStringLiteral("/Library/Preferences/") + identifier + QStringLiteral(".plist");
+    return QDir::homePath() + QStringLiteral("/Library/Preferences/") + applicationIdentifier +
+           QStringLiteral(".plist");
 }
 constexpr QSettings::Format format = QSettings::NativeFormat;
 #else
 QString fileOfUser()
 {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + QLatin1Char('/') + identifier +
-           QStringLiteral(".conf");
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + QLatin1Char('/') +
+           applicationIdentifier + QStringLiteral(".conf");
 }
 constexpr QSettings::Format format = QSettings::IniFormat;
 #endif
@@ -34,12 +35,13 @@ UserDefaults::UserDefaults(const QString &file, QObject *parent)
 
 QString UserDefaults::string(QLatin1StringView key, const QString &otherwise) const
 {
-    return settings.value(key, otherwise).toString();
+    const QVariant value = settings.value(key);
+    return value.typeId() == QMetaType::QString ? value.toString() : otherwise;
 }
 
 bool UserDefaults::boolean(QLatin1StringView key) const
 {
-    return settings.value(key, false).toBool();
+    return settings.value(key).toString() == u"true"; // Any other text would convert to true as well.
 }
 
 void UserDefaults::set(QLatin1StringView key, const QVariant &value)

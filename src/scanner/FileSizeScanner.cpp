@@ -10,6 +10,19 @@
 
 using namespace std::chrono_literals;
 
+namespace {
+
+/// The result of a job, after a turn of the event loop at least: not from within the call that asked for it, and not
+/// before what was told until then could be seen.
+template <typename Result>
+QCoro::Task<Result> later(QFuture<Result> result)
+{
+    co_await QCoro::sleepFor(0ms);
+    co_return co_await result;
+}
+
+} // namespace
+
 /// Its operations are coroutines that hold it, and nothing of the scanner, across their suspensions.
 struct FileSizeScanner::Core
 {
@@ -39,7 +52,7 @@ QCoro::Task<ScanSnapshot> FileSizeScanner::Core::scan(std::shared_ptr<Core> core
         if (core->stop.stop_requested())
             break; // The scanner is gone; nobody it knew may be called any more.
         progress(step.fraction, step.label);
-        snapshot = co_await core->run(step, snapshot);
+        snapshot = co_await later(core->run(step, snapshot));
     }
     co_return snapshot;
 }
@@ -67,11 +80,11 @@ QCoro::Task<CleanupReport> FileSizeScanner::moveToTrash(QList<CleanupCandidate> 
                       end = core->stop.get_token()] {
         return ::moveToTrash(*files, candidates, [&] { return stop.stop_requested() || end.stop_requested(); });
     };
-    return qCoro(core->executor.run(job)).waitForFinished();
+    return later(core->executor.run(job));
 }
 
 QCoro::Task<ScanTotals> FileSizeScanner::diskTotals(FilePath home)
 {
     const auto job = [files = core->files, home = std::move(home)] { return ::diskTotals(*files, home); };
-    return qCoro(core->executor.run(job)).waitForFinished();
+    return later(core->executor.run(job));
 }

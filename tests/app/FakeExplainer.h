@@ -40,9 +40,15 @@ private:
         QList<CleanupCandidate> candidates;
         std::optional<QString> text;
         std::coroutine_handle<> waiting;
+    };
+
+    /// To be awaited. g++ 12 awaits a copy even of what has a name, so nothing but a pointer is kept here.
+    struct Answer
+    {
+        Request *request;
 
         bool await_ready() const { return false; }
-        void await_suspend(std::coroutine_handle<> handle) { waiting = handle; }
+        void await_suspend(std::coroutine_handle<> handle) const { request->waiting = handle; }
         void await_resume() const {}
     };
 
@@ -51,7 +57,8 @@ private:
         const auto request = std::make_shared<Request>();
         request->candidates = std::move(candidates);
         requests.push_back(request);
-        co_await *request;
+        const Answer answer{request.get()};
+        co_await answer;
         co_return request->text;
     }
 

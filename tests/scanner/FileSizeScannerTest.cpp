@@ -224,6 +224,22 @@ TEST_F(FileSizeScannerTest, MovesNothingMoreOnceDestroyed)
     EXPECT_EQ(QCoro::waitFor(*move).removedItems, 0);
 }
 
+TEST_F(FileSizeScannerTest, NeverEndsFromWithinTheCallHoweverLittleThereIsToDo)
+{
+    ON_CALL(files, volumeCapacity).WillByDefault(testing::Return(std::nullopt));
+    ON_CALL(files, fileSystemAttributes).WillByDefault(testing::Return(std::nullopt));
+    for (int turn = 0; turn < 2'000; ++turn) {
+        auto totals = scanner->diskTotals(home.path());
+        auto report = scanner->moveToTrash({});
+
+        ASSERT_FALSE(totals.isReady()) << turn;
+        ASSERT_FALSE(report.isReady()) << turn;
+
+        QCoro::waitFor(totals);
+        QCoro::waitFor(report);
+    }
+}
+
 TEST_F(FileSizeScannerTest, TellsTheTotalsOfAnyHome)
 {
     EXPECT_CALL(files, volumeCapacity(FilePath("/elsewhere")))

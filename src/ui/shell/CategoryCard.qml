@@ -11,7 +11,8 @@ Rectangle {
     readonly property color categoryColor: TidloTheme[root.figure.color]
 
     implicitHeight: 74
-    color: root.figure.selected ? TidloTheme.faded(root.categoryColor, TidloTheme.mixed(TidloTheme.darkness, 0.1, 0.08)) : "transparent"
+    color: root.figure.selected
+           ? TidloTheme.faded(root.categoryColor, TidloTheme.mixed(TidloTheme.darkness, 0.1, 0.08)) : "transparent"
 
     Accessible.role: Accessible.StaticText
     Accessible.name: qsTr("%1: %2").arg(root.figure.title).arg(root.figure.bytesText)
@@ -53,6 +54,8 @@ Rectangle {
                 text: root.figure.subtitle
                 font: TidloType.small
                 color: TidloTheme.mutedText
+                wrapMode: Text.Wrap
+                maximumLineCount: 2
                 elide: Text.ElideRight
                 Accessible.ignored: true
             }

@@ -1,0 +1,54 @@
+// Quits in the middle of a scan of the home folder, at each of its steps and some way into it, and prints how long it
+// takes from there until nothing of the application is left: quit_scan
+
+#include "app/AppViewModel.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QTimer>
+
+#include <algorithm>
+#include <cstdio>
+#include <memory>
+#include <vector>
+
+namespace {
+
+/// Milliseconds that quitting takes, so long after the scan has begun.
+double quitAfter(std::chrono::milliseconds delay)
+{
+    auto model = std::make_unique<AppViewModel>();
+    QElapsedTimer timer;
+    QTimer::singleShot(delay, Qt::PreciseTimer, qApp, [&timer] {
+        timer.start();
+        QCoreApplication::quit();
+    });
+    model->startScan();
+    QCoreApplication::exec();
+    const bool wasScanning = model->phase() == ScanPhase::scanning;
+    model.reset();
+    const double elapsed = static_cast<double>(timer.nsecsElapsed()) / 1e6;
+    QCoreApplication::processEvents();
+    return wasScanning ? elapsed : -1;
+}
+
+} // namespace
+
+int main(int count, char **arguments)
+{
+    const QCoreApplication application(count, arguments);
+    std::vector<double> times;
+    for (std::chrono::milliseconds delay{0};; delay += std::chrono::milliseconds(10)) {
+        const double elapsed = quitAfter(delay);
+        if (elapsed < 0)
+            break; // The scan was over before.
+        times.push_back(elapsed);
+    }
+    if (times.empty()) {
+        std::fprintf(stderr, "quit_scan: no scan was under way\n");
+        return 1;
+    }
+    std::ranges::sort(times);
+    std::printf("%zu times, %.1f ms in the middle, %.1f ms at most\n", times.size(), times[times.size() / 2],
+                times.back());
+}

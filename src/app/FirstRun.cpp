@@ -1,0 +1,25 @@
+#include "app/FirstRun.h"
+
+#include "platform/Containment.h"
+
+namespace {
+
+/// Whether there is somewhere to move to.
+bool canBePlaced(const AppEnvironment &environment)
+{
+    const FilePath &destination = environment.applicationPath;
+    return environment.fileManager->fileExists(destination.left(destination.lastIndexOf('/'))) &&
+           !isSameOrWithin(environment.bundle.path, destination);
+}
+
+} // namespace
+
+void beginFirstRun(AppViewModel &model, const AppEnvironment &environment)
+{
+    if (environment.defaults->boolean(UserDefaults::setupCompleted))
+        return;
+    if (canBePlaced(environment))
+        model.setShowMoveToApplicationsPrompt(true);
+    else
+        model.skipMoveToApplicationsPrompt();
+}

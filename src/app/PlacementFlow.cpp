@@ -1,0 +1,58 @@
+#include "app/AppViewModel.h"
+#include "platform/ApplicationCopier.h"
+
+#include <QCoreApplication>
+#include <QPointer>
+
+bool AppViewModel::isSetupNeeded() const
+{
+    return !environment.defaults->boolean(UserDefaults::setupCompleted);
+}
+
+void AppViewModel::skipMoveToApplicationsPrompt()
+{
+    setShowMoveToApplicationsPrompt(false);
+    setShowSetupWizard(isSetupNeeded());
+}
+
+void AppViewModel::moveToApplicationsFolder()
+{
+    requireMainThread();
+    if (const auto error = copyApplication(environment.bundle.path, environment.applicationPath)) {
+        reportPlacementFailure(*error);
+        return;
+    }
+    environment.workspace->registerApplication(environment.applicationPath);
+    openCopy();
+}
+
+void AppViewModel::openCopy()
+{
+    const QPointer<AppViewModel> self(this);
+    const auto end = [self](const std::optional<QString> &error) {
+        if (!self)
+            return;
+        if (error)
+            self->reportPlacementFailure(*error);
+        else
+            self->environment.workspace->terminateApplication();
+    };
+    environment.workspace->openApplication(environment.applicationPath, [end](const std::optional<QString> &error) {
+        const auto endOnMainThread = [end, error] { end(error); };
+        QMetaObject::invokeMethod(qApp, endOnMainThread, Qt::QueuedConnection);
+    });
+}
+
+void AppViewModel::reportPlacementFailure(const QString &message)
+{
+    setMoveToApplicationsErrorMessage(message);
+    setShowMoveToApplicationsError(true);
+    setShowSetupWizard(isSetupNeeded());
+}
+
+void AppViewModel::completeSetup()
+{
+    requireMainThread();
+    environment.defaults->set(UserDefaults::setupCompleted, true);
+    setShowSetupWizard(false);
+}

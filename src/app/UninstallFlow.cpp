@@ -1,0 +1,49 @@
+#include "app/AppViewModel.h"
+#include "platform/ApplicationIdentifier.h"
+#include "platform/AtomicFile.h"
+#include "platform/Containment.h"
+#include "platform/UninstallScript.h"
+
+#include <cstdio>
+
+namespace {
+
+QByteArray identifierOf(const Bundle &bundle)
+{
+    return bundle.identifier.value_or(applicationIdentifier.data());
+}
+
+bool isOurs(const Bundle &bundle)
+{
+    const FilePath folder = bundle.executable.left(bundle.executable.lastIndexOf('/'));
+    return bundle.path.endsWith(".app") && folder == bundle.path + "/Contents/MacOS" &&
+           identifierOf(bundle) == applicationIdentifier.data();
+}
+
+/// Writes the script and starts it. Gives what went wrong, for a person; then nothing has been started.
+std::optional<QString> startScript(const AppEnvironment &environment)
+{
+    const Bundle &bundle = environment.bundle;
+    if (!isOurs(bundle) || isSameOrWithin(environment.fileManager->homeDirectoryForCurrentUser(), bundle.path))
+        return QStringLiteral("The running program is not in a bundle of its own.");
+    const auto script = uninstallScript(bundle.path, identifierOf(bundle));
+    if (!script)
+        return QStringLiteral("The path of the application holds a character that a shell would read.");
+    const FilePath file = environment.temporaryFolder + "/uninstall_tidlo.sh";
+    if (const int error = writeAtomically(file, *script, 0700))
+        return qt_error_string(error);
+    return environment.workspace->start("/bin/bash", {file});
+}
+
+} // namespace
+
+void AppViewModel::uninstallTidloCompletely()
+{
+    requireMainThread();
+    if (const auto error = startScript(environment)) {
+        std::printf("Tidlo uninstall failed to start: %s\n", qUtf8Printable(*error));
+        std::fflush(stdout);
+        return;
+    }
+    environment.workspace->terminateApplication();
+}

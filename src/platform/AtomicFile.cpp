@@ -1,0 +1,45 @@
+#include "platform/AtomicFile.h"
+
+#include "platform/Descriptor.h"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+namespace {
+
+int writeAll(int descriptor, const QByteArray &content)
+{
+    for (qsizetype done = 0; done < content.size();) {
+        const ssize_t written =
+            write(descriptor, content.constData() + done, static_cast<size_t>(content.size() - done));
+        if (written < 0 && errno != EINTR)
+            return errno;
+        done += written < 0 ? 0 : written;
+    }
+    return fsync(descriptor) == 0 ? 0 : errno;
+}
+
+} // namespace
+
+int writeAtomically(const FilePath &path, const QByteArray &content, mode_t permissions)
+{
+    std::error_code failure;
+    std::filesystem::create_directories(path.left(path.lastIndexOf('/') + 1).toStdString(), failure);
+    if (failure)
+        return failure.value();
+    FilePath pending = path + ".XXXXXX";
+    const Descriptor file(mkostemp(pending.data(), O_CLOEXEC)); // Made for the user alone.
+    if (!file.isValid())
+        return errno;
+    int error = fchmod(file.get(), permissions) == 0 ? writeAll(file.get(), content) : errno;
+    if (error == 0 && std::rename(pending.constData(), path.constData()) != 0)
+        error = errno;
+    if (error != 0)
+        unlink(pending.constData());
+    return error;
+}

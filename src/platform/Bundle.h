@@ -1,0 +1,25 @@
+#pragma once
+
+#include "model/FilePath.h"
+
+#include <optional>
+
+/// An application as it lies on the disk: a folder that ends in ".app" and holds all it needs, or a lone executable
+/// outside any such folder, which stands for itself.
+struct Bundle
+{
+    FilePath path;
+    FilePath executable;                  ///< Of the running program, or the one that the bundle names.
+    std::optional<QByteArray> identifier; ///< Absent when the bundle names none.
+
+    bool operator==(const Bundle &) const = default;
+};
+
+/// The bundle that \a executable lies in: the nearest folder above it that ends in ".app". Reads the file system.
+Bundle bundleOf(const FilePath &executable);
+
+/// The bundle at \a path, with the executable that it names; without one, \a path stands for itself.
+Bundle bundleAt(const FilePath &path);
+
+/// The bundle of the running program.
+Bundle mainBundle();

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "model/FilePath.h"
+
+#include <QByteArrayList>
+#include <QString>
+
+#include <optional>
+
+/// Starts \a program in a session of its own, so that it outlives this one; it is not waited for. Gives the system's
+/// words for why it could not be started, or nothing.
+std::optional<QString> startDetached(const FilePath &program, const QByteArrayList &arguments);

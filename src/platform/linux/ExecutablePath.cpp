@@ -1,0 +1,9 @@
+#include "platform/ExecutablePath.h"
+
+#include <filesystem>
+
+FilePath executablePath()
+{
+    std::error_code error;
+    return FilePath::fromStdString(std::filesystem::read_symlink("/proc/self/exe", error).native());
+}

@@ -1,0 +1,97 @@
+#include "platform/TreeCopy.h"
+
+#include <array>
+#include <cerrno>
+#include <filesystem>
+#include <ranges>
+#include <vector>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// An item and where its copy goes.
+struct Pair
+{
+    fs::path source;
+    fs::path destination;
+};
+
+std::error_code lastError()
+{
+    return {errno, std::generic_category()};
+}
+
+std::error_code keepTimes(const Pair &item)
+{
+    struct stat status;
+    if (lstat(item.source.c_str(), &status) != 0)
+        return lastError();
+    const std::array times{status.st_atim, status.st_mtim};
+    const int result = utimensat(AT_FDCWD, item.destination.c_str(), times.data(), AT_SYMLINK_NOFOLLOW);
+    return result == 0 ? std::error_code() : lastError();
+}
+
+/// Once its contents are there, which its permissions may forbid to change and which change its time.
+std::error_code finishFolder(const Pair &folder)
+{
+    std::error_code error;
+    const fs::perms permissions = fs::status(folder.source, error).permissions();
+    if (!error)
+        fs::permissions(folder.destination, permissions, error);
+    return error ? error : keepTimes(folder);
+}
+
+std::error_code copyItem(const Pair &item, fs::file_type type)
+{
+    std::error_code error;
+    if (type == fs::file_type::directory) {
+        fs::create_directory(item.destination, error);
+        return error;
+    }
+    if (type == fs::file_type::symlink)
+        fs::copy_symlink(item.source, item.destination, error);
+    else
+        fs::copy_file(item.source, item.destination, error); // Of anything but a regular file, an error.
+    return error ? error : keepTimes(item);
+}
+
+std::error_code copyFolder(const Pair &top)
+{
+    std::vector folders{top};
+    std::error_code error = copyItem(top, fs::file_type::directory);
+    fs::recursive_directory_iterator entries;
+    if (!error)
+        entries = fs::recursive_directory_iterator(top.source, error);
+    for (; !error && entries != fs::recursive_directory_iterator(); entries.increment(error)) {
+        const Pair item{entries->path(), top.destination / entries->path().lexically_relative(top.source)};
+        const fs::file_type type = entries->symlink_status(error).type();
+        if (!error)
+            error = copyItem(item, type);
+        if (error)
+            break;
+        if (type == fs::file_type::directory)
+            folders.push_back(item);
+    }
+    for (const Pair &folder : std::views::reverse(folders)) {
+        if (error)
+            break;
+        error = finishFolder(folder);
+    }
+    return error;
+}
+
+} // namespace
+
+int copyTree(const FilePath &source, const FilePath &destination)
+{
+    const Pair top{source.toStdString(), destination.toStdString()};
+    std::error_code error;
+    const fs::file_type type = fs::symlink_status(top.source, error).type();
+    if (!error)
+        error = type == fs::file_type::directory ? copyFolder(top) : copyItem(top, type);
+    return error.value();
+}

@@ -1,0 +1,47 @@
+#include "platform/Workspace.h"
+
+#include "platform/ApplicationIdentifier.h"
+#include "platform/AtomicFile.h"
+#include "platform/Bundle.h"
+#include "platform/DetachedProcess.h"
+#include "platform/linux/DesktopEntry.h"
+#include "platform/linux/UserFiles.h"
+
+#include <QCoreApplication>
+#include <QFile>
+
+namespace {
+
+class LinuxWorkspace final : public Workspace
+{
+public:
+    /// Writes the entry that menus show, and the icon it names.
+    void registerApplication(const FilePath &application) override
+    {
+        const UserFiles files = userFilesOf(applicationIdentifier.data());
+        QFile logo(QFile::decodeName(application + "/Contents/Resources/logo.png"));
+        if (logo.open(QIODevice::ReadOnly))
+            writeAtomically(files.icon, logo.readAll());
+        writeAtomically(files.desktopEntry,
+                        desktopEntry(bundleAt(application).executable, applicationIdentifier.data()));
+    }
+
+    void openApplication(const FilePath &application, Opened opened) override
+    {
+        opened(startDetached(bundleAt(application).executable, {}));
+    }
+
+    std::optional<QString> start(const FilePath &program, const QByteArrayList &arguments) override
+    {
+        return startDetached(program, arguments);
+    }
+
+    void terminateApplication() override { QCoreApplication::quit(); }
+};
+
+} // namespace
+
+std::unique_ptr<Workspace> makeWorkspace()
+{
+    return std::make_unique<LinuxWorkspace>();
+}

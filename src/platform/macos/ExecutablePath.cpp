@@ -1,0 +1,18 @@
+#include "platform/ExecutablePath.h"
+
+#include <array>
+#include <climits>
+#include <cstdint>
+#include <cstdlib>
+
+#include <mach-o/dyld.h>
+
+FilePath executablePath()
+{
+    std::array<char, PATH_MAX> given{};
+    std::array<char, PATH_MAX> truth{};
+    auto size = static_cast<std::uint32_t>(given.size());
+    if (_NSGetExecutablePath(given.data(), &size) != 0 || realpath(given.data(), truth.data()) == nullptr)
+        return {};
+    return truth.data();
+}

@@ -1,0 +1,11 @@
+#include "platform/TreeCopy.h"
+
+#include <cerrno>
+
+#include <copyfile.h>
+
+int copyTree(const FilePath &source, const FilePath &destination)
+{
+    constexpr copyfile_flags_t flags = COPYFILE_ALL | COPYFILE_RECURSIVE | COPYFILE_NOFOLLOW | COPYFILE_EXCL;
+    return copyfile(source.constData(), destination.constData(), nullptr, flags) == 0 ? 0 : errno;
+}
