@@ -16,6 +16,10 @@ add_compile_options(-Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Woverloaded-vir
 add_compile_options("$<IF:$<CXX_COMPILER_ID:GNU>,-Wshadow=local,-Wshadow>")
 add_compile_definitions(QT_NO_CAST_FROM_ASCII QT_NO_KEYWORDS QT_NO_FOREACH QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 
+if(NOT APPLE)
+    add_link_options(-Wl,--as-needed) # tidlo-cli loads no library that only the window needs.
+endif()
+
 set(TIDLO_SANITIZERS "" CACHE STRING "Value for -fsanitize, or nothing")
 if(TIDLO_SANITIZERS)
     add_compile_options(-fsanitize=${TIDLO_SANITIZERS} -fno-omit-frame-pointer -fno-sanitize-recover=all -O1)

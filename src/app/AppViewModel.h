@@ -118,6 +118,11 @@ public:
     qint64 selectedBytes() const;
     qsizetype protectedCount() const; ///< Of candidates never to be touched, visible or not.
 
+    // What the application works on, for views that look closer at a finding.
+
+    std::shared_ptr<const FileManager> fileManager() const { return environment.fileManager; }
+    Workspace &workspace() const { return *environment.workspace; }
+
     /// Flips the selection of the candidate with the same identifier, animated. Does nothing if \a candidate is never
     /// to be touched or is no longer there.
     Q_INVOKABLE void toggleCandidate(const CleanupCandidate &candidate);

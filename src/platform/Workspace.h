@@ -25,6 +25,10 @@ public:
     /// Starts the application at \a application, which outlives this one.
     virtual void openApplication(const FilePath &application, Opened opened) = 0;
 
+    /// Shows \a item, chosen, in the window of a file browser; where none can do that, the folder it lies in. Returns at
+    /// once. Does nothing on a desktop that has no file browser.
+    virtual void showInFiles(const FilePath &item) = 0;
+
     /// Starts a program that outlives this one and is not waited for.
     virtual std::optional<QString> start(const FilePath &program, const QByteArrayList &arguments) = 0;
 

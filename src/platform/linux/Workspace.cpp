@@ -5,6 +5,7 @@
 #include "platform/Bundle.h"
 #include "platform/DetachedProcess.h"
 #include "platform/linux/DesktopEntry.h"
+#include "platform/linux/FileBrowser.h"
 #include "platform/linux/UserFiles.h"
 
 #include <QCoreApplication>
@@ -30,6 +31,8 @@ public:
     {
         opened(startDetached(bundleAt(application).executable, {}));
     }
+
+    void showInFiles(const FilePath &item) override { ::showInFiles(item); }
 
     std::optional<QString> start(const FilePath &program, const QByteArrayList &arguments) override
     {

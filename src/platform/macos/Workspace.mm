@@ -31,6 +31,11 @@ public:
                }];
     }
 
+    void showInFiles(const FilePath &item) override
+    {
+        [NSWorkspace.sharedWorkspace activateFileViewerSelectingURLs:@[ urlOf(item) ]];
+    }
+
     std::optional<QString> start(const FilePath &program, const QByteArrayList &arguments) override
     {
         return startDetached(program, arguments);

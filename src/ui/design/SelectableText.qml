@@ -7,6 +7,8 @@ TextEdit {
 
     /// For those who hear it, before the text itself.
     required property string name
+    /// Points between two lines.
+    property double spacing: 0
 
     readOnly: true
     selectByMouse: true
@@ -21,6 +23,11 @@ TextEdit {
     Accessible.name: root.name
     Accessible.description: root.text
     Accessible.readOnly: true
+
+    LineSpacing {
+        document: root.textDocument
+        spacing: root.spacing
+    }
 
     FocusRing {
         visible: root.activeFocus

@@ -33,6 +33,7 @@ ContinuousRectangle {
             text: root.summary
             font: TidloType.body
             color: TidloTheme.mutedText
+            spacing: 3
             name: qsTr("Explanation")
         }
     }

@@ -27,6 +27,9 @@ PlainButton {
         }
     }
 
+    /// Somebody wants to see what it consists of.
+    signal inspected
+
     leftPadding: 16
     rightPadding: 16
     topPadding: 12
@@ -40,6 +43,25 @@ PlainButton {
     Accessible.checkable: root.toggleable
     Accessible.checked: root.ticked
     Accessible.onToggleAction: root.clicked()
+
+    Keys.onMenuPressed: menu.popup(root, root.leftPadding, root.height / 2)
+
+    TapHandler {
+        acceptedButtons: Qt.RightButton
+        onTapped: (eventPoint) => menu.popup(root, eventPoint.position.x, eventPoint.position.y)
+    }
+
+    ContextMenu {
+        id: menu
+
+        objectName: "rowMenu"
+
+        ContextMenuItem {
+            objectName: "showItems"
+            text: qsTr("Show items…")
+            onTriggered: root.inspected()
+        }
+    }
 
     background: ContinuousRectangle {
         radius: 14

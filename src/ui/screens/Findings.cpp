@@ -177,6 +177,11 @@ void Findings::toggle(int row)
         source->toggleCandidate(CleanupCandidate(rows.at(row))); // A copy: the toggle changes the rows.
 }
 
+QUuid Findings::candidateAt(int row) const
+{
+    return row >= 0 && row < count() ? rows.at(row).id : QUuid();
+}
+
 void Findings::viewReport()
 {
     if (!source)

@@ -57,6 +57,9 @@ public:
     /// Flips the selection of a row; out of range it does nothing.
     Q_INVOKABLE void toggle(int row);
 
+    /// The identifier of a row's candidate; null if out of range.
+    Q_INVOKABLE QUuid candidateAt(int row) const;
+
     /// Shows the report of what has been, or would be, moved.
     Q_INVOKABLE void viewReport();
 

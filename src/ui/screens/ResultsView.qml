@@ -8,9 +8,17 @@ Item {
     id: root
 
     required property AppViewModel app
+    /// Of the window's corners.
+    property double cornerRadius: 0
 
     Findings {
         id: findings
+
+        app: root.app
+    }
+
+    FoundItems {
+        id: items
 
         app: root.app
     }
@@ -79,6 +87,10 @@ Item {
                     objectName: "row" + row.index
                     width: column.width
                     onClicked: findings.toggle(row.index)
+                    onInspected: {
+                        items.inspect(findings.candidateAt(row.index));
+                        sheet.open();
+                    }
                     onActiveFocusChanged: if (row.activeFocus) area.reveal(row)
                     Keys.onDownPressed: row.goTo(row.index + 1)
                     Keys.onUpPressed: row.goTo(row.index - 1)
@@ -95,5 +107,19 @@ Item {
         anchors.right: parent.right
         app: root.app
         findings: findings
+    }
+
+    Sheet {
+        id: sheet
+
+        objectName: "itemsSheet"
+        windowRadius: root.cornerRadius
+        onClosed: items.clear()
+
+        contentItem: FoundItemsView {
+            focus: true
+            items: items
+            onDone: sheet.close()
+        }
     }
 }

@@ -8,7 +8,6 @@ FocusScope {
     id: root
 
     required property AppViewModel app
-    required property Preferences preferences
 
     implicitWidth: 640
     implicitHeight: 500
@@ -99,10 +98,7 @@ FocusScope {
                 anchors.horizontalCenter: parent.horizontalCenter
                 text: qsTr("Get Started")
                 focus: true
-                onClicked: {
-                    root.preferences.setupCompleted = true;
-                    root.app.showSetupWizard = false;
-                }
+                onClicked: root.app.completeSetup()
             }
         }
     }

@@ -43,7 +43,10 @@ FocusScope {
     }
     Component {
         id: results
-        ResultsView { app: root.app }
+        ResultsView {
+            app: root.app
+            cornerRadius: root.cornerRadius
+        }
     }
     Component {
         id: report

@@ -125,7 +125,6 @@ FocusScope {
         contentItem: SetupWizardView {
             focus: true
             app: root.app
-            preferences: root.preferences
         }
     }
 }

@@ -1,5 +1,6 @@
 #include "ui/shell/TidloApp.h"
 
+#include "app/FirstRun.h"
 #include "ui/design/DesignSystem.h"
 #include "ui/screens/ContentViews.h"
 #include "ui/shell/RootView.h"
@@ -8,8 +9,8 @@
 #include <QIcon>
 #include <QQuickWindow>
 
-TidloApp::TidloApp(AppEnvironment environment)
-    : app(std::move(environment))
+TidloApp::TidloApp(AppEnvironment given)
+    : environment(std::move(given))
 {
     useDesignSystem();
     useContentViews();
@@ -24,7 +25,10 @@ bool TidloApp::open()
     engine.setInitialProperties({{QStringLiteral("app"), QVariant::fromValue(&app)},
                                  {QStringLiteral("preferences"), QVariant::fromValue(&preferences)}});
     engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Tidlo/Shell/TidloApp.qml")));
-    return window() != nullptr;
+    if (!window())
+        return false;
+    beginFirstRun(app, environment);
+    return true;
 }
 
 QQuickWindow *TidloApp::window() const

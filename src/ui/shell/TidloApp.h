@@ -1,7 +1,6 @@
 #pragma once
 
 #include "app/AppViewModel.h"
-#include "platform/UserDefaults.h"
 #include "ui/screens/Preferences.h"
 
 #include <QQmlApplicationEngine>
@@ -23,9 +22,9 @@ public:
     AppViewModel &model() { return app; }
 
 private:
-    UserDefaults defaults;
-    Preferences preferences{defaults};
-    AppViewModel app;
+    AppEnvironment environment;
+    Preferences preferences{*environment.defaults};
+    AppViewModel app{environment};
     QQmlApplicationEngine engine; ///< Last, since what it shows reads the others.
 };
 

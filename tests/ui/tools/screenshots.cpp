@@ -158,8 +158,10 @@ int main(int argc, char **argv)
         return 2;
     }
     const QDir folder(QString::fromLocal8Bit(argv[1]));
-    UserDefaults().set(UserDefaults::theme, QString::fromLocal8Bit(argv[2]));
-    TidloApp tidlo(demoEnvironment());
+    const AppEnvironment environment = demoEnvironment();
+    environment.defaults->set(UserDefaults::theme, QString::fromLocal8Bit(argv[2]));
+    environment.defaults->set(UserDefaults::setupCompleted, true);
+    TidloApp tidlo(environment);
     if (!tidlo.open())
         return 1;
     QQuickWindow &window = *tidlo.window();

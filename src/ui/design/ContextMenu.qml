@@ -1,0 +1,29 @@
+import QtQuick
+import QtQuick.Templates as T
+import Tidlo.Design
+
+/// What can be done with the thing it was asked for.
+T.Menu {
+    id: root
+
+    implicitWidth: Math.max(180, contentWidth + leftPadding + rightPadding)
+    implicitHeight: contentHeight + topPadding + bottomPadding
+    margins: 8
+    padding: 5
+    modal: true
+    dim: false
+
+    contentItem: ListView {
+        implicitHeight: contentHeight
+        model: root.contentModel
+        currentIndex: root.currentIndex
+        interactive: false
+    }
+
+    background: ContinuousRectangle {
+        radius: 9
+        color: TidloTheme.cardSurface
+        borderColor: TidloTheme.controlBorder
+        borderWidth: 1
+    }
+}

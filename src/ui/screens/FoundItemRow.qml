@@ -1,0 +1,64 @@
+import QtQuick
+import QtQuick.Layouts
+import Tidlo.Design
+
+/// One item of a finding: where it lies, how large it is, and what can be done with it.
+Rectangle {
+    id: root
+
+    required property string pathText
+    required property string sizeText
+    /// Whether the arrow keys are here; only then can Tab reach the buttons.
+    required property bool current
+
+    signal showRequested
+    signal copyRequested
+
+    implicitHeight: 36
+    radius: 8
+    color: root.current ? TidloTheme.faded(TidloTheme.blue, 0.16)
+                        : hover.hovered ? TidloTheme.faded(TidloTheme.systemGray, 0.1) : "transparent"
+
+    Accessible.role: Accessible.ListItem
+    Accessible.name: root.sizeText === "" ? root.pathText : qsTr("%1, %2").arg(root.pathText).arg(root.sizeText)
+
+    HoverHandler {
+        id: hover
+    }
+
+    RowLayout {
+        anchors.fill: parent
+        anchors.leftMargin: 10
+        anchors.rightMargin: 6
+        spacing: 8
+
+        TidloText {
+            Layout.fillWidth: true
+            text: root.pathText
+            font: TidloType.system(13, Font.Normal)
+            elide: Text.ElideMiddle
+            Accessible.ignored: true
+        }
+        SymbolButton {
+            objectName: "showInFiles"
+            visible: hover.hovered || root.current
+            text: qsTr("Show in Files")
+            symbol: "folder"
+            onClicked: root.showRequested()
+        }
+        SymbolButton {
+            objectName: "copyPath"
+            visible: hover.hovered || root.current
+            text: qsTr("Copy path")
+            symbol: "doc.on.doc"
+            onClicked: root.copyRequested()
+        }
+        TidloText {
+            Layout.preferredWidth: 84
+            text: root.sizeText
+            font: TidloType.sidebarStrong
+            horizontalAlignment: Text.AlignRight
+            Accessible.ignored: true
+        }
+    }
+}

@@ -1,0 +1,209 @@
+#include "ui/screens/FoundItems.h"
+
+#include "platform/ByteCountFormatter.h"
+#include "platform/VisibleText.h"
+
+#include <QClipboard>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QGuiApplication>
+
+#include <algorithm>
+#include <numeric>
+
+namespace {
+
+/// How many paths to measure before telling, so that news come about this often.
+class BatchSize final
+{
+public:
+    qsizetype next() const { return size; }
+
+    void took(qint64 milliseconds)
+    {
+        constexpr qint64 aim = 40;
+        constexpr qsizetype most = 4096;
+        size = milliseconds < aim ? std::min(size * 2, most) : std::max<qsizetype>(size / 2, 1);
+    }
+
+private:
+    qsizetype size = 8;
+};
+
+} // namespace
+
+FoundItems::FoundItems(QObject *parent)
+    : QAbstractListModel(parent)
+{
+    thread.setMaxThreadCount(1);
+    sorting.setSingleShot(true);
+    sorting.setInterval(400);
+    connect(&sorting, &QTimer::timeout, this, &FoundItems::sortRows);
+}
+
+FoundItems::~FoundItems()
+{
+    measuring.request_stop();
+    thread.waitForDone();
+}
+
+void FoundItems::setApp(AppViewModel *app)
+{
+    source = app;
+    Q_EMIT appChanged();
+}
+
+void FoundItems::inspect(const QUuid &id)
+{
+    clear();
+    if (!source)
+        return;
+    const QList<CleanupCandidate> candidates = source->candidates();
+    const auto candidate = std::ranges::find(candidates, id, &CleanupCandidate::id);
+    if (candidate != candidates.end())
+        show(*candidate);
+}
+
+void FoundItems::clear()
+{
+    measuring.request_stop();
+    show({});
+}
+
+void FoundItems::show(const CleanupCandidate &candidate)
+{
+    shownTitle = visibleText(candidate.title);
+    wanted.clear();
+    paths = candidate.paths;
+    sizes = QList<qint64>(paths.size(), unknown);
+    measuredCount = 0;
+    arrange();
+    Q_EMIT filterChanged();
+    Q_EMIT inspectedChanged();
+    Q_EMIT summaryChanged();
+    if (!paths.isEmpty())
+        measure();
+}
+
+void FoundItems::measure()
+{
+    measuring = std::stop_source();
+    thread.start([this, files = source->fileManager(), list = paths, stop = measuring.get_token()] {
+        BatchSize batch;
+        for (qsizetype first = 0; first < list.size() && !stop.stop_requested();) {
+            QElapsedTimer timer;
+            timer.start();
+            const QList<FilePath> some = list.mid(first, batch.next());
+            const QList<qint64> measured = files->allocatedSizes(some, stop);
+            const auto tell = [this, first, measured, stop] {
+                if (!stop.stop_requested()) // Else other items are shown by now.
+                    take(first, measured);
+            };
+            QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
+            batch.took(timer.elapsed());
+            first += some.size();
+        }
+    });
+}
+
+void FoundItems::take(qsizetype first, const QList<qint64> &measured)
+{
+    std::ranges::copy(measured, sizes.begin() + first);
+    measuredCount += measured.size();
+    Q_EMIT summaryChanged();
+    if (rows.isEmpty())
+        return;
+    Q_EMIT dataChanged(index(0), index(count() - 1), {SizeRole});
+    if (sorted && !sorting.isActive())
+        sorting.start();
+}
+
+void FoundItems::arrange()
+{
+    beginResetModel();
+    rows.clear();
+    for (int i = 0; i < paths.size(); ++i) {
+        if (wanted.isEmpty() || visibleText(paths.at(i)).contains(wanted, Qt::CaseInsensitive))
+            rows.append(i);
+    }
+    if (sorted)
+        std::ranges::stable_sort(rows, std::greater(), [this](int row) { return sizes.at(row); });
+    endResetModel();
+    Q_EMIT countChanged();
+}
+
+void FoundItems::sortRows()
+{
+    Q_EMIT layoutAboutToBeChanged();
+    std::ranges::stable_sort(rows, std::greater(), [this](int row) { return sizes.at(row); });
+    Q_EMIT layoutChanged();
+}
+
+QString FoundItems::summary() const
+{
+    const QString items = paths.size() == 1 ? QStringLiteral("1 item") : QStringLiteral("%L1 items").arg(paths.size());
+    if (measuredCount < paths.size())
+        return QStringLiteral("%1 · %L2 measured").arg(items).arg(measuredCount);
+    return QStringLiteral("%1 · %2").arg(items, byteCountText(std::accumulate(sizes.begin(), sizes.end(), qint64(0))));
+}
+
+void FoundItems::setFilter(const QString &filter)
+{
+    if (filter == wanted)
+        return;
+    wanted = filter;
+    arrange();
+    Q_EMIT filterChanged();
+}
+
+void FoundItems::setLargestFirst(bool largestFirst)
+{
+    if (largestFirst == sorted)
+        return;
+    sorted = largestFirst;
+    arrange();
+    Q_EMIT orderChanged();
+}
+
+int FoundItems::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : count();
+}
+
+QVariant FoundItems::data(const QModelIndex &index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+        return {};
+    const int item = rows.at(index.row());
+    switch (role) {
+    case PathRole:
+        return visibleText(paths.at(item));
+    case SizeRole:
+        return sizes.at(item) == unknown ? QString() : byteCountText(sizes.at(item));
+    default:
+        return {};
+    }
+}
+
+QHash<int, QByteArray> FoundItems::roleNames() const
+{
+    return {{PathRole, "pathText"}, {SizeRole, "sizeText"}};
+}
+
+const FilePath *FoundItems::pathAt(int row) const
+{
+    return row >= 0 && row < count() ? &paths.at(rows.at(row)) : nullptr;
+}
+
+void FoundItems::showInFiles(int row)
+{
+    const FilePath *path = pathAt(row);
+    if (source && path)
+        source->workspace().showInFiles(*path);
+}
+
+void FoundItems::copyPath(int row)
+{
+    if (const FilePath *path = pathAt(row))
+        QGuiApplication::clipboard()->setText(QFile::decodeName(*path));
+}

@@ -1,0 +1,133 @@
+pragma ComponentBehavior: Bound
+import QtQuick
+import QtQuick.Layouts
+import QtQuick.Templates as T
+import Tidlo.Design
+import Tidlo.Screens
+
+/// A look inside a finding: its items, to be searched, sorted and shown in the file browser. Nothing is changed here.
+FocusScope {
+    id: root
+
+    required property FoundItems items
+
+    signal done
+
+    implicitWidth: 820
+    implicitHeight: 560
+
+    Accessible.role: Accessible.Dialog
+    Accessible.name: root.items.title
+
+    Keys.onEscapePressed: root.done()
+
+    ColumnLayout {
+        anchors.fill: parent
+        anchors.margins: 22
+        spacing: 14
+
+        RowLayout {
+            Layout.fillWidth: true
+            spacing: 12
+
+            Column {
+                Layout.fillWidth: true
+                spacing: 2
+
+                TidloText {
+                    width: parent.width
+                    text: root.items.title
+                    font: TidloType.system(18, Font.Bold)
+                    elide: Text.ElideRight
+                    Accessible.role: Accessible.Heading
+                }
+                TidloText {
+                    objectName: "itemsSummary"
+                    text: root.items.summary
+                    font: TidloType.small
+                    color: TidloTheme.mutedText
+                }
+            }
+            SearchField {
+                objectName: "itemsSearch"
+                focus: true
+                placeholderText: qsTr("Search paths")
+                text: root.items.filter
+                onTextEdited: root.items.filter = text
+                Keys.onDownPressed: list.forceActiveFocus(Qt.TabFocusReason)
+            }
+            FilterChip {
+                objectName: "largestFirst"
+                Accessible.role: Accessible.CheckBox
+                text: qsTr("Largest first")
+                selected: root.items.largestFirst
+                onClicked: root.items.largestFirst = !root.items.largestFirst
+            }
+        }
+
+        ContinuousRectangle {
+            Layout.fillWidth: true
+            Layout.fillHeight: true
+            radius: 10
+            color: TidloTheme.windowBackground
+
+            ListView {
+                id: list
+
+                objectName: "items"
+                anchors.fill: parent
+                anchors.margins: 6
+                clip: true
+                model: root.items
+                activeFocusOnTab: true
+                keyNavigationEnabled: true
+                reuseItems: true
+                boundsBehavior: Flickable.StopAtBounds
+                T.ScrollBar.vertical: OverlayScrollBar {}
+
+                Accessible.role: Accessible.List
+                Accessible.name: qsTr("Items")
+
+                Keys.onReturnPressed: root.items.showInFiles(list.currentIndex)
+                Keys.onPressed: (event) => {
+                    if (event.matches(StandardKey.Copy)) {
+                        root.items.copyPath(list.currentIndex);
+                        event.accepted = true;
+                    }
+                }
+
+                delegate: FoundItemRow {
+                    id: row
+
+                    required property int index
+
+                    width: list.width
+                    current: list.activeFocus && list.currentIndex === row.index
+                    onShowRequested: root.items.showInFiles(row.index)
+                    onCopyRequested: root.items.copyPath(row.index)
+
+                    TapHandler {
+                        onTapped: {
+                            list.currentIndex = row.index;
+                            list.forceActiveFocus(Qt.MouseFocusReason);
+                        }
+                    }
+                }
+            }
+
+            TidloText {
+                anchors.centerIn: parent
+                visible: root.items.count === 0
+                text: qsTr("No path contains this text.")
+                color: TidloTheme.mutedText
+            }
+        }
+
+        PrimaryButtonStyle {
+            objectName: "itemsDone"
+            Layout.alignment: Qt.AlignRight
+            text: qsTr("Done")
+            onClicked: root.done()
+        }
+    }
+}
