@@ -18,7 +18,7 @@ namespace {
 QStringList namesInQml()
 {
     static const QRegularExpression binding(
-        QStringLiteral(R"x((?:\bSymbol\s*\{[^{}]*?\bname|(?<![.\w])symbol):\s*([^;}\n]*))x"));
+        QStringLiteral(R"x((?:\bSymbol\s*\{[^{}]*?\bname|(?<![.\w])symbol):\s*([^,;}\n]*))x"));
     static const QRegularExpression literal(QStringLiteral(R"x("([^"]*)")x"));
     QStringList names;
     QDirIterator files(QStringLiteral(TIDLO_SOURCES "/ui"), {QStringLiteral("*.qml")}, QDir::Files,
