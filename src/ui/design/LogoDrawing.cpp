@@ -4,6 +4,7 @@
 #include "ui/design/SymbolDrawing.h"
 #include "ui/design/TidloTheme.h"
 
+#include <QFile>
 #include <QGuiApplication>
 #include <QIcon>
 #include <QPainter>
@@ -39,9 +40,9 @@ void drawFallback(QPainter &painter, const QRectF &square)
 
 } // namespace
 
-QImage findLogo(const QString &bundledFile)
+QImage findLogo(const Bundle &bundle)
 {
-    const QImage bundled(bundledFile);
+    const QImage bundled(QFile::decodeName(bundle.path + "/Contents/Resources/logo.png"));
     if (!bundled.isNull())
         return bundled;
     if (!QGuiApplication::instance())
