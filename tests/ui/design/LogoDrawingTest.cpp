@@ -124,6 +124,15 @@ TEST(LogoDrawing, APictureIsStretchedOverTheSquare)
     EXPECT_EQ(logo.pixelColor(60, 78), QColor(Qt::blue));
 }
 
+TEST(LogoDrawing, APictureOfOneColorKeepsIt)
+{
+    QImage red(64, 64, QImage::Format_Mono);
+    red.setColorTable({qRgb(255, 0, 0), qRgb(255, 0, 0)});
+    red.fill(0);
+
+    EXPECT_EQ(middleOf(drawLogo(red, 40, 1)), QColor(Qt::red));
+}
+
 TEST(LogoDrawing, APicturesCornersAreRoundedBy22HundredthsOfTheSize)
 {
     constexpr int side = 200;
