@@ -4,6 +4,7 @@
 #include "ui/design/SymbolDrawing.h"
 #include "ui/design/TidloTheme.h"
 
+#include <QFile>
 #include <QGuiApplication>
 #include <QIcon>
 #include <QPainter>
@@ -21,7 +22,9 @@ constexpr int iconSide = 512;
 
 void drawPicture(QPainter &painter, const QRectF &square, const QImage &picture)
 {
-    const QImage filling = picture.scaled(square.size().toSize(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    // A picture of two colours would fill as a pattern.
+    const QImage colored = picture.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    const QImage filling = colored.scaled(square.size().toSize(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     painter.fillPath(continuousRectangle(square, square.width() * pictureCorner), filling);
 }
 
@@ -39,9 +42,9 @@ void drawFallback(QPainter &painter, const QRectF &square)
 
 } // namespace
 
-QImage findLogo(const QString &bundledFile)
+QImage findLogo(const Bundle &bundle)
 {
-    const QImage bundled(bundledFile);
+    const QImage bundled(QFile::decodeName(bundle.path + "/Contents/Resources/logo.png"));
     if (!bundled.isNull())
         return bundled;
     if (!QGuiApplication::instance())

@@ -1,11 +1,10 @@
 #include "ui/design/TidloLogo.h"
 
-#include "platform/BundleResource.h"
 #include "ui/design/LogoDrawing.h"
 
 TidloLogo::TidloLogo(QQuickItem *parent)
     : PictureItem(parent)
-    , found(findLogo(bundleResource(QStringLiteral("logo.png"))))
+    , found(findLogo(mainBundle()))
 {
     setImplicitSize(side, side);
 }

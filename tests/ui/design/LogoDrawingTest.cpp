@@ -19,6 +19,11 @@ QImage plain(const QSize &size, const QColor &color)
     return image;
 }
 
+Bundle bundleIn(const TemporaryHome &home)
+{
+    return {.path = home / "Tidlo.app", .executable = home / "Tidlo.app/Contents/MacOS/tidlo", .identifier = {}};
+}
+
 QColor middleOf(const QImage &image)
 {
     return image.pixelColor(image.rect().center());
@@ -60,11 +65,12 @@ public:
 TEST(LogoDrawing, ThePictureOfTheBundleComesFirst)
 {
     const TemporaryHome home;
-    const QString file = QFile::decodeName(home / "logo.png");
+    home.folder("Tidlo.app/Contents/Resources");
+    const QString file = QFile::decodeName(home / "Tidlo.app/Contents/Resources/logo.png");
     ASSERT_TRUE(plain({64, 64}, Qt::red).save(file));
     const Icon icon(QPixmap::fromImage(plain({64, 64}, Qt::blue)));
 
-    EXPECT_EQ(middleOf(findLogo(file)), QColor(Qt::red));
+    EXPECT_EQ(middleOf(findLogo(bundleIn(home))), QColor(Qt::red));
 }
 
 TEST(LogoDrawing, WithoutAPictureInTheBundleItIsTheApplicationsIcon)
@@ -72,34 +78,35 @@ TEST(LogoDrawing, WithoutAPictureInTheBundleItIsTheApplicationsIcon)
     const TemporaryHome home;
     const Icon icon(QPixmap::fromImage(plain({64, 64}, Qt::blue)));
 
-    EXPECT_EQ(middleOf(findLogo(QFile::decodeName(home / "logo.png"))), QColor(Qt::blue));
+    EXPECT_EQ(middleOf(findLogo(bundleIn(home))), QColor(Qt::blue));
 }
 
 TEST(LogoDrawing, AFileThatIsNoPictureCountsAsNone)
 {
     const TemporaryHome home;
-    const FilePath file = home.file("logo.png");
+    home.file("Tidlo.app/Contents/Resources/logo.png");
     const Icon icon(QPixmap::fromImage(plain({64, 64}, Qt::blue)));
 
-    EXPECT_EQ(middleOf(findLogo(QFile::decodeName(file))), QColor(Qt::blue));
+    EXPECT_EQ(middleOf(findLogo(bundleIn(home))), QColor(Qt::blue));
 }
 
 TEST(LogoDrawing, WithoutIconThereIsNoPicture)
 {
     const TemporaryHome home;
-    EXPECT_TRUE(findLogo(QFile::decodeName(home / "logo.png")).isNull());
+    EXPECT_TRUE(findLogo(bundleIn(home)).isNull());
 }
 
 TEST(LogoDrawing, ThePictureIsReadAnewEachTime)
 {
     const TemporaryHome home;
-    const QString file = QFile::decodeName(home / "logo.png");
+    home.folder("Tidlo.app/Contents/Resources");
+    const QString file = QFile::decodeName(home / "Tidlo.app/Contents/Resources/logo.png");
     ASSERT_TRUE(plain({64, 64}, Qt::red).save(file));
-    ASSERT_EQ(middleOf(findLogo(file)), QColor(Qt::red));
+    ASSERT_EQ(middleOf(findLogo(bundleIn(home))), QColor(Qt::red));
 
     ASSERT_TRUE(plain({64, 64}, Qt::green).save(file));
 
-    EXPECT_EQ(middleOf(findLogo(file)), QColor(Qt::green));
+    EXPECT_EQ(middleOf(findLogo(bundleIn(home))), QColor(Qt::green));
 }
 
 TEST(LogoDrawing, APictureIsStretchedOverTheSquare)
@@ -115,6 +122,15 @@ TEST(LogoDrawing, APictureIsStretchedOverTheSquare)
     EXPECT_EQ(logo.pixelColor(20, 78), QColor(Qt::red));
     EXPECT_EQ(logo.pixelColor(60, 1), QColor(Qt::blue));
     EXPECT_EQ(logo.pixelColor(60, 78), QColor(Qt::blue));
+}
+
+TEST(LogoDrawing, APictureOfOneColorKeepsIt)
+{
+    QImage red(64, 64, QImage::Format_Mono);
+    red.setColorTable({qRgb(255, 0, 0), qRgb(255, 0, 0)});
+    red.fill(0);
+
+    EXPECT_EQ(middleOf(drawLogo(red, 40, 1)), QColor(Qt::red));
 }
 
 TEST(LogoDrawing, APicturesCornersAreRoundedBy22HundredthsOfTheSize)

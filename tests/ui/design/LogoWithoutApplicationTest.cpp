@@ -1,5 +1,8 @@
-#include "platform/BundleResource.h"
+#include "platform/Bundle.h"
+#include "support/TemporaryHome.h"
 #include "ui/design/LogoDrawing.h"
+
+#include <QFile>
 
 #include <gtest/gtest.h>
 
@@ -7,10 +10,15 @@
 
 TEST(LogoWithoutApplication, LookingForAnIconIsFatal)
 {
-    EXPECT_DEATH(findLogo(bundleResource(QStringLiteral("logo.png"))), "Without an application there is no icon");
+    const Bundle nowhere{.path = "/nonexistent/Tidlo.app", .executable = {}, .identifier = {}};
+    EXPECT_DEATH(findLogo(nowhere), "Without an application there is no icon");
 }
 
-TEST(LogoWithoutApplication, APictureThatIsThereIsEnough)
+TEST(LogoWithoutApplication, APictureInTheBundleIsEnough)
 {
-    EXPECT_FALSE(findLogo(QStringLiteral(":/logo.png")).isNull());
+    const TemporaryHome home;
+    const FilePath resources = home.folder("Tidlo.app/Contents/Resources");
+    ASSERT_TRUE(QFile::copy(QStringLiteral(":/logo.png"), QFile::decodeName(resources + "/logo.png")));
+
+    EXPECT_FALSE(findLogo({.path = home / "Tidlo.app", .executable = {}, .identifier = {}}).isNull());
 }

@@ -14,11 +14,12 @@ using testing::IsSupersetOf;
 
 namespace {
 
-/// Every text that a QML file gives to a property called name or symbol.
+/// Every text that a QML file gives to the name of a Symbol, or to a property called symbol.
 QStringList namesInQml()
 {
-    static const QRegularExpression binding(QStringLiteral(R"((?<![.\w])(?:name|symbol):\s*([^;}\n]*))"));
-    static const QRegularExpression literal(QStringLiteral(R"("([^"]*)")"));
+    static const QRegularExpression binding(
+        QStringLiteral(R"x((?:\bSymbol\s*\{[^{}]*?\bname|(?<![.\w])symbol):\s*([^,;}\n]*))x"));
+    static const QRegularExpression literal(QStringLiteral(R"x("([^"]*)")x"));
     QStringList names;
     QDirIterator files(QStringLiteral(TIDLO_SOURCES "/ui"), {QStringLiteral("*.qml")}, QDir::Files,
                        QDirIterator::Subdirectories);

@@ -1,9 +1,7 @@
 #include "ui/design/TidloLogo.h"
 
-#include "platform/BundleResource.h"
 #include "support/PrintQt.h"
 
-#include <QDir>
 #include <QGuiApplication>
 #include <QIcon>
 #include <QPixmap>
@@ -80,11 +78,4 @@ TEST_F(TidloLogoTest, IsDrawnWhereThereIsNoPictureAtAll)
     const QColor corner = seenAt({7, 7}); // Near the first stop of the gradient.
     EXPECT_NEAR(corner.redF(), 0.388 + (0.502 - 0.388) * 7 / 48, 0.01);
     EXPECT_NEAR(corner.greenF(), 0.682 + (0.741 - 0.682) * 7 / 48, 0.01);
-}
-
-TEST_F(TidloLogoTest, TheBundlesResourcesLieBesideTheProgramsFolder)
-{
-    QDir contents(QCoreApplication::applicationDirPath());
-    contents.cdUp();
-    EXPECT_EQ(bundleResource(QStringLiteral("logo.png")), contents.filePath(QStringLiteral("Resources/logo.png")));
 }
