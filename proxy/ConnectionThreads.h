@@ -1,0 +1,29 @@
+#pragma once
+
+#include <condition_variable>
+#include <mutex>
+
+#include <httplib.h>
+
+/// A thread for each connection, as long as it lasts. Connections spend their time waiting, for a client or for the
+/// model, so that a pool of few threads could be kept busy by a few that do nothing.
+class ConnectionThreads final : public httplib::TaskQueue
+{
+public:
+    /// Serves \a most connections at a time; more wait to be accepted.
+    explicit ConnectionThreads(int most)
+        : most(most)
+    {}
+
+    void enqueue(std::function<void()> connection) override;
+    /// Waits for the end of all connections.
+    void shutdown() override;
+
+private:
+    void serve(const std::function<void()> &connection);
+
+    const int most;
+    std::mutex mutex;
+    std::condition_variable ended;
+    int running = 0;
+};
