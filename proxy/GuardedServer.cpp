@@ -19,6 +19,13 @@ void forgetRanges(httplib::Request &request)
     request.ranges.clear();
 }
 
+// The library would share a port with whoever has it already.
+void takeAlone(socket_t socket)
+{
+    const int yes = 1; // Connections of an earlier run may still linger.
+    ::setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
+}
+
 } // namespace
 
 GuardedServer::GuardedServer(std::shared_ptr<SSL_CTX> tlsContext, const ConnectionLimits &connectionLimits)
@@ -27,6 +34,7 @@ GuardedServer::GuardedServer(std::shared_ptr<SSL_CTX> tlsContext, const Connecti
 {
     if (::pipe(stopping.data()) != 0)
         std::abort();
+    set_socket_options(takeAlone);
     new_task_queue = [] { return new ConnectionThreads(mostConnections); };
 }
 

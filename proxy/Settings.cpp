@@ -22,23 +22,24 @@ it runs.
 
 Options:
   --address <address>   Listen there instead of on 127.0.0.1.
-  --port <number>       Listen there instead of on 8443; 0 takes any that is free.
+  --port <number>       Listen there instead of on 8443; 0 takes a free one.
   --certificate <file>  The server's certificate with those that issued it, PEM.
   --key <file>          Its private key, PEM. Without both, a certificate for
                         localhost is made in the state folder.
-  --plain-http          Speak HTTP without TLS, for a server in front of it on the
-                        same machine; on a loopback address alone.
-  --per-minute <count>  How often a device may ask in a minute instead of 10 times;
-                        0 for as often as it likes.
+  --plain-http          Speak HTTP without TLS, on a loopback address alone:
+                        for a server in front of it on the same machine.
+  --per-minute <count>  How often a device may ask in a minute, instead of 10
+                        times; 0 for as often as it likes.
   --help                Show this.
   --version             Show the version.
 
 Environment:
   GEMINI_API_KEY   The key of the API. Without one, nothing is sent anywhere.
   GEMINI_MODEL     The model instead of gemini-1.5-flash.
-  GEMINI_BASE_URL  Where the API is instead of https://generativelanguage.googleapis.com.
-  STATE_DIRECTORY  The state folder instead of tidlo-proxy in XDG_STATE_HOME or in
-                   ~/.local/state.
+  GEMINI_BASE_URL  Where the API is, instead of at
+                   https://generativelanguage.googleapis.com.
+  STATE_DIRECTORY  The state folder, instead of tidlo-proxy in XDG_STATE_HOME or
+                   in ~/.local/state.
 )";
 
 void addOptions(QCommandLineParser &parser)
