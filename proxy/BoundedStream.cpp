@@ -51,12 +51,15 @@ bool BoundedStream::hasRequest()
     return taken < filled || fill();
 }
 
-void BoundedStream::finish()
+void BoundedStream::finish(size_t rest)
 {
+    const Clock::time_point deadline = Clock::now() + limits.toClose;
+    const size_t end = consumed() + rest;
+    while (received < end && refill(deadline)) {
+    }
     if (isEncrypted)
         BIO_ssl_shutdown(bio.get());
     ::shutdown(descriptor, SHUT_WR);
-    const Clock::time_point deadline = Clock::now() + limits.toClose;
     while (waitFor(POLLIN, deadline)) {
         const ssize_t ignored = ::recv(descriptor, buffer.data(), buffer.size(), 0);
         if (ignored == 0 || (ignored < 0 && errno != EAGAIN && errno != EINTR))
@@ -103,8 +106,11 @@ void BoundedStream::get_local_ip_and_port(std::string &, int &) const {}
 
 bool BoundedStream::fill()
 {
-    if (received >= limits.requestBytes)
-        return false;
+    return received < limits.requestBytes && refill(readDeadline);
+}
+
+bool BoundedStream::refill(Clock::time_point deadline)
+{
     for (;;) {
         const int count = BIO_read(bio.get(), buffer.data(), static_cast<int>(buffer.size()));
         if (count > 0) {
@@ -113,7 +119,7 @@ bool BoundedStream::fill()
             received += filled;
             return true;
         }
-        if (!BIO_should_retry(bio.get()) || !waitFor(BIO_should_write(bio.get()) ? POLLOUT : POLLIN, readDeadline))
+        if (!BIO_should_retry(bio.get()) || !waitFor(BIO_should_write(bio.get()) ? POLLOUT : POLLIN, deadline))
             return false;
     }
 }

@@ -30,9 +30,11 @@ public:
 
     /// Whether a request has begun to arrive. Waits for that.
     bool hasRequest();
-    /// Says good-bye and gives the client time to take what was written: closing at once would throw that away as long
-    /// as the client still sends.
-    void finish();
+    /// How many bytes of the request were read.
+    size_t consumed() const { return received - (filled - taken); }
+    /// Gives the client time to send the \a rest of its request, which is thrown away, says good-bye, and gives it time
+    /// to take what was written: clients read nothing as long as they send, and closing too early loses the answer.
+    void finish(size_t rest);
 
     bool is_readable() const override;
     bool is_writable() const override;
@@ -50,6 +52,7 @@ private:
     };
 
     bool fill();
+    bool refill(Clock::time_point deadline);
     bool waitFor(short events, Clock::time_point deadline) const;
 
     const socket_t descriptor;

@@ -2,6 +2,7 @@
 
 #include "proxy/ConnectionThreads.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <exception>
 
@@ -13,10 +14,9 @@ namespace {
 
 constexpr int mostConnections = 2'048;
 
-// Ranges of an answer are of no use, and many of them would make it long.
-void forgetRanges(httplib::Request &request)
+size_t lengthOf(const httplib::Request &request)
 {
-    request.ranges.clear();
+    return request.get_header_value<uint64_t>("Content-Length");
 }
 
 // The library would share a port with whoever has it already.
@@ -75,11 +75,16 @@ bool GuardedServer::process_and_close_socket(socket_t socket)
     constexpr bool isLast = true;
     bool isClosed = false;
     bool succeeded = false;
+    size_t end = 0; // Of the request, as far as that is known.
+    const auto prepare = [&](httplib::Request &request) {
+        request.ranges.clear(); // They are of no use here, and many of them would make an answer long.
+        end = stream.consumed() + lengthOf(request);
+    };
     try {
-        succeeded = process_request(stream, isLast, isClosed, forgetRanges);
+        succeeded = process_request(stream, isLast, isClosed, prepare);
     } catch (const std::exception &) { // The library throws for some lines that nobody sends in earnest.
         return false;
     }
-    stream.finish();
+    stream.finish(end - std::min(end, stream.consumed()));
     return succeeded;
 }
