@@ -212,14 +212,14 @@ TEST(ExplainServer, EndsConnectionsThatAreSlowOrStopHalfway)
     EXPECT_THAT(server.say(request.chopped(1)), isError(408, "not_whole"));
 }
 
-TEST(ExplainServer, EndsConnectionsOnWhichHeadersNeverEnd)
+TEST(ExplainServer, TakesNoHeadersBeyondMeasure)
 {
     const RunningServer server;
     QByteArray request = "GET /healthz HTTP/1.1\r\n";
     while (request.size() < 600'000)
         request += "A: b\r\n";
 
-    EXPECT_THAT(server.say(request), testing::AnyOf("", isError(400, "bad_request")));
+    EXPECT_THAT(server.say(request + "\r\n"), testing::AnyOf("", isError(400, "bad_request")));
     EXPECT_TRUE(server.isHealthy());
 }
 
