@@ -73,7 +73,7 @@ TEST(ExplainServer, AnswersAQuestion)
 
 TEST(ExplainServer, AnswersAQuestionInChunks)
 {
-    const RunningServer server;
+    const RunningServer server(echo, 0, {.toRead = 1h});
     const QByteArray head = "POST /explain HTTP/1.1\r\nContent-Type: application/json\r\nX-Device-UUID: A\r\n"
                             "Transfer-Encoding: chunked\r\n\r\n";
     const QByteArray chunk = QByteArray::number(question.size(), 16) + "\r\n" + question + "\r\n";
@@ -237,11 +237,12 @@ TEST(ExplainServer, FinishesWhatIsUnderWayWhenItStops)
 {
     std::promise<void> asked;
     std::promise<void> mayAnswer;
-    RunningServer server([&](const GeminiGenerateRequest &request) {
+    const auto answerLate = [&](const GeminiGenerateRequest &request) {
         asked.set_value();
         mayAnswer.get_future().wait();
         return echo(request);
-    });
+    };
+    RunningServer server(answerLate, 0, {.toRead = 1h});
     RawConnection idle(server.port);
     RawConnection busy(server.port);
     busy.send(explainRequest(question));
