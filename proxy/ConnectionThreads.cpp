@@ -1,34 +1,36 @@
 #include "proxy/ConnectionThreads.h"
 
+#include <iterator>
 #include <system_error>
-#include <thread>
 
 void ConnectionThreads::enqueue(std::function<void()> connection)
 {
-    {
-        std::unique_lock lock(mutex);
-        ended.wait(lock, [this] { return running < most; });
-        ++running;
-    }
+    std::unique_lock lock(mutex);
+    ended.wait(lock, [this] { return running.size() < most; });
+    finished.clear();
+    const Thread own = running.emplace(running.end());
     try {
-        std::thread([this, connection] { serve(connection); }).detach();
+        *own = std::jthread([this, own, connection] {
+            connection();
+            finish(own);
+        });
     } catch (const std::system_error &) { // The system has no thread left: better late than never.
+        running.erase(own);
+        lock.unlock();
         connection();
-        const std::lock_guard lock(mutex);
-        --running;
     }
 }
 
 void ConnectionThreads::shutdown()
 {
     std::unique_lock lock(mutex);
-    ended.wait(lock, [this] { return running == 0; });
+    ended.wait(lock, [this] { return running.empty(); });
+    finished.clear();
 }
 
-void ConnectionThreads::serve(const std::function<void()> &connection)
+void ConnectionThreads::finish(Thread own)
 {
-    connection();
-    std::unique_lock lock(mutex);
-    --running;
-    std::notify_all_at_thread_exit(ended, std::move(lock)); // What libraries keep for the thread is gone by then.
+    const std::lock_guard lock(mutex);
+    finished.splice(finished.end(), running, own);
+    ended.notify_all();
 }

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <condition_variable>
+#include <list>
 #include <mutex>
+#include <thread>
 
 #include <httplib.h>
 
@@ -11,7 +13,7 @@ class ConnectionThreads final : public httplib::TaskQueue
 {
 public:
     /// Serves \a most connections at a time; more wait to be accepted.
-    explicit ConnectionThreads(int most)
+    explicit ConnectionThreads(size_t most)
         : most(most)
     {}
 
@@ -20,10 +22,13 @@ public:
     void shutdown() override;
 
 private:
-    void serve(const std::function<void()> &connection);
+    using Thread = std::list<std::jthread>::iterator;
 
-    const int most;
+    void finish(Thread own);
+
+    const size_t most;
     std::mutex mutex;
     std::condition_variable ended;
-    int running = 0;
+    std::list<std::jthread> running;
+    std::list<std::jthread> finished; ///< To be joined, which takes no time.
 };

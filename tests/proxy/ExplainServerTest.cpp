@@ -180,6 +180,22 @@ TEST(ExplainServer, LetsADeviceAskAsOftenAsItMay)
     EXPECT_TRUE(server.isHealthy());
 }
 
+TEST(ExplainServer, CountsWhatIsAskedAtTheSameTime)
+{
+    const RunningServer server(echo, 50);
+    std::atomic<int> answers = 0;
+    {
+        std::vector<std::jthread> clients;
+        for (int client = 0; client < 8; ++client) {
+            clients.emplace_back([&] {
+                for (int request = 0; request < 20; ++request)
+                    answers += server.say(explainRequest(question)).starts_with("HTTP/1.1 200 ") ? 1 : 0;
+            });
+        }
+    }
+    EXPECT_EQ(answers, 50);
+}
+
 TEST(ExplainServer, AnswersInOnePieceWhateverRangesAreAskedFor)
 {
     const RunningServer server;
