@@ -87,6 +87,15 @@ void read(const Json &json, ProxyErrorResponse &response)
     response.message = text(required(json, "message"), "message");
 }
 
+template <typename Element>
+Json listOf(const QList<Element> &elements, Json (*write)(const Element &))
+{
+    Json json = Json::array();
+    for (const Element &element : elements)
+        json.push_back(write(element));
+    return json;
+}
+
 Json toJson(const GeminiPart &part)
 {
     Json json = Json::object();
@@ -98,10 +107,20 @@ Json toJson(const GeminiPart &part)
 Json toJson(const GeminiContent &content)
 {
     Json json;
-    json["parts"] = Json::array();
-    for (const GeminiPart &part : content.parts)
-        json["parts"].push_back(toJson(part));
+    json["parts"] = listOf(content.parts, toJson);
     return json;
+}
+
+Json toJson(const GeminiCandidate &candidate)
+{
+    Json json;
+    json["content"] = toJson(candidate.content);
+    return json;
+}
+
+QByteArray written(const Json &json)
+{
+    return QByteArray::fromStdString(json.dump());
 }
 
 } // namespace
@@ -109,10 +128,23 @@ Json toJson(const GeminiContent &content)
 QByteArray encode(const GeminiGenerateRequest &request)
 {
     Json json;
-    json["contents"] = Json::array();
-    for (const GeminiContent &content : request.contents)
-        json["contents"].push_back(toJson(content));
-    return QByteArray::fromStdString(json.dump());
+    json["contents"] = listOf(request.contents, toJson);
+    return written(json);
+}
+
+QByteArray encode(const GeminiGenerateResponse &response)
+{
+    Json json;
+    json["candidates"] = listOf(response.candidates, toJson);
+    return written(json);
+}
+
+QByteArray encode(const ProxyErrorResponse &response)
+{
+    Json json;
+    json["error"] = response.error.toStdString();
+    json["message"] = response.message.toStdString();
+    return written(json);
 }
 
 template <typename Record>

@@ -54,8 +54,10 @@ struct Decoded
     QString error; ///< Empty when there is a record.
 };
 
-/// Compact JSON. It cannot fail: text becomes valid UTF-8 whatever it holds.
+/// Compact JSON. None can fail: text becomes valid UTF-8 whatever it holds.
 QByteArray encode(const GeminiGenerateRequest &request);
+QByteArray encode(const GeminiGenerateResponse &response);
+QByteArray encode(const ProxyErrorResponse &response);
 
 /// Reads \a json, which must be UTF-8 and hold nothing besides the record. Any input is safe, however deep.
 template <typename Record>

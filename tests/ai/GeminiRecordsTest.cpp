@@ -15,7 +15,7 @@ GeminiGenerateRequest requestOf(const QList<GeminiPart> &parts)
 TEST(GeminiRecords, AreWrittenCompactly)
 {
     EXPECT_EQ(encode(requestOf({{QStringLiteral("Hello")}})), R"({"contents":[{"parts":[{"text":"Hello"}]}]})");
-    EXPECT_EQ(encode({}), R"({"contents":[]})");
+    EXPECT_EQ(encode(GeminiGenerateRequest{}), R"({"contents":[]})");
     EXPECT_EQ(encode(requestOf({})), R"({"contents":[{"parts":[]}]})");
 }
 
@@ -42,6 +42,17 @@ TEST(GeminiRecords, AreWrittenEvenWhenATextIsBroken)
 
     ASSERT_TRUE(decoded.record);
     EXPECT_EQ(decoded.record->contents.at(0).parts.at(0).text, QStringLiteral("?"));
+}
+
+TEST(GeminiRecords, OfTheProxyAreWrittenInTheSameShapes)
+{
+    const GeminiContent content{.parts = {{QStringLiteral("A")}, {}}};
+    const GeminiCandidate candidate{.content = content};
+    const GeminiGenerateResponse response{.candidates = {candidate}};
+
+    EXPECT_EQ(encode(response), R"({"candidates":[{"content":{"parts":[{"text":"A"},{}]}}]})");
+    EXPECT_EQ(encode(ProxyErrorResponse{.error = QStringLiteral("e"), .message = QStringLiteral("\"m\"")}),
+              R"({"error":"e","message":"\"m\""})");
 }
 
 TEST(GeminiRecords, NeedAllTheirKeys)

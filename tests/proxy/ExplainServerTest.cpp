@@ -1,0 +1,330 @@
+#include "proxy/ExplainServer.h"
+
+#include "proxy/RawConnection.h"
+#include "support/PrintQt.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <future>
+#include <random>
+#include <thread>
+
+using namespace std::chrono_literals;
+using testing::AllOf;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::Not;
+using testing::StartsWith;
+
+namespace {
+
+const QByteArray question = R"({"contents":[{"parts":[{"text":"Why?"}]}]})";
+
+Answer echo(const GeminiGenerateRequest &request)
+{
+    return explanation(promptIn(request));
+}
+
+/// A server without TLS that runs as long as it lives.
+class RunningServer final
+{
+public:
+    explicit RunningServer(ExplainServer::Explain explain = echo, int perMinute = 0,
+                           const ConnectionLimits &limits = {})
+        : server(std::move(explain), perMinute, nullptr, limits)
+        , port(server.bind("127.0.0.1", 0))
+        , thread([this] { EXPECT_TRUE(server.serve()); })
+    {}
+    ~RunningServer() { server.askToStop(); }
+    RunningServer(const RunningServer &) = delete;
+    RunningServer &operator=(const RunningServer &) = delete;
+
+    std::string say(const QByteArray &bytes) const { return RawConnection(port).send(bytes).toEnd().toStdString(); }
+    bool isHealthy() const { return say("GET /healthz HTTP/1.1\r\n\r\n").ends_with(R"({"status":"ok"})"); }
+
+    ExplainServer server;
+    const int port;
+
+private:
+    std::jthread thread;
+};
+
+/// A reply with this status whose body is JSON with both keys of an error.
+auto isError(int status, const char *error)
+{
+    return AllOf(StartsWith("HTTP/1.1 " + std::to_string(status) + ' '),
+                 HasSubstr("\r\nContent-Type: application/json\r\n"),
+                 HasSubstr("\r\n\r\n{\"error\":\"" + std::string(error) + "\",\"message\":\""), EndsWith("\"}"));
+}
+
+} // namespace
+
+TEST(ExplainServer, AnswersAQuestion)
+{
+    const RunningServer server;
+
+    EXPECT_THAT(server.say(explainRequest(question)),
+                AllOf(StartsWith("HTTP/1.1 200 OK\r\n"), HasSubstr("\r\nConnection: close\r\n"),
+                      HasSubstr("\r\nContent-Type: application/json\r\n"), HasSubstr("\r\nCache-Control: no-store\r\n"),
+                      EndsWith("\r\n\r\n"
+                               R"({"candidates":[{"content":{"parts":[{"text":"Why?"}]}}]})")));
+}
+
+TEST(ExplainServer, AnswersAQuestionInChunks)
+{
+    const RunningServer server(echo, 0, {.toRead = 1h});
+    const QByteArray head = "POST /explain HTTP/1.1\r\nContent-Type: application/json\r\nX-Device-UUID: A\r\n"
+                            "Transfer-Encoding: chunked\r\n\r\n";
+    const QByteArray chunk = QByteArray::number(question.size(), 16) + "\r\n" + question + "\r\n";
+
+    EXPECT_THAT(server.say(head + chunk + "0\r\n\r\n"), HasSubstr(R"("text":"Why?")"));
+    EXPECT_THAT(server.say(head + "-1\r\n\r\n"), isError(408, "not_whole"));
+    EXPECT_THAT(server.say(head + "zzz\r\n\r\n"), isError(408, "not_whole"));
+    const QByteArray endless = "40000\r\n" + QByteArray(0x40000, 'x') + "\r\n1\r\nx\r\n";
+    EXPECT_THAT(server.say(head + endless), isError(413, "too_long"));
+}
+
+TEST(ExplainServer, TellsThatItRuns)
+{
+    const RunningServer server;
+
+    EXPECT_THAT(server.say("GET /healthz HTTP/1.1\r\n\r\n"),
+                AllOf(StartsWith("HTTP/1.1 200 OK\r\n"), EndsWith(R"({"status":"ok"})")));
+    EXPECT_THAT(server.say("HEAD /healthz HTTP/1.1\r\n\r\n"),
+                AllOf(StartsWith("HTTP/1.1 200 OK\r\n"), EndsWith("\r\n\r\n")));
+}
+
+TEST(ExplainServer, TellsWhatIsWrongAsJson)
+{
+    const RunningServer server(echo, 0, {.toClose = 20ms}); // Some announce more than they send.
+    const QByteArray json = "Content-Type: application/json\r\n";
+    const QByteArray device = "X-Device-UUID: A\r\n";
+    struct Row
+    {
+        QByteArray request;
+        int status;
+        const char *error;
+    };
+    const Row rows[]{
+        {"GET / HTTP/1.1\r\n\r\n", 404, "not_found"},
+        {"POST /other HTTP/1.1\r\nContent-Length: 1000000000000\r\n\r\n", 404, "not_found"},
+        {"GET /../explain HTTP/1.1\r\n\r\n", 404, "not_found"},
+        {"GET /explain HTTP/1.1\r\n\r\n", 405, "not_allowed"},
+        {"POST /healthz HTTP/1.1\r\n\r\n", 405, "not_allowed"},
+        {"PUT /explain HTTP/1.1\r\nContent-Length: 1000000000000\r\n\r\n", 405, "not_allowed"},
+        {explainRequest(question, ""), 400, "no_device"},
+        {explainRequest(question, "X-Device-UUID: \r\n"), 400, "no_device"},
+        {"POST /explain HTTP/1.1\r\n" + device + "Content-Length: 2\r\n\r\n{}", 415, "not_json"},
+        {"POST /explain HTTP/1.1\r\n" + device +
+             "Content-Type: multipart/form-data; boundary=x\r\nContent-Length: "
+             "2\r\n\r\n{}",
+         415, "not_json"},
+        {"POST /explain HTTP/1.1\r\n" + device + json + "\r\n" + question, 411, "no_length"},
+        {"POST /explain HTTP/1.1\r\n" + device + json + "Content-Length: two\r\n\r\n{}", 400, "bad_request"},
+        {explainRequest("not JSON"), 400, "bad_request"},
+        {explainRequest("{}"), 400, "bad_request"},
+        {explainRequest(""), 400, "bad_request"},
+        {"nonsense\r\n\r\n", 400, "bad_request"},
+        {"GET /healthz HTTP/1.1\r\nRange: bytes=x\r\n\r\n", 416, "bad_request"},
+        {"GET /" + QByteArray(9'000, 'a') + " HTTP/1.1\r\n\r\n", 414, "too_long"},
+        {"GET / HTTP/1.1\r\nA: " + QByteArray(9'000, 'a') + "\r\n\r\n", 400, "bad_request"},
+    };
+    for (const Row &row : rows)
+        EXPECT_THAT(server.say(row.request), isError(row.status, row.error)) << row.request.left(200).constData();
+}
+
+TEST(ExplainServer, TurnsDownALongBodyBeforeReadingIt)
+{
+    const RunningServer server;
+    const QByteArray head = "POST /explain HTTP/1.1\r\nContent-Type: application/json\r\nX-Device-UUID: A\r\n";
+
+    EXPECT_THAT(server.say(head + "Content-Length: 262145\r\n\r\n"), isError(413, "too_long"));
+    EXPECT_THAT(server.say(head + "Content-Length: 1000000\r\n\r\n" + QByteArray(1'000'000, 'x')),
+                isError(413, "too_long"));
+}
+
+TEST(ExplainServer, TakesABodyOfTheGreatestLength)
+{
+    const RunningServer server;
+    QByteArray body = question;
+    body.insert(body.indexOf("Why?"), QByteArray(longestBody - body.size(), 'w'));
+
+    EXPECT_THAT(server.say(explainRequest(body)), StartsWith("HTTP/1.1 200 "));
+    EXPECT_THAT(server.say(explainRequest(body + ' ')), isError(413, "too_long"));
+}
+
+TEST(ExplainServer, TakesNoBodyThatGrowsWhenItIsUnpacked)
+{
+    const RunningServer server;
+    // A quarter of a megabyte of spaces, and one more, packed by gzip.
+    const QByteArray packed = qCompress(QByteArray(longestBody + 1, ' ')).mid(4);
+
+    EXPECT_THAT(server.say(explainRequest(packed, "X-Device-UUID: A\r\nContent-Encoding: deflate\r\n")),
+                isError(413, "too_long"));
+}
+
+TEST(ExplainServer, LetsADeviceAskAsOftenAsItMay)
+{
+    const RunningServer server(echo, 2);
+    const QByteArray request = explainRequest(question);
+    EXPECT_THAT(server.say(request), StartsWith("HTTP/1.1 200 "));
+    EXPECT_THAT(server.say(request), StartsWith("HTTP/1.1 200 "));
+
+    const std::string refusal = server.say(request);
+
+    EXPECT_THAT(refusal, isError(429, "too_often"));
+    EXPECT_THAT(refusal, testing::ContainsRegex("\r\nRetry-After: [1-6]?[0-9]\r\n"));
+    EXPECT_THAT(refusal, testing::ContainsRegex("Please wait [1-6]?[0-9] seconds? and try again"));
+    EXPECT_THAT(server.say(explainRequest(question, "X-Device-UUID: B\r\n")), StartsWith("HTTP/1.1 200 "));
+    EXPECT_TRUE(server.isHealthy());
+}
+
+TEST(ExplainServer, CountsWhatIsAskedAtTheSameTime)
+{
+    const RunningServer server(echo, 50);
+    std::atomic<int> answers = 0;
+    {
+        std::vector<std::jthread> clients;
+        for (int client = 0; client < 8; ++client) {
+            clients.emplace_back([&] {
+                for (int request = 0; request < 20; ++request)
+                    answers += server.say(explainRequest(question)).starts_with("HTTP/1.1 200 ") ? 1 : 0;
+            });
+        }
+    }
+    EXPECT_EQ(answers, 50);
+}
+
+TEST(ExplainServer, AnswersInOnePieceWhateverRangesAreAskedFor)
+{
+    const RunningServer server;
+    QByteArray ranges = "Range: bytes=0-0";
+    while (ranges.size() < 8'000)
+        ranges += ",0-0";
+
+    EXPECT_THAT(server.say("GET /healthz HTTP/1.1\r\n" + ranges + "\r\n\r\n"),
+                AllOf(StartsWith("HTTP/1.1 200 "), EndsWith("\r\n\r\n{\"status\":\"ok\"}")));
+}
+
+TEST(ExplainServer, SurvivesAFailureOfItsOwn)
+{
+    const RunningServer server([](const GeminiGenerateRequest &) -> Answer { throw std::runtime_error("secret"); });
+
+    const std::string reply = server.say(explainRequest(question));
+
+    EXPECT_THAT(reply, AllOf(isError(500, "failed"), Not(HasSubstr("secret"))));
+    EXPECT_TRUE(server.isHealthy());
+}
+
+TEST(ExplainServer, EndsConnectionsThatAreSlowOrStopHalfway)
+{
+    const RunningServer server(echo, 0, {.toRead = 50ms});
+    const QByteArray request = explainRequest(question);
+
+    EXPECT_EQ(server.say(""), "");
+    EXPECT_EQ(server.say("PO"), "");
+    EXPECT_THAT(server.say(request.left(40)), testing::AnyOf("", isError(400, "bad_request")));
+    EXPECT_THAT(server.say(request.chopped(1)), isError(408, "not_whole"));
+}
+
+TEST(ExplainServer, TakesNoHeadersBeyondMeasure)
+{
+    const RunningServer server;
+    QByteArray request = "GET /healthz HTTP/1.1\r\n";
+    while (request.size() < 600'000)
+        request += "A: b\r\n";
+
+    EXPECT_THAT(server.say(request + "\r\n"), testing::AnyOf("", isError(400, "bad_request")));
+    EXPECT_TRUE(server.isHealthy());
+}
+
+TEST(ExplainServer, AnswersWhileManyConnectionsDoNothing)
+{
+    const RunningServer server;
+    std::vector<std::unique_ptr<RawConnection>> idle;
+    for (int number = 0; number < 200; ++number)
+        idle.push_back(std::make_unique<RawConnection>(server.port));
+
+    EXPECT_THAT(server.say(explainRequest(question)), StartsWith("HTTP/1.1 200 "));
+}
+
+TEST(ExplainServer, FinishesWhatIsUnderWayWhenItStops)
+{
+    std::promise<void> asked;
+    std::promise<void> mayAnswer;
+    const auto answerLate = [&](const GeminiGenerateRequest &request) {
+        asked.set_value();
+        mayAnswer.get_future().wait();
+        return echo(request);
+    };
+    RunningServer server(answerLate, 0, {.toRead = 1h});
+    RawConnection idle(server.port);
+    RawConnection busy(server.port);
+    busy.send(explainRequest(question));
+    asked.get_future().wait();
+
+    server.server.askToStop();
+    EXPECT_EQ(idle.toEnd(), "") << "nothing was asked there";
+    mayAnswer.set_value();
+
+    EXPECT_THAT(busy.toEnd().toStdString(), StartsWith("HTTP/1.1 200 "));
+}
+
+TEST(ExplainServer, CanBeStoppedBeforeItRuns)
+{
+    ExplainServer server(echo, 0, nullptr);
+    ASSERT_NE(server.bind("127.0.0.1", 0), -1);
+    server.askToStop();
+
+    EXPECT_TRUE(server.serve());
+}
+
+TEST(ExplainServer, DoesNotTakeAPortThatIsTaken)
+{
+    const RunningServer server;
+    ExplainServer other(echo, 0, nullptr);
+
+    EXPECT_EQ(other.bind("127.0.0.1", server.port), -1);
+}
+
+TEST(ExplainServer, LogsNeitherWhoAsksNorWhat)
+{
+    testing::internal::CaptureStderr();
+    {
+        const RunningServer server;
+        server.say(explainRequest(R"({"contents":[{"parts":[{"text":"private"}]}]})", "X-Device-UUID: private\r\n"));
+        server.say(explainRequest("private", "X-Device-UUID: private\r\n"));
+        server.say("GET /private?private HTTP/1.1\r\nprivate: private\r\n\r\n");
+    }
+    const std::string log = testing::internal::GetCapturedStderr();
+
+    EXPECT_EQ(log, "/explain 200\n/explain 400 bad_request\nother 404 not_found\n");
+}
+
+TEST(ExplainServer, SurvivesDamagedRequests)
+{
+    const RunningServer server(echo, 0, {.toRead = 20ms, .toClose = 20ms});
+    const QByteArray seeds[]{explainRequest(question),
+                             "POST /explain HTTP/1.1\r\nContent-Type: application/json\r\nX-Device-UUID: A\r\n"
+                             "Transfer-Encoding: chunked\r\nExpect: 100-continue\r\n\r\n2\r\n{}\r\n0\r\n\r\n",
+                             "GET /healthz?a=%41%zz&b HTTP/1.1\r\nRange: bytes=1-2,3-4\r\nAccept-Encoding: br\r\n\r\n"};
+    static const QByteArray telling("\r\n\0:;,=%-/ 9fgzPHA\xff", 20);
+    std::mt19937 random(8);
+    const auto below = [&](qsizetype end) { return static_cast<qsizetype>(random() % static_cast<size_t>(end)); };
+    for (int round = 0; round < 1'500; ++round) {
+        QByteArray request = seeds[below(3)];
+        for (qsizetype changes = below(5) + 1; changes > 0 && !request.isEmpty(); --changes) {
+            const qsizetype at = below(request.size());
+            if (random() % 2 == 0)
+                request[at] = telling[below(telling.size())];
+            else if (random() % 2 == 0)
+                request.insert(at, request.mid(below(request.size()), below(30)));
+            else
+                request.remove(at, below(10));
+        }
+        const std::string reply = server.say(request);
+        EXPECT_THAT(reply, testing::AnyOf("", StartsWith("HTTP/1.1 "))) << request.toHex().constData();
+    }
+    EXPECT_TRUE(server.isHealthy());
+}

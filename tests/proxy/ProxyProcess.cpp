@@ -1,0 +1,38 @@
+#include "proxy/ProxyProcess.h"
+
+#include <QEventLoop>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr int patience = 120'000;
+
+} // namespace
+
+ProxyProcess::ProxyProcess(const QStringList &arguments, const QStringList &environment)
+{
+    QStringList variables = environment;
+    variables.append(QStringLiteral("STATE_DIRECTORY=") + QString::fromUtf8(home / "state"));
+    process.setEnvironment(variables);
+    process.start(QStringLiteral(TIDLO_PROXY), QStringList{QStringLiteral("--port"), QStringLiteral("0")} + arguments);
+    while (!process.canReadLine() && process.waitForReadyRead(patience)) {
+    }
+    announced = QString::fromUtf8(process.readLine()).trimmed();
+    EXPECT_NE(announced, QString()) << process.readAllStandardError().toStdString();
+}
+
+ProxyProcess::~ProxyProcess()
+{
+    process.terminate();
+    process.waitForFinished(patience);
+}
+
+int ProxyProcess::waitForEnd()
+{
+    QEventLoop loop;
+    QObject::connect(&process, &QProcess::finished, &loop, &QEventLoop::quit);
+    if (process.state() != QProcess::NotRunning)
+        loop.exec();
+    return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+}

@@ -1,0 +1,227 @@
+#include "support/PrintQt.h"
+#include "support/TemporaryHome.h"
+
+#include <QFile>
+#include <QProcess>
+#include <QTcpServer>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using testing::HasSubstr;
+using testing::StartsWith;
+
+namespace {
+
+constexpr int patience = 120'000;
+
+/// A copy of scripts/run in a tree where everything is built: the proxy is the real one, the programs only write down
+/// that they ran, and whether they could trust it.
+class BuiltTree
+{
+public:
+    explicit BuiltTree(const QByteArray &proxyHost)
+    {
+        home.folder("scripts");
+        QFile::copy(QStringLiteral(TIDLO_SCRIPTS "/run"), QFile::decodeName(home / "scripts/run"));
+        add("scripts/bootstrap", "");
+        add("scripts/build", "echo build \"$@\" >> $LOG");
+        add("build/release/tidlo-cli", note("cli"));
+        add("build/release/src/ui/shell/tidlo", note("window"));
+        home.link("build/release/tidlo-proxy", TIDLO_PROXY);
+        write("build/release/CMakeCache.txt", "TIDLO_AI_PROXY_HOST:STRING=" + proxyHost + '\n');
+    }
+
+    void add(const FilePath &name, const QByteArray &lines) const
+    {
+        write(name, "#!/bin/bash\n" + lines + '\n');
+        QFile::setPermissions(QFile::decodeName(home / name), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    }
+
+    /// Makes \a process run the script.
+    void start(QProcess &process, const QStringList &arguments, const QStringList &environment) const
+    {
+        process.setEnvironment(
+            QStringList{QStringLiteral("PATH=/usr/bin:/bin"), variable("HOME=", "home"), variable("LOG=", "log")} +
+            environment);
+        process.start(QFile::decodeName(home / "scripts/run"), arguments);
+    }
+
+    /// Runs the script; gives its status.
+    int run(const QStringList &arguments = {}, const QStringList &environment = {})
+    {
+        QProcess process;
+        start(process, arguments, environment);
+        EXPECT_TRUE(process.waitForFinished(patience));
+        errors = process.readAllStandardError().toStdString();
+        return process.exitCode();
+    }
+
+    std::string log() const { return content("log"); }
+    std::string proxyLog() const { return content("build/release/proxy.log"); }
+    bool hasCertificate() const
+    {
+        return QFile::exists(QFile::decodeName(home / "home/.local/state/tidlo-proxy/key.pem"));
+    }
+
+    std::string errors; ///< What the last run said.
+
+private:
+    static QByteArray note(const QByteArray &name)
+    {
+        return "echo " + name + " \"$@\" ${SSL_CERT_FILE:+trusts $(grep -c BEGIN.CERT $SSL_CERT_FILE)} >> $LOG";
+    }
+
+    QString variable(const char *name, const char *file) const
+    {
+        return QString::fromLatin1(name) + QFile::decodeName(home / file);
+    }
+
+    void write(const FilePath &name, const QByteArray &bytes) const
+    {
+        QFile file(QFile::decodeName(home.file(name, 0)));
+        EXPECT_TRUE(file.open(QFile::WriteOnly) && file.write(bytes) == bytes.size());
+    }
+
+    std::string content(const FilePath &name) const
+    {
+        QFile file(QFile::decodeName(home / name));
+        return file.open(QFile::ReadOnly) ? file.readAll().toStdString() : std::string();
+    }
+
+    TemporaryHome home;
+};
+
+const QStringList display{QStringLiteral("DISPLAY=:1")};
+
+int freePort()
+{
+    QTcpServer server;
+    EXPECT_TRUE(server.listen(QHostAddress::LocalHost));
+    return server.serverPort();
+}
+
+bool isListening(int port)
+{
+    QTcpServer server;
+    return !server.listen(QHostAddress::LocalHost, static_cast<quint16>(port));
+}
+
+QByteArray localhost(int port)
+{
+    return "localhost:" + QByteArray::number(port);
+}
+
+} // namespace
+
+TEST(Run, OpensTheWindowBesideAProxyAndStopsTheProxy)
+{
+    const int port = freePort();
+    BuiltTree tree(localhost(port));
+
+    EXPECT_EQ(tree.run({}, display), 0) << tree.errors;
+
+    EXPECT_EQ(tree.log(), "build release tidlo tidlo-proxy\nwindow trusts 1\n");
+    EXPECT_EQ(tree.errors, "run: explanations come from https://127.0.0.1:" + std::to_string(port) + "\n");
+    EXPECT_FALSE(isListening(port));
+}
+
+TEST(Run, WithoutADisplayScansAndExplainsInTheTerminal)
+{
+    const int port = freePort();
+    BuiltTree tree(localhost(port));
+
+    EXPECT_EQ(tree.run(), 0) << tree.errors;
+
+    EXPECT_EQ(tree.log(), "build release tidlo-cli tidlo-proxy\ncli scan trusts 1\ncli explain trusts 1\n");
+    EXPECT_THAT(tree.errors, StartsWith("run: there is no display, so this is the terminal's view.\n"));
+    EXPECT_FALSE(isListening(port));
+}
+
+TEST(Run, StopsTheProxyWhenTheProgramFails)
+{
+    const int port = freePort();
+    BuiltTree tree(localhost(port));
+    tree.add("build/release/src/ui/shell/tidlo", "exit 7");
+
+    EXPECT_EQ(tree.run({}, display), 7);
+
+    EXPECT_FALSE(isListening(port));
+}
+
+TEST(Run, StopsEverythingWhenItIsTerminated)
+{
+    const int port = freePort();
+    BuiltTree tree(localhost(port));
+    tree.add("build/release/src/ui/shell/tidlo", "trap 'echo closed >> $LOG; kill %1; exit' TERM\n"
+                                                 "tail -f /dev/null & echo open; wait");
+    QProcess process;
+    tree.start(process, {}, display);
+    ASSERT_TRUE(process.waitForReadyRead(patience));
+    ASSERT_EQ(process.readAllStandardOutput(), "open\n");
+
+    process.terminate();
+
+    ASSERT_TRUE(process.waitForFinished(patience));
+    EXPECT_EQ(tree.log(), "build release tidlo tidlo-proxy\nclosed\n");
+    EXPECT_FALSE(isListening(port));
+}
+
+TEST(Run, StartsNoProxyWhereOneAnswers)
+{
+    QTcpServer other;
+    ASSERT_TRUE(other.listen(QHostAddress::LocalHost));
+    BuiltTree tree(localhost(other.serverPort()));
+
+    EXPECT_EQ(tree.run({}, display), 0);
+
+    EXPECT_EQ(tree.errors, "");
+    EXPECT_FALSE(tree.hasCertificate());
+}
+
+TEST(Run, StartsNoProxyForAProgramThatAsksAnother)
+{
+    BuiltTree tree("explain.example");
+
+    EXPECT_EQ(tree.run({}, display), 0);
+
+    EXPECT_EQ(tree.log(), "build release tidlo tidlo-proxy\nwindow\n");
+    EXPECT_EQ(tree.errors, "");
+    EXPECT_FALSE(tree.hasCertificate());
+}
+
+TEST(Run, TrustsWhatTheEnvironmentTrustsToo)
+{
+    BuiltTree tree(localhost(freePort()));
+    ASSERT_EQ(tree.run({}, display), 0);
+    const TemporaryHome files;
+    const FilePath more = files.file("more.pem", 0);
+    QFile file(QFile::decodeName(more));
+    ASSERT_TRUE(file.open(QFile::WriteOnly) && file.write("-----BEGIN CERTIFICATE-----\n") > 0);
+    file.close();
+
+    ASSERT_EQ(tree.run({}, display + QStringList{QStringLiteral("SSL_CERT_FILE=") + QFile::decodeName(more)}), 0);
+
+    EXPECT_THAT(tree.log(), HasSubstr("window trusts 2\n"));
+}
+
+TEST(Run, SaysWhereToLookWhenTheProxyDoesNotStart)
+{
+    BuiltTree tree(localhost(freePort()));
+
+    EXPECT_EQ(tree.run({}, display + QStringList{QStringLiteral("GEMINI_API_KEY=\x01")}), 0);
+
+    EXPECT_EQ(tree.errors, "run: the proxy did not start; build/release/proxy.log tells why.\n");
+    EXPECT_EQ(tree.proxyLog(), "GEMINI_API_KEY holds characters that no key has.\n");
+    EXPECT_EQ(tree.log(), "build release tidlo tidlo-proxy\nwindow\n");
+}
+
+TEST(Run, TakesNoOptions)
+{
+    BuiltTree tree("explain.example");
+
+    EXPECT_EQ(tree.run({QStringLiteral("--paths")}), 2);
+
+    EXPECT_EQ(tree.log(), "");
+    EXPECT_EQ(tree.errors, "run: takes no options; build/release/tidlo-cli --help tells those of the program.\n");
+}
