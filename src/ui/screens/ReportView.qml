@@ -1,6 +1,5 @@
 import QtQuick
 import QtQuick.Layouts
-import QtQuick.Templates as T
 import Tidlo.Design
 import Tidlo.Screens
 
@@ -28,16 +27,12 @@ Item {
         Symbol { name: "square.and.arrow.down"; size: 15; color: TidloTheme.mutedText }
     }
 
-    Flickable {
+    ScrollArea {
         anchors.top: header.bottom
         anchors.bottom: parent.bottom
         anchors.left: parent.left
         anchors.right: parent.right
-        clip: true
-        contentWidth: width
         contentHeight: column.implicitHeight + 44
-        interactive: contentHeight > height
-        T.ScrollBar.vertical: OverlayScrollBar {}
 
         ColumnLayout {
             id: column
