@@ -29,6 +29,7 @@ ContinuousRectangle {
             color: TidloTheme.green
         }
         SelectableText {
+            objectName: "explanation"
             Layout.fillWidth: true
             text: root.summary
             font: TidloType.body

@@ -27,6 +27,7 @@ PlainButton {
 
     contentItem: Item {
         Gauge {
+            objectName: "halo"
             anchors.centerIn: parent
             width: 250
             height: 250

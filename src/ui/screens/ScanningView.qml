@@ -50,12 +50,14 @@ Item {
             verticalItemAlignment: Grid.AlignVCenter
 
             ScanProgressCard {
+                objectName: "progressCard"
                 width: Math.min(420, body.width)
                 progress: root.app.scanProgress
                 percentText: progress.percentText
                 label: root.app.scanLabel
             }
             ScanPipelineCard {
+                objectName: "pipelineCard"
                 width: root.isWide ? 430 : Math.min(420, body.width)
                 steps: progress.steps
             }

@@ -20,6 +20,8 @@ Item {
         spacing: 16
 
         Repeater {
+            id: rail
+
             model: root.navigation.rail
 
             RailButton {
@@ -31,6 +33,8 @@ Item {
                 text: modelData.title
                 active: index === root.navigation.activeItem
                 onClicked: root.navigation.press(index)
+                Keys.onDownPressed: if (index + 1 < rail.count) rail.itemAt(index + 1).forceActiveFocus(Qt.TabFocusReason)
+                Keys.onUpPressed: if (index > 0) rail.itemAt(index - 1).forceActiveFocus(Qt.BacktabFocusReason)
             }
         }
     }

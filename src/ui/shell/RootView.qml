@@ -41,6 +41,7 @@ FocusScope {
     TopBar {
         id: topBar
 
+        objectName: "topBar"
         anchors.top: parent.top
         anchors.left: parent.left
         anchors.right: parent.right
@@ -57,6 +58,7 @@ FocusScope {
     IconRail {
         id: rail
 
+        objectName: "rail"
         anchors.top: topBar.bottom
         anchors.bottom: parent.bottom
         anchors.left: parent.left
@@ -66,6 +68,7 @@ FocusScope {
     StorageSidebar {
         id: sidebar
 
+        objectName: "sidebar"
         anchors.top: topBar.bottom
         anchors.bottom: parent.bottom
         anchors.left: rail.right
@@ -83,6 +86,7 @@ FocusScope {
     }
 
     MainContent {
+        objectName: "content"
         anchors.top: topBar.bottom
         anchors.bottom: parent.bottom
         anchors.left: divider.right

@@ -12,6 +12,8 @@ ContinuousRectangle {
     required property string valueText
     required property string label
     required property color metricColor
+    /// By which the ring can be found.
+    property string ringName
 
     implicitHeight: row.implicitHeight + 24
     radius: 12
@@ -32,6 +34,7 @@ ContinuousRectangle {
         spacing: 14
 
         GrowingRing {
+            objectName: root.ringName
             Layout.preferredWidth: 66
             Layout.preferredHeight: 66
             lineWidth: 7

@@ -63,6 +63,7 @@ Rectangle {
 
                 SidebarMetricCard {
                     Layout.fillWidth: true
+                    ringName: "diskRing"
                     title: qsTr("Disk")
                     subtitle: qsTr("Macintosh HD usage")
                     value: figures.usedShare
@@ -72,6 +73,7 @@ Rectangle {
                 }
                 SidebarMetricCard {
                     Layout.fillWidth: true
+                    ringName: "recoverableRing"
                     title: qsTr("Recoverable")
                     subtitle: qsTr("Estimated cleanup space")
                     value: figures.recoverableShare
@@ -106,8 +108,10 @@ Rectangle {
                 model: figures.categories
 
                 CategoryCard {
+                    required property int index
                     required property categoryFigure modelData
 
+                    objectName: "category" + index
                     Layout.fillWidth: true
                     figure: modelData
                 }

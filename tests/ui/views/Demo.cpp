@@ -1,0 +1,181 @@
+#include "ui/views/Demo.h"
+
+#include <algorithm>
+
+Demo::Demo()
+{
+    reset();
+}
+
+AppEnvironment Demo::environment()
+{
+    const FilePath home = QFile::encodeName(folder.path());
+    AppEnvironment environment = demoEnvironment();
+    environment.fileManager = std::make_shared<testing::NiceMock<FakeFileManager>>(home);
+    environment.defaults = std::make_shared<UserDefaults>(folder.filePath(QStringLiteral("preferences.conf")));
+    return environment;
+}
+
+QString Demo::section() const
+{
+    return rawValue(model.section());
+}
+
+QString Demo::phase() const
+{
+    constexpr std::array names{"ready", "scanning", "results", "report"};
+    return QLatin1StringView(names.at(static_cast<size_t>(model.phase())));
+}
+
+void Demo::reset()
+{
+    storedPreferences.setTheme(QStringLiteral("dark"));
+    model.setSection(AppSection::scan);
+    model.setPhase(ScanPhase::ready);
+    model.setTotals({});
+    model.setCandidates({});
+    model.setSelectedFilter(std::nullopt);
+    model.setCleanupReport(std::nullopt);
+    model.setAiSummary(std::nullopt);
+    model.setIsGeneratingAI(false);
+    model.setScanProgress(0);
+    model.setShowSetupWizard(false);
+    model.setShowMoveToApplicationsPrompt(false);
+    model.setShowMoveToApplicationsError(false);
+}
+
+void Demo::showResults()
+{
+    model.setTotals(demoTotals());
+    model.setCandidates(demoFindings());
+    model.setAiSummary(demoExplanation());
+    model.setPhase(ScanPhase::results);
+    model.setSection(AppSection::results);
+}
+
+void Demo::scanAt(double progress, const QString &label)
+{
+    model.setPhase(ScanPhase::scanning);
+    model.setScanProgress(progress);
+    model.setScanLabel(label);
+}
+
+void Demo::setFigures(double diskUsed, double recoverable)
+{
+    ScanTotals totals = model.totals();
+    totals.diskUsedPercent = diskUsed;
+    totals.recoverablePercent = recoverable;
+    model.setTotals(totals);
+}
+
+void Demo::setSection(const QString &section)
+{
+    model.setSection(fromRawValue<AppSection>(section).value());
+}
+
+void Demo::setPhase(const QString &phase)
+{
+    constexpr std::array names{"ready", "scanning", "results", "report"};
+    const auto found = std::ranges::find(names, phase, [](const char *name) { return QLatin1StringView(name); });
+    model.setPhase(static_cast<ScanPhase>(found - names.begin()));
+}
+
+void Demo::setSummary(const QString &summary)
+{
+    model.setAiSummary(summary);
+}
+
+void Demo::changeCandidate(int index, const QVariantMap &values)
+{
+    QList<CleanupCandidate> candidates = model.candidates();
+    CleanupCandidate &candidate = candidates[index];
+    const auto textOr = [&](const char *name, const QString &otherwise) {
+        return values.value(QLatin1StringView(name), otherwise).toString();
+    };
+    candidate.title = textOr("title", candidate.title);
+    candidate.detail = textOr("detail", candidate.detail);
+    if (values.contains(QStringLiteral("aiExplanation")))
+        candidate.aiExplanation = textOr("aiExplanation", {});
+    candidate.bytes = values.value(QStringLiteral("bytes"), candidate.bytes).toLongLong();
+    candidate.selected = values.value(QStringLiteral("selected"), candidate.selected).toBool();
+    if (values.contains(QStringLiteral("risk")))
+        candidate.risk = fromRawValue<CleanupRisk>(textOr("risk", {})).value();
+    model.setCandidates(candidates);
+}
+
+void Demo::removeCandidates()
+{
+    model.setCandidates({});
+}
+
+int Demo::selectedCount() const
+{
+    return static_cast<int>(model.selectedCandidates().size());
+}
+
+void Demo::setReport(double bytes, int removed, int kept, double diskUsed)
+{
+    CleanupReport report;
+    report.recoveredBytes = static_cast<qint64>(bytes);
+    report.removedItems = removed;
+    report.protectedItems = kept;
+    report.finalDiskUsedPercent = diskUsed;
+    model.setCleanupReport(report);
+}
+
+void Demo::showMovePrompt(bool shown)
+{
+    model.setShowMoveToApplicationsPrompt(shown);
+}
+
+void Demo::showMoveError(const QString &message)
+{
+    model.setMoveToApplicationsErrorMessage(message);
+    model.setShowMoveToApplicationsError(true);
+}
+
+namespace {
+
+void collect(const QQuickItem &item, const char *property, const char *type, QStringList &into)
+{
+    if (!item.isVisible())
+        return;
+    if (item.inherits(type))
+        into.append(item.property(property).toString());
+    for (const QQuickItem *child : item.childItems())
+        collect(*child, property, type, into);
+}
+
+QQuickItem *find(QQuickItem &item, const QString &text)
+{
+    if (!item.isVisible())
+        return nullptr;
+    if (item.inherits("QQuickText") && item.property("text").toString() == text)
+        return &item;
+    for (QQuickItem *child : item.childItems()) {
+        if (QQuickItem *found = find(*child, text))
+            return found;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+QStringList Demo::texts(QQuickItem *item) const
+{
+    QStringList result;
+    collect(*item, "text", "QQuickText", result);
+    return result;
+}
+
+QQuickItem *Demo::withText(QQuickItem *item, const QString &text) const
+{
+    return find(*item, text);
+}
+
+QStringList Demo::symbols(QQuickItem *item) const
+{
+    QStringList result;
+    collect(*item, "name", "Symbol", result);
+    return result;
+}

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "fakes/FakeFileManager.h"
+#include "ui/DemoState.h"
+#include "ui/screens/Preferences.h"
+
+#include <QQuickItem>
+#include <QTemporaryDir>
+
+/// What tests of views drive: a state owner over a fake home, preferences in a file of their own, and ways to put either
+/// into any state. QML reads it as "demo".
+class Demo : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(AppViewModel *app READ app CONSTANT)
+    Q_PROPERTY(Preferences *preferences READ preferences CONSTANT)
+    Q_PROPERTY(QString section READ section)
+    Q_PROPERTY(QString phase READ phase)
+
+public:
+    Demo();
+
+    AppViewModel *app() { return &model; }
+    Preferences *preferences() { return &storedPreferences; }
+    QString section() const;
+    QString phase() const;
+
+    /// As when the application starts.
+    Q_INVOKABLE void reset();
+
+    /// As after a scan that found demoFindings().
+    Q_INVOKABLE void showResults();
+
+    Q_INVOKABLE void scanAt(double progress, const QString &label);
+    Q_INVOKABLE void setFigures(double diskUsed, double recoverable);
+    Q_INVOKABLE void setSection(const QString &section);
+    Q_INVOKABLE void setPhase(const QString &phase);
+    Q_INVOKABLE void setSummary(const QString &summary);
+
+    /// Makes the candidate at \a index another: any of title, detail, aiExplanation, bytes, selected, risk.
+    Q_INVOKABLE void changeCandidate(int index, const QVariantMap &values);
+    Q_INVOKABLE void removeCandidates();
+    Q_INVOKABLE int selectedCount() const;
+    Q_INVOKABLE void setReport(double bytes, int removed, int kept, double diskUsed);
+    Q_INVOKABLE void showMovePrompt(bool shown);
+    Q_INVOKABLE void showMoveError(const QString &message);
+
+    /// The texts that are seen in \a item and beneath, in the order they are declared.
+    Q_INVOKABLE QStringList texts(QQuickItem *item) const;
+
+    /// The item in \a item or beneath whose text is \a text; null if none is seen.
+    Q_INVOKABLE QQuickItem *withText(QQuickItem *item, const QString &text) const;
+
+    /// The names of the symbols that are seen in \a item and beneath, in the order they are declared.
+    Q_INVOKABLE QStringList symbols(QQuickItem *item) const;
+
+private:
+    AppEnvironment environment();
+
+    QTemporaryDir folder;
+    AppEnvironment given = environment();
+    Preferences storedPreferences{*given.defaults};
+    AppViewModel model{given};
+};

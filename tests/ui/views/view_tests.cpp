@@ -1,0 +1,34 @@
+#include "ui/screens/ContentViews.h"
+#include "ui/design/DesignSystem.h"
+#include "ui/shell/RootView.h"
+#include "ui/views/Demo.h"
+
+#include <QQmlContext>
+#include <QQmlEngine>
+#include <QtQuickTest>
+
+/// Gives every file of tests an engine with the application's modules and a "demo" of its own.
+class Setup : public QObject
+{
+    Q_OBJECT
+
+public Q_SLOTS:
+    void qmlEngineAvailable(QQmlEngine *engine)
+    {
+        useDesignSystem();
+        useContentViews();
+        useShell();
+        engine->addImportPath(QStringLiteral(":/qt/qml"));
+        demo = std::make_unique<Demo>();
+        engine->rootContext()->setContextProperty(QStringLiteral("demo"), demo.get());
+    }
+
+    void cleanupTestCase() { demo.reset(); }
+
+private:
+    std::unique_ptr<Demo> demo;
+};
+
+QUICK_TEST_MAIN_WITH_SETUP(views, Setup)
+
+#include "view_tests.moc"
