@@ -22,7 +22,7 @@ constexpr int iconSide = 512;
 
 void drawPicture(QPainter &painter, const QRectF &square, const QImage &picture)
 {
-    // A picture of two colours would fill as a pattern.
+    // A picture of two colours would be scaled in black and white.
     const QImage colored = picture.convertToFormat(QImage::Format_ARGB32_Premultiplied);
     const QImage filling = colored.scaled(square.size().toSize(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     painter.fillPath(continuousRectangle(square, square.width() * pictureCorner), filling);
