@@ -6,6 +6,12 @@ import Tidlo.Design
 T.Menu {
     id: root
 
+    /// What had the keyboard before, and gets it back.
+    property Item focusedBefore
+
+    onAboutToShow: root.focusedBefore = root.parent.Window.activeFocusItem
+    onAboutToHide: if (root.focusedBefore) root.focusedBefore.forceActiveFocus(Qt.PopupFocusReason)
+
     implicitWidth: Math.max(180, contentWidth + leftPadding + rightPadding)
     implicitHeight: contentHeight + topPadding + bottomPadding
     margins: 8

@@ -11,6 +11,12 @@ T.Popup {
     /// Corners of the window that the scrim covers.
     property double windowRadius: 10
 
+    /// What had the keyboard before, and gets it back.
+    property Item focusedBefore
+
+    onAboutToShow: root.focusedBefore = root.parent.Window.activeFocusItem
+    onAboutToHide: if (root.focusedBefore) root.focusedBefore.forceActiveFocus(Qt.PopupFocusReason)
+
     anchors.centerIn: T.Overlay.overlay
     implicitWidth: contentWidth + leftPadding + rightPadding
     implicitHeight: contentHeight + topPadding + bottomPadding

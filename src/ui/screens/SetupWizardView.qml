@@ -74,9 +74,11 @@ FocusScope {
                 size: 84
             }
             TidloText {
-                anchors.horizontalCenter: parent.horizontalCenter
+                width: parent.width
                 text: qsTr("Clean with context, not guesses")
                 font: TidloType.system(30, Font.Bold)
+                fontSizeMode: Text.HorizontalFit
+                horizontalAlignment: Text.AlignHCenter
                 Accessible.role: Accessible.Heading
             }
             SpacedText {

@@ -29,7 +29,8 @@ QString Demo::phase() const
 
 void Demo::reset()
 {
-    storedPreferences.setTheme(QStringLiteral("dark"));
+    given.defaults->set(UserDefaults::theme, QStringLiteral("dark"));
+    given.defaults->set(UserDefaults::setupCompleted, false);
     model.setSection(AppSection::scan);
     model.setPhase(ScanPhase::ready);
     model.setTotals({});
@@ -171,6 +172,18 @@ QStringList Demo::texts(QQuickItem *item) const
 QQuickItem *Demo::withText(QQuickItem *item, const QString &text) const
 {
     return find(*item, text);
+}
+
+QVariantList Demo::named(QQuickItem *item, const QString &name) const
+{
+    if (!item->isVisible())
+        return {};
+    QVariantList result;
+    if (item->objectName() == name)
+        result.append(QVariant::fromValue(item));
+    for (QQuickItem *child : item->childItems())
+        result += named(child, name);
+    return result;
 }
 
 QStringList Demo::symbols(QQuickItem *item) const

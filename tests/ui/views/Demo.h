@@ -51,6 +51,9 @@ public:
     /// The item in \a item or beneath whose text is \a text; null if none is seen.
     Q_INVOKABLE QQuickItem *withText(QQuickItem *item, const QString &text) const;
 
+    /// What is seen in \a item and beneath and has the object name \a name, in the order they are declared.
+    Q_INVOKABLE QVariantList named(QQuickItem *item, const QString &name) const;
+
     /// The names of the symbols that are seen in \a item and beneath, in the order they are declared.
     Q_INVOKABLE QStringList symbols(QQuickItem *item) const;
 

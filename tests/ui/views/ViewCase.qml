@@ -40,8 +40,8 @@ TestCase {
         fuzzyCompare(actual.a, opacity === undefined ? 1 : opacity, 0.003);
     }
 
-    function compareFont(item: Item, points: double, weight: int) {
-        compare(item.font, TidloType.system(points, weight));
+    function laidOut() {
+        waitForRendering(shown);
     }
 
     width: 1350

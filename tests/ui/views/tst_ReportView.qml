@@ -64,7 +64,7 @@ ViewCase {
             "FILES REMOVED", "12", "Moved to Trash", "PROTECTED ITEMS", "2", "Flagged never-touch",
             "Everything moved to Trash first. Nothing is permanently deleted until the Bin is emptied."]);
         compare(demo.symbols(shown), ["square.and.arrow.up", "square.and.arrow.down", "shield.checkered"]);
-        compareFont(text("1.3 GB"), 44, Font.Bold);
+        compare(text("1.3 GB").font, TidloType.rounded(44, Font.Bold));
     }
 
     function test_the_figures_have_their_colours() {

@@ -22,6 +22,7 @@ ViewCase {
     function show() {
         demo.showResults();
         tryVerify(() => rows().length === 9);
+        laidOut();
     }
 
     function test_tells_how_much_was_found() {

@@ -19,8 +19,8 @@ ViewCase {
     }
 
     function test_its_texts_are_as_large_as_they_should_be() {
-        compareFont(text("CLICK TO\nSCAN"), 17, Font.Bold);
-        compareFont(text("AI-assisted deep clean"), 28, Font.Bold);
+        compare(text("CLICK TO\nSCAN").font, TidloType.system(17, Font.Bold));
+        compare(text("AI-assisted deep clean").font, TidloType.system(28, Font.Bold));
         verify(text("Understands your projects, detects duplicates, and explains every decision before cleanup.").width <= 460);
     }
 

@@ -16,8 +16,8 @@ ViewCase {
             "Clean with context, not guesses"]);
         compare(texts.slice(5), ["Metadata scan", "Protected items", "Get Started"]);
         compare(demo.symbols(shown), ["doc.text.magnifyingglass", "shield.checkered"]);
-        compareFont(text("Clean with context, not guesses"), 30, Font.Bold);
-        compareFont(text("Tidlo setup"), 18, Font.Bold);
+        compare(text("Clean with context, not guesses").font, TidloType.system(30, Font.Bold));
+        compare(text("Tidlo setup").font, TidloType.system(18, Font.Bold));
     }
 
     function test_is_as_large_as_its_sheet_and_fits_into_it() {
