@@ -1,5 +1,7 @@
 #include "ui/DemoState.h"
 
+#include "fakes/FakeFileManager.h"
+
 #include <array>
 
 namespace {
@@ -60,7 +62,7 @@ CleanupCandidate candidateOf(const DemoFinding &finding)
     candidate.bytes = finding.bytes;
     candidate.selected = finding.selected;
     for (int i = 0; i < finding.paths; ++i)
-        candidate.paths.append("/home/you/item-" + QByteArray::number(i));
+        candidate.paths.append("/home/you/Sites/project-" + QByteArray::number(i) + "/node_modules");
     return candidate;
 }
 
@@ -104,7 +106,15 @@ QString demoExplanation()
 
 AppEnvironment demoEnvironment()
 {
+    const auto files = std::make_shared<testing::NiceMock<FakeFileManager>>("/home/you");
+    ON_CALL(*files, allocatedSizes).WillByDefault([](const QList<FilePath> &paths, std::stop_token) {
+        QList<qint64> sizes;
+        for (const FilePath &path : paths)
+            sizes.append(37'000'000 * (1 + qHash(path) % 40));
+        return sizes;
+    });
     AppEnvironment environment;
+    environment.fileManager = files;
     environment.explain = answerNothing;
     return environment;
 }

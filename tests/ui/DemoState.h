@@ -11,5 +11,5 @@ ScanTotals demoTotals();
 /// An explanation as the service may give it.
 QString demoExplanation();
 
-/// An environment that touches no file and never answers.
+/// An environment that finds nothing and explains nothing, and in which everything has some size.
 AppEnvironment demoEnvironment();

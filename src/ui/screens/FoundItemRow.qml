@@ -29,7 +29,7 @@ Rectangle {
     RowLayout {
         anchors.fill: parent
         anchors.leftMargin: 10
-        anchors.rightMargin: 6
+        anchors.rightMargin: 14
         spacing: 8
 
         TidloText {

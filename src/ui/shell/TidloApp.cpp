@@ -12,6 +12,7 @@
 TidloApp::TidloApp(AppEnvironment given)
     : environment(std::move(given))
 {
+    QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/logo.png")));
     useDesignSystem();
     useContentViews();
     useShell();
@@ -42,7 +43,6 @@ int runTidlo(int argumentCount, char **arguments)
     QGuiApplication application(argumentCount, arguments);
     QGuiApplication::setApplicationName(QStringLiteral("Tidlo"));
     QGuiApplication::setDesktopFileName(QStringLiteral("com.tidlo.storagecleaner"));
-    QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/logo.png")));
     TidloApp tidlo;
     return tidlo.open() ? QGuiApplication::exec() : 1;
 }

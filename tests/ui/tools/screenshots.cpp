@@ -40,6 +40,18 @@ QObject *object(QQuickWindow &window, const char *name)
     return window.findChild<QObject *>(QLatin1StringView(name));
 }
 
+/// Of what is shown, where a view made it again and again.
+QQuickItem *item(QQuickItem &from, const char *name)
+{
+    if (from.objectName() == QLatin1StringView(name))
+        return &from;
+    for (QQuickItem *child : from.childItems()) {
+        if (QQuickItem *found = item(*child, name))
+            return found;
+    }
+    return nullptr;
+}
+
 struct Shot
 {
     const char *name;
@@ -89,9 +101,14 @@ constexpr std::array shots{
              app.setCandidates(candidates);
              app.setAiSummary(demoExplanation().repeated(5));
          }},
-    Shot{"results-empty",
-         [](AppViewModel &app, QQuickWindow &) {
+    Shot{"results-items",
+         [](AppViewModel &app, QQuickWindow &window) {
              showResults(app);
+             QMetaObject::invokeMethod(item(*window.contentItem(), "row0"), "inspected");
+         }},
+    Shot{"results-empty",
+         [](AppViewModel &app, QQuickWindow &window) {
+             QMetaObject::invokeMethod(object(window, "itemsSheet"), "close");
              app.setCandidates({});
              app.setTotals({});
              app.setAiSummary(std::nullopt);

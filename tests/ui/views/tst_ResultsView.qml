@@ -212,7 +212,7 @@ ViewCase {
         compare(list.count, 23);
         findChild(content, "itemsSearch").forceActiveFocus();
         keyClick(Qt.Key_2);
-        compare(list.count, 5); // item-2, item-12 and item-20 to 22
+        compare(list.count, 5); // project-2, project-12 and project-20 to 22
         compare(demo.selectedCount(), 8);
         keyClick(Qt.Key_Escape);
         tryVerify(() => !sheet.visible);
