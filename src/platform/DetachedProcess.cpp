@@ -11,5 +11,9 @@ std::optional<QString> startDetached(const FilePath &program, const QByteArrayLi
     QProcess process;
     process.setProgram(QFile::decodeName(program));
     process.setArguments(texts);
+    // Ours may be closed before it ends.
+    process.setStandardInputFile(QProcess::nullDevice());
+    process.setStandardOutputFile(QProcess::nullDevice());
+    process.setStandardErrorFile(QProcess::nullDevice());
     return process.startDetached() ? std::nullopt : std::optional(process.errorString());
 }

@@ -10,7 +10,13 @@ AppTest::~AppTest()
 
 AppEnvironment AppTest::environment()
 {
-    return {.fileManager = files, .explain = explainer.explain()};
+    return {.fileManager = files,
+            .explain = explainer.explain(),
+            .defaults = defaults,
+            .workspace = workspace,
+            .bundle = bundle,
+            .applicationPath = applicationPath,
+            .temporaryFolder = temporaryFolder};
 }
 
 AppViewModel &AppTest::model()

@@ -3,6 +3,7 @@
 #include "app/FakeExplainer.h"
 #include "app/NotificationLog.h"
 #include "fakes/FakeFileManager.h"
+#include "fakes/FakeWorkspace.h"
 #include "support/PrintQt.h"
 #include "support/TemporaryHome.h"
 
@@ -40,6 +41,15 @@ protected:
     std::shared_ptr<testing::NiceMock<FakeFileManager>> files =
         std::make_shared<testing::NiceMock<FakeFileManager>>(home.path());
     FakeExplainer explainer;
+    std::shared_ptr<UserDefaults> defaults =
+        std::make_shared<UserDefaults>(QString::fromUtf8(home / "preferences.conf"));
+    std::shared_ptr<testing::NiceMock<FakeWorkspace>> workspace = std::make_shared<testing::NiceMock<FakeWorkspace>>();
+    /// Where the application says it lies; nothing is there yet.
+    Bundle bundle{.path = home / "from/Tidlo.app",
+                  .executable = home / "from/Tidlo.app/Contents/MacOS/Tidlo",
+                  .identifier = "com.tidlo.storagecleaner"};
+    const FilePath applicationPath = home / "Applications/Tidlo.app";
+    const FilePath temporaryFolder = home.folder("tmp");
 
 private:
     std::unique_ptr<AppViewModel> owner;

@@ -244,6 +244,10 @@ TEST_F(StateDeathTest, AnyUseOnAnotherThreadStopsTheProgram)
         [&] { model.toggleCandidate(candidate("A")); },
         [&] { model.startScan(); },
         [&] { model.moveSelectedToTrash(); },
+        [&] { model.skipMoveToApplicationsPrompt(); },
+        [&] { model.moveToApplicationsFolder(); },
+        [&] { model.completeSetup(); },
+        [&] { model.uninstallTidloCompletely(); },
         [&] { const AppViewModel another(environment()); },
     };
     GTEST_FLAG_SET(death_test_style, "threadsafe");

@@ -1,6 +1,7 @@
 #include "ui/shell/TidloApp.h"
 
 #include "app/FirstRun.h"
+#include "platform/ApplicationIdentifier.h"
 #include "ui/design/DesignSystem.h"
 #include "ui/screens/ContentViews.h"
 #include "ui/shell/RootView.h"
@@ -41,8 +42,9 @@ QQuickWindow *TidloApp::window() const
 int runTidlo(int argumentCount, char **arguments)
 {
     QGuiApplication application(argumentCount, arguments);
-    QGuiApplication::setApplicationName(QStringLiteral("Tidlo"));
-    QGuiApplication::setDesktopFileName(QStringLiteral("com.tidlo.storagecleaner"));
+    QGuiApplication::setApplicationName(applicationIdentifier); // Names the folder of its cache.
+    QGuiApplication::setApplicationDisplayName(QStringLiteral("Tidlo"));
+    QGuiApplication::setDesktopFileName(applicationIdentifier);
     TidloApp tidlo;
     return tidlo.open() ? QGuiApplication::exec() : 1;
 }

@@ -1,9 +1,9 @@
 // What the desktop's own tool makes of our Trash: it must find every item, and put it back.
 
-#include "OwnMounts.h"
 #include "Probe.h"
 #include "Witness.h"
 #include "support/InChild.h"
+#include "support/OwnMounts.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -3,8 +3,8 @@
 
 #include "FastDisk.h"
 #include "InstrumentedCalls.h"
-#include "OwnMounts.h"
 #include "Scene.h"
+#include "support/OwnMounts.h"
 #include "support/TemporaryHome.h"
 
 #include <gmock/gmock.h>

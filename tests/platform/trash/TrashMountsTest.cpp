@@ -1,9 +1,9 @@
 // Which Trash an item goes to where several file systems are mounted. Each test mounts them for itself alone.
 
-#include "OwnMounts.h"
 #include "Probe.h"
 #include "TrashDecoder.h"
 #include "Witness.h"
+#include "support/OwnMounts.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

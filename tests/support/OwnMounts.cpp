@@ -1,4 +1,4 @@
-#include "OwnMounts.h"
+#include "support/OwnMounts.h"
 
 #include "support/InChild.h"
 

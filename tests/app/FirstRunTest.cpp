@@ -1,0 +1,61 @@
+#include "app/FirstRun.h"
+
+#include "app/AppTest.h"
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+class FirstRun : public AppTest
+{
+protected:
+    /// What it assigns.
+    std::vector<std::string> begun()
+    {
+        NotificationLog log(model());
+        beginFirstRun(model(), environment());
+        return log.taken();
+    }
+};
+
+} // namespace
+
+TEST_F(FirstRun, OffersToMoveWhereThereIsAnApplicationsFolder)
+{
+    home.folder("Applications");
+
+    EXPECT_THAT(begun(), ElementsAre("showMoveToApplicationsPrompt: true"));
+}
+
+TEST_F(FirstRun, OffersToMoveOverAnotherCopyToo)
+{
+    home.file("Applications/Tidlo.app/Contents/MacOS/Tidlo");
+    home.file("from/Tidlo.app/Contents/MacOS/Tidlo");
+
+    EXPECT_THAT(begun(), ElementsAre("showMoveToApplicationsPrompt: true"));
+}
+
+TEST_F(FirstRun, GoesOnAsIfDeclinedWhereThereIsNoApplicationsFolder)
+{
+    EXPECT_THAT(begun(), ElementsAre("showMoveToApplicationsPrompt: false", "showSetupWizard: true"));
+}
+
+TEST_F(FirstRun, GoesOnAsIfDeclinedWhereItIsInPlaceAlready)
+{
+    home.file("Applications/Tidlo.app/Contents/MacOS/Tidlo");
+    home.link("elsewhere", home / "Applications");
+    for (const char *path : {"Applications/Tidlo.app", "elsewhere/Tidlo.app"}) {
+        bundle.path = home / path;
+        EXPECT_THAT(begun(), ElementsAre("showMoveToApplicationsPrompt: false", "showSetupWizard: true")) << path;
+    }
+}
+
+TEST_F(FirstRun, ShowsNothingOnceSetupHasBeenCompleted)
+{
+    defaults->set(UserDefaults::setupCompleted, true);
+    EXPECT_THAT(begun(), IsEmpty());
+
+    home.folder("Applications");
+    EXPECT_THAT(begun(), IsEmpty());
+}

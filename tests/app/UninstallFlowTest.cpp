@@ -1,0 +1,179 @@
+#include "app/AppTest.h"
+#include "support/InChild.h"
+
+#include <QFile>
+
+#include <cstring>
+
+using testing::_;
+using testing::ElementsAre;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::InSequence;
+using testing::IsEmpty;
+using testing::Not;
+using testing::StartsWith;
+
+namespace {
+
+class UninstallFlow : public AppTest
+{
+protected:
+    UninstallFlow() { home.file("from/Tidlo.app/Contents/MacOS/Tidlo"); }
+
+    FilePath script() const { return temporaryFolder + "/uninstall_tidlo.sh"; }
+
+    std::string scriptText() const
+    {
+        QFile file(QFile::decodeName(script()));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll().toStdString();
+    }
+
+    /// What it prints.
+    std::string uninstall()
+    {
+        AppViewModel &app = model();
+        NotificationLog log(app);
+        testing::internal::CaptureStdout();
+        app.uninstallTidloCompletely();
+        EXPECT_THAT(log.taken(), IsEmpty());
+        return testing::internal::GetCapturedStdout();
+    }
+
+    /// Expects that nothing is written and nothing started.
+    void expectRefused(const Bundle &refused)
+    {
+        SCOPED_TRACE(refused.path.toStdString() + " " + refused.executable.toStdString());
+        bundle = refused;
+        closeWindow();
+        EXPECT_CALL(*workspace, start).Times(0);
+        EXPECT_CALL(*workspace, terminateApplication).Times(0);
+
+        EXPECT_THAT(uninstall(), StartsWith("Tidlo uninstall failed to start: "));
+
+        EXPECT_FALSE(home.inventory().contains("tmp/uninstall_tidlo.sh"));
+        testing::Mock::VerifyAndClearExpectations(workspace.get());
+    }
+
+    static Bundle bundleAtPath(const FilePath &path)
+    {
+        return {.path = path, .executable = path + "/Contents/MacOS/Tidlo", .identifier = "com.tidlo.storagecleaner"};
+    }
+};
+
+} // namespace
+
+TEST_F(UninstallFlow, StartsItsScriptAndQuits)
+{
+    const InSequence inThisOrder;
+    EXPECT_CALL(*workspace, start(FilePath("/bin/bash"), QByteArrayList{script()})).WillOnce([&](auto &&...) {
+        EXPECT_THAT(scriptText(), StartsWith("#!/usr/bin/env bash\nsleep 1\n"));
+        return std::nullopt;
+    });
+    EXPECT_CALL(*workspace, terminateApplication());
+
+    EXPECT_EQ(uninstall(), "");
+
+    EXPECT_EQ(home.inventory().at("tmp/uninstall_tidlo.sh").mode, mode_t(S_IFREG | 0700));
+    EXPECT_THAT(scriptText(), EndsWith("\""));
+}
+
+TEST_F(UninstallFlow, NamesTheApplicationInQuotesWhereverItLies)
+{
+    bundle = bundleAtPath(home / "My own apps/Tidlo.app");
+    EXPECT_EQ(uninstall(), "");
+
+    const std::string path = bundle.path.toStdString();
+    EXPECT_THAT(scriptText(), HasSubstr(" \"" + path + "\" >/dev/null 2>&1 || rm -rf \"" + path + "\"\n"));
+}
+
+TEST_F(UninstallFlow, UsesTheIdentifierOfItsOwnWhereTheBundleHasNone)
+{
+    bundle.identifier = std::nullopt;
+
+    EXPECT_EQ(uninstall(), "");
+
+    EXPECT_THAT(scriptText(), HasSubstr("/com.tidlo.storagecleaner.conf\""));
+    EXPECT_THAT(scriptText(), EndsWith("/com.tidlo.storagecleaner\""));
+}
+
+TEST_F(UninstallFlow, ReplacesAnEarlierScript)
+{
+    home.file("tmp/uninstall_tidlo.sh", 100'000);
+    home.file("kept", 1);
+
+    EXPECT_EQ(uninstall(), "");
+    EXPECT_THAT(scriptText(), Not(HasSubstr("xxx")));
+
+    unlink(script().constData());
+    home.link("tmp/uninstall_tidlo.sh", home / "kept");
+    EXPECT_EQ(uninstall(), "");
+    EXPECT_EQ(home.inventory().at("kept").size, 1);
+    EXPECT_EQ(home.inventory().at("tmp/uninstall_tidlo.sh").mode, mode_t(S_IFREG | 0700));
+}
+
+TEST_F(UninstallFlow, SaysWhenTheTemporaryFolderCannotBeWrittenAndStays)
+{
+    EXPECT_CALL(*workspace, start).Times(0);
+    EXPECT_CALL(*workspace, terminateApplication).Times(0);
+    home.folder("tmp/uninstall_tidlo.sh");
+
+    EXPECT_EQ(uninstall(), std::string("Tidlo uninstall failed to start: ") + std::strerror(EISDIR) + "\n");
+}
+
+TEST_F(UninstallFlow, SaysWhenTheTemporaryFolderMayNotBeWrittenAndStays)
+{
+    chmod(home.path().constData(), 0755);
+    const ChildResult result = inChild([&] {
+        EXPECT_TRUE(becomeNobody());
+        EXPECT_CALL(*workspace, start).Times(0);
+        EXPECT_CALL(*workspace, terminateApplication).Times(0);
+        EXPECT_EQ(uninstall(), std::string("Tidlo uninstall failed to start: ") + std::strerror(EACCES) + "\n");
+        return !HasFailure();
+    });
+
+    EXPECT_TRUE(result.succeeded) << result.output;
+}
+
+TEST_F(UninstallFlow, SaysWhenTheScriptDoesNotStartAndStays)
+{
+    EXPECT_CALL(*workspace, start).WillOnce(testing::Return(QStringLiteral("No bash.")));
+    EXPECT_CALL(*workspace, terminateApplication).Times(0);
+
+    EXPECT_EQ(uninstall(), "Tidlo uninstall failed to start: No bash.\n");
+}
+
+TEST_F(UninstallFlow, RefusesWhatIsNoBundleOfItsOwn)
+{
+    const FilePath lone = home / "build/tidlo";
+    expectRefused({});
+    expectRefused({.path = "/", .executable = "/Contents/MacOS/Tidlo", .identifier = std::nullopt});
+    expectRefused({.path = lone, .executable = lone, .identifier = std::nullopt});
+    expectRefused({.path = home / "Other.app",
+                   .executable = home / "Other.app/Contents/MacOS/Tidlo",
+                   .identifier = "com.example.other"});
+    expectRefused({.path = home / "Other.app", .executable = home / "Other.app/build/Tidlo", .identifier = {}});
+    expectRefused({.path = home / "Other.app",
+                   .executable = home / "Other.app/Contents/MacOS/inner/Tidlo",
+                   .identifier = std::nullopt});
+    expectRefused(bundleAtPath(home / "folder"));
+}
+
+TEST_F(UninstallFlow, RefusesTheHomeAndWhatHoldsIt)
+{
+    const FilePath owner = home.folder("home.app");
+    const FilePath inner = home.folder("home.app/users/me");
+    home.link("link.app", owner);
+    for (const FilePath &homeFolder : {owner, inner, home / "link.app/users"}) {
+        ON_CALL(*files, homeDirectoryForCurrentUser).WillByDefault(testing::Return(homeFolder));
+        expectRefused(bundleAtPath(owner));
+        expectRefused(bundleAtPath(home / "link.app"));
+    }
+}
+
+TEST_F(UninstallFlow, RefusesAPathThatAShellWouldRead)
+{
+    for (const char *name : {"a\"b", "a$b", "a`b", "a\\b"})
+        expectRefused(bundleAtPath(home / (FilePath(name) + "/Tidlo.app")));
+}

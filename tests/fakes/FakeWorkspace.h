@@ -1,0 +1,24 @@
+#pragma once
+
+#include "platform/Workspace.h"
+
+#include <gmock/gmock.h>
+
+/// A desktop that does nothing. Whether an application opens is told when the test says so.
+class FakeWorkspace : public Workspace
+{
+public:
+    FakeWorkspace()
+    {
+        ON_CALL(*this, openApplication).WillByDefault([this](const FilePath &, Opened told) {
+            opened = std::move(told);
+        });
+    }
+
+    MOCK_METHOD(void, registerApplication, (const FilePath &), (override));
+    MOCK_METHOD(void, openApplication, (const FilePath &, Opened), (override));
+    MOCK_METHOD(std::optional<QString>, start, (const FilePath &, const QByteArrayList &), (override));
+    MOCK_METHOD(void, terminateApplication, (), (override));
+
+    Opened opened; ///< Of the last call.
+};

@@ -1,0 +1,253 @@
+#include "platform/ApplicationCopier.h"
+
+#include "support/InChild.h"
+#include "support/OwnMounts.h"
+#include "support/PrintQt.h"
+#include "support/TemporaryHome.h"
+
+#include <QFile>
+
+#include <gmock/gmock.h>
+
+#include <cstring>
+
+#include <unistd.h>
+
+using testing::Key;
+using testing::UnorderedElementsAre;
+
+namespace {
+
+using namespace std::chrono_literals;
+
+std::optional<QString> because(int error)
+{
+    return QString::fromLocal8Bit(std::strerror(error));
+}
+
+FilePath leadsTo(const FilePath &link)
+{
+    std::array<char, 4096> target{};
+    EXPECT_GT(readlink(link.constData(), target.data(), target.size()), 0);
+    return target.data();
+}
+
+class ApplicationCopier : public testing::Test
+{
+protected:
+    ApplicationCopier()
+    {
+        home.file("from/Tidlo.app/Contents/MacOS/Tidlo", 5'000);
+        home.file("from/Tidlo.app/Contents/Resources/\xff \n.png", 0);
+        home.link("from/Tidlo.app/Contents/Current", "MacOS/Tidlo");
+        home.link("from/Tidlo.app/Contents/Dangling", "/nowhere/at all");
+        chmod((source + "/Contents/MacOS/Tidlo").constData(), 0751);
+        chmod((source + "/Contents/Resources").constData(), 0555);
+        const FileTime past{100'000s + 123'456'789ns};
+        for (const char *item : {"/Contents/MacOS/Tidlo", "/Contents/Current", "/Contents/Resources", ""})
+            home.setModified(FilePath("from/Tidlo.app") + item, past);
+        home.folder("Applications");
+        before = inventoryOf("from/");
+    }
+
+    ~ApplicationCopier() override
+    {
+        chmod((source + "/Contents/Resources").constData(), 0755);
+        chmod((destination + "/Contents/Resources").constData(), 0755);
+    }
+
+    /// The running bundle must be as it was, whatever happened.
+    void TearDown() override { EXPECT_EQ(inventoryOf("from/"), before); }
+
+    /// What a person can see change: everything but when it was read.
+    std::map<std::string, TemporaryHome::Entry> inventoryOf(const std::string &beginning) const
+    {
+        std::map<std::string, TemporaryHome::Entry> entries;
+        for (auto [name, entry] : home.inventory()) {
+            entry.accessed = {};
+            if (name.starts_with(beginning))
+                entries.emplace(name.substr(beginning.size()), entry);
+        }
+        return entries;
+    }
+
+    void expectWholeCopy() const
+    {
+        const auto copy = inventoryOf("Applications/");
+        const auto original = inventoryOf("from/");
+        ASSERT_EQ(copy.size(), original.size());
+        for (const auto &[name, entry] : original) {
+            ASSERT_TRUE(copy.contains(name)) << name;
+            EXPECT_EQ(copy.at(name).mode, entry.mode) << name;
+            EXPECT_EQ(copy.at(name).size, entry.size) << name;
+            EXPECT_EQ(copy.at(name).modified, entry.modified) << name;
+        }
+        EXPECT_EQ(leadsTo(destination + "/Contents/Current"), "MacOS/Tidlo");
+        EXPECT_EQ(leadsTo(destination + "/Contents/Dangling"), "/nowhere/at all");
+    }
+
+    TemporaryHome home;
+    const FilePath source = home / "from/Tidlo.app";
+    const FilePath destination = home / "Applications/Tidlo.app";
+    std::map<std::string, TemporaryHome::Entry> before;
+};
+
+} // namespace
+
+TEST_F(ApplicationCopier, KeepsPermissionsLinksAndTimes)
+{
+    EXPECT_EQ(copyApplication(source, destination), std::nullopt);
+
+    expectWholeCopy();
+}
+
+TEST_F(ApplicationCopier, CopiesALoneExecutable)
+{
+    EXPECT_EQ(copyApplication(source + "/Contents/MacOS/Tidlo", destination), std::nullopt);
+
+    const auto copy = inventoryOf("Applications/");
+    EXPECT_THAT(copy, UnorderedElementsAre(Key("Tidlo.app")));
+    EXPECT_EQ(copy.at("Tidlo.app").mode, mode_t(S_IFREG | 0751));
+}
+
+TEST_F(ApplicationCopier, ReplacesWhatWasThereWhateverItWas)
+{
+    home.file("Applications/Tidlo.app/Contents/old");
+    chmod((destination + "/Contents").constData(), 0500);
+    EXPECT_EQ(copyApplication(source, destination), std::nullopt);
+    expectWholeCopy();
+
+    ASSERT_EQ(copyApplication(source, destination), std::nullopt);
+    expectWholeCopy();
+}
+
+TEST_F(ApplicationCopier, ReplacesAFileOrALinkAndLeavesAloneWhereItLed)
+{
+    home.file("Applications/Tidlo.app");
+    EXPECT_EQ(copyApplication(source, destination), std::nullopt);
+    expectWholeCopy();
+    chmod((destination + "/Contents/Resources").constData(), 0755);
+
+    home.file("elsewhere/kept");
+    for (const FilePath &target : {home / "elsewhere", FilePath("/nowhere"), source}) {
+        ASSERT_EQ(std::system(("rm -rf '" + destination + "'").constData()), 0);
+        home.link("Applications/Tidlo.app", target);
+
+        EXPECT_EQ(copyApplication(source, destination), std::nullopt);
+
+        expectWholeCopy();
+        chmod((destination + "/Contents/Resources").constData(), 0755);
+    }
+    EXPECT_EQ(access((home / "elsewhere/kept").constData(), F_OK), 0);
+}
+
+TEST_F(ApplicationCopier, RefusesTheSourceItself)
+{
+    EXPECT_EQ(copyApplication(source, source), because(EINVAL));
+
+    home.link("other name", home / "from");
+    EXPECT_EQ(copyApplication(source, home / "other name/Tidlo.app"), because(EINVAL));
+    EXPECT_EQ(copyApplication(home / "other name/Tidlo.app", source), because(EINVAL));
+    EXPECT_EQ(copyApplication(source, home / "from/./../from/Tidlo.app"), because(EINVAL));
+}
+
+TEST_F(ApplicationCopier, RefusesWhatLiesInTheSource)
+{
+    for (const char *inside : {"Tidlo.app", "Contents/Tidlo.app", "Contents/MacOS/Tidlo", "Contents/Current"})
+        EXPECT_EQ(copyApplication(source, source + '/' + inside), because(EINVAL)) << inside;
+
+    home.link("other name", source + "/Contents");
+    EXPECT_EQ(copyApplication(source, home / "other name/Tidlo.app"), because(EINVAL));
+}
+
+TEST_F(ApplicationCopier, RefusesWhatHoldsTheSource)
+{
+    EXPECT_EQ(copyApplication(source, home / "from"), because(EINVAL));
+    EXPECT_EQ(copyApplication(source + "/Contents/MacOS/Tidlo", source), because(EINVAL));
+}
+
+TEST_F(ApplicationCopier, RemovesNothingWhenTheSourceHasVanished)
+{
+    home.file("Applications/Tidlo.app/old");
+
+    EXPECT_EQ(copyApplication(home / "missing", destination), because(ENOENT));
+
+    EXPECT_THAT(inventoryOf("Applications/"), UnorderedElementsAre(Key("Tidlo.app"), Key("Tidlo.app/old")));
+}
+
+TEST_F(ApplicationCopier, NeedsAFolderToCopyTo)
+{
+    EXPECT_EQ(copyApplication(source, home / "missing/Tidlo.app"), because(ENOENT));
+    EXPECT_EQ(copyApplication(source, source + "/Contents/MacOS/Tidlo/Tidlo.app"), because(ENOTDIR));
+}
+
+TEST_F(ApplicationCopier, LeavesWhatWasThereWholeWhenTheFolderMayNotBeWritten)
+{
+    home.file("Applications/Tidlo.app/old");
+    chmod(home.path().constData(), 0755);
+    chmod((home / "Applications/Tidlo.app").constData(), 0777);
+
+    const ChildResult result = inChild([&] {
+        EXPECT_TRUE(becomeNobody());
+        EXPECT_EQ(copyApplication(source, destination), because(EACCES));
+        return !HasFailure();
+    });
+
+    EXPECT_TRUE(result.succeeded) << result.output;
+    EXPECT_THAT(inventoryOf("Applications/"), UnorderedElementsAre(Key("Tidlo.app"), Key("Tidlo.app/old")));
+}
+
+TEST_F(ApplicationCopier, FailsWhenWhatIsThereCannotBeRemoved)
+{
+    home.file("Applications/Tidlo.app/Contents/old");
+    chmod(home.path().constData(), 0755);
+    chmod((home / "Applications").constData(), 0777);
+
+    const ChildResult result = inChild([&] {
+        EXPECT_TRUE(becomeNobody());
+        EXPECT_EQ(copyApplication(source, destination), because(EACCES));
+        return !HasFailure();
+    });
+
+    EXPECT_TRUE(result.succeeded) << result.output;
+    EXPECT_TRUE(inventoryOf("Applications/").contains("Tidlo.app/Contents/old"));
+}
+
+TEST_F(ApplicationCopier, LeavesNothingWhenAPartCannotBeRead)
+{
+    chmod(home.path().constData(), 0755);
+    chmod((home / "Applications").constData(), 0777);
+    chmod((source + "/Contents/MacOS/Tidlo").constData(), 0700);
+    before = inventoryOf("from/");
+
+    const ChildResult result = inChild([&] {
+        EXPECT_TRUE(becomeNobody());
+        EXPECT_EQ(copyApplication(source, destination), because(EACCES));
+        return !HasFailure();
+    });
+
+    EXPECT_TRUE(result.succeeded) << result.output;
+    EXPECT_TRUE(inventoryOf("Applications/").empty());
+}
+
+TEST_F(ApplicationCopier, LeavesNothingWhenThereIsNoRoom)
+{
+    home.file("from/Tidlo.app/Contents/large", 200'000);
+    before = inventoryOf("from/");
+
+    inOwnMounts([&] {
+        mountMemory(home / "Applications", "size=128k");
+        EXPECT_EQ(copyApplication(source, destination), because(ENOSPC));
+        EXPECT_TRUE(inventoryOf("Applications/").empty());
+    });
+}
+
+TEST_F(ApplicationCopier, CopiesNothingThatIsNeitherFolderNorFileNorLink)
+{
+    ASSERT_EQ(mkfifo((source + "/Contents/pipe").constData(), 0600), 0);
+    before = inventoryOf("from/");
+
+    EXPECT_NE(copyApplication(source, destination), std::nullopt);
+
+    EXPECT_TRUE(inventoryOf("Applications/").empty());
+}

@@ -1,0 +1,125 @@
+#include "platform/UninstallScript.h"
+
+#include "support/InChild.h"
+#include "support/PrintQt.h"
+#include "support/TemporaryHome.h"
+
+#include <QFile>
+
+#include <gmock/gmock.h>
+
+using testing::HasSubstr;
+using testing::StartsWith;
+
+namespace {
+
+class UninstallScript : public testing::Test
+{
+protected:
+    /// What is made in an environment of its own, in a child; nothing if the paths are refused.
+    static std::optional<QByteArray> madeWith(const std::map<const char *, FilePath> &environment,
+                                              const FilePath &application = "/Applications/Tidlo.app")
+    {
+        std::optional<QByteArray> script;
+        const ChildResult result = inChild([&] {
+            for (const char *name : {"XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME"})
+                unsetenv(name);
+            for (const auto &[name, value] : environment)
+                setenv(name, value.constData(), 1);
+            const auto made = uninstallScript(application, "com.tidlo.storagecleaner");
+            std::fputs(made ? made->constData() : "refused", stdout);
+            return true;
+        });
+        return result.output == "refused" ? std::nullopt : std::optional(QByteArray::fromStdString(result.output));
+    }
+};
+
+} // namespace
+
+TEST_F(UninstallScript, OfMacOSIsWordForWordAsItMustBe)
+{
+    const QByteArray script = uninstallScriptForMacOS("/Users/me/My Apps/Tidlo.app", "com.example.other");
+
+    EXPECT_EQ(script, R"(#!/usr/bin/env bash
+sleep 1
+/usr/bin/osascript -e 'tell application "Finder" to move POSIX file "/Users/me/My Apps/Tidlo.app" to trash' >/dev/null 2>&1 || rm -rf "/Users/me/My Apps/Tidlo.app"
+defaults delete com.example.other >/dev/null 2>&1 || true
+rm -rf "$HOME/Library/Preferences/com.example.other.plist"
+rm -rf "$HOME/Library/Caches/com.example.other")");
+    EXPECT_EQ(script.count('\n'), 5);
+    EXPECT_TRUE(script.endsWith('"'));
+}
+
+TEST_F(UninstallScript, OfLinuxNamesEachOfItsFilesInFull)
+{
+    EXPECT_EQ(madeWith({{"HOME", "/home/me"}}, "/home/me/My Apps/Tidlo.app"), R"(#!/usr/bin/env bash
+sleep 1
+gio trash "/home/me/My Apps/Tidlo.app" >/dev/null 2>&1 || rm -rf "/home/me/My Apps/Tidlo.app"
+rm -f "/home/me/.local/share/applications/com.tidlo.storagecleaner.desktop"
+rm -f "/home/me/.local/share/icons/hicolor/512x512/apps/com.tidlo.storagecleaner.png"
+rm -f "/home/me/.config/com.tidlo.storagecleaner.conf"
+rm -rf "/home/me/.cache/com.tidlo.storagecleaner")");
+}
+
+TEST_F(UninstallScript, FollowsTheEnvironment)
+{
+    const auto script = madeWith({{"HOME", "/home/me"},
+                                  {"XDG_DATA_HOME", "/data of me"},
+                                  {"XDG_CONFIG_HOME", "/config"},
+                                  {"XDG_CACHE_HOME", "/cache"}});
+
+    ASSERT_TRUE(script);
+    EXPECT_THAT(script->toStdString(),
+                HasSubstr("\"/data of me/applications/com.tidlo.storagecleaner.desktop\"\n"
+                          "rm -f \"/data of me/icons/hicolor/512x512/apps/com.tidlo.storagecleaner.png\"\n"
+                          "rm -f \"/config/com.tidlo.storagecleaner.conf\"\n"
+                          "rm -rf \"/cache/com.tidlo.storagecleaner\""));
+}
+
+TEST_F(UninstallScript, IsNotMadeWhereTheShellWouldReadAPathAsItsOwn)
+{
+    for (const char *character : {"\"", "$", "`", "\\"}) {
+        const FilePath hostile = FilePath("/a") + character + "b";
+        EXPECT_EQ(madeWith({{"HOME", "/home/me"}}, hostile + "/Tidlo.app"), std::nullopt) << character;
+        EXPECT_EQ(madeWith({{"HOME", hostile}}), std::nullopt) << character;
+        for (const char *variable : {"XDG_DATA_HOME", "XDG_CONFIG_HOME", "XDG_CACHE_HOME"})
+            EXPECT_EQ(madeWith({{"HOME", "/home/me"}, {variable, hostile}}), std::nullopt) << variable << character;
+    }
+}
+
+TEST_F(UninstallScript, RemovesExactlyWhatItNamesWhateverElseItsNameHolds)
+{
+    const TemporaryHome home;
+    const FilePath name = "it's -rf * ? [a] ~ {b,c} ;&|<>()#! \t\n \xff/Tidlo.app";
+    home.file(name + "/Contents/file");
+    home.folder("bin");
+    home.link("bin/gio", "/bin/false"); // So that it is deleted.
+    const auto script = madeWith({{"HOME", home.path()}}, home / name);
+    ASSERT_TRUE(script);
+    home.file("Tidlo.app/kept");
+    home.file(".cache/com.tidlo.storagecleaner/a");
+    home.file(".cache/kept");
+    home.file(".config/com.tidlo.storagecleaner.conf");
+    home.file(".config/com.tidlo.storagecleaner.conf.kept");
+    const FilePath path = home.file("script.sh", 0);
+    QFile file(QFile::decodeName(path));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(*script) > 0);
+    file.close();
+    auto expected = home.inventory();
+    std::erase_if(expected, [&](const auto &entry) {
+        return entry.first.starts_with(name.toStdString()) ||
+               entry.first.starts_with(".cache/com.tidlo.storagecleaner") ||
+               entry.first == ".config/com.tidlo.storagecleaner.conf";
+    });
+
+    for ([[maybe_unused]] const int turn : {1, 2}) {
+        EXPECT_EQ(std::system(("cd '" + home.path() + "' && PATH='" + home.path() + "/bin':$PATH bash " + path +
+                               " > '" + path + ".out' 2>&1 && ! test -s '" + path + ".out' && rm '" + path + ".out'")
+                                  .constData()),
+                  0);
+        auto remaining = home.inventory();
+        ASSERT_EQ(remaining.size(), expected.size());
+        for (const auto &[kept, entry] : expected)
+            EXPECT_TRUE(remaining.contains(kept)) << kept;
+    }
+}

@@ -1,0 +1,282 @@
+#include "platform/UserDefaults.h"
+
+#include "support/InChild.h"
+#include "support/OwnMounts.h"
+#include "support/PrintQt.h"
+#include "support/TemporaryHome.h"
+
+#include <QFile>
+
+#include <gmock/gmock.h>
+
+#include <array>
+#include <csignal>
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+using testing::AnyOf;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+namespace {
+
+class UserDefaultsTest : public testing::Test
+{
+protected:
+    UserDefaultsTest() { chmod(home.path().constData(), 0755); }
+
+    void writeFile(const QByteArray &content) const
+    {
+        QFile target(file);
+        EXPECT_TRUE(target.open(QIODevice::WriteOnly) && target.write(content) == content.size());
+    }
+
+    std::string content() const
+    {
+        QFile source(file);
+        return source.open(QIODevice::ReadOnly) ? source.readAll().toStdString() : "missing";
+    }
+
+    static QString theme(const UserDefaults &defaults)
+    {
+        return defaults.string(UserDefaults::theme, QStringLiteral("dark"));
+    }
+
+    static void expectDefaults(const UserDefaults &defaults)
+    {
+        EXPECT_EQ(theme(defaults), QStringLiteral("dark"));
+        EXPECT_FALSE(defaults.boolean(UserDefaults::setupCompleted));
+    }
+
+    /// Sets both, which must hold from then on whether or not they could be written.
+    static void set(UserDefaults &defaults)
+    {
+        defaults.set(UserDefaults::theme, QStringLiteral("light"));
+        defaults.set(UserDefaults::setupCompleted, true);
+        expectSet(defaults);
+    }
+
+    static void expectSet(const UserDefaults &defaults)
+    {
+        EXPECT_EQ(theme(defaults), QStringLiteral("light"));
+        EXPECT_TRUE(defaults.boolean(UserDefaults::setupCompleted));
+    }
+
+    /// Whether another program that starts now finds what was set.
+    bool isFoundByAnother() const
+    {
+        return inChild([this] {
+                   expectSet(UserDefaults(file));
+                   return !HasFailure();
+               })
+            .succeeded;
+    }
+
+    TemporaryHome home;
+    const QString file = QString::fromUtf8(home / "preferences.conf");
+};
+
+} // namespace
+
+TEST_F(UserDefaultsTest, HasTheTwoKeysAndTheirDefaults)
+{
+    EXPECT_EQ(UserDefaults::theme, QStringLiteral("tidloTheme"));
+    EXPECT_EQ(UserDefaults::setupCompleted, QStringLiteral("tidlo.setup.completed"));
+    expectDefaults(UserDefaults(file));
+}
+
+TEST_F(UserDefaultsTest, WritesAtOnceWhatTheNextProgramFinds)
+{
+    UserDefaults defaults(file);
+
+    set(defaults);
+
+    EXPECT_TRUE(isFoundByAnother());
+    EXPECT_THAT(content(), HasSubstr("tidloTheme=light\n"));
+    EXPECT_THAT(content(), HasSubstr("tidlo.setup.completed=true\n"));
+}
+
+TEST_F(UserDefaultsTest, TellsOfEverySettingOnceItHolds)
+{
+    UserDefaults defaults(file);
+    std::vector<std::string> told;
+    QObject::connect(&defaults, &UserDefaults::changed, [&](const QString &key) {
+        told.push_back(key.toStdString() + " " + theme(defaults).toStdString());
+    });
+
+    defaults.set(UserDefaults::theme, QStringLiteral("light"));
+    defaults.set(UserDefaults::theme, QStringLiteral("light"));
+    defaults.set(UserDefaults::setupCompleted, true);
+
+    EXPECT_THAT(told, ElementsAre("tidloTheme light", "tidloTheme light", "tidlo.setup.completed light"));
+}
+
+TEST_F(UserDefaultsTest, ReachesEveryReaderAtOnce)
+{
+    UserDefaults writer(file);
+    const UserDefaults reader(file);
+    expectDefaults(reader);
+
+    set(writer);
+
+    expectSet(reader);
+}
+
+TEST_F(UserDefaultsTest, CanBeSetBack)
+{
+    UserDefaults defaults(file);
+    set(defaults);
+
+    defaults.set(UserDefaults::setupCompleted, false);
+
+    EXPECT_FALSE(defaults.boolean(UserDefaults::setupCompleted));
+    EXPECT_FALSE(isFoundByAnother());
+}
+
+TEST_F(UserDefaultsTest, KeepsWhatItDoesNotKnow)
+{
+    writeFile("[General]\nfuture=1\n\n[Group]\nkey=value\n");
+    UserDefaults defaults(file);
+
+    set(defaults);
+
+    EXPECT_THAT(content(), HasSubstr("future=1"));
+    EXPECT_THAT(content(), HasSubstr("[Group]\nkey=value"));
+}
+
+TEST_F(UserDefaultsTest, HasItsDefaultsWhereTheFileIsOfNoUse)
+{
+    const QList<QByteArray> useless{
+        "",
+        "\n\n",
+        "no preferences at all",
+        "[General]\ntidloTheme\n",
+        "[Other]\ntidloTheme=light\ntidlo.setup.completed=true\n",
+        "[General]\ntidloTheme=@Variant(\\0\\0\\0\x7f)\ntidlo.setup.completed=@Invalid()\n",
+        "[General]\ntidloTheme=light, system\ntidlo.setup.completed=perhaps\n",
+        "[General]\ntidlo.setup.completed=\n",
+        QByteArray(100'000, '\0'),
+        QByteArray(100'000, '\xff'),
+        QByteArray(100'000, '['),
+    };
+    for (const QByteArray &damage : useless) {
+        SCOPED_TRACE(damage.left(60).toStdString());
+        QFile::remove(file);
+        writeFile(damage);
+        const ChildResult result = inChild([this] { // What one program has read, it keeps.
+            UserDefaults defaults(file);
+            expectDefaults(defaults);
+            set(defaults);
+            return !HasFailure();
+        });
+        EXPECT_TRUE(result.succeeded) << result.output;
+        EXPECT_TRUE(isFoundByAnother());
+    }
+}
+
+TEST_F(UserDefaultsTest, TakesAnyTextAsATheme)
+{
+    writeFile("[General]\ntidloTheme=purple\n");
+
+    EXPECT_EQ(theme(UserDefaults(file)), QStringLiteral("purple"));
+}
+
+TEST_F(UserDefaultsTest, HoldsWhatWasSetWhereNothingCanBeWritten)
+{
+    writeFile("[General]\ntidloTheme=system\n");
+    const std::string before = content();
+    const ChildResult result = inChild([&] {
+        EXPECT_TRUE(becomeNobody());
+        UserDefaults defaults(file);
+        EXPECT_EQ(theme(defaults), QStringLiteral("system"));
+        set(defaults);
+        return !HasFailure();
+    });
+
+    EXPECT_TRUE(result.succeeded) << result.output;
+    EXPECT_EQ(content(), before);
+}
+
+TEST_F(UserDefaultsTest, HasItsDefaultsWhereTheFileCannotBeReadOrIsNone)
+{
+    writeFile("[General]\ntidloTheme=light\n");
+    chmod((home / "preferences.conf").constData(), 0600);
+    home.folder("folder.conf");
+    const ChildResult result = inChild([&] {
+        EXPECT_TRUE(becomeNobody());
+        UserDefaults unreadable(file);
+        UserDefaults folder(QString::fromUtf8(home / "folder.conf"));
+        UserDefaults nowhere(QString::fromUtf8(home / "preferences.conf/file"));
+        for (UserDefaults *defaults : {&unreadable, &folder, &nowhere}) {
+            expectDefaults(*defaults);
+            set(*defaults);
+        }
+        return !HasFailure();
+    });
+
+    EXPECT_TRUE(result.succeeded) << result.output;
+}
+
+TEST_F(UserDefaultsTest, KeepsTheOldFileWholeWhenThereIsNoRoom)
+{
+    inOwnMounts([&] {
+        const FilePath small = home.folder("small");
+        mountMemory(small, "size=64k");
+        const QString full = QString::fromUtf8(small + "/preferences.conf");
+        UserDefaults(full).set(UserDefaults::theme, QStringLiteral("system"));
+        QFile filling(QString::fromUtf8(small + "/filling"));
+        EXPECT_TRUE(filling.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
+        while (filling.write(QByteArray(4'096, 'x')) > 0) {
+        }
+        QFile before(full);
+        EXPECT_TRUE(before.open(QIODevice::ReadOnly));
+
+        UserDefaults defaults(full);
+        set(defaults);
+
+        QFile after(full);
+        EXPECT_TRUE(after.open(QIODevice::ReadOnly));
+        EXPECT_EQ(after.readAll(), before.readAll());
+    });
+}
+
+TEST_F(UserDefaultsTest, IsWholeWheneverTheProgramIsKilled)
+{
+    UserDefaults(file).set(UserDefaults::theme, QStringLiteral("dark"));
+    for (int turn = 0; turn < 12; ++turn) {
+        std::array<int, 2> told{};
+        ASSERT_EQ(pipe(told.data()), 0);
+        const pid_t child = fork();
+        if (child == 0) {
+            UserDefaults defaults(file);
+            for (bool isDark = true; write(told[1], "x", 1) == 1; isDark = !isDark)
+                defaults.set(UserDefaults::theme, isDark ? QStringLiteral("dark") : QStringLiteral("light"));
+        }
+        for (int count = 0; count <= turn; ++count) {
+            char byte = 0;
+            ASSERT_EQ(read(told[0], &byte, 1), 1);
+        }
+        kill(child, SIGKILL); // Somewhere in the next write.
+        waitpid(child, nullptr, 0);
+        close(told[0]);
+        close(told[1]);
+
+        ASSERT_THAT(content(), AnyOf("[General]\ntidloTheme=dark\n", "[General]\ntidloTheme=light\n")) << turn;
+    }
+}
+
+TEST_F(UserDefaultsTest, OfTheUserLiesInTheirFolderForPreferences)
+{
+    const ChildResult result = inChild([&] {
+        setenv("XDG_CONFIG_HOME", (home / "config").constData(), 1);
+        UserDefaults defaults;
+        set(defaults);
+        return true;
+    });
+
+    EXPECT_TRUE(result.succeeded) << result.output;
+    QFile written(QString::fromUtf8(home / "config/com.tidlo.storagecleaner.conf"));
+    ASSERT_TRUE(written.open(QIODevice::ReadOnly));
+    EXPECT_THAT(written.readAll().toStdString(), HasSubstr("tidloTheme=light"));
+}

@@ -1,0 +1,25 @@
+// Does what a person does with the bundle that it lies in: bundle_driver uninstall | place <destination>
+
+#include "app/AppViewModel.h"
+
+#include <QCoreApplication>
+
+#include <cstdio>
+
+int main(int count, char **arguments)
+{
+    const QCoreApplication application(count, arguments);
+    const bool isPlacing = count == 3;
+    AppEnvironment environment;
+    if (isPlacing)
+        environment.applicationPath = arguments[2];
+    AppViewModel model(environment);
+    QObject::connect(&model, &AppViewModel::showMoveToApplicationsErrorChanged, [&] {
+        std::puts(qPrintable(model.moveToApplicationsErrorMessage()));
+        QCoreApplication::exit(1);
+    });
+    QMetaObject::invokeMethod(
+        &model, isPlacing ? &AppViewModel::moveToApplicationsFolder : &AppViewModel::uninstallTidloCompletely,
+        Qt::QueuedConnection);
+    return QCoreApplication::exec();
+}
