@@ -17,6 +17,7 @@ public:
 
     MOCK_METHOD(void, registerApplication, (const FilePath &), (override));
     MOCK_METHOD(void, openApplication, (const FilePath &, Opened), (override));
+    MOCK_METHOD(void, showInFiles, (const FilePath &), (override));
     MOCK_METHOD(std::optional<QString>, start, (const FilePath &, const QByteArrayList &), (override));
     MOCK_METHOD(void, terminateApplication, (), (override));
 
