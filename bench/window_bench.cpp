@@ -15,6 +15,7 @@
 #include <QPropertyAnimation>
 #include <QQuickItem>
 #include <QQuickWindow>
+#include <QTimer>
 
 #include <algorithm>
 #include <cstdio>
