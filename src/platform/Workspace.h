@@ -25,8 +25,8 @@ public:
     /// Starts the application at \a application, which outlives this one.
     virtual void openApplication(const FilePath &application, Opened opened) = 0;
 
-    /// Shows \a item, chosen, in the window of a file browser; where none can do that, the folder it lies in. Returns at
-    /// once. Does nothing on a desktop that has no file browser.
+    /// Shows \a item, chosen, in the window of a file browser; where none can do that, the folder it lies in. Returns
+    /// at once. Does nothing on a desktop that has no file browser.
     virtual void showInFiles(const FilePath &item) = 0;
 
     /// Starts a program that outlives this one and is not waited for.
