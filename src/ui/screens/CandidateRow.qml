@@ -53,12 +53,17 @@ PlainButton {
     ContextMenu {
         id: menu
 
+        // Acted upon once the menu has given the keyboard back.
+        property bool chosen: false
+
         objectName: "rowMenu"
+        onAboutToShow: menu.chosen = false
+        onClosed: if (menu.chosen) root.inspected()
 
         ContextMenuItem {
             objectName: "showItems"
             text: qsTr("Show items…")
-            onTriggered: Qt.callLater(root.inspected) // Once the menu has given the keyboard back.
+            onTriggered: menu.chosen = true
         }
     }
 
