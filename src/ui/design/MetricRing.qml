@@ -15,7 +15,7 @@ Column {
 
     spacing: 8
 
-    Accessible.role: Accessible.Indicator
+    Accessible.role: Accessible.ProgressBar
     Accessible.name: qsTr("%1 %2").arg(root.valueText).arg(root.label)
 
     GrowingRing {

@@ -3,6 +3,7 @@ import QtQuick.Templates as T
 import Tidlo.Design
 
 /// A button that is nothing but its contents, with a focus ring for the keyboard. Space and Return press it.
+/// With checkable it is a check box to those who hear it.
 T.AbstractButton {
     id: root
 
@@ -14,9 +15,10 @@ T.AbstractButton {
     focusPolicy: Qt.StrongFocus
     hoverEnabled: true
 
-    Accessible.role: Accessible.Button
+    Accessible.role: root.checkable ? Accessible.CheckBox : Accessible.Button
     Accessible.name: root.text
     Accessible.onPressAction: root.clicked()
+    Accessible.onToggleAction: root.clicked()
 
     Keys.onReturnPressed: root.clicked()
     Keys.onEnterPressed: root.clicked()

@@ -36,13 +36,12 @@ PlainButton {
     bottomPadding: 12
     cornerRadius: 14
     text: root.title
+    checkable: true
+    checked: root.ticked
+    onToggled: root.checked = Qt.binding(() => root.ticked) // Whether it is ticked is not for the button to say.
 
-    Accessible.role: Accessible.CheckBox
     Accessible.name: qsTr("%1, %2, %3").arg(root.title).arg(root.sizeText).arg(root.risk)
     Accessible.description: root.detail
-    Accessible.checkable: root.toggleable
-    Accessible.checked: root.ticked
-    Accessible.onToggleAction: root.clicked()
 
     Keys.onMenuPressed: menu.popup(root, root.leftPadding, root.height / 2)
 
@@ -54,12 +53,17 @@ PlainButton {
     ContextMenu {
         id: menu
 
+        // Acted upon once the menu has given the keyboard back.
+        property bool chosen: false
+
         objectName: "rowMenu"
+        onAboutToShow: menu.chosen = false
+        onClosed: if (menu.chosen) root.inspected()
 
         ContextMenuItem {
             objectName: "showItems"
             text: qsTr("Show items…")
-            onTriggered: root.inspected()
+            onTriggered: menu.chosen = true
         }
     }
 

@@ -1,8 +1,9 @@
 import QtQuick
 import Tidlo.Design
+import Tidlo.Screens
 
 /// One of the filters of the results.
-PlainButton {
+PlainRadioButton {
     id: root
 
     required property bool selected
@@ -12,24 +13,13 @@ PlainButton {
     topPadding: 6
     bottomPadding: 6
     cornerRadius: height / 2
+    checked: root.selected
 
-    Accessible.role: Accessible.RadioButton
-    Accessible.checkable: true
-    Accessible.checked: root.selected
-
-    contentItem: TidloText {
+    contentItem: ChipText {
         text: root.text
-        font: TidloType.smallStrong
-        color: root.selected ? TidloTheme.blue : TidloTheme.secondaryLabel
-        Accessible.ignored: true
+        selected: root.selected
     }
-
-    background: Rectangle {
-        radius: height / 2
-        color: root.selected ? TidloTheme.faded(TidloTheme.blue, 0.16)
-                             : TidloTheme.faded(TidloTheme.systemGray, 0.12)
-        border.width: 1
-        border.color: root.selected ? TidloTheme.faded(TidloTheme.blue, 0.45)
-                                    : TidloTheme.faded(TidloTheme.systemGray, 0.2)
+    background: ChipSurface {
+        selected: root.selected
     }
 }

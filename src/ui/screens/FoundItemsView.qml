@@ -56,9 +56,8 @@ FocusScope {
                 onTextEdited: root.items.filter = text
                 Keys.onDownPressed: list.forceActiveFocus(Qt.TabFocusReason)
             }
-            FilterChip {
+            ToggleChip {
                 objectName: "largestFirst"
-                Accessible.role: Accessible.CheckBox
                 text: qsTr("Largest first")
                 selected: root.items.largestFirst
                 onClicked: root.items.largestFirst = !root.items.largestFirst

@@ -3,7 +3,7 @@ import QtQuick.Layouts
 import Tidlo.Design
 
 /// One of the themes to choose from.
-PlainButton {
+PlainRadioButton {
     id: root
 
     required property string title
@@ -20,10 +20,7 @@ PlainButton {
     bottomPadding: 12
     cornerRadius: 10
     text: root.title
-
-    Accessible.role: Accessible.RadioButton
-    Accessible.checkable: true
-    Accessible.checked: root.selected
+    checked: root.selected
 
     contentItem: RowLayout {
         spacing: 8

@@ -11,7 +11,7 @@ Item {
 
     implicitWidth: 58
 
-    Accessible.role: Accessible.PageTabList
+    Accessible.role: Accessible.Grouping
     Accessible.name: qsTr("Sections")
 
     Column {

@@ -2,7 +2,7 @@ import QtQuick
 import Tidlo.Design
 
 /// A button of the rail.
-PlainButton {
+PlainRadioButton {
     id: root
 
     required property string symbol
@@ -11,9 +11,7 @@ PlainButton {
 
     implicitWidth: 36
     implicitHeight: 36
-
-    Accessible.checkable: true
-    Accessible.checked: root.active
+    checked: root.active
 
     contentItem: Item {
         Symbol {

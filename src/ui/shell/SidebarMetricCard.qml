@@ -19,7 +19,7 @@ ContinuousRectangle {
     radius: 12
     color: TidloTheme.controlSurface
 
-    Accessible.role: Accessible.Indicator
+    Accessible.role: Accessible.ProgressBar
     Accessible.name: qsTr("%1: %2").arg(root.title).arg(root.valueText)
     Accessible.description: root.subtitle
 

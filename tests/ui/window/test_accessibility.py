@@ -1,0 +1,135 @@
+"""What those who hear the window are told, by the platform's accessibility tree."""
+
+import sys
+import unittest
+
+import home
+from window import Window, eventually
+
+PROGRAM = sys.argv.pop()
+
+# What Qt puts around a popup that has a role and a name of its own.
+NAMELESS = {"dialog"}
+CONTROLS = {"push button", "check box", "radio button"}
+
+
+class Accessibility(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        home.fill()
+        cls.window = cls.enterClassContext(Window(PROGRAM))
+
+    def go_to(self, section):
+        self.window.press("radio button", section)
+        self.window.wait("radio button", section, state="checked")
+
+    def scanned(self):
+        self.go_to("Scan")
+        self.window.press("push button", "SCAN MY MAC")
+        self.window.wait("heading", "AI-assisted results — .* found")
+        self.window.wait("label", "Explanation")
+
+    def check_all(self):
+        """Everything that is shown has a role and a name, a place, and if it can be pressed, a way to do so."""
+        elements = self.window.elements()
+        self.assertGreater(len(elements), 20)
+        for element in elements:
+            with self.subTest(element):
+                self.assertNotIn(element.role, ("unknown", "invalid"))
+                self.assertTrue(element.name or element.role in NAMELESS)
+                box = element.extents
+                self.assertTrue(box.width > 0 and box.height > 0)
+                if element.role in CONTROLS:
+                    self.assertIn("focusable", element.states)
+                    self.assertGreater(element.accessible.get_n_actions(), 0)
+
+    def test_the_landing_screen(self):
+        self.go_to("Scan")
+        self.check_all()
+
+        self.assertIn("checked", self.window.find("radio button", "Scan").states)
+        for other in ("Results", "Report", "Settings"):
+            self.assertNotIn("checked", self.window.find("radio button", other).states)
+        for name in ("Scan", "SCAN MY MAC", "Theme: Dark", "Notifications", "Close", "Minimise", "Zoom"):
+            self.assertIsNotNone(self.window.find("push button", name), name)
+
+    def test_a_ring_says_its_percentage(self):
+        self.assertEqual(self.window.wait("progress bar", r"Disk: \d+%").description, "Macintosh HD usage")
+        self.window.wait("progress bar", r"Recoverable: \d+%")
+        self.go_to("Report")
+        self.window.wait("progress bar", r"\d+% FREE")
+
+    def test_the_results(self):
+        self.scanned()
+        self.check_all()
+
+        projects = self.window.find("check box", "Rebuildable project folders, 41 KB, Rebuildable")
+        self.assertIn("checked", projects.states)
+        media = self.window.find("check box", "WhatsApp / Chat Media & Attachments, 20 KB, Review first")
+        self.assertNotIn("checked", media.states)
+        chips = {chip.name: "checked" in chip.states for chip in self.window.all("radio button", "All|Safe|Review")}
+        self.assertEqual(chips, {"All": True, "Safe": False, "Review": False})
+
+    def test_a_press_by_assistive_technology_ticks_once(self):
+        self.scanned()
+        media = "WhatsApp / Chat Media & Attachments, .*"
+        self.window.press("check box", media)
+        self.window.wait("check box", media, state="checked")
+        self.window.press("check box", media)
+        self.window.wait_without("check box", media, state="checked")
+
+    def test_a_look_inside(self):
+        self.scanned()
+        self.window.click("check box", "Rebuildable.*", button=3)
+        self.window.click("menu item", "Show items…")
+        self.window.wait("dialog", "Rebuildable project folders")
+        self.window.wait("list item", ".*/Sites/one/node_modules, 33 KB")
+        self.check_all()
+
+        self.assertIsNotNone(self.window.find("text", "Search paths"))
+        self.window.press("check box", "Largest first")
+        self.window.wait("check box", "Largest first", state="checked")
+        self.window.press("push button", "Done")
+        self.window.wait_without("dialog")
+
+    def test_the_settings(self):
+        self.go_to("Settings")
+        self.check_all()
+
+        self.window.wait("radio button", "Dark Mode", state="checked")
+        self.window.press("radio button", "Light Mode")
+        self.window.wait("radio button", "Light Mode", state="checked")
+        self.window.wait_without("radio button", "Dark Mode", state="checked")
+        self.window.wait("push button", "Theme: Light")
+        self.window.press("radio button", "Dark Mode")
+        self.window.wait("push button", "Theme: Dark")
+
+    def test_the_report(self):
+        self.scanned()
+        self.window.press("push button", "View report")
+        self.window.wait("heading", "Cleanup report")
+        self.check_all()
+
+        self.assertEqual(self.window.find("label", "PROJECT FILES: 41 KB").description, "Source code kept intact")
+        self.window.wait("label", "FILES REMOVED: 4")
+
+    def test_tab_goes_round_and_the_focus_is_told(self):
+        self.go_to("Scan")
+
+        def focused():
+            return [(one.role, one.name) for one in self.window.elements() if "focused" in one.states]
+
+        seen = []
+        for _ in range(40):
+            before = focused()
+            self.window.keys("Tab")
+            eventually("the focus moves on", lambda: focused() not in ([], before))
+            if (now := focused()) and now[0] in seen:
+                break
+            seen += focused()
+        for expected in (("push button", "Theme: Dark"), ("radio button", "Settings"), ("push button", "SCAN MY MAC")):
+            self.assertIn(expected, seen)
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2, warnings="ignore")
