@@ -5,7 +5,7 @@
 struct Spring
 {
     double response = 0;        ///< Seconds of one swing if it were not damped; above 0.
-    double dampingFraction = 1; ///< 1 is critical; above 0 and below 1 it swings over.
+    double dampingFraction = 1; ///< Above 0. Below 1, which is critical, it swings over.
 
     /// Where the mass is after \a seconds.
     double position(double seconds) const;

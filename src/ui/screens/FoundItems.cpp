@@ -2,6 +2,7 @@
 
 #include "platform/ByteCountFormatter.h"
 #include "platform/VisibleText.h"
+#include "ui/screens/PathSearch.h"
 
 #include <QClipboard>
 #include <QElapsedTimer>
@@ -122,12 +123,13 @@ void FoundItems::arrange()
 {
     beginResetModel();
     rows.clear();
+    PathSearch search(wanted);
     for (int i = 0; i < paths.size(); ++i) {
-        if (wanted.isEmpty() || visibleText(paths.at(i)).contains(wanted, Qt::CaseInsensitive))
+        if (search.finds(paths.at(i)))
             rows.append(i);
     }
     if (sorted)
-        std::ranges::stable_sort(rows, std::greater(), [this](int row) { return sizes.at(row); });
+        putLargestFirst();
     endResetModel();
     Q_EMIT countChanged();
 }
@@ -135,8 +137,13 @@ void FoundItems::arrange()
 void FoundItems::sortRows()
 {
     Q_EMIT layoutAboutToBeChanged();
-    std::ranges::stable_sort(rows, std::greater(), [this](int row) { return sizes.at(row); });
+    putLargestFirst();
     Q_EMIT layoutChanged();
+}
+
+void FoundItems::putLargestFirst()
+{
+    std::ranges::stable_sort(rows, std::greater(), [this](int row) { return sizes.at(row); });
 }
 
 QString FoundItems::summary() const

@@ -73,6 +73,7 @@ private:
     void take(qsizetype first, const QList<qint64> &measured);
     void arrange();
     void sortRows();
+    void putLargestFirst();
     const FilePath *pathAt(int row) const;
 
     QPointer<AppViewModel> source;

@@ -3,7 +3,7 @@
 WindowChromeConfigurator::WindowChromeConfigurator(QQuickItem *parent)
     : QQuickItem(parent)
 {
-    refresh();
+    watch(window()); // That of the parent, which no change has been told of.
 }
 
 void WindowChromeConfigurator::refresh()
@@ -18,11 +18,15 @@ void WindowChromeConfigurator::refresh()
 void WindowChromeConfigurator::itemChange(ItemChange change, const ItemChangeData &data)
 {
     QQuickItem::itemChange(change, data);
-    if (change != ItemSceneChange)
-        return;
+    if (change == ItemSceneChange)
+        watch(data.window);
+}
+
+void WindowChromeConfigurator::watch(QQuickWindow *window)
+{
     if (watched)
         watched->disconnect(this);
-    watched = data.window;
+    watched = window;
     if (watched)
         connect(watched, &QWindow::windowStateChanged, this, &WindowChromeConfigurator::refresh);
     refresh();

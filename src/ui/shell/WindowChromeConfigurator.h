@@ -27,6 +27,7 @@ protected:
     void itemChange(ItemChange change, const ItemChangeData &data) override;
 
 private:
+    void watch(QQuickWindow *window);
     static void adjust(QQuickWindow &window); ///< One for each system.
 
     QPointer<QQuickWindow> watched;

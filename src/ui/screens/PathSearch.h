@@ -1,0 +1,21 @@
+#pragma once
+
+#include "model/FilePath.h"
+
+#include <QString>
+
+/// Finds the paths that contain a text as they are shown, whatever the case of its letters. Made for many paths: most
+/// are found without being made into texts.
+class PathSearch final
+{
+public:
+    explicit PathSearch(const QString &wanted); ///< An empty text is contained in all.
+
+    bool finds(const FilePath &path);
+
+private:
+    QString wanted;
+    FilePath plainWanted; ///< The same in lower case, if a path of plain characters can contain it.
+    bool isPlain = true;
+    FilePath lowered; ///< Kept between two searches, for its memory.
+};

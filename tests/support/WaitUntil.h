@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QEventLoop>
+
+#include <functional>
+
+/// Runs the event loop until \a condition holds.
+inline void waitUntil(const std::function<bool()> &condition)
+{
+    QEventLoop loop;
+    while (!condition())
+        loop.processEvents(QEventLoop::WaitForMoreEvents);
+}

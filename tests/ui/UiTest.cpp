@@ -1,0 +1,45 @@
+#include "ui/UiTest.h"
+
+#include <QCoreApplication>
+#include <QFile>
+
+UiTest::~UiTest()
+{
+    closeApp();
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+AppEnvironment UiTest::demoEnvironmentOf(const FilePath &home) const
+{
+    AppEnvironment environment = demoEnvironment();
+    environment.fileManager = files;
+    environment.workspace = workspace;
+    environment.defaults = std::make_shared<UserDefaults>(QFile::decodeName(home + "/preferences.conf"));
+    return environment;
+}
+
+AppViewModel &UiTest::app()
+{
+    if (!owner) {
+        owner = std::make_unique<AppViewModel>(environment);
+        bool isRead = false;
+        const auto connection =
+            QObject::connect(owner.get(), &AppViewModel::totalsChanged, [&isRead] { isRead = true; });
+        waitUntil([&isRead] { return isRead; });
+        QObject::disconnect(connection);
+        owner->setTotals({});
+    }
+    return *owner;
+}
+
+CleanupCandidate candidate(CleanupRisk risk, qint64 bytes, CleanupCategory category)
+{
+    CleanupCandidate candidate;
+    candidate.title = rawValue(category);
+    candidate.risk = risk;
+    candidate.bytes = bytes;
+    candidate.category = category;
+    candidate.selected = risk != CleanupRisk::never;
+    return candidate;
+}

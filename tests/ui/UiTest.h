@@ -1,0 +1,48 @@
+#pragma once
+
+#include "fakes/FakeFileManager.h"
+#include "fakes/FakeWorkspace.h"
+#include "support/PrintQt.h"
+#include "support/TemporaryHome.h"
+#include "support/WaitUntil.h"
+#include "ui/DemoState.h"
+
+#include <gmock/gmock.h>
+
+/// A state owner with a home, a desktop and preferences of its own, for what shows it. Nobody explains anything.
+class UiTest : public testing::Test
+{
+protected:
+    ~UiTest() override;
+
+    /// The state owner, made when it is first asked for, and its figures of the disk awaited and forgotten.
+    AppViewModel &app();
+
+    /// Lets go of it, as when the window closes.
+    void closeApp() { owner.reset(); }
+
+    /// How often \a signal of \a sender is told while \a act runs.
+    template <typename Sender, typename Signal, typename Act>
+    static int times(Sender &sender, Signal signal, Act act)
+    {
+        int count = 0;
+        const auto connection = QObject::connect(&sender, signal, [&count] { ++count; });
+        act();
+        QObject::disconnect(connection);
+        return count;
+    }
+
+    TemporaryHome home;
+    std::shared_ptr<testing::NiceMock<FakeFileManager>> files =
+        std::make_shared<testing::NiceMock<FakeFileManager>>(home.path());
+    std::shared_ptr<testing::NiceMock<FakeWorkspace>> workspace = std::make_shared<testing::NiceMock<FakeWorkspace>>();
+    AppEnvironment environment = demoEnvironmentOf(home.path());
+
+private:
+    AppEnvironment demoEnvironmentOf(const FilePath &home) const;
+
+    std::unique_ptr<AppViewModel> owner;
+};
+
+/// A candidate of that risk, selected unless it is never to be touched.
+CleanupCandidate candidate(CleanupRisk risk, qint64 bytes = 1, CleanupCategory category = CleanupCategory::caches);

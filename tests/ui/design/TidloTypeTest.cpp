@@ -1,0 +1,122 @@
+#include "ui/design/TidloType.h"
+
+#include "support/PrintQt.h"
+
+#include <QFile>
+#include <QFontInfo>
+#include <QGuiApplication>
+#include <QRawFont>
+#include <QScreen>
+
+#include <gmock/gmock.h>
+
+#include <array>
+
+namespace {
+
+struct NamedFont
+{
+    const char *name;
+    QFont (*font)();
+    double points;
+    int weight;
+};
+
+constexpr std::array fonts{
+    NamedFont{"section", TidloType::section, 15, QFont::Bold},
+    NamedFont{"body", TidloType::body, 15, QFont::Normal},
+    NamedFont{"bodyStrong", TidloType::bodyStrong, 15, QFont::DemiBold},
+    NamedFont{"sidebar", TidloType::sidebar, 13, QFont::Medium},
+    NamedFont{"sidebarStrong", TidloType::sidebarStrong, 13, QFont::Bold},
+    NamedFont{"small", TidloType::small, 12, QFont::Medium},
+    NamedFont{"smallStrong", TidloType::smallStrong, 12, QFont::Bold},
+    NamedFont{"tiny", TidloType::tiny, 10.5, QFont::Bold},
+    NamedFont{"title", TidloType::title, 22, QFont::Normal},
+    NamedFont{"headline", TidloType::headline, 13, QFont::Bold},
+    NamedFont{"callout", TidloType::callout, 12, QFont::Normal},
+    NamedFont{"subheadline", TidloType::subheadline, 11, QFont::Normal},
+    NamedFont{"caption", TidloType::caption, 10, QFont::Normal},
+};
+
+/// In device-independent pixels.
+double sizeOf(const QFont &font)
+{
+    return font.pointSizeF() * QGuiApplication::primaryScreen()->logicalDotsPerInch() / 72;
+}
+
+class EveryFont : public testing::TestWithParam<NamedFont>
+{};
+
+INSTANTIATE_TEST_SUITE_P(TidloType, EveryFont, testing::ValuesIn(fonts),
+                         [](const auto &tested) { return tested.param.name; });
+
+} // namespace
+
+TEST_P(EveryFont, HasItsSizeAndWeightInTheDefaultDesign)
+{
+    const QFont font = GetParam().font();
+    EXPECT_NEAR(sizeOf(font), GetParam().points, 1e-9);
+    EXPECT_EQ(font.weight(), GetParam().weight);
+    EXPECT_EQ(QFontInfo(font).family(), QStringLiteral("Inter"));
+    EXPECT_EQ(QFontInfo(font).weight(), GetParam().weight); // Drawn so, not thickened.
+}
+
+TEST_P(EveryFont, IsReadByThatName)
+{
+    TidloType type;
+    EXPECT_EQ(type.property(GetParam().name).value<QFont>(), GetParam().font());
+}
+
+TEST(TidloType, TheTableAboveHoldsEveryFontThereIs)
+{
+    const QMetaObject &type = TidloType::staticMetaObject;
+    EXPECT_EQ(static_cast<size_t>(type.propertyCount() - type.propertyOffset()), fonts.size());
+}
+
+TEST(TidloType, TheFacesComeWithTheApplication)
+{
+    struct Face
+    {
+        const char *file;
+        const char *family; ///< It may be followed by the name of the weight.
+        const char *style;
+    };
+    constexpr std::array faces{
+        Face{":/fonts/Inter-Regular.otf", "Inter", "Regular"},    Face{":/fonts/Inter-Medium.otf", "Inter", "Medium"},
+        Face{":/fonts/Inter-SemiBold.otf", "Inter", "Semi Bold"}, Face{":/fonts/Inter-Bold.otf", "Inter", "Bold"},
+        Face{":/fonts/Quicksand-Bold.ttf", "Quicksand", "Bold"},
+    };
+    for (const Face &face : faces) {
+        const QRawFont font(QLatin1StringView(face.file), 12);
+        EXPECT_TRUE(font.isValid()) << face.file;
+        EXPECT_TRUE(font.familyName().startsWith(QLatin1StringView(face.family))) << face.file;
+        EXPECT_EQ(font.styleName(), QLatin1StringView(face.style)) << face.file;
+    }
+}
+
+TEST(TidloType, OtherSizesAndWeightsAreInTheDefaultDesignToo)
+{
+    const QFont font = TidloType::system(44, QFont::Bold);
+    EXPECT_EQ(font.family(), QStringLiteral("Inter"));
+    EXPECT_NEAR(sizeOf(font), 44, 1e-9);
+    EXPECT_EQ(font.weight(), QFont::Bold);
+}
+
+TEST(TidloType, TheRoundedDesignIsAnotherFace)
+{
+    const QFont font = TidloType::rounded(20, QFont::Bold);
+    EXPECT_EQ(QFontInfo(font).family(), QStringLiteral("Quicksand"));
+    EXPECT_NEAR(sizeOf(font), 20, 1e-9);
+    EXPECT_EQ(QFontInfo(font).weight(), QFont::Bold);
+}
+
+TEST(TidloType, TrackingAddsPointsBetweenLettersAndNothingElse)
+{
+    const QFont plain = TidloType::smallStrong();
+    QFont tracked = TidloType::tracked(plain, 1.6);
+    EXPECT_EQ(tracked.letterSpacingType(), QFont::AbsoluteSpacing);
+    EXPECT_NEAR(tracked.letterSpacing(), 1.6, 1.0 / 64); // As fine as a font counts.
+
+    tracked.setLetterSpacing(plain.letterSpacingType(), plain.letterSpacing());
+    EXPECT_EQ(tracked, plain);
+}

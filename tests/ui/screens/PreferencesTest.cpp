@@ -1,0 +1,68 @@
+#include "ui/screens/Preferences.h"
+
+#include "support/PrintQt.h"
+#include "support/TemporaryHome.h"
+
+#include <QFile>
+
+#include <gmock/gmock.h>
+
+namespace {
+
+class PreferencesTest : public testing::Test
+{
+protected:
+    QString file() const { return QFile::decodeName(home / "preferences.conf"); }
+
+    int changesWhile(const std::function<void()> &act)
+    {
+        int count = 0;
+        const auto connection = QObject::connect(&preferences, &Preferences::themeChanged, [&count] { ++count; });
+        act();
+        QObject::disconnect(connection);
+        return count;
+    }
+
+    TemporaryHome home;
+    UserDefaults defaults{file()};
+    Preferences preferences{defaults};
+};
+
+} // namespace
+
+TEST_F(PreferencesTest, TheThemeIsDarkWhileNoneIsStored)
+{
+    EXPECT_EQ(preferences.theme(), QStringLiteral("dark"));
+    EXPECT_EQ(defaults.string(UserDefaults::theme, QStringLiteral("none")),
+              QStringLiteral("none")); // Reading stores nothing.
+}
+
+TEST_F(PreferencesTest, AThemeIsStoredUnderItsKeyAtOnce)
+{
+    preferences.setTheme(QStringLiteral("light"));
+    EXPECT_EQ(preferences.theme(), QStringLiteral("light"));
+    EXPECT_EQ(defaults.string(QLatin1StringView("tidloTheme"), {}), QStringLiteral("light"));
+    EXPECT_EQ(UserDefaults(file()).string(QLatin1StringView("tidloTheme"), {}), QStringLiteral("light"));
+}
+
+TEST_F(PreferencesTest, AnUnknownThemeIsKeptAsItIs)
+{
+    defaults.set(UserDefaults::theme, QStringLiteral("sepia"));
+    EXPECT_EQ(preferences.theme(), QStringLiteral("sepia"));
+    EXPECT_EQ(defaults.string(UserDefaults::theme, {}), QStringLiteral("sepia"));
+}
+
+TEST_F(PreferencesTest, EveryReaderHearsOfAChange)
+{
+    EXPECT_EQ(changesWhile([this] { preferences.setTheme(QStringLiteral("light")); }), 1);
+    EXPECT_EQ(changesWhile([this] { defaults.set(UserDefaults::theme, QStringLiteral("system")); }), 1);
+
+    Preferences other(defaults);
+    EXPECT_EQ(changesWhile([&other] { other.setTheme(QStringLiteral("dark")); }), 1);
+    EXPECT_EQ(preferences.theme(), QStringLiteral("dark"));
+}
+
+TEST_F(PreferencesTest, OtherKeysAreNoThemes)
+{
+    EXPECT_EQ(changesWhile([this] { defaults.set(UserDefaults::setupCompleted, true); }), 0);
+}

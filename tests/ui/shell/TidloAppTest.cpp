@@ -1,0 +1,134 @@
+#include "ui/shell/TidloApp.h"
+
+#include "ui/UiTest.h"
+#include "ui/shell/WindowChromeConfigurator.h"
+
+#include <QQuickWindow>
+
+#include <latch>
+
+namespace {
+
+class TidloAppTest : public UiTest
+{
+protected:
+    TidloAppTest() { environment.applicationPath = home / "Applications/Tidlo.app"; }
+
+    /// The application, with its window open.
+    TidloApp &tidlo()
+    {
+        if (!opened) {
+            opened = std::make_unique<TidloApp>(environment);
+            EXPECT_TRUE(opened->open());
+        }
+        return *opened;
+    }
+
+    std::unique_ptr<TidloApp> opened;
+};
+
+} // namespace
+
+TEST_F(TidloAppTest, OpensOneWindowOnTheLandingScreen)
+{
+    QQuickWindow *const window = tidlo().window();
+    ASSERT_NE(window, nullptr);
+    EXPECT_TRUE(window->isVisible());
+    EXPECT_EQ(window->title(), QStringLiteral("Tidlo — AI Storage Cleaner"));
+    EXPECT_EQ(tidlo().model().section(), AppSection::scan);
+    EXPECT_EQ(tidlo().model().phase(), ScanPhase::ready);
+}
+
+TEST_F(TidloAppTest, HasNoWindowBeforeItIsOpened)
+{
+    const TidloApp app(environment);
+    EXPECT_EQ(app.window(), nullptr);
+}
+
+TEST_F(TidloAppTest, TheWindowIsNeverSmallerThanItsContentUnlessTheScreenIs)
+{
+    QQuickWindow *const window = tidlo().window();
+    const QSize screen = window->screen()->availableSize();
+    EXPECT_EQ(window->minimumWidth(), std::min(1350, screen.width()));
+    EXPECT_EQ(window->minimumHeight(), std::min(720, screen.height()));
+    EXPECT_GE(window->maximumWidth(), 16'384); // It may grow freely.
+    EXPECT_GE(window->maximumHeight(), 16'384);
+}
+
+TEST_F(TidloAppTest, TheChromeIsAppliedOneTurnAfterItOpens)
+{
+    QQuickWindow *const window = tidlo().window();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(window->flags().testFlag(Qt::FramelessWindowHint), !WindowChromeConfigurator::isNative());
+    EXPECT_EQ(window->color(), QColor(Qt::transparent));
+}
+
+TEST_F(TidloAppTest, TheChromeOutlivesAChangeOfTheTheme)
+{
+    QQuickWindow *const window = tidlo().window();
+    QCoreApplication::processEvents();
+    environment.defaults->set(UserDefaults::theme, QStringLiteral("dark"));
+    window->setFlag(Qt::FramelessWindowHint, false);
+    window->setColor(Qt::white);
+
+    environment.defaults->set(UserDefaults::theme, QStringLiteral("light"));
+    QCoreApplication::processEvents();
+
+    EXPECT_EQ(window->flags().testFlag(Qt::FramelessWindowHint), !WindowChromeConfigurator::isNative());
+    EXPECT_EQ(window->color(), QColor(Qt::transparent));
+}
+
+TEST_F(TidloAppTest, AFirstRunShowsTheWizardWhereThereIsNoApplicationsFolder)
+{
+    EXPECT_TRUE(tidlo().model().showSetupWizard());
+    EXPECT_FALSE(tidlo().model().showMoveToApplicationsPrompt());
+}
+
+TEST_F(TidloAppTest, AFirstRunOffersToMoveWhereThereIsOne)
+{
+    home.folder("Applications");
+    EXPECT_FALSE(tidlo().model().showSetupWizard());
+    EXPECT_TRUE(tidlo().model().showMoveToApplicationsPrompt());
+}
+
+TEST_F(TidloAppTest, ALaterRunShowsNeither)
+{
+    home.folder("Applications");
+    environment.defaults->set(UserDefaults::setupCompleted, true);
+    EXPECT_FALSE(tidlo().model().showSetupWizard());
+    EXPECT_FALSE(tidlo().model().showMoveToApplicationsPrompt());
+}
+
+TEST_F(TidloAppTest, ClosesInTheMiddleOfAScan)
+{
+    // Given a scan that is under way
+    home.file("Sites/project/node_modules/a.js");
+    bool isUnderWay = false;
+    QObject::connect(&tidlo().model(), &AppViewModel::scanProgressChanged, [&isUnderWay] { isUnderWay = true; });
+    std::latch begun(1);
+    std::atomic_bool isStopped = false;
+    ON_CALL(*files, enumerate).WillByDefault([&](const DeepEnumeration &, const std::stop_token &stop) {
+        std::latch stopped(1);
+        const std::stop_callback callback(stop, [&stopped] { stopped.count_down(); });
+        if (!isStopped)
+            begun.count_down();
+        stopped.wait();
+        isStopped = true;
+        return QList<CollectedItem>();
+    });
+    tidlo().model().startScan();
+    waitUntil([&] { return isUnderWay && begun.try_wait(); });
+
+    // When the application goes
+    opened.reset();
+
+    // Then it has stopped the walk.
+    EXPECT_TRUE(isStopped);
+}
+
+TEST_F(TidloAppTest, CanBeOpenedAgainInTheSameProcess)
+{
+    ASSERT_NE(tidlo().window(), nullptr);
+    opened.reset();
+    EXPECT_NE(tidlo().window(), nullptr);
+}
