@@ -36,9 +36,11 @@ public:
             work.start();
         });
         connect(events, &QAbstractEventDispatcher::aboutToBlock, this, [this] { end(); });
-        connect(&window, &QQuickWindow::beforeRendering, this, [this] { drawing.start(); }, Qt::DirectConnection);
-        connect(&window, &QQuickWindow::afterRendering, this, [this] { drawn += drawing.nsecsElapsed(); },
-                Qt::DirectConnection);
+        connect(
+            &window, &QQuickWindow::beforeRendering, this, [this] { drawing.start(); }, Qt::DirectConnection);
+        connect(
+            &window, &QQuickWindow::afterRendering, this, [this] { drawn += drawing.nsecsElapsed(); },
+            Qt::DirectConnection);
     }
 
     void reset() { stretches.clear(); }

@@ -91,17 +91,17 @@ ScanTotals demoTotals()
         totals.totalBytes += candidate.bytes;
         totals.recoverableBytes += candidate.selected ? candidate.bytes : 0;
     }
-    totals.recoverablePercent =
-        static_cast<double>(totals.recoverableBytes) / static_cast<double>(totals.volumeBytes);
+    totals.recoverablePercent = static_cast<double>(totals.recoverableBytes) / static_cast<double>(totals.volumeBytes);
     return totals;
 }
 
 QString demoExplanation()
 {
-    return QStringLiteral("Most of the space sits in project folders that your package manager makes again: 18.43 GB of "
-                          "dependencies and build output. The caches are safe to clear; applications fill them as they "
-                          "need them. Look through the old downloads and the chat media before you tick them. Everything "
-                          "goes to the Trash first.");
+    return QStringLiteral(
+        "Most of the space sits in project folders that your package manager makes again: 18.43 GB of "
+        "dependencies and build output. The caches are safe to clear; applications fill them as they "
+        "need them. Look through the old downloads and the chat media before you tick them. Everything "
+        "goes to the Trash first.");
 }
 
 AppEnvironment demoEnvironment()

@@ -34,11 +34,8 @@ bool lower(const FilePath &path, char *lowered)
 PathSearch::PathSearch(const QString &given)
     : wanted(given)
 {
-    for (const QChar character : wanted) {
-        const QChar folded = character.toCaseFolded(); // Some signs are other cases of plain letters.
-        isPlain &= isPlainCharacter(folded.unicode());
-        plainWanted += folded.toLatin1();
-    }
+    for (const QChar character : wanted)
+        plainWanted += character.toCaseFolded().toLatin1(); // Some signs are other cases of plain letters.
 }
 
 bool PathSearch::finds(const FilePath &path)
@@ -48,8 +45,6 @@ bool PathSearch::finds(const FilePath &path)
     lowered.resize(path.size());
     if (!lower(path, lowered.data()))
         return visibleText(path).contains(wanted, Qt::CaseInsensitive);
-    return isPlain &&
-           std::string_view(lowered.constData(), static_cast<size_t>(lowered.size()))
-                   .find(std::string_view(plainWanted.constData(), static_cast<size_t>(plainWanted.size()))) !=
-               std::string_view::npos;
+    const std::string_view whole(lowered.constData(), static_cast<size_t>(lowered.size()));
+    return whole.find({plainWanted.constData(), static_cast<size_t>(plainWanted.size())}) != std::string_view::npos;
 }

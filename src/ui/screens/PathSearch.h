@@ -15,7 +15,6 @@ public:
 
 private:
     QString wanted;
-    FilePath plainWanted; ///< The same in lower case, if a path of plain characters can contain it.
-    bool isPlain = true;
-    FilePath lowered; ///< Kept between two searches, for its memory.
+    FilePath plainWanted; ///< The same in lower case; what no plain path holds is a byte that none holds.
+    FilePath lowered;     ///< Kept between two searches, for its memory.
 };

@@ -21,6 +21,8 @@ Window {
     width: minimumWidth
     height: Math.min(860, Math.max(minimumHeight, Screen.desktopAvailableHeight - 80))
     color: "transparent"
+    // From the start, since a window manager may not take a frame away without a trace.
+    flags: chrome.isNative ? Qt.Window : Qt.Window | Qt.FramelessWindowHint
     visible: true
 
     WindowChromeConfigurator {

@@ -1,5 +1,5 @@
-/// Draws every screen in every state into a folder. It stores the theme among the preferences, so it wants a home of its
-/// own; scripts/screenshots gives it one and runs it for each theme, size and scale.
+/// Draws every screen in every state into a folder. It stores the theme among the preferences, so it wants a home of
+/// its own; scripts/screenshots gives it one and runs it for each theme, size and scale.
 
 #include "ui/DemoState.h"
 #include "ui/shell/TidloApp.h"
@@ -65,12 +65,10 @@ constexpr std::array shots{
              showResults(app);
              app.setSection(AppSection::scan);
          }},
-    Shot{"scanning-0",
-         [](AppViewModel &app, QQuickWindow &) { scanAt(app, 0.0, "Reading disk usage"); }},
+    Shot{"scanning-0", [](AppViewModel &app, QQuickWindow &) { scanAt(app, 0.0, "Reading disk usage"); }},
     Shot{"scanning-42",
          [](AppViewModel &app, QQuickWindow &) { scanAt(app, 0.42, "Checking WhatsApp Desktop storage"); }},
-    Shot{"scanning-99",
-         [](AppViewModel &app, QQuickWindow &) { scanAt(app, 0.99, "Finding older project copies"); }},
+    Shot{"scanning-99", [](AppViewModel &app, QQuickWindow &) { scanAt(app, 0.99, "Finding older project copies"); }},
     Shot{"results", [](AppViewModel &app, QQuickWindow &) { showResults(app); }},
     Shot{"results-explaining",
          [](AppViewModel &app, QQuickWindow &) {

@@ -7,8 +7,8 @@
 #include <QQuickItem>
 #include <QTemporaryDir>
 
-/// What tests of views drive: a state owner over a fake home, preferences in a file of their own, and ways to put either
-/// into any state. QML reads it as "demo".
+/// What tests of views drive: a state owner over a fake home, preferences in a file of their own, and ways to put
+/// either into any state. QML reads it as "demo".
 class Demo : public QObject
 {
     Q_OBJECT

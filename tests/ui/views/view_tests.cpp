@@ -1,5 +1,5 @@
-#include "ui/screens/ContentViews.h"
 #include "ui/design/DesignSystem.h"
+#include "ui/screens/ContentViews.h"
 #include "ui/shell/RootView.h"
 #include "ui/views/Demo.h"
 
