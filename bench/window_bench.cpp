@@ -1,13 +1,12 @@
 // Scans the home folder with the window open, then scrolls a hundred findings, and tells what that costs:
 // window_bench [--seconds]. With --seconds it prints those that the scan took and nothing else.
 //
-// What counts as work of ours is what the main thread does between two waits for events, less what the renderer draws:
-// how long that takes depends on the machine's graphics.
+// What counts as work of ours is what the main thread does for one event, less what the renderer draws: how long that
+// takes depends on the machine's graphics.
 
 #include "ui/DemoState.h"
 #include "ui/shell/TidloApp.h"
 
-#include <QAbstractEventDispatcher>
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QFile>
@@ -24,48 +23,53 @@
 
 namespace {
 
-/// The stretches of work of the main thread, in milliseconds.
-class WorkMeter final : public QObject
+/// Times the events that the main thread works on, in milliseconds.
+class MeteredApplication final : public QGuiApplication
 {
 public:
-    explicit WorkMeter(QQuickWindow &window)
+    using QGuiApplication::QGuiApplication;
+
+    /// Leaves out what is drawn in \a window.
+    void watch(QQuickWindow &window)
     {
-        const QAbstractEventDispatcher *events = QAbstractEventDispatcher::instance();
-        connect(events, &QAbstractEventDispatcher::awake, this, [this] {
-            drawn = 0;
-            work.start();
-        });
-        connect(events, &QAbstractEventDispatcher::aboutToBlock, this, [this] { end(); });
         connect(
             &window, &QQuickWindow::beforeRendering, this, [this] { drawing.start(); }, Qt::DirectConnection);
         connect(
             &window, &QQuickWindow::afterRendering, this, [this] { drawn += drawing.nsecsElapsed(); },
             Qt::DirectConnection);
+        events.clear();
     }
 
-    void reset() { stretches.clear(); }
+    bool notify(QObject *receiver, QEvent *event) override
+    {
+        if (isWithin)
+            return QGuiApplication::notify(receiver, event);
+        isWithin = true;
+        drawn = 0;
+        QElapsedTimer work;
+        work.start();
+        const bool result = QGuiApplication::notify(receiver, event);
+        events.push_back(static_cast<double>(work.nsecsElapsed() - drawn) / 1e6);
+        isWithin = false;
+        return result;
+    }
 
     void print(const char *what)
     {
-        std::ranges::sort(stretches);
-        if (stretches.empty())
+        std::ranges::sort(events);
+        if (events.empty())
             return;
-        std::printf("%-22s %6zu stretches of work, %.2f ms at the 99th of 100, %.2f ms at most\n", what,
-                    stretches.size(), stretches[stretches.size() * 99 / 100], stretches.back());
+        std::printf("%-22s %6zu events, %.2f ms at the 99th of 100, %.2f ms at most\n", what, events.size(),
+                    events[events.size() * 99 / 100], events.back());
     }
+
+    void forget() { events.clear(); }
 
 private:
-    void end()
-    {
-        if (work.isValid())
-            stretches.push_back(static_cast<double>(work.nsecsElapsed() - drawn) / 1e6);
-        work.invalidate();
-    }
-
-    QElapsedTimer work;
+    std::vector<double> events;
     QElapsedTimer drawing;
-    qint64 drawn = 0; ///< Nanoseconds of drawing within the stretch.
-    std::vector<double> stretches;
+    qint64 drawn = 0; ///< Nanoseconds of drawing within the event.
+    bool isWithin = false;
 };
 
 void waitFor(int milliseconds)
@@ -145,26 +149,26 @@ AppEnvironment quietEnvironment()
 
 int main(int argc, char **argv)
 {
-    QGuiApplication application(argc, argv);
+    MeteredApplication application(argc, argv);
     TidloApp tidlo(quietEnvironment());
     if (!tidlo.open())
         return 1;
     tidlo.model().setShowSetupWizard(false);
     tidlo.model().setShowMoveToApplicationsPrompt(false);
     waitFor(1500);
-    WorkMeter meter(*tidlo.window());
+    application.watch(*tidlo.window());
     const double seconds = secondsOfScan(tidlo.model());
     if (argc > 1 && std::strcmp(argv[1], "--seconds") == 0) {
         std::printf("%f\n", seconds);
         return 0;
     }
-    meter.print("while scanning");
+    application.print("while scanning");
     waitFor(1500);
     printMemory();
     showHundredFindings(tidlo.model());
     waitFor(1000);
-    meter.reset();
+    application.forget();
     scroll(*item(*tidlo.window()->contentItem(), "findings"));
-    meter.print("scrolling 100 rows");
+    application.print("scrolling 100 rows");
     return 0;
 }
