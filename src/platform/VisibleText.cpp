@@ -57,11 +57,19 @@ QString escape(char32_t character)
     return character < 0x10000 ? hexadecimal("\\u", character, 4) : hexadecimal("\\U", character, 8);
 }
 
-QString shown(char32_t character)
+constexpr bool isPlain(char32_t character)
 {
-    if (character == '\\' || !isVisible(character))
-        return escape(character);
-    return QString::fromUcs4(&character, 1);
+    return character >= 0x20 && character < 0x7f && character != '\\';
+}
+
+void append(QString &text, char32_t character)
+{
+    if (isPlain(character))
+        text += QChar(static_cast<char16_t>(character));
+    else if (character == '\\' || !isVisible(character))
+        text += escape(character);
+    else
+        text += QChar::fromUcs4(character);
 }
 
 /// The bytes of the character that \a bytes, which is not empty, begins with; none if it begins with no valid one.
@@ -87,12 +95,13 @@ char32_t decoded(QByteArrayView character)
 QString visibleText(const FilePath &path)
 {
     QString result;
+    result.reserve(path.size());
     for (QByteArrayView rest = path; !rest.isEmpty();) {
         const QByteArrayView character = firstCharacter(rest);
         if (character.isEmpty())
             result += hexadecimal("\\x", static_cast<unsigned char>(rest.front()), 2);
         else
-            result += shown(decoded(character));
+            append(result, decoded(character));
         rest = rest.sliced(std::max<qsizetype>(character.size(), 1));
     }
     return result;
@@ -106,9 +115,9 @@ QString visibleText(const QString &text)
         if (unit == u'\n' || unit == u'\t')
             result += unit;
         else if (unit.isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate())
-            result += shown(QChar::surrogateToUcs4(unit, text[++i]));
+            append(result, QChar::surrogateToUcs4(unit, text[++i]));
         else
-            result += shown(unit.unicode());
+            append(result, unit.unicode());
     }
     return result;
 }

@@ -1,12 +1,15 @@
 #pragma once
 
+#include "ui/design/PictureItem.h"
+
 #include <QColor>
-#include <QQuickPaintedItem>
+
+class QPainterPath;
 
 /// A part of a circle's line, as wide as the item. It begins at three o'clock and runs clockwise; whoever wants another
 /// beginning rotates the item, and with it the gradient, if there is one. Drawn anew only when one of its properties
-/// changes.
-class Gauge : public QQuickPaintedItem
+/// changes, and only where its line is: turning a short arc moves few pixels.
+class Gauge : public PictureItem
 {
     Q_OBJECT
     QML_ELEMENT
@@ -22,13 +25,21 @@ class Gauge : public QQuickPaintedItem
 public:
     explicit Gauge(QQuickItem *parent = nullptr);
 
-    void paint(QPainter *painter) override;
+    /// The line and what its caps and its smooth edges cover, in whole points.
+    QRect inkedRect() const;
+    QImage picture(double pixelRatio) override;
+    QPointF placeOf(const QSizeF &picture) const override;
 
 Q_SIGNALS:
     void looksChanged();
 
+protected:
+    void geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry) override;
+
 private:
-    QBrush brush(const QRectF &circle) const;
+    QRectF circle() const;
+    QPainterPath line() const;
+    QBrush brush() const;
 
     double begin = 0; ///< Fractions of the circle.
     double end = 1;

@@ -18,6 +18,13 @@ void PictureItem::changePicture()
     update();
 }
 
+QPointF PictureItem::placeOf(const QSizeF &picture) const
+{
+    // Between no two points: that would blur it.
+    const QSizeF around = (size() - picture) / 2;
+    return {std::round(around.width()), std::round(around.height())};
+}
+
 void PictureItem::itemChange(ItemChange change, const ItemChangeData &data)
 {
     if (change == ItemDevicePixelRatioHasChanged || change == ItemSceneChange)
@@ -40,9 +47,8 @@ QSGNode *PictureItem::updatePaintNode(QSGNode *node, UpdatePaintNodeData *)
         shown->setRect(QRectF(QPointF(), drawn.deviceIndependentSize()));
         isPictureOld = false;
     }
-    // In the middle, but between no two points: that would blur it.
-    const QSizeF around = (size() - shown->rect().size()) / 2;
-    shown->setRect(QRectF(QPointF(std::round(around.width()), std::round(around.height())), shown->rect().size()));
+    const QSizeF extent = shown->rect().size();
+    shown->setRect(QRectF(placeOf(extent), extent));
     shown->setFiltering(QSGTexture::Linear);
     return shown.release();
 }

@@ -3,7 +3,7 @@
 #include <QImage>
 #include <QQuickItem>
 
-/// An item that shows one picture in its middle, pixel for pixel of the screen. The picture is made only when the item
+/// An item that shows one picture, pixel for pixel of the screen. The picture is made only when the item
 /// is about to be seen, and again only when it is asked for or the screen's pixels change.
 class PictureItem : public QQuickItem
 {
@@ -15,6 +15,9 @@ public:
     /// What is shown where a point has \a pixelRatio pixels, which is the picture's own ratio; a null picture if that
     /// is nothing. Called while the main thread waits.
     virtual QImage picture(double pixelRatio) = 0;
+
+    /// Where in the item a picture of that size stands; in the middle unless told otherwise. Both in points.
+    virtual QPointF placeOf(const QSizeF &picture) const;
 
 protected:
     /// Lets the picture be made anew.

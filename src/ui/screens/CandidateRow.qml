@@ -134,6 +134,7 @@ PlainButton {
                 Layout.alignment: Qt.AlignRight
                 text: root.risk
                 pillColor: TidloTheme[root.badgeColor]
+                Accessible.ignored: true
             }
         }
     }

@@ -44,7 +44,7 @@ FoundItems::FoundItems(QObject *parent)
 
 FoundItems::~FoundItems()
 {
-    measuring.request_stop();
+    work.request_stop();
     thread.waitForDone();
 }
 
@@ -67,7 +67,7 @@ void FoundItems::inspect(const QUuid &id)
 
 void FoundItems::clear()
 {
-    measuring.request_stop();
+    work.request_stop();
     show({});
 }
 
@@ -76,20 +76,39 @@ void FoundItems::show(const CleanupCandidate &candidate)
     shownTitle = visibleText(candidate.title);
     wanted.clear();
     paths = candidate.paths;
+    searchables.clear();
     sizes = QList<qint64>(paths.size(), unknown);
     measuredCount = 0;
     arrange();
     Q_EMIT filterChanged();
     Q_EMIT inspectedChanged();
     Q_EMIT summaryChanged();
-    if (!paths.isEmpty())
-        measure();
+    if (paths.isEmpty())
+        return;
+    work = std::stop_source();
+    prepareSearch();
+    measure();
+}
+
+void FoundItems::prepareSearch()
+{
+    thread.start([this, list = paths, stop = work.get_token()] {
+        QList<QByteArray> texts(list.size());
+        for (qsizetype i = 0; i < list.size() && !stop.stop_requested(); ++i) {
+            if (needsSearchableText(list.at(i)))
+                texts[i] = searchableText(list.at(i));
+        }
+        const auto tell = [this, texts, stop] {
+            if (!stop.stop_requested()) // Else other items are shown by now.
+                searchables = texts;
+        };
+        QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
+    });
 }
 
 void FoundItems::measure()
 {
-    measuring = std::stop_source();
-    thread.start([this, files = source->fileManager(), list = paths, stop = measuring.get_token()] {
+    thread.start([this, files = source->fileManager(), list = paths, stop = work.get_token()] {
         BatchSize batch;
         for (qsizetype first = 0; first < list.size() && !stop.stop_requested();) {
             QElapsedTimer timer;
@@ -97,7 +116,7 @@ void FoundItems::measure()
             const QList<FilePath> some = list.mid(first, batch.next());
             const QList<qint64> measured = files->allocatedSizes(some, stop);
             const auto tell = [this, first, measured, stop] {
-                if (!stop.stop_requested()) // Else other items are shown by now.
+                if (!stop.stop_requested())
                     take(first, measured);
             };
             QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
@@ -125,7 +144,7 @@ void FoundItems::arrange()
     rows.clear();
     PathSearch search(wanted);
     for (int i = 0; i < paths.size(); ++i) {
-        if (search.finds(paths.at(i)))
+        if (search.finds(paths.at(i), searchables.value(i)))
             rows.append(i);
     }
     if (sorted)
@@ -136,9 +155,9 @@ void FoundItems::arrange()
 
 void FoundItems::sortRows()
 {
-    Q_EMIT layoutAboutToBeChanged();
+    beginResetModel();
     putLargestFirst();
-    Q_EMIT layoutChanged();
+    endResetModel();
 }
 
 void FoundItems::putLargestFirst()

@@ -69,6 +69,7 @@ private:
     static constexpr qint64 unknown = -1;
 
     void show(const CleanupCandidate &candidate);
+    void prepareSearch();
     void measure();
     void take(qsizetype first, const QList<qint64> &measured);
     void arrange();
@@ -81,10 +82,11 @@ private:
     QString wanted;
     bool sorted = false;
     QList<FilePath> paths;
-    QList<qint64> sizes; ///< Of each path; unknown until it is measured.
+    QList<QByteArray> searchables; ///< Texts of the paths, where one is needed; none at all until they are made.
+    QList<qint64> sizes;           ///< Of each path; unknown until it is measured.
     qsizetype measuredCount = 0;
     QList<int> rows; ///< Which of the paths is shown where.
     QTimer sorting;  ///< While sizes come in, rows are sorted now and then, not for each.
-    std::stop_source measuring;
+    std::stop_source work;
     QThreadPool thread;
 };

@@ -8,7 +8,7 @@
 namespace {
 
 /// Whether it is shown as itself and is one byte.
-constexpr bool isPlainCharacter(unsigned character)
+constexpr bool isPlainCharacter(char character)
 {
     return character >= 0x20 && character < 0x7f && character != '\\';
 }
@@ -18,33 +18,41 @@ constexpr char lowerCase(char character)
     return character >= 'A' && character <= 'Z' ? static_cast<char>(character + ('a' - 'A')) : character;
 }
 
-/// Puts \a path into \a lowered, which has its size, and tells whether all of its characters are plain.
-bool lower(const FilePath &path, char *lowered)
+std::string_view view(const QByteArray &text)
 {
-    bool isPlain = true;
-    for (const char character : path) {
-        isPlain &= isPlainCharacter(static_cast<unsigned char>(character));
-        *lowered++ = lowerCase(character);
-    }
-    return isPlain;
+    return {text.constData(), static_cast<size_t>(text.size())};
+}
+
+bool contains(const QByteArray &text, const QByteArray &wanted)
+{
+    return view(text).find(view(wanted)) != std::string_view::npos;
 }
 
 } // namespace
 
-PathSearch::PathSearch(const QString &given)
-    : wanted(given)
+QByteArray searchableText(const FilePath &path)
 {
-    for (const QChar character : wanted)
-        plainWanted += character.toCaseFolded().toLatin1(); // Some signs are other cases of plain letters.
+    return visibleText(path).toCaseFolded().toUtf8();
 }
 
-bool PathSearch::finds(const FilePath &path)
+bool needsSearchableText(const FilePath &path)
+{
+    return !std::ranges::all_of(path, isPlainCharacter);
+}
+
+PathSearch::PathSearch(const QString &given)
+    : wanted(given.toCaseFolded().toUtf8())
+{}
+
+bool PathSearch::finds(const FilePath &path, const QByteArray &text)
 {
     if (wanted.isEmpty())
         return true;
+    if (!text.isEmpty())
+        return contains(text, wanted);
+    if (needsSearchableText(path))
+        return contains(searchableText(path), wanted);
     lowered.resize(path.size());
-    if (!lower(path, lowered.data()))
-        return visibleText(path).contains(wanted, Qt::CaseInsensitive);
-    const std::string_view whole(lowered.constData(), static_cast<size_t>(lowered.size()));
-    return whole.find({plainWanted.constData(), static_cast<size_t>(plainWanted.size())}) != std::string_view::npos;
+    std::ranges::transform(path, lowered.begin(), lowerCase);
+    return contains(lowered, wanted);
 }

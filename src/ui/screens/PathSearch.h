@@ -4,17 +4,23 @@
 
 #include <QString>
 
-/// Finds the paths that contain a text as they are shown, whatever the case of its letters. Made for many paths: most
-/// are found without being made into texts.
+/// What is searched of a path: its text as it is shown, in UTF-8, without a difference of case. Any thread. Takes some
+/// microseconds, so many are better made before anyone waits.
+QByteArray searchableText(const FilePath &path);
+
+/// Whether \a path needs such a text. One of plain letters is searched as it is.
+bool needsSearchableText(const FilePath &path);
+
+/// Finds the paths that contain a text as they are shown, whatever the case of its letters. Made for many paths.
 class PathSearch final
 {
 public:
     explicit PathSearch(const QString &wanted); ///< An empty text is contained in all.
 
-    bool finds(const FilePath &path);
+    /// Looks into \a text, which is made of \a path if it is missing and needed.
+    bool finds(const FilePath &path, const QByteArray &text = {});
 
 private:
-    QString wanted;
-    FilePath plainWanted; ///< The same in lower case; what no plain path holds is a byte that none holds.
-    FilePath lowered;     ///< Kept between two searches, for its memory.
+    QByteArray wanted; ///< As in a searchable text.
+    FilePath lowered;  ///< Kept between two searches, for its memory.
 };

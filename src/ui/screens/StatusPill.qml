@@ -13,6 +13,9 @@ Rectangle {
     radius: height / 2
     color: TidloTheme.faded(root.pillColor, 0.13)
 
+    Accessible.role: Accessible.StaticText
+    Accessible.name: root.text
+
     TidloText {
         id: label
 
@@ -20,5 +23,6 @@ Rectangle {
         text: root.text
         font: TidloType.smallStrong
         color: root.pillColor
+        Accessible.ignored: true
     }
 }

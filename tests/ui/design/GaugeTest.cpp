@@ -26,9 +26,8 @@ QImage drawn(const Values &values)
         EXPECT_TRUE(gauge.setProperty(name, value)) << name;
     QImage image(side, side, QImage::Format_ARGB32);
     image.fill(Qt::transparent);
-    QPainter painter(&image);
-    painter.setRenderHint(QPainter::Antialiasing);
-    gauge.paint(&painter);
+    const QImage picture = gauge.picture(1);
+    QPainter(&image).drawImage(gauge.placeOf(picture.deviceIndependentSize()), picture);
     return image;
 }
 
@@ -150,4 +149,16 @@ TEST(Gauge, AStubOfTwoHundredthsIsSeen)
     EXPECT_TRUE(isInked(image, 0));
     EXPECT_TRUE(isInked(image, 7));
     EXPECT_TRUE(isEmpty(image, 20));
+}
+
+TEST(Gauge, ItsPictureIsNoLargerThanItsLineNeeds)
+{
+    Gauge gauge;
+    gauge.setSize({side, side});
+    gauge.setProperty("lineWidth", lineWidth);
+    gauge.setProperty("to", 0.25);
+
+    EXPECT_EQ(gauge.inkedRect(), QRect(QPoint(89, 89), QPoint(200, 200))); // The lower right quarter, and its edges.
+    EXPECT_EQ(gauge.picture(1).size(), gauge.inkedRect().size());
+    EXPECT_EQ(gauge.picture(2).size(), 2 * gauge.inkedRect().size());
 }

@@ -141,7 +141,7 @@ TEST_F(FoundItemsTest, SizesThatComeInLaterFindTheirPlace)
     EXPECT_THAT(shownPaths(), ElementsAre(QStringLiteral("/b/2"), QStringLiteral("/a/3"), QStringLiteral("/c/1")));
 
     bool isSorted = false;
-    QObject::connect(items.get(), &QAbstractItemModel::layoutChanged, [&isSorted] { isSorted = true; });
+    QObject::connect(items.get(), &QAbstractItemModel::modelReset, [&isSorted] { isSorted = true; });
     waitUntil([&isSorted] { return isSorted; });
     EXPECT_THAT(shownPaths(), ElementsAre(QStringLiteral("/a/3"), QStringLiteral("/b/2"), QStringLiteral("/c/1")));
 }
@@ -247,6 +247,7 @@ TEST_F(FoundItemsTest, ClearingStopsMeasuring)
     stopped.wait();
     EXPECT_EQ(items->count(), 0);
     EXPECT_EQ(items->summary(), QStringLiteral("0 items · Zero KB"));
+    items.reset(); // And with it the thread, which may not have seen yet that it need not wait.
 }
 
 TEST_F(FoundItemsTest, TheAnswerForAnEarlierFindingIsNotTakenForALaterOne)
@@ -271,6 +272,7 @@ TEST_F(FoundItemsTest, TheAnswerForAnEarlierFindingIsNotTakenForALaterOne)
     // Then it has its own.
     EXPECT_THAT(shownSizes(), ElementsAre(QStringLiteral("8 bytes")));
     EXPECT_EQ(items->summary(), QStringLiteral("1 item · 8 bytes"));
+    items.reset();
 }
 
 TEST_F(FoundItemsTest, GoingAwayStopsMeasuring)

@@ -61,7 +61,16 @@ TEST(PathSearch, AgreesWithASearchOfTheShownText)
     for (const QString &text : texts) {
         PathSearch search(text);
         for (const FilePath &path : paths)
-            EXPECT_EQ(search.finds(path), visibleText(path).contains(text, Qt::CaseInsensitive))
+            EXPECT_EQ(search.finds(path), visibleText(path).toCaseFolded().contains(text.toCaseFolded()))
                 << qPrintable(text) << " in " << path.constData();
     }
+}
+
+TEST(PathSearch, LooksIntoATextThatWasMadeBefore)
+{
+    const FilePath path = "/home/me/Документы";
+    ASSERT_TRUE(needsSearchableText(path));
+    EXPECT_TRUE(PathSearch(QStringLiteral("ДОК")).finds(path, searchableText(path)));
+    EXPECT_FALSE(PathSearch(QStringLiteral("нет")).finds(path, searchableText(path)));
+    EXPECT_FALSE(needsSearchableText("/home/me/Documents"));
 }
