@@ -12,6 +12,10 @@ TestCase {
     function init() {
         demo.reset();
         wear("dark");
+        showAnew();
+    }
+
+    function showAnew() {
         shown = createTemporaryObject(root.view, root);
         verify(shown);
     }
@@ -27,10 +31,56 @@ TestCase {
         return found;
     }
 
-    function text(words) {
-        const found = demo.withText(shown, words);
+    function text(words, within = shown) {
+        const found = demo.withText(within, words);
         verify(found, "\"" + words + "\" is seen");
         return found;
+    }
+
+    function symbol(name, within = shown) {
+        const found = seen(within, item => item.name === name && item.weight)[0];
+        verify(found, name + " is seen");
+        return found;
+    }
+
+    /// What is seen in an item and beneath and fits, in the order it is declared.
+    function seen(within, fits) {
+        if (!within.visible)
+            return [];
+        const found = fits(within) ? [within] : [];
+        for (const child of Array.from(within.children))
+            found.push(...seen(child, fits));
+        return found;
+    }
+
+    function texts(within) {
+        return seen(within, item => item.textFormat !== undefined);
+    }
+
+    function gauges(within) {
+        return seen(within, item => item.roundCaps !== undefined);
+    }
+
+    function surfaces(within) {
+        return seen(within, item => item.straightEdges !== undefined);
+    }
+
+    /// Where an item stands in what is shown.
+    function place(item) {
+        return item.mapToItem(shown, 0, 0, item.width, item.height);
+    }
+
+    /// The room between two items that stand side by side, or one above the other.
+    function gap(first, second) {
+        const before = place(first), after = place(second);
+        return after.left >= before.right ? after.left - before.right : after.top - before.bottom;
+    }
+
+    /// The room between the lines of a text, beyond what its font has.
+    function lineSpacing(item) {
+        metrics.font = item.font;
+        compare(item.lineHeightMode, Text.FixedHeight);
+        return item.lineHeight - metrics.height;
     }
 
     function compareColor(actual, red, green, blue, opacity) {
@@ -38,6 +88,86 @@ TestCase {
         fuzzyCompare(actual.g, green, 0.003);
         fuzzyCompare(actual.b, blue, 0.003);
         fuzzyCompare(actual.a, opacity === undefined ? 1 : opacity, 0.003);
+    }
+
+    /// Each row is an item, the name of its color, the name of the theme's or any other that it should have, and the
+    /// opacity given to that, or two for the dark and the light scheme.
+    function compareColors(rows) {
+        for (const theme of ["dark", "light"]) {
+            wear(theme);
+            for (const [item, property, name, opacity] of rows) {
+                const share = (Array.isArray(opacity) ? opacity[theme === "dark" ? 0 : 1] : opacity) ?? 1;
+                const expected = TidloTheme.faded(TidloTheme[name] ?? name, share);
+                tryVerify(() => isAlike(valueOf(item, property), expected), 2000,
+                          nameOf(item) + ": " + property + " is " + name + " at " + share + " in the " + theme + " scheme");
+            }
+        }
+    }
+
+    /// Each row is an item, the name of a number, and its values in the dark and the light scheme.
+    function compareNumbers(rows) {
+        for (const theme of ["dark", "light"]) {
+            wear(theme);
+            for (const [item, property, dark, light] of rows)
+                fuzzyCompare(valueOf(item, property), theme === "dark" ? dark : light, 1e-4, nameOf(item) + ": " + property);
+        }
+    }
+
+    /// Each row is a text and its font.
+    function compareFonts(rows) {
+        for (const [item, font] of rows)
+            compare(item.font, font, nameOf(item));
+    }
+
+    /// Each row is a symbol, its size and its weight.
+    function compareSymbols(rows) {
+        for (const [item, size, weight] of rows)
+            compare([item.size, item.weight], [size, weight], nameOf(item));
+    }
+
+    function compareHeader(title) {
+        const header = text(title).parent.parent;
+        compare(place(header), Qt.rect(0, 0, shown.width, 56));
+        compare(place(text(title)).left, 22);
+        compare(place(header.children[1]).right, shown.width - 22);
+        compareFonts([[text(title), TidloType.section]]);
+        compareColors([[header.children[0], "color", "windowBackground"], [text(title), "color", "primaryText"]]);
+        compare([header.children[0].width, header.children[0].height], [header.width, header.height]);
+    }
+
+    function comparePill(words, color) {
+        const label = text(words), pill = label.parent;
+        fuzzyCompare(pill.width, label.width + 2 * 10, 1e-6);
+        fuzzyCompare(pill.height, label.height + 2 * 6, 1e-6);
+        compare(pill.radius, pill.height / 2);
+        compareFonts([[label, TidloType.smallStrong]]);
+        compareColors([[label, "color", color], [pill, "color", color, 0.13]]);
+    }
+
+    /// A ring that has just appeared grows to value after a short wait, as an animation that begins now.
+    function compareGrowth(ring, value) {
+        fuzzyCompare(ring.shown, 0.02, 1e-9);
+        const off = [];
+        const note = () => off.push(Math.abs(ring.shown - (0.02 + (value - 0.02) * growth.share)));
+        growth.shareChanged.connect(note);
+        growing.restart();
+        tryCompare(growth, "share", 1);
+        growth.shareChanged.disconnect(note);
+        verify(off.length > 2);
+        verify(Math.max(...off) < 1e-6);
+        fuzzyCompare(ring.shown, value, 1e-9);
+    }
+
+    function valueOf(item, property) {
+        return property.split(".").reduce((value, name) => value[name], item);
+    }
+
+    function isAlike(color, other) {
+        return ["r", "g", "b", "a"].every(part => Math.abs(color[part] - other[part]) < 0.003);
+    }
+
+    function nameOf(item) {
+        return item.objectName || item.text || item.name || String(item);
     }
 
     function laidOut() {
@@ -48,4 +178,28 @@ TestCase {
     height: 720
     visible: true
     when: windowShown
+
+    FontMetrics {
+        id: metrics
+    }
+
+    QtObject {
+        id: growth
+
+        property double share: 0
+    }
+
+    SequentialAnimation {
+        id: growing
+
+        PropertyAction { target: growth; property: "share"; value: 0 }
+        PauseAnimation { duration: 80 }
+        NumberAnimation {
+            target: growth
+            property: "share"
+            to: 1
+            duration: Motion.gauge.duration
+            easing: Motion.gauge.easing
+        }
+    }
 }

@@ -21,12 +21,63 @@ ViewCase {
         compare([content.x, content.y, content.width, content.height], [389, 46, 961, 674]);
     }
 
-    function test_only_the_light_scheme_draws_a_line_below_the_top_bar() {
-        compare(item("hairline").height, 0);
-        demo.preferences.theme = "light";
-        tryCompare(TidloTheme, "darkness", 0);
-        compare(item("hairline").height, 1);
-        compareColor(item("hairline").color, 0.737, 0.824, 0.839);
+    function wear(theme) {
+        demo.preferences.theme = theme;
+        TidloTheme.preference = theme; // No view may be there yet.
+        tryCompare(TidloTheme, "darkness", theme === "dark" ? 1 : 0);
+    }
+
+    function behind(part) {
+        return Array.from(shown.children).find(other => other.straightEdges !== undefined && place(other) === place(part));
+    }
+
+    function test_what_lies_behind_has_its_color() {
+        const window = shown.children[0];
+        compare(place(window), Qt.rect(0, 0, 1350, 720));
+        compareColors([
+            [window, "color", "windowBackground"],
+            [behind(item("topBar")), "color", "topBarBackground"],
+            [behind(item("rail")), "color", "railBackground"],
+            [item("sidebar"), "color", "sidebarBackground"]
+        ]);
+    }
+
+    function test_a_faint_line_divides_the_sidebar_from_the_screen() {
+        const divider = Array.from(shown.children).find(part => part.x === 388 && part.width === 1);
+        compare(place(divider), Qt.rect(388, 46, 1, 674));
+        compareColors([[divider, "color", "divider"]]);
+        compareNumbers([[divider, "opacity", 0.25, 0.7]]);
+    }
+
+    function test_the_line_below_the_top_bar_comes_with_the_light_scheme() {
+        compareNumbers([[item("hairline"), "height", 0, 1]]);
+    }
+
+    function test_the_buttons_of_the_rail_stand_below_each_other() {
+        const rail = item("rail"), buttons = [0, 1, 2, 3].map(i => item("rail" + i));
+        compare(demo.symbols(rail),
+                ["house", "chart.pie", "doc.text.magnifyingglass", "gearshape", "shield.lefthalf.filled"]);
+        compare(gap(item("topBar"), buttons[0]), 18);
+        for (const [i, button] of buttons.entries()) {
+            compare([button.width, button.height, button.background.radius], [36, 36, 9]);
+            compare(place(button).left, (58 - 36) / 2);
+            if (i > 0)
+                compare(gap(buttons[i - 1], button), 16);
+            compareSymbols([[seen(button, part => part.weight)[0], 16, Font.DemiBold]]);
+        }
+        const footer = symbol("shield.lefthalf.filled");
+        compare(place(footer).bottom, 720 - 20);
+        fuzzyCompare(place(footer).left + footer.width / 2, 58 / 2, 0.5);
+        compareSymbols([[footer, 15, Font.Normal]]);
+    }
+
+    function test_the_active_button_of_the_rail_is_set_off() {
+        const active = item("rail0"), other = item("rail1");
+        compareColors([
+            [active.background, "color", "blue", 0.18], [symbol("house"), "color", "blue"],
+            [other.background, "color", "transparent"], [symbol("chart.pie"), "color", "railSymbol"],
+            [symbol("shield.lefthalf.filled"), "color", "railSymbol"]
+        ]);
     }
 
     function test_three_presses_of_the_theme_button_lead_back() {
@@ -67,8 +118,6 @@ ViewCase {
         compare(demo.phase, data.after);
         for (let i = 0; i < 4; ++i)
             compare(item("rail" + i).active, i === data.button);
-        compareColor(button.background.color, 0.388, 0.682, 0.718, 0.18);
-        compare(button.width, 36);
     }
 
     function test_arrows_move_along_the_rail() {
