@@ -13,6 +13,7 @@ TestCase {
         demo.reset();
         wear("dark");
         showAnew();
+        laidOut();
     }
 
     function showAnew() {
