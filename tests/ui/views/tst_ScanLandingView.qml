@@ -18,10 +18,84 @@ ViewCase {
         compare(demo.symbols(shown), ["lock.shield", "trash", "sparkles"]);
     }
 
-    function test_its_texts_are_as_large_as_they_should_be() {
-        compare(text("CLICK TO\nSCAN").font, TidloType.system(17, Font.Bold));
-        compare(text("AI-assisted deep clean").font, TidloType.system(28, Font.Bold));
-        verify(text("Understands your projects, detects duplicates, and explains every decision before cleanup.").width <= 460);
+    readonly property string subtitle: "Understands your projects, detects duplicates, and explains every decision before cleanup."
+
+    function column() {
+        return text(subtitle).parent;
+    }
+
+    function test_it_has_the_head_of_every_screen() {
+        compareHeader("Scan");
+        comparePill("AI explanations on", "systemMint");
+    }
+
+    function test_its_texts_have_their_fonts_and_colors() {
+        compareFonts([
+            [text("CLICK TO\nSCAN"), TidloType.system(17, Font.Bold)],
+            [text("AI-assisted deep clean"), TidloType.system(28, Font.Bold)], [text(subtitle), TidloType.body]
+        ]);
+        compareColors([
+            [text("CLICK TO\nSCAN"), "color", "mutedText"], [text("AI-assisted deep clean"), "color", "primaryText"],
+            [text(subtitle), "color", "secondaryLabel"]
+        ]);
+        for (const words of ["CLICK TO\nSCAN", "AI-assisted deep clean", subtitle])
+            compare(text(words).horizontalAlignment, Text.AlignHCenter);
+        compare(lineSpacing(text(subtitle)), 4);
+    }
+
+    function test_it_is_as_wide_as_it_may_be_and_stands_in_the_middle() {
+        compare(column().parent.width, 680);
+        compare(place(column().parent).left, (1350 - 680) / 2);
+        compare(text(subtitle).width, 460);
+        for (const part of Array.from(column().children))
+            fuzzyCompare(place(part).left + part.width / 2, 1350 / 2, 1, nameOf(part) + " is in the middle");
+        const above = place(column()).top - 56, below = 720 - place(column()).bottom;
+        fuzzyCompare(above, below, 1);
+    }
+
+    function test_the_button_is_three_shapes_around_one_middle() {
+        const button = item("scanButton"), [outer, middle] = gauges(button);
+        const disc = seen(button, part => part.radius === 148 / 2)[0];
+        compare([outer.width - outer.lineWidth, outer.height - outer.lineWidth, outer.lineWidth], [240, 240, 10]);
+        compare([middle.width - middle.lineWidth, middle.height - middle.lineWidth, middle.lineWidth], [204, 204, 8]);
+        compare([middle.from, middle.to, middle.roundCaps, outer.from, outer.to], [0, 1, true, 0, 1]);
+        compare([disc.width, disc.height], [148, 148]);
+        button.pulse = false;
+        for (const part of [outer, middle, disc, text("CLICK TO\nSCAN")])
+            fuzzyCompare(part.x + part.width / 2, 120, 0.5, nameOf(part) + " is in the middle");
+        compare(outer.transformOrigin, Item.Center);
+        compareColors([
+            [outer, "color", "controlBorder"], [middle, "color", "green"], [middle, "bottomColor", "blue"],
+            [disc, "color", "green", 0.12]
+        ]);
+    }
+
+    function test_a_promise_is_a_symbol_and_two_words_data() {
+        return [
+            { tag: "lock.shield", words: "Metadata only" }, { tag: "trash", words: "Trash first" },
+            { tag: "sparkles", words: "AI optional" }
+        ];
+    }
+
+    function test_a_promise_is_a_symbol_and_two_words(data) {
+        const mark = symbol(data.tag), words = text(data.words), pill = words.parent.parent;
+        compare(mark.parent, words.parent);
+        verify(place(mark).right < place(words).left);
+        compare(pill.radius, 7);
+        compareSymbols([[mark, 12, Font.Bold]]);
+        compareFonts([[words, TidloType.smallStrong]]);
+        compareColors([[mark, "color", "green"], [words, "color", "mutedText"], [pill, "color", "controlSurface"]]);
+    }
+
+    function test_the_promises_stand_in_a_row_in_their_order() {
+        const pills = ["Metadata only", "Trash first", "AI optional"].map(words => place(text(words).parent.parent));
+        verify(pills[0].right < pills[1].left && pills[1].right < pills[2].left);
+        compare(pills[0].top, pills[2].top);
+    }
+
+    function test_the_last_button_is_the_filled_one() {
+        compareColors([[item("scanMyMac").background, "color", "green"]]);
+        compare(place(item("scanMyMac")).bottom, place(column()).bottom);
     }
 
     function test_the_outer_ring_breathes_between_two_sizes_data() {
@@ -40,23 +114,32 @@ ViewCase {
         fuzzyCompare(ring.opacity, data.opacity, 1e-9);
     }
 
-    function test_the_ring_begins_to_breathe_by_itself() {
-        const button = item("scanButton");
-        verify(button.pulse);
-        tryVerify(() => button.breath > 0);
+    function test_the_ring_breathes_from_its_first_moment_on() {
+        showAnew();
+        breathing.restart();
+        compareBreath(() => tryVerify(() => breath.turns === 3));
     }
 
     function test_a_change_of_theme_recolours_and_does_not_start_the_pulse_anew() {
-        const button = item("scanButton");
-        compareColor(item("halo").color, 1, 1, 1, 0.12);
-        compareColor(text("CLICK TO\nSCAN").color, 0.51, 0.612, 0.624);
-        tryVerify(() => button.breath > 0.9);
+        showAnew();
+        breathing.restart();
+        tryVerify(() => breath.value > 0.5);
+        const before = item("scanButton").breath;
         TidloTheme.preference = "light";
-        verify(button.breath > 0);
-        tryCompare(TidloTheme, "darkness", 0);
-        verify(button.pulse);
-        compareColor(item("halo").color, 0.737, 0.824, 0.839);
-        compareColor(text("CLICK TO\nSCAN").color, 0.255, 0.361, 0.388);
+        compare(item("scanButton").breath, before);
+        compareBreath(() => tryCompare(TidloTheme, "darkness", 0));
+        compareBreath(() => tryVerify(() => breath.turns === 2));
+    }
+
+    /// While something happens, the ring breathes as an animation that began when it did.
+    function compareBreath(happens) {
+        const button = item("scanButton"), off = [];
+        const note = () => off.push(Math.abs(button.breath - breath.value));
+        breath.valueChanged.connect(note);
+        happens();
+        breath.valueChanged.disconnect(note);
+        verify(off.length > 2);
+        verify(Math.max(...off) < 0.001);
     }
 
     function test_either_button_starts_a_scan_data() {
@@ -69,11 +152,18 @@ ViewCase {
         tryVerify(() => demo.phase === "results");
     }
 
-    function test_two_quick_presses_start_one_scan() {
+    function test_of_two_quick_presses_only_the_last_scan_counts() {
+        const told = [];
+        const ended = () => { if (demo.app.scanProgress === 1) told.push("end of a scan"); };
+        const found = () => told.push("results");
+        demo.app.scanProgressChanged.connect(ended);
+        demo.app.candidatesChanged.connect(found);
         mouseClick(item("scanButton"));
         mouseClick(item("scanButton"));
         tryVerify(() => demo.phase === "results");
-        compare(demo.app.scanProgress, 1);
+        demo.app.scanProgressChanged.disconnect(ended);
+        demo.app.candidatesChanged.disconnect(found);
+        compare(told, ["end of a scan", "end of a scan", "results"]);
     }
 
     function test_the_keyboard_presses_too() {
@@ -81,5 +171,30 @@ ViewCase {
         keyClick(Qt.Key_Return);
         compare(demo.phase, "scanning");
         tryVerify(() => demo.phase === "results");
+    }
+
+    QtObject {
+        id: breath
+
+        property double value
+        property int turns
+    }
+
+    SequentialAnimation {
+        id: breathing
+
+        PropertyAction { target: breath; property: "turns"; value: 0 }
+        SequentialAnimation {
+            loops: Animation.Infinite
+
+            NumberAnimation {
+                target: breath; property: "value"; from: 0; to: 1; duration: 1400; easing: Motion.easeInOut
+            }
+            ScriptAction { script: ++breath.turns }
+            NumberAnimation {
+                target: breath; property: "value"; from: 1; to: 0; duration: 1400; easing: Motion.easeInOut
+            }
+            ScriptAction { script: ++breath.turns }
+        }
     }
 }
