@@ -46,6 +46,7 @@ CardModifier {
                 bottomColor: TidloTheme.blue
 
                 RotationAnimator on rotation {
+                    objectName: "turn"
                     running: root.moves
                     from: 0
                     to: 360

@@ -56,6 +56,7 @@ CardModifier {
                 opacity: 0.7
 
                 RotationAnimator on rotation {
+                    objectName: "turn"
                     running: root.rotate && root.visible && root.Window.visibility !== Window.Minimized
                     from: 0
                     to: 360

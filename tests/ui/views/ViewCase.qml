@@ -138,8 +138,8 @@ TestCase {
 
     function comparePill(words, color) {
         const label = text(words), pill = label.parent;
-        fuzzyCompare(pill.width, label.width + 2 * 10, 1e-6);
-        fuzzyCompare(pill.height, label.height + 2 * 6, 1e-6);
+        fuzzyCompare(pill.implicitWidth, label.implicitWidth + 2 * 10, 1e-6);
+        fuzzyCompare(pill.implicitHeight, label.implicitHeight + 2 * 6, 1e-6);
         compare(pill.radius, pill.height / 2);
         compareFonts([[label, TidloType.smallStrong]]);
         compareColors([[label, "color", color], [pill, "color", color, 0.13]]);

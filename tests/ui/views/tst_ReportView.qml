@@ -51,6 +51,25 @@ ViewCase {
         compare(demo.texts(shown).filter(words => words === "Zero KB").length, 2);
     }
 
+    function ring() {
+        return text("FREE").parent.parent.parent;
+    }
+
+    function test_the_ring_is_given_the_free_share_but_never_less_than_a_sliver_data() {
+        return [
+            { tag: "an empty disk", used: 0, value: 1 }, { tag: "a disk in use", used: 0.61, value: 0.39 },
+            { tag: "almost full", used: 0.985, value: 0.015 }, { tag: "fuller than the sliver", used: 0.995, value: 0.01 },
+            { tag: "full", used: 1, value: 0.01 }, { tag: "fuller than full", used: 1.2, value: 0.01 }
+        ];
+    }
+
+    function test_the_ring_is_given_the_free_share_but_never_less_than_a_sliver(data) {
+        demo.setReport(0, 0, 0, data.used);
+        fuzzyCompare(ring().value, data.value, 1e-9);
+        compare([ring().label, ring().caption], ["FREE", ""]);
+        compareColors([[ring(), "color", "green"]]);
+    }
+
     function test_a_full_disk_still_shows_a_sliver_of_free_space() {
         demo.setReport(0, 0, 0, 1);
         text("Disk now 100% full");
@@ -64,14 +83,68 @@ ViewCase {
             "FILES REMOVED", "12", "Moved to Trash", "PROTECTED ITEMS", "2", "Flagged never-touch",
             "Everything moved to Trash first. Nothing is permanently deleted until the Bin is emptied."]);
         compare(demo.symbols(shown), ["square.and.arrow.up", "square.and.arrow.down", "shield.checkered"]);
-        compare(text("1.3 GB").font, TidloType.rounded(44, Font.Bold));
     }
 
-    function test_the_figures_have_their_colours() {
+    function test_it_has_the_head_of_every_screen() {
+        compareHeader("Cleanup report");
+        const symbols = [symbol("square.and.arrow.up"), symbol("square.and.arrow.down")];
+        compareColors(symbols.map(mark => [mark, "color", "mutedText"]));
+        verify(place(symbols[0]).right < place(symbols[1]).left);
+        compare(place(symbols[1]).right, shown.width - 22);
+    }
+
+    function test_the_space_recovered_stands_on_a_tinted_card_beside_the_ring() {
+        demo.setReport(1300000000, 12, 2, 0.61);
+        const caption = text("SPACE RECOVERED"), size = text("1.3 GB"), disk = text("Disk now 61% full");
+        const card = caption.parent.parent.parent;
+        compare([card.radius, card.borderWidth], [14, 1]);
+        compareFonts([[caption, TidloType.system(10, Font.Bold)], [size, TidloType.rounded(44, Font.Bold)]]);
+        compareColors([
+            [card, "color", "green", [0.12, 0.16]], [card, "borderColor", "green", 0.25],
+            [caption, "color", "green", 0.8], [size, "color", "primaryText"], [disk, "color", "green", 0.85]
+        ]);
+        verify(place(caption).bottom <= place(size).top && place(size).bottom <= place(disk).top);
+        const room = card.width - place(ring()).right + place(card).left;
+        fuzzyCompare(place(caption).left - place(card).left, room, 1);
+    }
+
+    readonly property var titles: ["PROJECT FILES", "WHATSAPP", "FILES REMOVED", "PROTECTED ITEMS"]
+
+    function tiles() {
+        return titles.map(title => text(title).parent.parent);
+    }
+
+    function test_the_tiles_stand_in_two_columns() {
+        const [first, second, third, fourth] = tiles();
+        compare([gap(first, second), gap(third, fourth), gap(first, third), gap(second, fourth)], [14, 14, 14, 14]);
+        compare([second.width, third.width, fourth.width], [first.width, first.width, first.width]);
+        compare([place(third).left, place(fourth).left], [place(first).left, place(second).left]);
+    }
+
+    function test_a_tile_is_a_card_of_three_lines() {
         demo.setReport(1300000000, 12, 3, 0.61);
-        compareColor(text("12").color, 0.89, 0.91, 0.918);
-        compareColor(text("3").color, 1, 0.35, 0.39);
-        compareColor(text("SPACE RECOVERED").color, 0.502, 0.741, 0.769, 0.8);
-        compareColor(text("Disk now 61% full").color, 0.502, 0.741, 0.769, 0.85);
+        laidOut();
+        const colors = ["blue", "green", "primaryText", "red"], rows = [];
+        for (const [i, tile] of tiles().entries()) {
+            const [title, value, detail] = texts(tile);
+            compare([tile.radius, tile.borderWidth], [10, 0]);
+            verify(place(title).bottom <= place(value).top && place(value).bottom <= place(detail).top);
+            compareFonts([
+                [title, TidloType.tracked(TidloType.caption, 1.2)], [value, TidloType.system(22, Font.Bold)]
+            ]);
+            rows.push([tile, "color", "cardSurface"], [title, "color", "mutedText"], [value, "color", colors[i]],
+                      [detail, "color", "mutedText"]);
+        }
+        compareColors(rows);
+    }
+
+    function test_the_last_line_is_a_symbol_and_a_promise() {
+        const promise = text("Everything moved to Trash first. Nothing is permanently deleted until the Bin is emptied.");
+        const mark = symbol("shield.checkered");
+        compareFonts([[promise, TidloType.callout]]);
+        compare(lineSpacing(promise), 3);
+        compareColors([[mark, "color", "green"], [promise, "color", "mutedText"]]);
+        verify(place(mark).right < place(promise).left);
+        verify(place(tiles()[3]).bottom < place(promise).top);
     }
 }

@@ -47,15 +47,32 @@ ViewCase {
         text("48.57 GB selected"); // The hidden ones count as well.
     }
 
-    function test_there_are_three_chips_and_each_shows_whether_it_is_chosen() {
-        show();
-        const chosen = item("chipAll"), other = item("chipSafe");
-        compareColor(chosen.background.color, 0.388, 0.682, 0.718, 0.16);
-        compareColor(chosen.background.border.color, 0.388, 0.682, 0.718, 0.45);
-        compareColor(other.background.color, 152 / 255, 152 / 255, 157 / 255, 0.12);
-        compareColor(other.background.border.color, 152 / 255, 152 / 255, 157 / 255, 0.2);
-        for (const words of ["All", "Safe", "Review"])
-            text(words);
+    function test_a_chip_shows_whether_it_is_chosen_data() {
+        return [
+            { tag: "chosen", chip: "chipAll", words: "All", text: ["blue"], fill: ["blue", 0.16], border: ["blue", 0.45] },
+            { tag: "Safe", chip: "chipSafe", words: "Safe", text: ["secondaryLabel"], fill: ["systemGray", 0.12],
+              border: ["systemGray", 0.2] },
+            { tag: "Review", chip: "chipReview", words: "Review", text: ["secondaryLabel"], fill: ["systemGray", 0.12],
+              border: ["systemGray", 0.2] }
+        ];
+    }
+
+    function test_a_chip_shows_whether_it_is_chosen(data) {
+        const chip = item(data.chip), words = text(data.words, chip);
+        compareFonts([[words, TidloType.smallStrong]]);
+        compare([chip.background.radius, chip.background.border.width], [chip.height / 2, 1]);
+        compareColors([
+            [words, "color", ...data.text], [chip.background, "color", ...data.fill],
+            [chip.background, "border.color", ...data.border]
+        ]);
+    }
+
+    function test_there_are_three_chips_in_their_order_at_the_right_of_the_head() {
+        compareHeader("AI-assisted results — Zero KB found");
+        compare(demo.texts(shown).slice(1, 4), ["All", "Safe", "Review"]);
+        verify(place(item("chipAll")).right < place(item("chipSafe")).left);
+        verify(place(item("chipSafe")).right < place(item("chipReview")).left);
+        fuzzyCompare(place(item("chipReview")).right, shown.width - 22, 1);
     }
 
     function test_a_row_shows_its_finding() {
@@ -68,12 +85,56 @@ ViewCase {
         compare(demo.symbols(item("row0")), ["checkmark.square.fill", "folder.badge.gearshape"]);
     }
 
+    function test_a_row_is_a_card_with_everything_in_its_font() {
+        show();
+        const row = item("row0"), [tick, mark] = seen(row, part => part.weight);
+        const [title, detail, size, badge] = texts(row);
+        compare([row.background.radius, row.background.borderWidth], [14, 0]);
+        compare(tick.size, 18);
+        compare(mark.parent.width, 24);
+        compareFonts([
+            [title, TidloType.section], [detail, TidloType.body], [size, TidloType.section],
+            [badge, TidloType.smallStrong]
+        ]);
+        compareColors([
+            [row.background, "color", "cardSurface"], [title, "color", "primaryText"], [detail, "color", "mutedText"],
+            [findChild(row, "bar").parent.children[0], "color", "systemGray", [0.18, 0.14]]
+        ]);
+        verify(place(tick).right < place(mark).left && place(mark).right < place(title).left);
+        verify(place(title).bottom <= place(detail).top);
+        verify(place(detail).bottom <= place(findChild(row, "bar")).top);
+        compare(gap(row, item("row1")), 8);
+    }
+
+    function test_a_bar_is_a_capsule_on_a_track_as_wide_as_the_words() {
+        show();
+        const bar = findChild(item("row1"), "bar"), track = bar.parent.children[0];
+        compare([bar.radius, track.radius], [bar.height / 2, track.height / 2]);
+        compare([bar.x, bar.height, track.width], [0, track.height, bar.parent.width]);
+        compare(place(track).right, place(texts(item("row1"))[0]).right);
+    }
+
+    function test_categories_have_their_symbols_and_colors_data() {
+        return [
+            { tag: "project files", row: 0, symbol: "folder.badge.gearshape", color: "systemBlue" },
+            { tag: "large and old files", row: 1, symbol: "clock.arrow.circlepath", color: "systemOrange" },
+            { tag: "caches", row: 2, symbol: "externaldrive", color: "systemPurple" },
+            { tag: "WhatsApp", row: 3, symbol: "message.circle", color: "systemMint" },
+            { tag: "downloads", row: 4, symbol: "arrow.down.to.line", color: "systemYellow" }
+        ];
+    }
+
+    function test_categories_have_their_symbols_and_colors(data) {
+        show();
+        compareColors([[symbol(data.symbol, item("row" + data.row)), "color", data.color]]);
+    }
+
     function test_risks_have_their_colours_data() {
         return [
-            { tag: "Safe to delete", size: [99, 230, 226], badge: [99, 230, 226] },
-            { tag: "Rebuildable", size: [10, 132, 255], badge: [10, 132, 255] },
-            { tag: "Review first", size: [255, 214, 10], badge: [255, 214, 10] },
-            { tag: "Never touch", size: [255, 69, 58], badge: [255, 0.35 * 255, 0.39 * 255] }
+            { tag: "Safe to delete", color: "systemMint", badge: "systemMint" },
+            { tag: "Rebuildable", color: "systemBlue", badge: "systemBlue" },
+            { tag: "Review first", color: "systemYellow", badge: "systemYellow" },
+            { tag: "Never touch", color: "systemRed", badge: "red" }
         ];
     }
 
@@ -81,9 +142,10 @@ ViewCase {
         show();
         demo.changeCandidate(0, { risk: data.tag });
         const row = item("row0");
-        compareColor(demo.withText(row, "18.43 GB").color, data.size[0] / 255, data.size[1] / 255, data.size[2] / 255);
-        compareColor(demo.withText(row, data.tag).color, data.badge[0] / 255, data.badge[1] / 255, data.badge[2] / 255);
-        compareColor(findChild(row, "bar").color, data.size[0] / 255, data.size[1] / 255, data.size[2] / 255);
+        compareColors([
+            [text("18.43 GB", row), "color", data.color], [findChild(row, "bar"), "color", data.color],
+            [text(data.tag, row), "color", data.badge], [text(data.tag, row).parent, "color", data.badge, 0.13]
+        ]);
     }
 
     function test_bars_are_to_scale_and_never_shorter_than_five_points() {
@@ -123,6 +185,71 @@ ViewCase {
         verify(item("summaryCard").visible);
     }
 
+    function test_the_card_that_waits_has_its_looks() {
+        show();
+        demo.app.isGeneratingAI = true;
+        laidOut();
+        const card = item("loadingCard"), [circle, arc] = gauges(card), mark = symbol("sparkles", card);
+        const [title, detail] = texts(card), row = card.children[0];
+        compare(card.radius, 10);
+        compare([row.x, row.y, row.width, row.height], [14, 14, card.width - 28, card.height - 28]);
+        compare([arc.parent.width, arc.parent.height], [28, 28]);
+        for (const gauge of [circle, arc])
+            compare([gauge.width - gauge.lineWidth, gauge.height - gauge.lineWidth, gauge.lineWidth], [28, 28, 3]);
+        compare([circle.from, circle.to, arc.roundCaps, mark.opacity], [0, 1, true, 0.7]);
+        verify(arc.to - arc.from < 1);
+        compareSymbols([[mark, 11, Font.Bold]]);
+        compareFonts([[title, TidloType.bodyStrong], [detail, TidloType.small]]);
+        compareColors([
+            [circle, "color", "green", 0.18], [arc, "color", "green"], [arc, "bottomColor", "blue"],
+            [title, "color", "primaryText"], [detail, "color", "mutedText"]
+        ]);
+    }
+
+    function test_the_card_that_waits_turns_and_pulses() {
+        demo.app.isGeneratingAI = true;
+        showAnew();
+        pulsing.restart();
+        const card = item("loadingCard"), mark = symbol("sparkles", card), turn = findChild(card, "turn");
+        compare([turn.from, turn.to, turn.duration, turn.easing.type], [0, 360, 1200, Easing.Linear]);
+        verify(turn.running && turn.loops < 0); // Below zero is for ever.
+        const off = [];
+        const note = () => off.push(Math.abs(mark.scale - pulse.value));
+        pulse.valueChanged.connect(note);
+        tryVerify(() => pulse.turns === 3);
+        pulse.valueChanged.disconnect(note);
+        verify(off.length > 2);
+        verify(Math.max(...off) < 0.001);
+    }
+
+    function test_the_explanation_is_on_a_tinted_card() {
+        show();
+        const card = item("summaryCard"), words = item("explanation");
+        compare([card.radius, card.borderWidth], [10, 0]);
+        compare(words.spacing, 3);
+        compareFonts([[words, TidloType.body]]);
+        compareColors([
+            [card, "color", "green", [0.1, 0.13]], [symbol("sparkles", card), "color", "green"],
+            [words, "color", "mutedText"]
+        ]);
+        verify(place(symbol("sparkles", card)).right < place(words).left);
+    }
+
+    function test_the_bar_at_the_bottom_has_its_size_and_its_fonts() {
+        show();
+        const size = text("48.57 GB selected"), note = text("Moves to Trash — never permanent");
+        const bar = size.parent.parent.parent;
+        compare(place(bar), Qt.rect(0, shown.height - 86, shown.width, 86));
+        compare([place(size).left, place(item("moveToTrash")).right], [22, shown.width - 22]);
+        verify(place(size).bottom <= place(note).top);
+        verify(place(item("viewReport")).right < place(item("moveToTrash")).left);
+        compareFonts([[size, TidloType.section], [note, TidloType.small]]);
+        compareColors([
+            [size, "color", "primaryText"], [note, "color", "mutedText"],
+            [item("viewReport").background, "color", "controlSurface"], [item("moveToTrash").background, "color", "green"]
+        ]);
+    }
+
     function test_an_empty_explanation_shows_no_card() {
         show();
         demo.setSummary("");
@@ -156,10 +283,22 @@ ViewCase {
         compare(demo.selectedCount(), 9);
     }
 
-    function test_what_is_never_to_be_touched_cannot_be_ticked() {
+    function test_what_is_never_to_be_touched_cannot_be_ticked_data() {
+        return [
+            { tag: "mouse", press: (row) => mouseClick(row) },
+            { tag: "space", press: () => keyClick(Qt.Key_Space) },
+            { tag: "return", press: () => keyClick(Qt.Key_Return) }
+        ];
+    }
+
+    function test_what_is_never_to_be_touched_cannot_be_ticked(data) {
         show();
         demo.changeCandidate(0, { risk: "Never touch", selected: false });
-        mouseClick(item("row0"));
+        const row = item("row0");
+        row.forceActiveFocus(Qt.TabFocusReason);
+        data.press(row);
+        verify(!row.checked);
+        compare(demo.symbols(row)[0], "square");
         compare(demo.selectedCount(), 7);
     }
 
@@ -184,30 +323,65 @@ ViewCase {
         verify(item("chipAll").activeFocus);
     }
 
-    function test_the_report_can_always_be_seen_but_nothing_moved_without_a_selection() {
+    function test_nothing_can_be_moved_without_a_selection_data() {
+        return [
+            { tag: "mouse", press: (button) => mouseClick(button) },
+            { tag: "space", press: () => keyClick(Qt.Key_Space) },
+            { tag: "return", press: () => keyClick(Qt.Key_Return) }
+        ];
+    }
+
+    function test_nothing_can_be_moved_without_a_selection(data) {
+        show();
+        const button = item("moveToTrash");
+        verify(button.enabled);
+        button.forceActiveFocus(Qt.TabFocusReason);
+        for (let i = 0; i < 9; ++i)
+            demo.changeCandidate(i, { selected: false });
+        verify(!button.enabled);
+        let presses = 0;
+        button.clicked.connect(() => ++presses);
+        button.forceActiveFocus(Qt.TabFocusReason);
+        data.press(button);
+        compare(presses, 0);
+        compare([demo.phase, demo.section], ["results", "results"]);
+        verify(item("viewReport").enabled);
+    }
+
+    function test_the_report_can_always_be_seen() {
         show();
         for (let i = 0; i < 9; ++i)
             demo.changeCandidate(i, { selected: false });
-        verify(!item("moveToTrash").enabled);
-        mouseClick(item("moveToTrash"));
-        compare(demo.phase, "results");
         verify(item("viewReport").enabled);
         mouseClick(item("viewReport"));
         compare(demo.phase, "report");
         compare(demo.section, "report");
     }
 
-    function test_a_finding_can_be_looked_into() {
+    function lookInto(index) {
         show();
-        mouseClick(item("row4"), 200, 20, Qt.RightButton);
-        const menu = findChild(item("row4"), "rowMenu");
+        mouseClick(item("row" + index), 200, 20, Qt.RightButton);
+        const menu = findChild(item("row" + index), "rowMenu");
         tryVerify(() => menu.opened);
         keyClick(Qt.Key_Down);
         keyClick(Qt.Key_Return);
-        const sheet = item("itemsSheet");
-        tryVerify(() => sheet.opened);
-        const content = sheet.contentItem;
-        verify(demo.withText(content, "Downloads / old installers and archives"));
+        tryVerify(() => item("itemsSheet").opened);
+        return item("itemsSheet").contentItem;
+    }
+
+    function path(number) {
+        return "/home/you/Sites/project-" + number + "/node_modules";
+    }
+
+    function pastedText() {
+        clipboard.clear();
+        clipboard.paste();
+        return clipboard.text;
+    }
+
+    function test_a_finding_can_be_looked_into() {
+        const content = lookInto(4);
+        text("Downloads / old installers and archives", content);
         const list = findChild(content, "items");
         compare(list.count, 23);
         findChild(content, "itemsSearch").forceActiveFocus();
@@ -215,7 +389,24 @@ ViewCase {
         compare(list.count, 5); // project-2, project-12 and project-20 to 22
         compare(demo.selectedCount(), 8);
         keyClick(Qt.Key_Escape);
-        tryVerify(() => !sheet.visible);
+        tryVerify(() => !item("itemsSheet").visible);
+    }
+
+    function test_a_path_can_be_copied_data() {
+        return [
+            { tag: "button", copy: (line) => mouseClick(findChild(line, "copyPath")) },
+            { tag: "key", copy: () => keyClick(Qt.Key_C, Qt.ControlModifier) }
+        ];
+    }
+
+    function test_a_path_can_be_copied(data) {
+        const list = findChild(lookInto(4), "items");
+        list.forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Down);
+        keyClick(Qt.Key_Down);
+        compare(list.currentIndex, 1);
+        data.copy(list.currentItem);
+        compare(pastedText(), path(1));
     }
 
     function test_the_menu_key_asks_as_well() {
@@ -227,5 +418,36 @@ ViewCase {
         keyClick(Qt.Key_Escape);
         tryVerify(() => !menu.visible);
         verify(item("row0").activeFocus);
+    }
+
+    TextEdit {
+        id: clipboard
+
+        visible: false
+    }
+
+    QtObject {
+        id: pulse
+
+        property double value
+        property int turns
+    }
+
+    SequentialAnimation {
+        id: pulsing
+
+        PropertyAction { target: pulse; property: "turns"; value: 0 }
+        SequentialAnimation {
+            loops: Animation.Infinite
+
+            NumberAnimation {
+                target: pulse; property: "value"; from: 0.85; to: 1.2; duration: 800; easing: Motion.easeInOut
+            }
+            ScriptAction { script: ++pulse.turns }
+            NumberAnimation {
+                target: pulse; property: "value"; from: 1.2; to: 0.85; duration: 800; easing: Motion.easeInOut
+            }
+            ScriptAction { script: ++pulse.turns }
+        }
     }
 }

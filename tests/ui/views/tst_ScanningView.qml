@@ -55,30 +55,124 @@ ViewCase {
         compare(text("Scan pipeline").font, TidloType.system(21, Font.Bold));
     }
 
-    function test_the_colours_of_a_step_depend_on_whether_it_has_begun() {
+    function test_it_has_the_head_of_every_screen_with_the_percentage() {
         demo.scanAt(0.42, "");
-        const badges = demo.named(shown, "badge");
-        compare(badges.length, 4);
-        compareColor(badges[0].color, 0.502, 0.741, 0.769, 0.16);
-        compareColor(badges[1].color, 0.502, 0.741, 0.769, 0.16);
-        compareColor(badges[2].color, 152 / 255, 152 / 255, 157 / 255, 0.1);
+        compareHeader("Scanning your Mac");
+        compare(demo.texts(shown).slice(0, 4), ["Scanning your Mac", "4", "2", "%"]);
     }
 
-    function test_the_short_arc_turns() {
-        const spinner = item("spinner");
+    function test_the_percentage_of_the_head_does_not_move_while_it_counts() {
+        const figure = text("Scanning your Mac").parent.children[1];
+        const widths = [0.11, 0.44, 0.98].map(progress => {
+            demo.scanAt(progress, "");
+            laidOut();
+            return figure.width;
+        });
+        compare(widths, [widths[0], widths[0], widths[0]]);
+    }
+
+    function test_the_ring_and_its_texts_have_their_colors_and_fonts() {
+        demo.scanAt(0.42, "Checking");
+        const [track, line] = gauges(item("ring"));
+        for (const gauge of [track, line])
+            compare([gauge.width - gauge.lineWidth, gauge.height - gauge.lineWidth, gauge.lineWidth], [236, 236, 18]);
+        compare([track.from, track.to], [0, 1]);
+        compare([line.from, line.roundCaps, line.rotation], [0, true, -90]);
+        fuzzyCompare(line.to, 0.42, 1e-9);
+        const fixed = text("Classifying safe, rebuildable, review, and never-touch items.");
+        compareColors([
+            [track, "color", "systemGray", [0.18, 0.16]], [line, "color", "green"], [line, "bottomColor", "blue"],
+            [text("42%"), "color", "primaryText"], [text("complete"), "color", "mutedText"],
+            [text("Checking"), "color", "primaryText"], [fixed, "color", "mutedText"]
+        ]);
+        compareFonts([
+            [text("42%"), TidloType.rounded(44, Font.Bold)], [text("Checking"), TidloType.system(20, Font.Bold)]
+        ]);
+        for (const words of [text("Checking"), fixed])
+            compare([words.horizontalAlignment, words.wrapMode], [Text.AlignHCenter, Text.Wrap]);
+        const ring = place(item("ring"));
+        fuzzyCompare((place(text("42%")).top + place(text("complete")).bottom) / 2, ring.top + 118, 1);
+    }
+
+    function test_the_short_arc_turns_around_the_ring_in_a_little_more_than_a_second() {
+        const spinner = item("spinner"), turn = findChild(spinner, "turn");
+        compare([spinner.width - spinner.lineWidth, spinner.height - spinner.lineWidth, spinner.lineWidth], [276, 276, 4]);
+        fuzzyCompare(spinner.from, 0.05, 1e-9);
+        fuzzyCompare(spinner.to, 0.16, 1e-9);
         compare(spinner.opacity, 0.7);
+        compare([turn.from, turn.to, turn.duration, turn.easing.type], [0, 360, 1200, Easing.Linear]);
+        verify(turn.running && turn.loops < 0); // Below zero is for ever.
         const before = grabImage(shown);
         tryVerify(() => !grabImage(shown).equals(before));
     }
 
+    function test_a_small_tile_is_a_caption_above_a_value() {
+        for (const [caption, value] of [["MODE", "Metadata only"], ["SAFETY", "Trash first"]]) {
+            const tile = text(caption).parent.parent;
+            compare(text(value).parent.parent, tile);
+            verify(place(text(caption)).bottom <= place(text(value)).top);
+            compare(tile.radius, 9);
+            compareFonts([[text(caption), TidloType.tiny], [text(value), TidloType.smallStrong]]);
+            compareColors([[text(caption), "color", "mutedText"], [text(value), "color", "primaryText"]]);
+        }
+    }
+
+    function test_the_head_of_the_list_has_its_fonts_and_room() {
+        const note = text("Tidlo is reading folder metadata and building a cleanup plan. File contents are not uploaded.");
+        compareFonts([[text("Scan pipeline"), TidloType.system(21, Font.Bold)]]);
+        compareColors([
+            [text("Scan pipeline"), "color", "primaryText"], [note, "color", "mutedText"],
+            [item("pipelineCard"), "color", "cardSurface"], [item("progressCard"), "color", "cardSurface"]
+        ]);
+        compare([lineSpacing(note), note.bottomPadding], [3, 6]);
+        compare([item("pipelineCard").radius, item("progressCard").radius], [10, 10]);
+    }
+
+    function test_a_step_has_the_colors_of_its_state_data() {
+        return [
+            { tag: "done", step: 0, symbol: "checkmark", color: "green", badge: ["green", 0.16] },
+            { tag: "under way", step: 1, symbol: "arrow.triangle.2.circlepath", color: "green", badge: ["green", 0.16] },
+            { tag: "waiting", step: 2, symbol: "circle", color: "mutedText", badge: ["systemGray", 0.1] },
+            { tag: "waiting as well", step: 3, symbol: "circle", color: "mutedText", badge: ["systemGray", 0.1] }
+        ];
+    }
+
+    function test_a_step_has_the_colors_of_its_state(data) {
+        demo.scanAt(0.42, "");
+        laidOut();
+        const badge = demo.named(shown, "badge")[data.step], mark = badge.children[0], row = badge.parent.parent;
+        const [title, detail] = texts(row);
+        compare(mark.name, data.symbol);
+        compare([badge.width, badge.height, badge.radius, row.radius], [30, 30, 15, 12]);
+        verify(place(badge).right < place(title).left && place(title).bottom <= place(detail).top);
+        compareSymbols([[mark, 12, Font.Bold]]);
+        compare(title.font.weight, Font.Bold);
+        compareColors([
+            [badge, "color", ...data.badge], [mark, "color", data.color], [title, "color", "primaryText"],
+            [detail, "color", "mutedText"]
+        ]);
+    }
+
     function test_stands_side_by_side_where_there_is_room_else_one_above_the_other() {
         const card = item("progressCard"), list = item("pipelineCard");
-        compare(card.width, 420);
-        compare(list.width, 430);
-        compare(list.x - card.x, 434);
-        shown.width = 800;
-        tryVerify(() => list.x === card.x);
-        compare(list.width, 420);
-        verify(list.y >= card.y + card.height + 14);
+        const margins = 2 * 22, needed = 420 + 14 + 430 + margins;
+        for (const width of [961, needed]) {
+            shown.width = width;
+            tryVerify(() => list.x > card.x);
+            compare([card.width, list.width, list.x - (card.x + card.width)], [420, 430, 14]);
+        }
+        for (const width of [needed - 1, 600]) {
+            shown.width = width;
+            tryVerify(() => list.y > card.y);
+            tryVerify(() => list.x === card.x);
+            compare([card.width, list.width, list.y - (card.y + card.height)], [420, 420, 14]);
+        }
+    }
+
+    function test_what_does_not_fit_can_be_scrolled_to() {
+        shown.width = 600;
+        const area = item("progressCard").parent.parent.parent;
+        tryVerify(() => area.contentHeight > area.height);
+        verify(area.contentHeight >= item("progressCard").height + 14 + item("pipelineCard").height);
     }
 }

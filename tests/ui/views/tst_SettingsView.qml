@@ -47,12 +47,88 @@ ViewCase {
     }
 
     function test_a_chosen_theme_is_set_off() {
-        const chosen = item("theme-dark").background, other = item("theme-light").background;
-        compare(chosen.borderWidth, 2);
-        compareColor(chosen.color, 0.388, 0.682, 0.718, 0.16);
-        compare(other.borderWidth, 1);
-        compareColor(other.color, 0.098, 0.153, 0.169);
-        compareColor(other.borderColor, 1, 1, 1, 0.12);
+        const options = ["dark", "light", "system"].map(theme => item("theme-" + theme)), rows = [];
+        for (const option of options) {
+            const surface = option.background, chosen = option.selected;
+            const mark = seen(option, part => part.weight)[0], title = texts(option)[0];
+            compare([surface.radius, surface.borderWidth], [10, chosen ? 2 : 1]);
+            compareSymbols([[mark, 14, Font.Bold]]);
+            compareFonts([[title, TidloType.bodyStrong]]);
+            verify(place(mark).right < place(title).left);
+            rows.push([mark, "color", chosen ? "blue" : "mutedText"],
+                      [title, "color", chosen ? "primaryText" : "secondaryLabel"],
+                      [surface, "color", ...(chosen ? ["blue", 0.16] : ["controlSurface"])],
+                      [surface, "borderColor", chosen ? "blue" : "controlBorder"]);
+        }
+        compareColors(rows);
+    }
+
+    function test_the_mark_of_the_chosen_theme_moves_with_the_choice() {
+        const before = item("theme-dark").background, after = item("theme-light").background;
+        mouseClick(item("theme-light"));
+        tryCompare(after, "borderWidth", 2);
+        tryCompare(before, "borderWidth", 1);
+        compareColors([[after, "color", "blue", 0.16], [before, "color", "controlSurface"]]);
+    }
+
+    function test_it_has_the_head_of_every_screen() {
+        compareHeader("Settings");
+        comparePill("AI proxy connected", "systemMint");
+    }
+
+    function cards() {
+        return ["Appearance & Theme", "Tidlo AI Server Proxy", "Uninstall Tidlo"].map(title => text(title).parent.parent);
+    }
+
+    function test_the_cards_stand_below_each_other_no_wider_than_they_may_be() {
+        const [first, second, third] = cards();
+        compare([gap(first, second), gap(second, third)], [12, 12]);
+        for (const card of cards()) {
+            compare([card.width, place(card).left, card.radius], [640, (1350 - 640) / 2, 10]);
+            verify(card.children[0].width < 640);
+        }
+        compareColors(cards().map(card => [card, "color", "cardSurface"]));
+    }
+
+    function test_narrow_cards_keep_their_distance_from_the_edges() {
+        const narrow = createTemporaryObject(view, this, { "anchors.fill": undefined, width: 500, height: 600 });
+        const card = text("Appearance & Theme", narrow).parent.parent;
+        tryCompare(card, "width", 500 - 2 * 22);
+    }
+
+    function test_the_texts_have_their_fonts_and_colors() {
+        const large = TidloType.system(22, Font.Bold);
+        const theme = text("Choose your preferred color scheme for Tidlo.");
+        const maker = text("Powered by Google Gemini 1.5 Flash.");
+        const status = text("Server Proxy Status: Active");
+        const sentence = text("All AI requests are processed securely via localhost. No local API key setup required.");
+        const removal = text("Remove the installed application, Tidlo preferences, and saved setup state.");
+        compareFonts([
+            [text("Appearance & Theme"), large], [text("Tidlo AI Server Proxy"), large],
+            [text("Uninstall Tidlo"), TidloType.headline], [status, TidloType.bodyStrong], [sentence, TidloType.small]
+        ]);
+        compare([lineSpacing(maker), lineSpacing(removal)], [3, 3]);
+        compareColors([
+            [text("Appearance & Theme"), "color", "primaryText"], [theme, "color", "mutedText"],
+            [maker, "color", "mutedText"], [status, "color", "primaryText"], [sentence, "color", "mutedText"],
+            [removal, "color", "mutedText"]
+        ]);
+    }
+
+    function test_the_seal_stands_beside_the_state_of_the_proxy() {
+        const seal = symbol("checkmark.seal.fill"), status = text("Server Proxy Status: Active");
+        compareSymbols([[seal, 20, Font.DemiBold]]);
+        compareColors([[seal, "color", "green"]]);
+        verify(place(seal).right < place(status).left);
+    }
+
+    function test_the_button_that_uninstalls_looks_dangerous() {
+        const button = item("uninstall");
+        compareFonts([[button.contentItem, TidloType.system(13, Font.DemiBold)]]);
+        compareColors([
+            [button.contentItem, "color", "red"], [button.background, "color", "red", 0.1],
+            [button.background, "borderColor", "red", 0.35]
+        ]);
     }
 
     function test_cancelling_the_uninstallation_leaves_everything_as_it_is_data() {
