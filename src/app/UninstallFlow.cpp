@@ -10,14 +10,14 @@ namespace {
 
 QByteArray identifierOf(const Bundle &bundle)
 {
-    return bundle.identifier.value_or(applicationIdentifier.data());
+    return bundle.identifier.value_or(applicationIdentifier);
 }
 
 bool isOurs(const Bundle &bundle)
 {
     const FilePath folder = bundle.executable.left(bundle.executable.lastIndexOf('/'));
     return bundle.path.endsWith(".app") && folder == bundle.path + "/Contents/MacOS" &&
-           identifierOf(bundle) == applicationIdentifier.data();
+           identifierOf(bundle) == applicationIdentifier;
 }
 
 /// Writes the script and starts it. Gives what went wrong, for a person; then nothing has been started.

@@ -1,52 +1,75 @@
 #include "platform/UserDefaults.h"
 
-#include "platform/ApplicationIdentifier.h"
+#include "platform/AtomicFile.h"
+#include "platform/PreferencesFile.h"
 
-#include <QStandardPaths>
+#include <QFileInfo>
+#include <QTemporaryDir>
 
 namespace {
 
-#ifdef Q_OS_MACOS
-QString fileOfUser()
-{
-    return QDir::homePath() + QStringLiteral("/Library/Preferences/") + applicationIdentifier +
-           QStringLiteral(".plist");
-}
 constexpr QSettings::Format format = QSettings::NativeFormat;
-#else
-QString fileOfUser()
+
+/// The content of a file that says \a values, empty on failure. It is drafted elsewhere, since QSettings locks the file
+/// that it changes, and would wait for the lock of a program that was killed.
+QByteArray fileSaying(const QVariantMap &values)
 {
-    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + QLatin1Char('/') +
-           applicationIdentifier + QStringLiteral(".conf");
+    const QTemporaryDir folder;
+    QSettings draft(folder.filePath(QStringLiteral("draft")), format);
+    for (const auto &[key, value] : values.asKeyValueRange())
+        draft.setValue(key, value);
+    draft.sync();
+    QFile file(draft.fileName());
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
-constexpr QSettings::Format format = QSettings::IniFormat;
-#endif
 
 } // namespace
 
 UserDefaults::UserDefaults(QObject *parent)
-    : UserDefaults(fileOfUser(), parent)
+    : UserDefaults(QFile::decodeName(preferencesFile()), parent)
 {}
 
 UserDefaults::UserDefaults(const QString &file, QObject *parent)
     : QObject(parent)
-    , settings(file, format)
+    , stored(file, format)
 {}
+
+QVariant UserDefaults::value(QLatin1StringView key) const
+{
+    return own.value(key, stored.value(key));
+}
 
 QString UserDefaults::string(QLatin1StringView key, const QString &otherwise) const
 {
-    const QVariant value = settings.value(key);
-    return value.typeId() == QMetaType::QString ? value.toString() : otherwise;
+    const QVariant found = value(key);
+    return found.typeId() == QMetaType::QString ? found.toString() : otherwise;
 }
 
 bool UserDefaults::boolean(QLatin1StringView key) const
 {
-    return settings.value(key).toString() == u"true"; // Any other text would convert to true as well.
+    return value(key).toString() == u"true"; // Any other text would convert to true as well.
 }
 
 void UserDefaults::set(QLatin1StringView key, const QVariant &value)
 {
-    settings.setValue(key, value);
-    settings.sync();
+    own.insert(key, value);
+    store();
     Q_EMIT changed(key);
+}
+
+void UserDefaults::store()
+{
+    stored.sync(); // Another program may have set something else.
+    if (stored.status() == QSettings::AccessError)
+        return;
+    QVariantMap values;
+    for (const QString &key : stored.allKeys())
+        values.insert(key, stored.value(key));
+    values.insert(own);
+    const QByteArray content = fileSaying(values);
+    const QFileInfo file(stored.fileName());
+    const QString place = file.exists() ? file.canonicalFilePath() : file.filePath(); // Some people make links of them.
+    if (!content.isEmpty())
+        writeAtomically(QFile::encodeName(place), content);
+    stored.sync();
 }

@@ -3,8 +3,10 @@
 #include <QObject>
 #include <QSettings>
 
-/// The preferences of the user, kept in the system's own place for them. Written whole or not at all; a file that is
-/// missing, empty, damaged or cannot be written means that what was set holds until the program ends. Main thread.
+/// The preferences of the user, kept in the system's own place for them. What is set holds from then on, and is stored
+/// at once: the file is the old or the new one, whole, whenever the program is killed. A file that is missing, empty or
+/// damaged means the defaults; where it cannot be read or written, what was set holds until the program ends. Main
+/// thread.
 class UserDefaults final : public QObject
 {
     Q_OBJECT
@@ -30,5 +32,9 @@ Q_SIGNALS:
     void changed(const QString &key);
 
 private:
-    QSettings settings;
+    QVariant value(QLatin1StringView key) const;
+    void store();
+
+    QSettings stored; ///< Only read from.
+    QVariantMap own;  ///< What was set here.
 };

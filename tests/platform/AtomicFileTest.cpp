@@ -76,7 +76,8 @@ TEST_F(AtomicFile, FailsWithoutATraceWhereItCannotBe)
 TEST_F(AtomicFile, FailsWhereItMayNotBeWritten)
 {
     home.file("folder/file", 3);
-    chmod(home.path().constData(), 0755);
+    chmod(home.path().constData(), 0555);
+    chmod((home / "folder").constData(), 0555);
     const ChildResult result = inChild([&] {
         EXPECT_TRUE(becomeNobody());
         EXPECT_EQ(writeAtomically(path, "content"), EACCES);

@@ -18,6 +18,8 @@
 using testing::AnyOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::Key;
+using testing::UnorderedElementsAre;
 
 namespace {
 
@@ -32,11 +34,13 @@ protected:
         EXPECT_TRUE(target.open(QIODevice::WriteOnly) && target.write(content) == content.size());
     }
 
-    std::string content() const
+    static std::string contentOf(const QString &path)
     {
-        QFile source(file);
+        QFile source(path);
         return source.open(QIODevice::ReadOnly) ? source.readAll().toStdString() : "missing";
     }
+
+    std::string content() const { return contentOf(file); }
 
     static QString theme(const UserDefaults &defaults)
     {
@@ -186,6 +190,7 @@ TEST_F(UserDefaultsTest, HoldsWhatWasSetWhereNothingCanBeWritten)
 {
     writeFile("[General]\ntidloTheme=system\n");
     const std::string before = content();
+    chmod(home.path().constData(), 0555);
     const ChildResult result = inChild([&] {
         EXPECT_TRUE(becomeNobody());
         UserDefaults defaults(file);
@@ -201,7 +206,7 @@ TEST_F(UserDefaultsTest, HoldsWhatWasSetWhereNothingCanBeWritten)
 TEST_F(UserDefaultsTest, HasItsDefaultsWhereTheFileCannotBeReadOrIsNone)
 {
     writeFile("[General]\ntidloTheme=light\n");
-    chmod((home / "preferences.conf").constData(), 0600);
+    chmod((home / "preferences.conf").constData(), 0);
     home.folder("folder.conf");
     const ChildResult result = inChild([&] {
         EXPECT_TRUE(becomeNobody());
@@ -229,26 +234,69 @@ TEST_F(UserDefaultsTest, KeepsTheOldFileWholeWhenThereIsNoRoom)
         EXPECT_TRUE(filling.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
         while (filling.write(QByteArray(4'096, 'x')) > 0) {
         }
-        QFile before(full);
-        EXPECT_TRUE(before.open(QIODevice::ReadOnly));
+        const std::string before = contentOf(full);
+        EXPECT_THAT(before, HasSubstr("tidloTheme=system"));
 
         UserDefaults defaults(full);
         set(defaults);
 
-        QFile after(full);
-        EXPECT_TRUE(after.open(QIODevice::ReadOnly));
-        EXPECT_EQ(after.readAll(), before.readAll());
+        EXPECT_EQ(contentOf(full), before);
     });
+}
+
+TEST_F(UserDefaultsTest, WaitsForNoLockThatAKilledProgramLeft)
+{
+    home.file("preferences.conf.lock", 0);
+    UserDefaults defaults(file);
+
+    set(defaults);
+
+    EXPECT_TRUE(isFoundByAnother());
+    EXPECT_TRUE(home.inventory().contains("preferences.conf.lock")); // Waited for, it would be gone by now.
+}
+
+TEST_F(UserDefaultsTest, LeavesNothingButTheFile)
+{
+    set(*std::make_unique<UserDefaults>(QString::fromUtf8(home / "new/folder/preferences.conf")));
+
+    EXPECT_THAT(home.inventory(),
+                UnorderedElementsAre(Key("."), Key("new"), Key("new/folder"), Key("new/folder/preferences.conf")));
+}
+
+TEST_F(UserDefaultsTest, KeepsALinkToWhereTheFileTrulyLies)
+{
+    home.link("preferences.conf", home.file("elsewhere/file", 0));
+
+    set(*std::make_unique<UserDefaults>(file));
+
+    EXPECT_TRUE(S_ISLNK(home.inventory().at("preferences.conf").mode));
+    EXPECT_THAT(contentOf(QString::fromUtf8(home / "elsewhere/file")), HasSubstr("tidloTheme=light"));
+}
+
+TEST_F(UserDefaultsTest, KeepsWhatAnotherProgramSetMeanwhile)
+{
+    UserDefaults defaults(file);
+    inChild([this] {
+        UserDefaults(file).set(UserDefaults::setupCompleted, true);
+        return true;
+    });
+
+    defaults.set(UserDefaults::theme, QStringLiteral("light"));
+
+    EXPECT_TRUE(isFoundByAnother());
+    expectSet(defaults);
 }
 
 TEST_F(UserDefaultsTest, IsWholeWheneverTheProgramIsKilled)
 {
+    home.folder("drafts");
     UserDefaults(file).set(UserDefaults::theme, QStringLiteral("dark"));
     for (int turn = 0; turn < 12; ++turn) {
         std::array<int, 2> told{};
         ASSERT_EQ(pipe(told.data()), 0);
         const pid_t child = fork();
         if (child == 0) {
+            setenv("TMPDIR", (home / "drafts").constData(), 1);
             UserDefaults defaults(file);
             for (bool isDark = true; write(told[1], "x", 1) == 1; isDark = !isDark)
                 defaults.set(UserDefaults::theme, isDark ? QStringLiteral("dark") : QStringLiteral("light"));

@@ -82,8 +82,8 @@ bool limitDescriptors(int count)
 bool becomeNobody()
 {
     constexpr uid_t nobody = 65534;
-    return setgroups(0, nullptr) == 0 && setresgid(nobody, nobody, nobody) == 0 &&
-           setresuid(nobody, nobody, nobody) == 0;
+    return geteuid() != 0 || (setgroups(0, nullptr) == 0 && setresgid(nobody, nobody, nobody) == 0 &&
+                              setresuid(nobody, nobody, nobody) == 0);
 }
 
 bool denySystemCall(long number, int error)

@@ -14,8 +14,8 @@ struct ChildResult
 /// own. It succeeds when \a work returns true.
 ChildResult inChild(const std::function<bool()> &work);
 
-/// For use inside a child. Each returns whether the system allowed it.
+/// For use inside a child. Each returns whether that is so from now on.
 bool enterMountNamespace();                  ///< Mounts made afterwards are seen by this process alone.
 bool limitDescriptors(int count);            ///< How many files the process may have open.
-bool becomeNobody();                         ///< Drops root's rights for good.
+bool becomeNobody();                         ///< Drops root's rights for good; others have none to drop.
 bool denySystemCall(long number, int error); ///< From now on the call fails with \a error.

@@ -40,6 +40,24 @@ std::chrono::nanoseconds nanoseconds(const timespec &time)
     return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
 }
 
+/// Whether it succeeds. What it complains of is kept quiet.
+bool run(QList<FilePath> words)
+{
+    std::vector<char *> arguments;
+    for (FilePath &word : words)
+        arguments.push_back(word.data());
+    arguments.push_back(nullptr);
+    posix_spawn_file_actions_t files;
+    posix_spawn_file_actions_init(&files);
+    posix_spawn_file_actions_addopen(&files, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+    pid_t child = 0;
+    int status = -1;
+    if (posix_spawnp(&child, arguments.front(), &files, nullptr, arguments.data(), environ) == 0)
+        waitpid(child, &status, 0);
+    posix_spawn_file_actions_destroy(&files);
+    return status == 0;
+}
+
 using Inventory = std::map<std::string, TemporaryHome::Entry>;
 
 void record(int parent, const char *name, const std::string &relative, Inventory &entries)
@@ -82,12 +100,9 @@ TemporaryHome::TemporaryHome(const FilePath &parent)
 
 TemporaryHome::~TemporaryHome()
 {
-    // rm copes with any depth, any name and any number of entries.
-    std::array<char *, 5> arguments{const_cast<char *>("rm"), const_cast<char *>("-rf"), const_cast<char *>("--"),
-                                    root.data(), nullptr};
-    pid_t child = 0;
-    if (posix_spawnp(&child, "rm", nullptr, nullptr, arguments.data(), environ) == 0)
-        waitpid(child, nullptr, 0);
+    // These tools cope with any depth, any name and any number of entries.
+    if (!run({"rm", "-rf", "--", root}) && run({"chmod", "-R", "u+rwX", "--", root})) // Some folder was closed.
+        run({"rm", "-rf", "--", root});
 }
 
 FilePath TemporaryHome::parentInMemory()

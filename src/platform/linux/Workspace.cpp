@@ -19,12 +19,12 @@ public:
     /// Writes the entry that menus show, and the icon it names.
     void registerApplication(const FilePath &application) override
     {
-        const UserFiles files = userFilesOf(applicationIdentifier.data());
+        const UserFiles files = userFilesOf(applicationIdentifier);
         QFile logo(QFile::decodeName(application + "/Contents/Resources/logo.png"));
         if (logo.open(QIODevice::ReadOnly))
             writeAtomically(files.icon, logo.readAll());
         writeAtomically(files.desktopEntry,
-                        desktopEntry(bundleAt(application).executable, applicationIdentifier.data()));
+                        desktopEntry(bundleAt(application).executable, applicationIdentifier));
     }
 
     void openApplication(const FilePath &application, Opened opened) override

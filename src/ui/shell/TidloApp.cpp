@@ -42,9 +42,9 @@ QQuickWindow *TidloApp::window() const
 int runTidlo(int argumentCount, char **arguments)
 {
     QGuiApplication application(argumentCount, arguments);
-    QGuiApplication::setApplicationName(applicationIdentifier); // Names the folder of its cache.
+    QGuiApplication::setApplicationName(QLatin1StringView(applicationIdentifier)); // Names the folder of its cache.
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Tidlo"));
-    QGuiApplication::setDesktopFileName(applicationIdentifier);
+    QGuiApplication::setDesktopFileName(QLatin1StringView(applicationIdentifier));
     TidloApp tidlo;
     return tidlo.open() ? QGuiApplication::exec() : 1;
 }
