@@ -2,16 +2,21 @@
 
 #include <filesystem>
 
+namespace fs = std::filesystem;
+
 bool isSameOrWithin(const FilePath &path, const FilePath &container)
 {
     std::error_code error;
-    std::filesystem::path step = std::filesystem::canonical(path.toStdString(), error);
+    const fs::path holder = container.toStdString();
+    if (!fs::exists(holder, error) && !error)
+        return false;
+    fs::path step = fs::canonical(path.toStdString(), error);
     while (!error) {
-        if (std::filesystem::equivalent(step, container.toStdString(), error))
+        if (fs::equivalent(step, holder, error))
             return true;
         if (step == step.root_path())
-            return false;
+            break;
         step = step.parent_path();
     }
-    return false;
+    return static_cast<bool>(error);
 }

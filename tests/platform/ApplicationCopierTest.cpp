@@ -11,6 +11,8 @@
 
 #include <cstring>
 
+#include <sys/mount.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 using testing::Key;
@@ -113,10 +115,10 @@ TEST_F(ApplicationCopier, CopiesALoneExecutable)
 TEST_F(ApplicationCopier, ReplacesWhatWasThereWhateverItWas)
 {
     home.file("Applications/Tidlo.app/Contents/old");
-    chmod((destination + "/Contents").constData(), 0500);
     EXPECT_EQ(copyApplication(source, destination), std::nullopt);
     expectWholeCopy();
 
+    chmod((destination + "/Contents/Resources").constData(), 0755);
     ASSERT_EQ(copyApplication(source, destination), std::nullopt);
     expectWholeCopy();
 }
@@ -186,6 +188,7 @@ TEST_F(ApplicationCopier, LeavesWhatWasThereWholeWhenTheFolderMayNotBeWritten)
     home.file("Applications/Tidlo.app/old");
     chmod(home.path().constData(), 0755);
     chmod((home / "Applications/Tidlo.app").constData(), 0777);
+    chmod((home / "Applications").constData(), 0555);
 
     const ChildResult result = inChild([&] {
         EXPECT_TRUE(becomeNobody());
@@ -202,6 +205,7 @@ TEST_F(ApplicationCopier, FailsWhenWhatIsThereCannotBeRemoved)
     home.file("Applications/Tidlo.app/Contents/old");
     chmod(home.path().constData(), 0755);
     chmod((home / "Applications").constData(), 0777);
+    chmod((destination + "/Contents").constData(), 0555);
 
     const ChildResult result = inChild([&] {
         EXPECT_TRUE(becomeNobody());
@@ -217,7 +221,7 @@ TEST_F(ApplicationCopier, LeavesNothingWhenAPartCannotBeRead)
 {
     chmod(home.path().constData(), 0755);
     chmod((home / "Applications").constData(), 0777);
-    chmod((source + "/Contents/MacOS/Tidlo").constData(), 0700);
+    chmod((source + "/Contents/MacOS/Tidlo").constData(), 0);
     before = inventoryOf("from/");
 
     const ChildResult result = inChild([&] {
@@ -230,7 +234,54 @@ TEST_F(ApplicationCopier, LeavesNothingWhenAPartCannotBeRead)
     EXPECT_TRUE(inventoryOf("Applications/").empty());
 }
 
-TEST_F(ApplicationCopier, LeavesNothingWhenThereIsNoRoom)
+TEST_F(ApplicationCopier, LeavesWhatWasThereWholeWhenASubfolderOfItMayNotBeEmptied)
+{
+    home.file("Applications/Tidlo.app/Contents/MacOS/old");
+    chmod(home.path().constData(), 0755);
+    chmod((home / "Applications").constData(), 0777);
+    chmod(destination.constData(), 0777);
+    chmod((destination + "/Contents").constData(), 0777);
+    chmod((destination + "/Contents/MacOS").constData(), 0555);
+
+    const ChildResult result = inChild([&] {
+        EXPECT_TRUE(becomeNobody());
+        EXPECT_EQ(copyApplication(source, destination), because(EACCES));
+        return !HasFailure();
+    });
+
+    EXPECT_TRUE(result.succeeded) << result.output;
+    EXPECT_THAT(inventoryOf("Applications/"),
+                UnorderedElementsAre(Key("Tidlo.app"), Key("Tidlo.app/Contents"), Key("Tidlo.app/Contents/MacOS"),
+                                     Key("Tidlo.app/Contents/MacOS/old")));
+}
+
+TEST_F(ApplicationCopier, LeavesWhatWasThereWholeWhenAPartCannotBeRead)
+{
+    home.file("Applications/Tidlo.app/old");
+    const auto former = inventoryOf("Applications/");
+    ASSERT_EQ(mkfifo((source + "/Contents/pipe").constData(), 0600), 0);
+    before = inventoryOf("from/");
+
+    EXPECT_NE(copyApplication(source, destination), std::nullopt);
+
+    EXPECT_EQ(inventoryOf("Applications/"), former);
+}
+
+TEST_F(ApplicationCopier, LeavesWhatWasThereWholeWhenTheSourceVanishesHalfWay)
+{
+    home.file("Applications/Tidlo.app/old");
+    const auto former = inventoryOf("Applications/");
+    const ChildResult result = inChild([&] {
+        EXPECT_TRUE(denySystemCall(SYS_sendfile, ESTALE)); // By then the folders are made.
+        EXPECT_EQ(copyApplication(source, destination), because(ESTALE));
+        return !HasFailure();
+    });
+
+    EXPECT_TRUE(result.succeeded) << result.output;
+    EXPECT_EQ(inventoryOf("Applications/"), former);
+}
+
+TEST_F(ApplicationCopier, LeavesWhatWasThereWholeWhenThereIsNoRoom)
 {
     home.file("from/Tidlo.app/Contents/large", 200'000);
     before = inventoryOf("from/");
@@ -239,7 +290,29 @@ TEST_F(ApplicationCopier, LeavesNothingWhenThereIsNoRoom)
         mountMemory(home / "Applications", "size=128k");
         EXPECT_EQ(copyApplication(source, destination), because(ENOSPC));
         EXPECT_TRUE(inventoryOf("Applications/").empty());
+
+        home.file("Applications/Tidlo.app/old", 8'192);
+        const auto former = inventoryOf("Applications/");
+        EXPECT_EQ(copyApplication(source, destination), because(ENOSPC));
+        EXPECT_EQ(inventoryOf("Applications/"), former);
     });
+}
+
+TEST_F(ApplicationCopier, RefusesToReplaceWhereAVolumeIsMounted)
+{
+    home.folder("Applications/Tidlo.app/Contents/inner");
+    home.file("volume/kept");
+    for (const char *point : {"Applications/Tidlo.app/Contents/inner", "Applications/Tidlo.app"}) {
+        inOwnMounts([&] {
+            SCOPED_TRACE(point);
+            ASSERT_EQ(mount((home / "volume").constData(), (home / point).constData(), nullptr, MS_BIND, nullptr), 0);
+
+            EXPECT_EQ(copyApplication(source, destination), because(EBUSY));
+
+            EXPECT_EQ(access((home / point + "/kept").constData(), F_OK), 0);
+        });
+    }
+    EXPECT_TRUE(inventoryOf("Applications/").contains("Tidlo.app/Contents/inner"));
 }
 
 TEST_F(ApplicationCopier, CopiesNothingThatIsNeitherFolderNorFileNorLink)

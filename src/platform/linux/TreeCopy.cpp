@@ -67,11 +67,9 @@ std::error_code copyFile(const Pair &file)
 
 std::error_code copyItem(const Pair &item, fs::file_type type)
 {
+    if (type == fs::file_type::directory)
+        return mkdir(item.destination.c_str(), 0700) == 0 ? std::error_code() : lastError();
     std::error_code error;
-    if (type == fs::file_type::directory) {
-        fs::create_directory(item.destination, error);
-        return error;
-    }
     if (type == fs::file_type::symlink)
         fs::copy_symlink(item.source, item.destination, error);
     else
@@ -79,29 +77,36 @@ std::error_code copyItem(const Pair &item, fs::file_type type)
     return error ? error : keepTimes(item);
 }
 
-std::error_code copyFolder(const Pair &top)
+/// Adds the folders in \a top that it made to \a folders, each after the one that holds it.
+std::error_code copyContents(const Pair &top, std::vector<Pair> &folders)
 {
-    std::vector folders{top};
-    std::error_code error = copyItem(top, fs::file_type::directory);
-    fs::recursive_directory_iterator entries;
-    if (!error)
-        entries = fs::recursive_directory_iterator(top.source, error);
-    for (; !error && entries != fs::recursive_directory_iterator(); entries.increment(error)) {
-        const Pair item{entries->path(), top.destination / entries->path().lexically_relative(top.source)};
-        const fs::file_type type = entries->symlink_status(error).type();
+    std::error_code error;
+    for (fs::recursive_directory_iterator entry(top.source, error), end; !error && entry != end;
+         entry.increment(error)) {
+        const Pair item{entry->path(), top.destination / entry->path().lexically_relative(top.source)};
+        const fs::file_type type = entry->symlink_status(error).type();
         if (!error)
             error = copyItem(item, type);
         if (error)
-            break;
+            return error;
         if (type == fs::file_type::directory)
             folders.push_back(item);
     }
-    for (const Pair &folder : std::views::reverse(folders)) {
-        if (error)
-            break;
-        error = finishFolder(folder);
-    }
     return error;
+}
+
+std::error_code copyFolder(const Pair &top)
+{
+    if (const std::error_code error = copyItem(top, fs::file_type::directory))
+        return error;
+    std::vector folders{top};
+    if (const std::error_code error = copyContents(top, folders))
+        return error;
+    for (const Pair &folder : std::views::reverse(folders)) {
+        if (const std::error_code error = finishFolder(folder))
+            return error;
+    }
+    return {};
 }
 
 } // namespace
