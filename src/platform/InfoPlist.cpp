@@ -1,12 +1,17 @@
 #include "platform/InfoPlist.h"
 
+#include "platform/Descriptor.h"
+
 #include <QFile>
 #include <QXmlStreamReader>
 
+#include <fcntl.h>
+
 QHash<QString, QString> readInfoPlist(const FilePath &file)
 {
-    QFile device(QFile::decodeName(file));
-    if (!device.open(QIODevice::ReadOnly))
+    const Descriptor descriptor(open(file.constData(), O_RDONLY | O_CLOEXEC)); // The name need not be a text.
+    QFile device;
+    if (!descriptor.isValid() || !device.open(descriptor.get(), QIODevice::ReadOnly))
         return {};
     QXmlStreamReader xml(&device);
     if (!xml.readNextStartElement() || xml.name() != u"plist" || !xml.readNextStartElement() || xml.name() != u"dict")

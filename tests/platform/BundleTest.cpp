@@ -73,6 +73,15 @@ TEST_F(BundleTest, SaysWhoItIs)
     EXPECT_EQ(there.identifier, "com.example.application");
 }
 
+TEST_F(BundleTest, SaysWhoItIsWhateverTheFolderItLiesInIsCalled)
+{
+    write("B.app/Contents/Info.plist", plist);
+    ASSERT_EQ(mkdir((home / "\xff").constData(), 0755), 0);
+    ASSERT_EQ(std::rename((home / "B.app").constData(), (home / "\xff/B.app").constData()), 0);
+
+    EXPECT_EQ(bundleAt(home / "\xff/B.app").identifier, "com.example.application");
+}
+
 TEST_F(BundleTest, StandsForItselfWhereItNamesNothing)
 {
     const FilePath file = home.file("tool");

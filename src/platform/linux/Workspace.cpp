@@ -6,10 +6,10 @@
 #include "platform/DetachedProcess.h"
 #include "platform/linux/DesktopEntry.h"
 #include "platform/linux/FileBrowser.h"
+#include "platform/linux/OpenFolder.h"
 #include "platform/linux/UserFiles.h"
 
 #include <QCoreApplication>
-#include <QFile>
 
 namespace {
 
@@ -20,11 +20,10 @@ public:
     void registerApplication(const FilePath &application) override
     {
         const UserFiles files = userFilesOf(applicationIdentifier);
-        QFile logo(QFile::decodeName(application + "/Contents/Resources/logo.png"));
-        if (logo.open(QIODevice::ReadOnly))
-            writeAtomically(files.icon, logo.readAll());
-        writeAtomically(files.desktopEntry,
-                        desktopEntry(bundleAt(application).executable, applicationIdentifier));
+        const auto logo = readSystemFile({}, application + "/Contents/Resources/logo.png");
+        if (logo)
+            writeAtomically(files.icon, *logo);
+        writeAtomically(files.desktopEntry, desktopEntry(bundleAt(application).executable, applicationIdentifier));
     }
 
     void openApplication(const FilePath &application, Opened opened) override
