@@ -22,7 +22,7 @@ struct AppEnvironment
     Explain explain = liveExplain();
     std::shared_ptr<UserDefaults> defaults = std::make_shared<UserDefaults>();
     std::shared_ptr<Workspace> workspace = makeWorkspace();
-    Bundle bundle = mainBundle();
+    std::function<Bundle()> bundle = mainBundle;          ///< Of this application, wherever it has been moved.
     FilePath applicationPath = "/Applications/Tidlo.app"; ///< Where placement puts the application.
     FilePath temporaryFolder = liveTemporaryFolder();     ///< Where the script that uninstalls it is written.
 

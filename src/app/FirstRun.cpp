@@ -8,8 +8,8 @@ namespace {
 bool canBePlaced(const AppEnvironment &environment)
 {
     const FilePath &destination = environment.applicationPath;
-    return environment.fileManager->fileExists(destination.left(destination.lastIndexOf('/'))) &&
-           !isSameOrWithin(environment.bundle.path, destination);
+    const FilePath folder = destination.left(destination.lastIndexOf('/') + 1); // The slash: of a file there is none.
+    return environment.fileManager->fileExists(folder) && !isSameOrWithin(environment.bundle().path, destination);
 }
 
 } // namespace

@@ -18,7 +18,7 @@ void AppViewModel::skipMoveToApplicationsPrompt()
 void AppViewModel::moveToApplicationsFolder()
 {
     requireMainThread();
-    if (const auto error = copyApplication(environment.bundle.path, environment.applicationPath)) {
+    if (const auto error = copyApplication(environment.bundle().path, environment.applicationPath)) {
         reportPlacementFailure(*error);
         return;
     }

@@ -3,6 +3,7 @@
 #include "platform/AtomicFile.h"
 #include "platform/Containment.h"
 #include "platform/UninstallScript.h"
+#include "platform/VisibleText.h"
 
 #include <cstdio>
 
@@ -13,24 +14,28 @@ QByteArray identifierOf(const Bundle &bundle)
     return bundle.identifier.value_or(applicationIdentifier);
 }
 
-bool isOurs(const Bundle &bundle)
+/// Whether \a bundle is one that holds this application, and is still there.
+bool isOurs(const Bundle &bundle, const FileManager &files)
 {
     const FilePath folder = bundle.executable.left(bundle.executable.lastIndexOf('/'));
     return bundle.path.endsWith(".app") && folder == bundle.path + "/Contents/MacOS" &&
-           identifierOf(bundle) == applicationIdentifier;
+           files.fileExists(bundle.executable) && identifierOf(bundle) == applicationIdentifier;
 }
 
 /// Writes the script and starts it. Gives what went wrong, for a person; then nothing has been started.
 std::optional<QString> startScript(const AppEnvironment &environment)
 {
-    const Bundle &bundle = environment.bundle;
-    if (!isOurs(bundle) || isSameOrWithin(environment.fileManager->homeDirectoryForCurrentUser(), bundle.path))
+    const Bundle bundle = environment.bundle();
+    if (!isOurs(bundle, *environment.fileManager))
         return QStringLiteral("The running program is not in a bundle of its own.");
-    const auto script = uninstallScript(bundle.path, identifierOf(bundle));
-    if (!script)
-        return QStringLiteral("The path of the application holds a character that a shell would read.");
+    if (isSameOrWithin(environment.fileManager->homeDirectoryForCurrentUser(), bundle.path))
+        return QStringLiteral("The bundle of the application holds the home folder, or may do so.");
+    const UninstallScript script = uninstallScript(bundle.path, identifierOf(bundle));
+    if (script.unquotable)
+        return QStringLiteral("A shell would read a character of this path as its own: ") +
+               visibleText(*script.unquotable);
     const FilePath file = environment.temporaryFolder + "/uninstall_tidlo.sh";
-    if (const int error = writeAtomically(file, *script, 0700))
+    if (const int error = writeAtomically(file, script.text, 0700))
         return qt_error_string(error);
     return environment.workspace->start("/bin/bash", {file});
 }

@@ -4,10 +4,17 @@
 
 #include <optional>
 
+/// What uninstalls the application, or why there is no such script.
+struct UninstallScript
+{
+    QByteArray text;
+    std::optional<FilePath> unquotable{}; ///< Holds a character that the shell reads as its own; then there is no text.
+};
+
 /// The script that uninstalls the application on this system: waits for it to end, moves the bundle at \a application
 /// to the Trash, or deletes it where that fails, and removes what the application known by \a identifier left in the
-/// folders of the user. Nothing if it would have to name a path with a character that the shell reads as its own.
-std::optional<QByteArray> uninstallScript(const FilePath &application, const QByteArray &identifier);
+/// folders of the user.
+UninstallScript uninstallScript(const FilePath &application, const QByteArray &identifier);
 
-/// The text of the one for macOS, wherever it is asked for, with both values inserted as they are.
-QByteArray uninstallScriptForMacOS(const FilePath &application, const QByteArray &identifier);
+/// The one for macOS, wherever it is asked for.
+UninstallScript uninstallScriptForMacOS(const FilePath &application, const QByteArray &identifier);

@@ -14,7 +14,7 @@ AppEnvironment AppTest::environment()
             .explain = explainer.explain(),
             .defaults = defaults,
             .workspace = workspace,
-            .bundle = bundle,
+            .bundle = [this] { return bundle; },
             .applicationPath = applicationPath,
             .temporaryFolder = temporaryFolder};
 }

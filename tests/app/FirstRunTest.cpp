@@ -41,6 +41,13 @@ TEST_F(FirstRun, GoesOnAsIfDeclinedWhereThereIsNoApplicationsFolder)
     EXPECT_THAT(begun(), ElementsAre("showMoveToApplicationsPrompt: false", "showSetupWizard: true"));
 }
 
+TEST_F(FirstRun, GoesOnAsIfDeclinedWhereAFileHasTheNameOfThatFolder)
+{
+    home.file("Applications");
+
+    EXPECT_THAT(begun(), ElementsAre("showMoveToApplicationsPrompt: false", "showSetupWizard: true"));
+}
+
 TEST_F(FirstRun, GoesOnAsIfDeclinedWhereItIsInPlaceAlready)
 {
     home.file("Applications/Tidlo.app/Contents/MacOS/Tidlo");

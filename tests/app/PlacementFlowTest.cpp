@@ -163,6 +163,7 @@ TEST_F(PlacementFlow, ShowsTheAlertWithoutTheWizardOnceSetupHasBeenCompleted)
 TEST_F(PlacementFlow, ShowsTheSystemsWordsWhenTheFolderMayNotBeWritten)
 {
     chmod(home.path().constData(), 0755);
+    chmod((home / "Applications").constData(), 0555);
     const ChildResult result = inChild([&] {
         EXPECT_TRUE(becomeNobody());
         model().moveToApplicationsFolder();

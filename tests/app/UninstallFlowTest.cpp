@@ -3,7 +3,10 @@
 
 #include <QFile>
 
+#include <cstdio>
 #include <cstring>
+
+#include <sys/syscall.h>
 
 using testing::_;
 using testing::ElementsAre;
@@ -41,8 +44,8 @@ protected:
         return testing::internal::GetCapturedStdout();
     }
 
-    /// Expects that nothing is written and nothing started.
-    void expectRefused(const Bundle &refused)
+    /// Expects that nothing is written and nothing started, and that \a reason is told.
+    void expectRefused(const Bundle &refused, const std::string &reason)
     {
         SCOPED_TRACE(refused.path.toStdString() + " " + refused.executable.toStdString());
         bundle = refused;
@@ -50,11 +53,14 @@ protected:
         EXPECT_CALL(*workspace, start).Times(0);
         EXPECT_CALL(*workspace, terminateApplication).Times(0);
 
-        EXPECT_THAT(uninstall(), StartsWith("Tidlo uninstall failed to start: "));
+        EXPECT_EQ(uninstall(), "Tidlo uninstall failed to start: " + reason + "\n");
 
         EXPECT_FALSE(home.inventory().contains("tmp/uninstall_tidlo.sh"));
         testing::Mock::VerifyAndClearExpectations(workspace.get());
     }
+
+    const std::string notOurs = "The running program is not in a bundle of its own.";
+    const std::string holdsHome = "The bundle of the application holds the home folder, or may do so.";
 
     static Bundle bundleAtPath(const FilePath &path)
     {
@@ -82,6 +88,7 @@ TEST_F(UninstallFlow, StartsItsScriptAndQuits)
 TEST_F(UninstallFlow, NamesTheApplicationInQuotesWhereverItLies)
 {
     bundle = bundleAtPath(home / "My own apps/Tidlo.app");
+    home.file("My own apps/Tidlo.app/Contents/MacOS/Tidlo");
     EXPECT_EQ(uninstall(), "");
 
     const std::string path = bundle.path.toStdString();
@@ -125,6 +132,7 @@ TEST_F(UninstallFlow, SaysWhenTheTemporaryFolderCannotBeWrittenAndStays)
 TEST_F(UninstallFlow, SaysWhenTheTemporaryFolderMayNotBeWrittenAndStays)
 {
     chmod(home.path().constData(), 0755);
+    chmod(temporaryFolder.constData(), 0555);
     const ChildResult result = inChild([&] {
         EXPECT_TRUE(becomeNobody());
         EXPECT_CALL(*workspace, start).Times(0);
@@ -144,36 +152,89 @@ TEST_F(UninstallFlow, SaysWhenTheScriptDoesNotStartAndStays)
     EXPECT_EQ(uninstall(), "Tidlo uninstall failed to start: No bash.\n");
 }
 
+TEST_F(UninstallFlow, SaysWhenTheScriptCannotBeMadeExecutableAndStays)
+{
+    model();
+    const ChildResult result = inChild([&] {
+        EXPECT_TRUE(denySystemCall(SYS_fchmod, EPERM));
+        EXPECT_CALL(*workspace, start).Times(0);
+        EXPECT_CALL(*workspace, terminateApplication).Times(0);
+        EXPECT_EQ(uninstall(), std::string("Tidlo uninstall failed to start: ") + std::strerror(EPERM) + "\n");
+        return !HasFailure();
+    });
+
+    EXPECT_TRUE(result.succeeded) << result.output;
+    EXPECT_FALSE(home.inventory().contains("tmp/uninstall_tidlo.sh"));
+}
+
 TEST_F(UninstallFlow, RefusesWhatIsNoBundleOfItsOwn)
 {
+    for (const char *file : {"build/tidlo", "Other.app/Contents/MacOS/Tidlo", "Other.app/build/Tidlo",
+                             "Other.app/Contents/MacOS/inner/Tidlo", "folder/Contents/MacOS/Tidlo"})
+        home.file(file);
     const FilePath lone = home / "build/tidlo";
-    expectRefused({});
-    expectRefused({.path = "/", .executable = "/Contents/MacOS/Tidlo", .identifier = std::nullopt});
-    expectRefused({.path = lone, .executable = lone, .identifier = std::nullopt});
-    expectRefused({.path = home / "Other.app",
-                   .executable = home / "Other.app/Contents/MacOS/Tidlo",
-                   .identifier = "com.example.other"});
-    expectRefused({.path = home / "Other.app", .executable = home / "Other.app/build/Tidlo", .identifier = {}});
-    expectRefused({.path = home / "Other.app",
-                   .executable = home / "Other.app/Contents/MacOS/inner/Tidlo",
-                   .identifier = std::nullopt});
-    expectRefused(bundleAtPath(home / "folder"));
+    const FilePath other = home / "Other.app";
+    expectRefused({}, notOurs);
+    expectRefused({.path = "/", .executable = "/Contents/MacOS/Tidlo", .identifier = std::nullopt}, notOurs);
+    expectRefused({.path = lone, .executable = lone, .identifier = std::nullopt}, notOurs);
+    expectRefused({.path = other, .executable = other + "/Contents/MacOS/Tidlo", .identifier = "com.example.other"},
+                  notOurs);
+    expectRefused({.path = other, .executable = other + "/build/Tidlo", .identifier = {}}, notOurs);
+    expectRefused({.path = other, .executable = other + "/Contents/MacOS/inner/Tidlo", .identifier = {}}, notOurs);
+    expectRefused(bundleAtPath(home / "folder"), notOurs);
+}
+
+TEST_F(UninstallFlow, FollowsTheBundleToWhereItWasMoved)
+{
+    model();
+    bundle = bundleAtPath(home / "moved/Tidlo.app");
+    home.file("moved/Tidlo.app/Contents/MacOS/Tidlo");
+
+    EXPECT_EQ(uninstall(), "");
+
+    EXPECT_THAT(scriptText(), HasSubstr(" || rm -rf \"" + bundle.path.toStdString() + "\"\n"));
+}
+
+TEST_F(UninstallFlow, RefusesAFolderThatTookThePlaceOfTheBundle)
+{
+    ASSERT_EQ(std::rename(bundle.path.constData(), (home / "from/Old.app").constData()), 0);
+    home.file("from/Tidlo.app/mine");
+
+    expectRefused(bundle, notOurs);
 }
 
 TEST_F(UninstallFlow, RefusesTheHomeAndWhatHoldsIt)
 {
     const FilePath owner = home.folder("home.app");
     const FilePath inner = home.folder("home.app/users/me");
+    home.file("home.app/Contents/MacOS/Tidlo");
     home.link("link.app", owner);
     for (const FilePath &homeFolder : {owner, inner, home / "link.app/users"}) {
         ON_CALL(*files, homeDirectoryForCurrentUser).WillByDefault(testing::Return(homeFolder));
-        expectRefused(bundleAtPath(owner));
-        expectRefused(bundleAtPath(home / "link.app"));
+        expectRefused(bundleAtPath(owner), holdsHome);
+        expectRefused(bundleAtPath(home / "link.app"), holdsHome);
     }
 }
 
-TEST_F(UninstallFlow, RefusesAPathThatAShellWouldRead)
+TEST_F(UninstallFlow, RefusesWhereNobodyCanTellWhereTheHomeIs)
 {
-    for (const char *name : {"a\"b", "a$b", "a`b", "a\\b"})
-        expectRefused(bundleAtPath(home / (FilePath(name) + "/Tidlo.app")));
+    home.link("circle", home / "circle");
+    for (const FilePath &homeFolder : {home / "missing", home / "circle", FilePath()}) {
+        ON_CALL(*files, homeDirectoryForCurrentUser).WillByDefault(testing::Return(homeFolder));
+        expectRefused(bundle, holdsHome);
+    }
+}
+
+TEST_F(UninstallFlow, RefusesAPathThatAShellWouldReadAndNamesIt)
+{
+    const std::string reason = "A shell would read a character of this path as its own: ";
+    for (const char *name : {"a\"b", "a$b", "a`b"}) {
+        const FilePath folder = home / name;
+        home.file(FilePath(name) + "/Tidlo.app/Contents/MacOS/Tidlo");
+        expectRefused(bundleAtPath(folder + "/Tidlo.app"), reason + folder.toStdString() + "/Tidlo.app");
+    }
+
+    setenv("XDG_CONFIG_HOME", "/a$b", 1);
+    expectRefused(bundleAtPath(home / "from/Tidlo.app"), reason + "/a$b/com.tidlo.storagecleaner.conf");
+    unsetenv("XDG_CONFIG_HOME");
 }

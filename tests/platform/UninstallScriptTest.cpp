@@ -13,7 +13,7 @@ using testing::StartsWith;
 
 namespace {
 
-class UninstallScript : public testing::Test
+class UninstallScriptTest : public testing::Test
 {
 protected:
     /// What is made in an environment of its own, in a child; nothing if the paths are refused.
@@ -27,7 +27,7 @@ protected:
             for (const auto &[name, value] : environment)
                 setenv(name, value.constData(), 1);
             const auto made = uninstallScript(application, "com.tidlo.storagecleaner");
-            std::fputs(made ? made->constData() : "refused", stdout);
+            std::fputs(made.unquotable ? "refused" : made.text.constData(), stdout);
             return true;
         });
         return result.output == "refused" ? std::nullopt : std::optional(QByteArray::fromStdString(result.output));
@@ -36,9 +36,9 @@ protected:
 
 } // namespace
 
-TEST_F(UninstallScript, OfMacOSIsWordForWordAsItMustBe)
+TEST_F(UninstallScriptTest, OfMacOSIsWordForWordAsItMustBe)
 {
-    const QByteArray script = uninstallScriptForMacOS("/Users/me/My Apps/Tidlo.app", "com.example.other");
+    const QByteArray script = uninstallScriptForMacOS("/Users/me/My Apps/Tidlo.app", "com.example.other").text;
 
     EXPECT_EQ(script, R"(#!/usr/bin/env bash
 sleep 1
@@ -50,7 +50,32 @@ rm -rf "$HOME/Library/Caches/com.example.other")");
     EXPECT_TRUE(script.endsWith('"'));
 }
 
-TEST_F(UninstallScript, OfLinuxNamesEachOfItsFilesInFull)
+TEST_F(UninstallScriptTest, OfMacOSIsNotMadeWhereTheShellWouldReadAPathAsItsOwn)
+{
+    for (const char *character : {"\"", "$", "`", "\\", "'"}) {
+        const FilePath hostile = FilePath("/a") + character + "b/Tidlo.app";
+        const UninstallScript script = uninstallScriptForMacOS(hostile, "com.example.other");
+        EXPECT_EQ(script.unquotable, hostile);
+        EXPECT_EQ(script.text, "");
+    }
+    EXPECT_EQ(uninstallScriptForMacOS("/a b&;(*/Tidlo.app", "com.example.other").unquotable, std::nullopt);
+}
+
+TEST_F(UninstallScriptTest, OfMacOSPleasesShellcheck)
+{
+    if (std::system("command -v shellcheck > /dev/null") != 0)
+        GTEST_SKIP() << "There is no shellcheck here.";
+    const TemporaryHome home;
+    const FilePath path = home.file("script.sh", 0);
+    QFile file(QFile::decodeName(path));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(uninstallScriptForMacOS("/Users/me/My Apps/Tidlo.app", "com.tidlo.storagecleaner").text);
+    file.close();
+
+    EXPECT_EQ(std::system(("shellcheck '" + path + "'").constData()), 0);
+}
+
+TEST_F(UninstallScriptTest, OfLinuxNamesEachOfItsFilesInFull)
 {
     EXPECT_EQ(madeWith({{"HOME", "/home/me"}}, "/home/me/My Apps/Tidlo.app"), R"(#!/usr/bin/env bash
 sleep 1
@@ -61,7 +86,7 @@ rm -f "/home/me/.config/com.tidlo.storagecleaner.conf"
 rm -rf "/home/me/.cache/com.tidlo.storagecleaner")");
 }
 
-TEST_F(UninstallScript, FollowsTheEnvironment)
+TEST_F(UninstallScriptTest, FollowsTheEnvironment)
 {
     const auto script = madeWith({{"HOME", "/home/me"},
                                   {"XDG_DATA_HOME", "/data of me"},
@@ -76,8 +101,9 @@ TEST_F(UninstallScript, FollowsTheEnvironment)
                           "rm -rf \"/cache/com.tidlo.storagecleaner\""));
 }
 
-TEST_F(UninstallScript, IsNotMadeWhereTheShellWouldReadAPathAsItsOwn)
+TEST_F(UninstallScriptTest, IsNotMadeWhereTheShellWouldReadAPathAsItsOwn)
 {
+    EXPECT_EQ(uninstallScript("/a$b/Tidlo.app", "com.example.other").unquotable, "/a$b/Tidlo.app");
     for (const char *character : {"\"", "$", "`", "\\"}) {
         const FilePath hostile = FilePath("/a") + character + "b";
         EXPECT_EQ(madeWith({{"HOME", "/home/me"}}, hostile + "/Tidlo.app"), std::nullopt) << character;
@@ -87,7 +113,7 @@ TEST_F(UninstallScript, IsNotMadeWhereTheShellWouldReadAPathAsItsOwn)
     }
 }
 
-TEST_F(UninstallScript, RemovesExactlyWhatItNamesWhateverElseItsNameHolds)
+TEST_F(UninstallScriptTest, RemovesExactlyWhatItNamesWhateverElseItsNameHolds)
 {
     const TemporaryHome home;
     const FilePath name = "it's -rf * ? [a] ~ {b,c} ;&|<>()#! \t\n \xff/Tidlo.app";

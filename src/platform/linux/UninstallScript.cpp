@@ -1,18 +1,9 @@
 #include "platform/UninstallScript.h"
 
+#include "platform/ShellQuoting.h"
 #include "platform/linux/UserFiles.h"
 
-#include <algorithm>
-#include <array>
-
 namespace {
-
-/// Whether \a path means itself between double quotes.
-bool canBeQuoted(const FilePath &path)
-{
-    constexpr QByteArrayView readByShell("\"$`\\");
-    return std::ranges::none_of(path, [=](char byte) { return readByShell.contains(byte); });
-}
 
 QByteArray quoted(const FilePath &path)
 {
@@ -21,26 +12,26 @@ QByteArray quoted(const FilePath &path)
 
 } // namespace
 
-std::optional<QByteArray> uninstallScript(const FilePath &application, const QByteArray &identifier)
+UninstallScript uninstallScript(const FilePath &application, const QByteArray &identifier)
 {
     const UserFiles files = userFilesOf(identifier);
-    if (!std::ranges::all_of(
-            std::array{application, files.desktopEntry, files.icon, files.preferences, files.cacheFolder}, canBeQuoted))
-        return std::nullopt;
-    return "#!/usr/bin/env bash\n"
-           "sleep 1\n"
-           "gio trash " +
-           quoted(application) + " >/dev/null 2>&1 || rm -rf " + quoted(application) +
-           "\n"
-           "rm -f " +
-           quoted(files.desktopEntry) +
-           "\n"
-           "rm -f " +
-           quoted(files.icon) +
-           "\n"
-           "rm -f " +
-           quoted(files.preferences) +
-           "\n"
-           "rm -rf " +
-           quoted(files.cacheFolder);
+    const QList<FilePath> named{application, files.desktopEntry, files.icon, files.preferences, files.cacheFolder};
+    if (const auto path = firstUnquotable(named))
+        return {.text = {}, .unquotable = path};
+    return {.text = "#!/usr/bin/env bash\n"
+                    "sleep 1\n"
+                    "gio trash " +
+                    quoted(application) + " >/dev/null 2>&1 || rm -rf " + quoted(application) +
+                    "\n"
+                    "rm -f " +
+                    quoted(files.desktopEntry) +
+                    "\n"
+                    "rm -f " +
+                    quoted(files.icon) +
+                    "\n"
+                    "rm -f " +
+                    quoted(files.preferences) +
+                    "\n"
+                    "rm -rf " +
+                    quoted(files.cacheFolder)};
 }
