@@ -118,7 +118,10 @@ public:
     qint64 selectedBytes() const;
     qsizetype protectedCount() const; ///< Of candidates never to be touched, visible or not.
 
-    // What the application works on, for views that look closer at a finding.
+    /// What it was made with.
+    const AppEnvironment &given() const { return environment; }
+
+    // Of that, for views that look closer at a finding.
 
     std::shared_ptr<const FileManager> fileManager() const { return environment.fileManager; }
     Workspace &workspace() const { return *environment.workspace; }
@@ -142,9 +145,6 @@ public:
     /// What fails is shown as an alert, and the wizard follows where setup has not been completed. Blocks while it
     /// copies.
     Q_INVOKABLE void moveToApplicationsFolder();
-
-    /// Remembers that setup has been completed, and closes the wizard.
-    Q_INVOKABLE void completeSetup();
 
     /// Has a script move the application to the Trash and remove its preferences and caches, and quits. If the script
     /// cannot be started, or would remove what is not ours, one line on standard output says so, and nothing else

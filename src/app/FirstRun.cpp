@@ -14,11 +14,11 @@ bool canBePlaced(const AppEnvironment &environment)
 
 } // namespace
 
-void beginFirstRun(AppViewModel &model, const AppEnvironment &environment)
+void beginFirstRun(AppViewModel &model)
 {
-    if (environment.defaults->boolean(UserDefaults::setupCompleted))
+    if (model.given().defaults->boolean(UserDefaults::setupCompleted))
         return;
-    if (canBePlaced(environment))
+    if (canBePlaced(model.given()))
         model.setShowMoveToApplicationsPrompt(true);
     else
         model.skipMoveToApplicationsPrompt();

@@ -49,10 +49,3 @@ void AppViewModel::reportPlacementFailure(const QString &message)
     setShowMoveToApplicationsError(true);
     setShowSetupWizard(isSetupNeeded());
 }
-
-void AppViewModel::completeSetup()
-{
-    requireMainThread();
-    environment.defaults->set(UserDefaults::setupCompleted, true);
-    setShowSetupWizard(false);
-}

@@ -66,10 +66,12 @@ void UserDefaults::store()
     for (const QString &key : stored.allKeys())
         values.insert(key, stored.value(key));
     values.insert(own);
+    values.removeIf([](const QVariantMap::iterator &entry) { return !entry->isValid(); });
     const QByteArray content = fileSaying(values);
+    if (content.isEmpty() && !values.isEmpty())
+        return;
     const QFileInfo file(stored.fileName());
     const QString place = file.exists() ? file.canonicalFilePath() : file.filePath(); // Some people make links of them.
-    if (!content.isEmpty())
-        writeAtomically(QFile::encodeName(place), content);
+    writeAtomically(QFile::encodeName(place), content);
     stored.sync();
 }

@@ -25,7 +25,7 @@ public:
     QString string(QLatin1StringView key, const QString &otherwise) const;
     bool boolean(QLatin1StringView key) const;
 
-    /// Stores at once, and tells whether or not the value is another.
+    /// Stores at once, and tells whether or not the value is another. An invalid one leaves nothing stored.
     void set(QLatin1StringView key, const QVariant &value);
 
 Q_SIGNALS:

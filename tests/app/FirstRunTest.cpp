@@ -14,7 +14,7 @@ protected:
     std::vector<std::string> begun()
     {
         NotificationLog log(model());
-        beginFirstRun(model(), environment());
+        beginFirstRun(model());
         return log.taken();
     }
 };

@@ -70,32 +70,29 @@ TEST_F(PlacementFlow, IsNotFollowedByTheWizardOnceSetupHasBeenCompleted)
     EXPECT_THAT(log.taken(), ElementsAre("showMoveToApplicationsPrompt: false", "showSetupWizard: false"));
 }
 
-TEST_F(PlacementFlow, IsFollowedByTheWizardAgainWhenTheFlagIsFalse)
+TEST_F(PlacementFlow, IsFollowedByTheWizardAgainWhenTheFlagIsFalseOrGone)
 {
-    defaults->set(UserDefaults::setupCompleted, true);
-    defaults->set(UserDefaults::setupCompleted, false);
+    for (const QVariant &value : {QVariant(false), QVariant()}) {
+        defaults->set(UserDefaults::setupCompleted, true);
+        defaults->set(UserDefaults::setupCompleted, value);
+        model().setShowSetupWizard(false);
 
-    model().skipMoveToApplicationsPrompt();
+        model().skipMoveToApplicationsPrompt();
 
-    EXPECT_TRUE(model().showSetupWizard());
+        EXPECT_TRUE(model().showSetupWizard());
+    }
 }
 
-TEST_F(PlacementFlow, CompletesSetupForGood)
+TEST_F(PlacementFlow, IsFollowedByTheWizardAgainWhenItFailsAndTheFlagIsGone)
 {
-    model().setShowSetupWizard(true);
+    defaults->set(UserDefaults::setupCompleted, true);
+    defaults->set(UserDefaults::setupCompleted, {});
+    ASSERT_EQ(rmdir((home / "Applications").constData()), 0);
     NotificationLog log(model());
-    bool wasStillShown = false;
-    QObject::connect(defaults.get(), &UserDefaults::changed, [&](const QString &key) {
-        wasStillShown = key == UserDefaults::setupCompleted && model().showSetupWizard();
-    });
 
-    model().completeSetup();
+    model().moveToApplicationsFolder();
 
-    EXPECT_TRUE(wasStillShown);
-    EXPECT_THAT(log.taken(), ElementsAre("showSetupWizard: false"));
-    EXPECT_TRUE(defaults->boolean(UserDefaults::setupCompleted));
-    model().skipMoveToApplicationsPrompt();
-    EXPECT_FALSE(model().showSetupWizard());
+    EXPECT_THAT(log.taken(), failure(because(ENOENT)));
 }
 
 TEST_F(PlacementFlow, CopiesRegistersOpensAndQuitsInThisOrder)

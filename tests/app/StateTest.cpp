@@ -246,7 +246,6 @@ TEST_F(StateDeathTest, AnyUseOnAnotherThreadStopsTheProgram)
         [&] { model.moveSelectedToTrash(); },
         [&] { model.skipMoveToApplicationsPrompt(); },
         [&] { model.moveToApplicationsFolder(); },
-        [&] { model.completeSetup(); },
         [&] { model.uninstallTidloCompletely(); },
         [&] { const AppViewModel another(environment()); },
     };

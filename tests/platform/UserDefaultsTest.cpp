@@ -138,6 +138,20 @@ TEST_F(UserDefaultsTest, CanBeSetBack)
     EXPECT_FALSE(isFoundByAnother());
 }
 
+TEST_F(UserDefaultsTest, StoresNothingUnderAKeyThatIsTakenAway)
+{
+    UserDefaults defaults(file);
+    set(defaults);
+
+    defaults.set(UserDefaults::theme, {});
+
+    EXPECT_EQ(theme(defaults), QStringLiteral("dark"));
+    EXPECT_EQ(content(), "[General]\ntidlo.setup.completed=true\n");
+    defaults.set(UserDefaults::setupCompleted, {});
+    expectDefaults(defaults);
+    expectDefaults(UserDefaults(file));
+}
+
 TEST_F(UserDefaultsTest, KeepsWhatItDoesNotKnow)
 {
     writeFile("[General]\nfuture=1\n\n[Group]\nkey=value\n");

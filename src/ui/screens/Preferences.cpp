@@ -7,6 +7,8 @@ Preferences::Preferences(UserDefaults &given, QObject *parent)
     connect(&defaults, &UserDefaults::changed, this, [this](const QString &key) {
         if (key == UserDefaults::theme)
             Q_EMIT themeChanged();
+        else if (key == UserDefaults::setupCompleted)
+            Q_EMIT setupCompletedChanged();
     });
 }
 
@@ -18,4 +20,14 @@ QString Preferences::theme() const
 void Preferences::setTheme(const QString &theme)
 {
     defaults.set(UserDefaults::theme, theme);
+}
+
+bool Preferences::setupCompleted() const
+{
+    return defaults.boolean(UserDefaults::setupCompleted);
+}
+
+void Preferences::setSetupCompleted(bool completed)
+{
+    defaults.set(UserDefaults::setupCompleted, completed);
 }

@@ -11,6 +11,7 @@ class Preferences : public QObject
     QML_ELEMENT
     QML_UNCREATABLE("There is one, and it is given.")
     Q_PROPERTY(QString theme READ theme WRITE setTheme NOTIFY themeChanged)
+    Q_PROPERTY(bool setupCompleted READ setupCompleted WRITE setSetupCompleted NOTIFY setupCompletedChanged)
 
 public:
     /// \a defaults must outlive it.
@@ -19,8 +20,12 @@ public:
     QString theme() const; ///< As ThemePreference.h explains it; "dark" if none is stored.
     void setTheme(const QString &theme);
 
+    bool setupCompleted() const; ///< Whether the wizard of the first run has been gone through.
+    void setSetupCompleted(bool completed);
+
 Q_SIGNALS:
     void themeChanged();
+    void setupCompletedChanged();
 
 private:
     UserDefaults &defaults;

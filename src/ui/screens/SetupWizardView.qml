@@ -8,6 +8,7 @@ FocusScope {
     id: root
 
     required property AppViewModel app
+    required property Preferences preferences
 
     implicitWidth: 640
     implicitHeight: 500
@@ -100,7 +101,10 @@ FocusScope {
                 anchors.horizontalCenter: parent.horizontalCenter
                 text: qsTr("Get Started")
                 focus: true
-                onClicked: root.app.completeSetup()
+                onClicked: {
+                    root.preferences.setupCompleted = true;
+                    root.app.showSetupWizard = false;
+                }
             }
         }
     }

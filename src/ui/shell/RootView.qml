@@ -129,6 +129,7 @@ FocusScope {
         contentItem: SetupWizardView {
             focus: true
             app: root.app
+            preferences: root.preferences
         }
     }
 }

@@ -29,7 +29,7 @@ bool TidloApp::open()
     engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Tidlo/Shell/TidloApp.qml")));
     if (!window())
         return false;
-    beginFirstRun(app, environment);
+    beginFirstRun(app);
     return true;
 }
 

@@ -62,6 +62,19 @@ TEST_F(PreferencesTest, EveryReaderHearsOfAChange)
     EXPECT_EQ(preferences.theme(), QStringLiteral("dark"));
 }
 
+TEST_F(PreferencesTest, SetupIsCompletedOnceThatIsStored)
+{
+    EXPECT_FALSE(preferences.setupCompleted());
+    int told = 0;
+    QObject::connect(&preferences, &Preferences::setupCompletedChanged, [&told] { ++told; });
+
+    preferences.setSetupCompleted(true);
+
+    EXPECT_EQ(told, 1);
+    EXPECT_TRUE(preferences.setupCompleted());
+    EXPECT_TRUE(UserDefaults(file()).boolean(QLatin1StringView("tidlo.setup.completed")));
+}
+
 TEST_F(PreferencesTest, OtherKeysAreNoThemes)
 {
     EXPECT_EQ(changesWhile([this] { defaults.set(UserDefaults::setupCompleted, true); }), 0);

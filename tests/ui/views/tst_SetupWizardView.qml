@@ -7,6 +7,7 @@ ViewCase {
     view: Component {
         SetupWizardView {
             app: demo.app
+            preferences: demo.preferences
         }
     }
 
@@ -41,8 +42,15 @@ ViewCase {
 
     function test_get_started_remembers_and_closes() {
         demo.app.showSetupWizard = true;
+        const seen = [];
+        const stored = () => seen.push("stored " + demo.preferences.setupCompleted);
+        const closed = () => seen.push("shown " + demo.app.showSetupWizard);
+        demo.preferences.setupCompletedChanged.connect(stored);
+        demo.app.showSetupWizardChanged.connect(closed);
         mouseClick(item("getStarted"));
-        verify(!demo.app.showSetupWizard);
+        demo.preferences.setupCompletedChanged.disconnect(stored);
+        demo.app.showSetupWizardChanged.disconnect(closed);
+        compare(seen, ["stored true", "shown false"]);
         demo.app.skipMoveToApplicationsPrompt();
         verify(!demo.app.showSetupWizard, "a declined offer shows it no more");
     }
