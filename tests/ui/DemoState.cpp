@@ -1,6 +1,10 @@
 #include "ui/DemoState.h"
 
 #include "fakes/FakeFileManager.h"
+#include "fakes/FakeWorkspace.h"
+#include "platform/ApplicationIdentifier.h"
+
+#include <QFile>
 
 #include <array>
 
@@ -104,7 +108,7 @@ QString demoExplanation()
         "goes to the Trash first.");
 }
 
-AppEnvironment demoEnvironment()
+AppEnvironment demoEnvironment(const FilePath &folder)
 {
     const auto files = std::make_shared<testing::NiceMock<FakeFileManager>>("/home/you");
     ON_CALL(*files, allocatedSizes).WillByDefault([](const QList<FilePath> &paths, std::stop_token) {
@@ -113,8 +117,14 @@ AppEnvironment demoEnvironment()
             sizes.append(37'000'000 * (1 + qHash(path) % 40));
         return sizes;
     });
-    AppEnvironment environment;
-    environment.fileManager = files;
-    environment.explain = answerNothing;
-    return environment;
+    const Bundle bundle{.path = folder + "/from/Tidlo.app",
+                        .executable = folder + "/from/Tidlo.app/Contents/MacOS/Tidlo",
+                        .identifier = applicationIdentifier};
+    return {.fileManager = files,
+            .explain = answerNothing,
+            .defaults = std::make_shared<UserDefaults>(QFile::decodeName(folder + "/preferences.conf")),
+            .workspace = std::make_shared<testing::NiceMock<FakeWorkspace>>(),
+            .bundle = [bundle] { return bundle; },
+            .applicationPath = folder + "/Applications/Tidlo.app",
+            .temporaryFolder = folder};
 }

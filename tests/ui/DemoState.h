@@ -11,5 +11,6 @@ ScanTotals demoTotals();
 /// An explanation as the service may give it.
 QString demoExplanation();
 
-/// An environment that finds nothing and explains nothing, and in which everything has some size.
-AppEnvironment demoEnvironment();
+/// An environment that finds nothing and explains nothing, and in which everything has some size. Its desktop does
+/// nothing; the application, its preferences and whatever it would write lie in \a folder.
+AppEnvironment demoEnvironment(const FilePath &folder);

@@ -1,7 +1,6 @@
 #include "ui/UiTest.h"
 
 #include <QCoreApplication>
-#include <QFile>
 
 UiTest::~UiTest()
 {
@@ -12,10 +11,9 @@ UiTest::~UiTest()
 
 AppEnvironment UiTest::demoEnvironmentOf(const FilePath &home) const
 {
-    AppEnvironment environment = demoEnvironment();
+    AppEnvironment environment = demoEnvironment(home);
     environment.fileManager = files;
     environment.workspace = workspace;
-    environment.defaults = std::make_shared<UserDefaults>(QFile::decodeName(home + "/preferences.conf"));
     return environment;
 }
 

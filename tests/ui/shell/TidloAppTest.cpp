@@ -12,8 +12,6 @@ namespace {
 class TidloAppTest : public UiTest
 {
 protected:
-    TidloAppTest() { environment.applicationPath = home / "Applications/Tidlo.app"; }
-
     /// The application, with its window open.
     TidloApp &tidlo()
     {

@@ -1,5 +1,4 @@
-/// Draws every screen in every state into a folder. It stores the theme among the preferences, so it wants a home of
-/// its own; scripts/screenshots gives it one and runs it for each theme, size and scale.
+/// Draws every screen in every state into a folder. scripts/screenshots runs it for each theme, size and scale.
 
 #include "ui/DemoState.h"
 #include "ui/shell/TidloApp.h"
@@ -10,6 +9,7 @@
 #include <QImage>
 #include <QQuickItem>
 #include <QQuickWindow>
+#include <QTemporaryDir>
 #include <QTimer>
 
 #include <array>
@@ -173,7 +173,8 @@ int main(int argc, char **argv)
         return 2;
     }
     const QDir folder(QString::fromLocal8Bit(argv[1]));
-    const AppEnvironment environment = demoEnvironment();
+    const QTemporaryDir kept;
+    const AppEnvironment environment = demoEnvironment(QFile::encodeName(kept.path()));
     environment.defaults->set(UserDefaults::theme, QString::fromLocal8Bit(argv[2]));
     environment.defaults->set(UserDefaults::setupCompleted, true);
     TidloApp tidlo(environment);

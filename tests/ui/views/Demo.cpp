@@ -1,5 +1,10 @@
 #include "ui/views/Demo.h"
 
+#include "fakes/FakeWorkspace.h"
+#include "platform/AtomicFile.h"
+
+#include <QDir>
+
 #include <algorithm>
 
 Demo::Demo()
@@ -10,9 +15,17 @@ Demo::Demo()
 AppEnvironment Demo::environment()
 {
     const FilePath home = QFile::encodeName(folder.path());
-    AppEnvironment environment = demoEnvironment();
+    const auto desktop = std::make_shared<testing::NiceMock<FakeWorkspace>>();
+    ON_CALL(*desktop, start).WillByDefault([this](auto &&...) {
+        ++uninstallCount;
+        return std::nullopt;
+    });
+    ON_CALL(*desktop, openApplication).WillByDefault([this](auto &&...) { ++launchCount; });
+    AppEnvironment environment = demoEnvironment(home);
     environment.fileManager = std::make_shared<testing::NiceMock<FakeFileManager>>(home);
-    environment.defaults = std::make_shared<UserDefaults>(folder.filePath(QStringLiteral("preferences.conf")));
+    environment.workspace = desktop;
+    writeAtomically(environment.bundle().executable, "Nothing that runs.");
+    QDir(folder.path()).mkdir(QStringLiteral("Applications"));
     return environment;
 }
 
@@ -29,8 +42,10 @@ QString Demo::phase() const
 
 void Demo::reset()
 {
-    given.defaults->set(UserDefaults::theme, QStringLiteral("dark"));
-    given.defaults->set(UserDefaults::setupCompleted, false);
+    uninstallCount = 0;
+    launchCount = 0;
+    given.defaults->set(UserDefaults::theme, {});
+    given.defaults->set(UserDefaults::setupCompleted, {});
     model.setSection(AppSection::scan);
     model.setPhase(ScanPhase::ready);
     model.setTotals({});

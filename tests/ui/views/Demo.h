@@ -7,8 +7,8 @@
 #include <QQuickItem>
 #include <QTemporaryDir>
 
-/// What tests of views drive: a state owner over a fake home, preferences in a file of their own, and ways to put
-/// either into any state. QML reads it as "demo".
+/// What tests of views drive: a state owner over a fake home and a fake desktop, preferences in a file of their own,
+/// and ways to put either into any state. QML reads it as "demo".
 class Demo : public QObject
 {
     Q_OBJECT
@@ -16,6 +16,8 @@ class Demo : public QObject
     Q_PROPERTY(Preferences *preferences READ preferences CONSTANT)
     Q_PROPERTY(QString section READ section)
     Q_PROPERTY(QString phase READ phase)
+    Q_PROPERTY(int uninstalls READ uninstalls)
+    Q_PROPERTY(int launches READ launches)
 
 public:
     Demo();
@@ -24,6 +26,8 @@ public:
     Preferences *preferences() { return &storedPreferences; }
     QString section() const;
     QString phase() const;
+    int uninstalls() const { return uninstallCount; } ///< How often the script that uninstalls was started.
+    int launches() const { return launchCount; }      ///< How often a copy in the Applications folder was started.
 
     /// As when the application starts.
     Q_INVOKABLE void reset();
@@ -61,6 +65,8 @@ private:
     AppEnvironment environment();
 
     QTemporaryDir folder;
+    int uninstallCount = 0;
+    int launchCount = 0;
     AppEnvironment given = environment();
     Preferences storedPreferences{*given.defaults};
     AppViewModel model{given};

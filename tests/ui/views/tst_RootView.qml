@@ -178,8 +178,28 @@ ViewCase {
         tryVerify(() => !alert.visible);
         verify(!demo.app.showMoveToApplicationsPrompt);
         verify(demo.app.showSetupWizard, "the wizard follows a declined offer");
+        compare(demo.launches, 0);
         demo.app.showSetupWizard = false;
         tryVerify(() => !item("setupSheet").visible);
+    }
+
+    function test_an_accepted_offer_copies_and_starts_the_copy_data() {
+        return [
+            { tag: "button", accept: (alert) => mouseClick(findChild(alert.contentItem, "defaultButton")) },
+            { tag: "return", accept: () => keyClick(Qt.Key_Return) }
+        ];
+    }
+
+    function test_an_accepted_offer_copies_and_starts_the_copy(data) {
+        const alert = item("moveAlert");
+        demo.showMovePrompt(true);
+        tryVerify(() => alert.opened);
+        data.accept(alert);
+        tryVerify(() => !alert.visible);
+        compare(demo.launches, 1);
+        verify(!demo.app.showMoveToApplicationsPrompt);
+        verify(!demo.app.showMoveToApplicationsError);
+        verify(!demo.app.showSetupWizard);
     }
 
     function test_a_failed_move_is_told_and_only_dismissed_data() {

@@ -38,6 +38,8 @@ ViewCase {
         verify(item("theme-" + data.tag).selected);
         mouseClick(item("theme-" + data.tag));
         compare(demo.preferences.theme, data.tag);
+        for (const theme of ["dark", "light", "system"])
+            compare(item("theme-" + theme).selected, theme === data.tag);
     }
 
     function test_an_unknown_theme_chooses_none() {
@@ -156,5 +158,16 @@ ViewCase {
         tryVerify(() => !alert().visible);
         verify(!shown.showUninstallConfirmation);
         verify(button.activeFocus, "the keyboard goes back to where it was");
+        compare(demo.uninstalls, 0);
+    }
+
+    function test_only_the_destructive_action_uninstalls_and_only_once() {
+        mouseClick(item("uninstall"));
+        tryVerify(() => alert().opened);
+        compare(demo.uninstalls, 0);
+        mouseClick(findChild(alert().contentItem, "dangerButton"));
+        tryVerify(() => !alert().visible);
+        verify(!shown.showUninstallConfirmation);
+        compare(demo.uninstalls, 1);
     }
 }
