@@ -1,5 +1,6 @@
 #include "platform/ApplicationCopier.h"
 #include "platform/Bundle.h"
+#include "platform/InfoPlist.h"
 #include "support/InChild.h"
 #include "support/PrintQt.h"
 #include "support/TemporaryHome.h"
@@ -12,6 +13,7 @@
 #include <array>
 #include <csignal>
 #include <filesystem>
+#include <fstream>
 
 #include <sys/prctl.h>
 #include <sys/wait.h>
@@ -131,6 +133,9 @@ TEST_F(BundledApplication, SaysWhoItIs)
     EXPECT_EQ(bundleAt(bundle), (Bundle{.path = bundle,
                                         .executable = bundle + "/Contents/MacOS/Tidlo",
                                         .identifier = "com.tidlo.storagecleaner"}));
+    const auto info = readInfoPlist(bundle + "/Contents/Info.plist");
+    EXPECT_EQ(info.value(QStringLiteral("CFBundleShortVersionString")), QStringLiteral(TIDLO_VERSION));
+    EXPECT_EQ(info.value(QStringLiteral("CFBundleVersion")), QStringLiteral(TIDLO_VERSION));
 }
 
 TEST_F(BundledApplication, HoldsAllItNeeds)
@@ -181,14 +186,19 @@ TEST_F(BundledApplication, PlacesItselfAndStartsTheCopy)
 {
     const FilePath destination = home.folder("Applications") + "/Tidlo.app";
 
-    const ChildResult result = drive({"place", destination}, [&](pid_t started) {
-        const std::string executable = std::filesystem::read_symlink("/proc/" + std::to_string(started) + "/exe");
+    const FilePath started = home / "tmp/started"; // One byte for each.
+
+    const ChildResult result = drive({"place", destination}, [&](pid_t copy) {
+        std::ofstream(started.toStdString(), std::ios::app) << 'x';
+        const std::string executable = std::filesystem::read_symlink("/proc/" + std::to_string(copy) + "/exe");
         EXPECT_EQ(executable, (destination + "/Contents/MacOS/Tidlo").toStdString());
-        kill(started, SIGKILL);
+        kill(copy, SIGKILL);
     });
 
     EXPECT_TRUE(result.succeeded) << result.output;
     EXPECT_THAT(result.output, IsEmpty());
+    ASSERT_THAT(home.inventory(), Contains(Key("tmp/started")));
+    EXPECT_EQ(home.inventory().at("tmp/started").size, 1);
     EXPECT_EQ(bundleAt(destination).identifier, "com.tidlo.storagecleaner");
     EXPECT_EQ(bundleAt(bundle).identifier, "com.tidlo.storagecleaner");
     QFile entry(QString::fromUtf8(home / ".local/share/applications/com.tidlo.storagecleaner.desktop"));
@@ -208,6 +218,8 @@ TEST_F(BundledApplication, UninstallsItselfAndNothingElse)
     for (const char *kept : {"My apps/mine.txt", ".local/share/applications/other.desktop", ".config/other.conf",
                              ".cache/com.tidlo.storagecleaner.mine", "Library/Caches/com.tidlo.storagecleaner/mine"})
         home.file(kept);
+    for (const char *empty : {"My apps/empty", ".cache/empty", "Tidlo.app/empty"})
+        home.folder(empty);
 
     const ChildResult result = drive({"uninstall"});
     EXPECT_TRUE(result.succeeded) << result.output;
@@ -222,6 +234,9 @@ TEST_F(BundledApplication, UninstallsItselfAndNothingElse)
                                                      ".config/other.conf", ".cache/com.tidlo.storagecleaner.mine",
                                                      "Library/Caches/com.tidlo.storagecleaner/mine",
                                                      "tmp/uninstall_tidlo.sh"));
+    for (const char *empty : {"My apps/empty", ".cache/empty", "Tidlo.app/empty", ".config", "tmp",
+                              ".local/share/applications", ".local/share/icons/hicolor/512x512/apps"})
+        EXPECT_THAT(home.inventory(), Contains(Key(empty)));
     EXPECT_THAT(home.inventory(), Not(Contains(Key("My apps/Tidlo.app"))));
     EXPECT_THAT(home.inventory(), Not(Contains(Key(".cache/com.tidlo.storagecleaner"))));
     EXPECT_THAT(home.inventory(), AllOf(Contains(Key(".local/share/Trash/files/Tidlo.app/Contents/MacOS/Tidlo")),
