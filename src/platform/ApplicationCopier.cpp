@@ -27,8 +27,8 @@ int obstacleToEmptying(const fs::path &path)
     return access(path.c_str(), W_OK | X_OK) == 0 ? 0 : errno;
 }
 
-/// What keeps the item at \a path from being removed with all it holds. Asked before anything is done, so that what
-/// cannot go as a whole does not lose a part.
+/// What keeps the item at \a path from being removed with all it holds, its own folder's rights apart: those show as it
+/// is moved aside. Asked before anything is done, so that what cannot go as a whole does not lose a part.
 int obstacleToRemoval(const FilePath &path)
 {
     if (const int obstacle = mountObstacle(path))
@@ -37,8 +37,6 @@ int obstacleToRemoval(const FilePath &path)
     const fs::path item = path.toStdString();
     if (!fs::is_directory(fs::symlink_status(item, error)))
         return 0;
-    if (const int obstacle = obstacleToEmptying(item))
-        return obstacle;
     for (fs::recursive_directory_iterator entry(item, error), end; !error && entry != end; entry.increment(error)) {
         const bool isFolder = fs::is_directory(entry->symlink_status(error));
         if (const int obstacle = isFolder ? obstacleToEmptying(entry->path()) : 0)

@@ -204,6 +204,8 @@ TEST_F(ApplicationCopier, FailsWhenWhatIsThereCannotBeRemoved)
 {
     home.file("Applications/Tidlo.app/Contents/old");
     chmod(home.path().constData(), 0755);
+    chmod((source + "/Contents/MacOS/Tidlo").constData(), 0755); // It can be read.
+    before = inventoryOf("from/");
     chmod((home / "Applications").constData(), 0777);
     chmod((destination + "/Contents").constData(), 0555);
 
@@ -238,6 +240,8 @@ TEST_F(ApplicationCopier, LeavesWhatWasThereWholeWhenASubfolderOfItMayNotBeEmpti
 {
     home.file("Applications/Tidlo.app/Contents/MacOS/old");
     chmod(home.path().constData(), 0755);
+    chmod((source + "/Contents/MacOS/Tidlo").constData(), 0755); // It can be read.
+    before = inventoryOf("from/");
     chmod((home / "Applications").constData(), 0777);
     chmod(destination.constData(), 0777);
     chmod((destination + "/Contents").constData(), 0777);

@@ -99,6 +99,18 @@ TEST_F(WorkspaceTest, OpensAndRegistersWhatLiesInAFolderWhoseNameIsNoText)
     EXPECT_EQ(contentOf(home / "data/icons/hicolor/512x512/apps/com.tidlo.storagecleaner.png"), "a picture");
 }
 
+TEST_F(WorkspaceTest, StartsAProgramInASessionOfItsOwn)
+{
+    const FilePath told = pipe("told");
+    const FilePath tool = program("tool", "read _ _ _ _ _ session _ < /proc/$$/stat\n"
+                                          "test $session = $$ && echo own > '" +
+                                              told + "' || echo another > '" + told + "'");
+
+    EXPECT_EQ(workspace->start(tool, {}), std::nullopt);
+
+    EXPECT_EQ(contentOf(told), "own\n");
+}
+
 TEST_F(WorkspaceTest, PassesArgumentsThatAreNoTexts)
 {
     const FilePath told = pipe("told");
