@@ -55,7 +55,7 @@ std::variant<GeminiGenerateRequest, Answer> readRequest(const QByteArray &body)
     const auto [request, error] = decode<GeminiGenerateRequest>(body);
     if (!request)
         return malformed(error);
-    if (promptIn(*request).isEmpty())
+    if (promptIn(*request).trimmed().isEmpty())
         return malformed(QStringLiteral("It holds no text."));
     return *request;
 }
@@ -64,10 +64,12 @@ QString promptIn(const GeminiGenerateRequest &request)
 {
     QStringList texts;
     for (const GeminiContent &content : request.contents) {
-        for (const GeminiPart &part : content.parts)
-            texts.append(part.text.value_or(QString()));
+        for (const GeminiPart &part : content.parts) {
+            if (part.text)
+                texts.append(*part.text);
+        }
     }
-    return texts.join(u'\n').trimmed();
+    return texts.join(u'\n');
 }
 
 Answer tooLong()

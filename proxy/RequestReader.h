@@ -23,7 +23,7 @@ std::optional<Answer> refusalOf(const RequestHead &head);
 /// model. Any bytes are safe.
 std::variant<GeminiGenerateRequest, Answer> readRequest(const QByteArray &body);
 
-/// All text of \a request.
+/// All text of \a request, as it stands: a text a line.
 QString promptIn(const GeminiGenerateRequest &request);
 
 /// The answer to a body that is too long.

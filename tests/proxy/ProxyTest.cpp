@@ -101,6 +101,13 @@ TEST_F(Proxy, ExplainsOfflineWithoutAKey)
                 AllOf(StartsWith(offline), HasSubstr("The largest finding: app caches, 12.5 MB.")));
 }
 
+TEST_F(Proxy, SaysOfAScanThatFoundNothingThatThereIsNothingToExplain)
+{
+    const ProxyProcess proxy;
+
+    EXPECT_THAT(explainBy(proxy), HasSubstr("There are no findings to explain."));
+}
+
 TEST_F(Proxy, RelaysTheQuestionToTheModelWithAKey)
 {
     const ScriptedServer model(localhost(), sending(answer("Some caches.")));
