@@ -1,6 +1,7 @@
 #include "support/PrintQt.h"
 #include "support/TemporaryHome.h"
 
+#include <QDirIterator>
 #include <QFile>
 #include <QProcess>
 #include <QTcpServer>
@@ -8,12 +9,25 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 using testing::HasSubstr;
 using testing::StartsWith;
+using testing::UnorderedElementsAre;
 
 namespace {
 
 constexpr int patience = 120'000;
+
+/// Whether there is a process of that \a number; one that ended and was not yet taken note of is none.
+bool isRunning(const QByteArray &number)
+{
+    QFile file(QStringLiteral("/proc/%1/stat").arg(QString::fromLatin1(number)));
+    return !number.isEmpty() && file.open(QFile::ReadOnly) && !file.readAll().contains(") Z ");
+}
+
+/// Lines of shell that start a process which does not end by itself, and wait for it.
+const QByteArray waiting = "tail -f /dev/null & echo $$ $! | tr ' ' '\\n' >> $PROCESSES; echo open; wait";
 
 /// A copy of scripts/run in a tree where everything is built: the proxy is the real one, the programs only write down
 /// that they ran, and whether they could trust it.
@@ -41,9 +55,10 @@ public:
     /// Makes \a process run the script.
     void start(QProcess &process, const QStringList &arguments, const QStringList &environment) const
     {
-        process.setEnvironment(
-            QStringList{QStringLiteral("PATH=/usr/bin:/bin"), variable("HOME=", "home"), variable("LOG=", "log")} +
-            environment);
+        process.setEnvironment(QStringList{QStringLiteral("PATH=/usr/bin:/bin"), variable("HOME=", "home"),
+                                           variable("LOG=", "log"), variable("PROCESSES=", "processes"),
+                                           variable("GO=", "go")} +
+                               environment);
         process.start(QFile::decodeName(home / "scripts/run"), arguments);
     }
 
@@ -58,6 +73,25 @@ public:
     }
 
     std::string log() const { return content("log"); }
+    /// Whether any process is left of those whose numbers the programs wrote into the file "processes" beside the log.
+    bool isAnythingLeft() const
+    {
+        const QByteArrayList processes = QByteArray::fromStdString(content("processes")).split('\n');
+        EXPECT_GT(processes.size(), 1);
+        return std::ranges::any_of(processes, isRunning);
+    }
+    /// Makes the file that $GO names.
+    void letGoOn() const { home.file("go", 0); }
+    /// The files in the home folder of whoever ran the script.
+    std::vector<std::string> filesInHome() const
+    {
+        const QDir folder(QFile::decodeName(home / "home"));
+        QDirIterator files(folder.path(), QDir::Files | QDir::Hidden | QDir::System, QDirIterator::Subdirectories);
+        std::vector<std::string> names;
+        while (files.hasNext())
+            names.push_back(folder.relativeFilePath(files.next()).toStdString());
+        return names;
+    }
     std::string proxyLog() const { return content("build/release/proxy.log"); }
     bool hasCertificate() const
     {
@@ -165,6 +199,83 @@ TEST(Run, StopsEverythingWhenItIsTerminated)
     ASSERT_TRUE(process.waitForFinished(patience));
     EXPECT_EQ(tree.log(), "build release tidlo tidlo-proxy\nclosed\n");
     EXPECT_FALSE(isListening(port));
+}
+
+TEST(Run, StopsWhatTheWindowStartedToo)
+{
+    BuiltTree tree(localhost(freePort()));
+    tree.add("build/release/src/ui/shell/tidlo", waiting);
+    QProcess process;
+    tree.start(process, {}, display);
+    ASSERT_TRUE(process.waitForReadyRead(patience));
+
+    process.terminate();
+
+    ASSERT_TRUE(process.waitForFinished(patience));
+    EXPECT_FALSE(tree.isAnythingLeft());
+}
+
+TEST(Run, StopsTheBuildWhenItIsTerminated)
+{
+    BuiltTree tree("explain.example");
+    tree.add("scripts/build", waiting);
+    QProcess process;
+    process.setReadChannel(QProcess::StandardError);
+    tree.start(process, {}, display);
+    ASSERT_TRUE(process.waitForReadyRead(patience));
+
+    process.terminate();
+
+    ASSERT_TRUE(process.waitForFinished(patience));
+    EXPECT_EQ(tree.log(), "") << "no window opens";
+    EXPECT_FALSE(tree.isAnythingLeft());
+}
+
+TEST(Run, WaitsForAnInstallationThatIsNotToBeBrokenOff)
+{
+    BuiltTree tree("explain.example");
+    tree.add("scripts/bootstrap",
+             "trap '' TERM; echo open; until [[ -e $GO ]]; do sleep 0.01; done; echo done >> $LOG");
+    QProcess process;
+    process.setReadChannel(QProcess::StandardError);
+    tree.start(process, {}, display);
+    ASSERT_TRUE(process.waitForReadyRead(patience));
+
+    process.terminate();
+    tree.letGoOn();
+
+    ASSERT_TRUE(process.waitForFinished(patience));
+    EXPECT_EQ(tree.log(), "done\n");
+}
+
+TEST(Run, FailsWhereTheBuildFails)
+{
+    BuiltTree tree("explain.example");
+    tree.add("scripts/build", "exit 5");
+
+    EXPECT_EQ(tree.run({}, display), 5);
+
+    EXPECT_EQ(tree.log(), "");
+}
+
+TEST(Run, ChangesNothingInTheHomeFolderButTheCertificate)
+{
+    BuiltTree tree(localhost(freePort()));
+
+    EXPECT_EQ(tree.run({}, display), 0);
+    EXPECT_EQ(tree.run(), 0);
+
+    EXPECT_THAT(tree.filesInHome(),
+                UnorderedElementsAre(".local/state/tidlo-proxy/certificate.pem", ".local/state/tidlo-proxy/key.pem"));
+}
+
+TEST(Run, TakesADisplayThatTheWindowCannotUseForNone)
+{
+    BuiltTree tree("explain.example");
+
+    EXPECT_EQ(tree.run({}, {QStringLiteral("WAYLAND_DISPLAY=wayland-0")}), 0);
+
+    EXPECT_THAT(tree.log(), StartsWith("build release tidlo-cli tidlo-proxy\n"));
 }
 
 TEST(Run, StartsNoProxyWhereOneAnswers)

@@ -155,6 +155,19 @@ TEST(Bootstrap, AFailingPackageManagerIsAFailure)
     EXPECT_EQ(system.run("bootstrap").status, 100);
 }
 
+TEST(Bootstrap, AnInstallationIsNotBrokenOff)
+{
+    SmallSystem system;
+    system.addPackageManager({});
+    system.add("id", isRoot);
+    system.add("apt-get", "kill -TERM $$ $PPID; kill -INT $$ $PPID; kill -HUP $$ $PPID");
+
+    const ScriptRun run = system.run("bootstrap");
+
+    EXPECT_EQ(run.status, 0);
+    EXPECT_THAT(run.errors.toStdString(), testing::EndsWith("bootstrap: all is there.\n"));
+}
+
 TEST(Bootstrap, OnASystemItDoesNotKnowItSaysWhatIsNeeded)
 {
     const ScriptRun run = SmallSystem().run("bootstrap");
