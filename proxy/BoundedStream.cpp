@@ -36,6 +36,7 @@ BoundedStream::BoundedStream(socket_t socket, SSL_CTX *tls, const ConnectionLimi
     , readDeadline(Clock::now() + limits.toRead)
     , bio(layers(socket, tls))
     , isEncrypted(tls != nullptr)
+    , mostBytes(limits.headBytes)
 {
     ::fcntl(socket, F_SETFL, ::fcntl(socket, F_GETFL) | O_NONBLOCK);
 }
@@ -81,6 +82,7 @@ ssize_t BoundedStream::read(char *bytes, size_t size)
 {
     if (!hasRequest())
         return -1;
+    writeDeadline.reset(); // What was written so far only asked to go on.
     const size_t count = std::min(size, filled - taken);
     std::copy_n(buffer.begin() + static_cast<ptrdiff_t>(taken), count, bytes);
     taken += count;
@@ -106,7 +108,7 @@ void BoundedStream::get_local_ip_and_port(std::string &, int &) const {}
 
 bool BoundedStream::fill()
 {
-    return received < limits.requestBytes && refill(readDeadline);
+    return received < mostBytes && refill(readDeadline);
 }
 
 bool BoundedStream::refill(Clock::time_point deadline)

@@ -14,7 +14,8 @@ struct ConnectionLimits
     std::chrono::milliseconds toRead = std::chrono::seconds(20);  ///< From its start to the last byte of the request.
     std::chrono::milliseconds toWrite = std::chrono::seconds(10); ///< From the first byte of the answer to its last.
     std::chrono::milliseconds toClose = std::chrono::seconds(2);  ///< For the client to take the answer and leave.
-    size_t requestBytes = 512 * 1024;                             ///< Of the whole request, lines in front included.
+    size_t headBytes = 16 * 1024;                                 ///< Of the lines in front of the body.
+    size_t requestBytes = 512 * 1024;                             ///< Of the whole request, those lines included.
 };
 
 /// A connection with bounds for all that a client can do slowly or without end. Used by one thread.
@@ -30,6 +31,8 @@ public:
 
     /// Whether a request has begun to arrive. Waits for that.
     bool hasRequest();
+    /// The lines in front of the body have all been read: from now on the limit is that of the whole request.
+    void headIsRead() { mostBytes = limits.requestBytes; }
     /// How many bytes of the request were read.
     size_t consumed() const { return received - (filled - taken); }
     /// Gives the client time to send the \a rest of its request, which is thrown away, says good-bye, and gives it time
@@ -59,11 +62,12 @@ private:
     const ConnectionLimits limits;
     const int stopping;
     const Clock::time_point readDeadline;
-    std::optional<Clock::time_point> writeDeadline; ///< Once something is written.
+    std::optional<Clock::time_point> writeDeadline; ///< Once something is written, until more is read.
     std::unique_ptr<BIO, FreeBio> bio;              ///< What encrypts, if anything does, and the socket.
     bool isEncrypted;
     std::array<char, 4096> buffer{};
     size_t taken = 0;    ///< Of the buffer's bytes.
     size_t filled = 0;   ///< Bytes in the buffer.
     size_t received = 0; ///< Bytes of the request.
+    size_t mostBytes;    ///< Of the request, until more is allowed.
 };

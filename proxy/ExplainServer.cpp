@@ -10,28 +10,19 @@ using httplib::Response;
 using HandlerResponse = httplib::Server::HandlerResponse;
 
 /// What the library turns down by itself.
-struct Refusal
-{
-    int status;
-    const char *error;
-    const char *message;
-};
-
 constexpr std::array refusals{
-    Refusal{404, "not_found", "There is nothing at this address."},
-    Refusal{405, "not_allowed", "This cannot be done at this address."},
-    Refusal{408, "not_whole", "The request did not arrive whole in time."},
-    Refusal{414, "too_long", "The address of the request is too long."},
-    Refusal{500, "failed", "Something went wrong in the AI service. Please try again later."},
+    FailureWords{404, "not_found", "There is nothing at this address."},
+    FailureWords{405, "not_allowed", "This cannot be done at this address."},
+    FailureWords{408, "not_whole", "The request did not arrive whole in time."},
+    FailureWords{414, "too_long", "The address of the request is too long."},
+    FailureWords{500, "failed", "Something went wrong in the AI service. Please try again later."},
 };
+constexpr FailureWords anyOther{400, "bad_request", "The request could not be understood."};
 
 Answer refusal(int status)
 {
-    for (const Refusal &row : refusals) {
-        if (row.status == status)
-            return failure(status, row.error, QString::fromLatin1(row.message));
-    }
-    return failure(status, "bad_request", QStringLiteral("The request could not be understood."));
+    const FailureWords words = wordsFor(status, refusals, anyOther);
+    return failure(status, words.error, QString::fromLatin1(words.message));
 }
 
 Answer tooOften(std::chrono::seconds wait)
@@ -60,8 +51,22 @@ RequestHead headOf(const Request &request)
     const auto header = [&](const char *name) { return QByteArray::fromStdString(request.get_header_value(name)); };
     return {.device = header("X-Device-UUID"),
             .contentType = header("Content-Type"),
+            .encoding = header("Content-Encoding"),
             .contentLength = header("Content-Length"),
             .isChunked = header("Transfer-Encoding").toLower() == "chunked"};
+}
+
+/// The answer to whatever is no question, or cannot be one by what its head tells.
+std::optional<Answer> answerToHead(const Request &request)
+{
+    if (request.path == "/healthz")
+        return request.method == "GET" || request.method == "HEAD" ? Answer{.body = R"({"status":"ok"})"}
+                                                                   : refusal(405);
+    if (request.path != "/explain")
+        return refusal(404);
+    if (request.method != "POST")
+        return refusal(405);
+    return refusalOf(headOf(request));
 }
 
 /// Nothing that a client wrote gets into the log, but for the two addresses.
@@ -87,6 +92,13 @@ ExplainServer::ExplainServer(Explain explainOne, int perMinute, std::shared_ptr<
         send(*answer, response);
         return HandlerResponse::Handled;
     });
+    server.set_expect_100_continue_handler([](const Request &request, Response &response) {
+        constexpr int goOn = 100;
+        const std::optional<Answer> answer = answerToHead(request);
+        if (answer)
+            send(*answer, response);
+        return answer ? answer->status : goOn;
+    });
     server.Post("/explain", [this](const Request &, Response &response, const httplib::ContentReader &readBody) {
         send(answerToBody(readBody), response);
     });
@@ -102,21 +114,22 @@ ExplainServer::ExplainServer(Explain explainOne, int perMinute, std::shared_ptr<
 /// Everything but a question that is to be read: the library would read any other body, however long.
 std::optional<Answer> ExplainServer::answerBeforeBody(const Request &request)
 {
-    if (request.path == "/healthz")
-        return request.method == "GET" || request.method == "HEAD" ? Answer{.body = R"({"status":"ok"})"}
-                                                                   : refusal(405);
-    if (request.path != "/explain")
-        return refusal(404);
-    if (request.method != "POST")
-        return refusal(405);
-    const RequestHead head = headOf(request);
-    if (auto answer = refusalOf(head))
+    if (auto answer = answerToHead(request))
         return answer;
-    const std::chrono::seconds wait = limiter.admit(head.device, RateLimiter::Time::clock::now());
+    const QByteArray device = headOf(request).device;
+    const std::chrono::seconds wait = limiter.admit(device, RateLimiter::Time::clock::now());
     return wait.count() == 0 ? std::nullopt : std::optional(tooOften(wait));
 }
 
-Answer ExplainServer::answerToBody(const httplib::ContentReader &readBody) const
+Answer ExplainServer::answerToBody(const httplib::ContentReader &readBody)
+{
+    const auto prompt = promptFrom(readBody);
+    if (const auto *answer = std::get_if<Answer>(&prompt))
+        return *answer;
+    return explain(std::get<QString>(prompt));
+}
+
+std::variant<QString, Answer> ExplainServer::promptFrom(const httplib::ContentReader &readBody)
 {
     QByteArray body;
     const bool isWhole = readBody([&](const char *bytes, size_t count) {
@@ -127,8 +140,6 @@ Answer ExplainServer::answerToBody(const httplib::ContentReader &readBody) const
         return tooLong();
     if (!isWhole)
         return refusal(408);
-    const auto request = readRequest(body);
-    if (const auto *answer = std::get_if<Answer>(&request))
-        return *answer;
-    return explain(std::get<GeminiGenerateRequest>(request));
+    const std::lock_guard alone(reading);
+    return readPrompt(body);
 }

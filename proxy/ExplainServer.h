@@ -5,6 +5,7 @@
 #include "proxy/RequestReader.h"
 
 #include <functional>
+#include <mutex>
 
 /// The service: POST /explain and GET /healthz. What it logs on standard error is which of them was asked and what
 /// became of it; never who asked, or what.
@@ -12,7 +13,7 @@ class ExplainServer final
 {
 public:
     /// Answers one question. Called on the thread of its connection, for several questions at a time.
-    using Explain = std::function<Answer(const GeminiGenerateRequest &)>;
+    using Explain = std::function<Answer(const QString &prompt)>;
 
     /// A server without \a tls speaks plain HTTP. A device may ask \a perMinute times in a minute, 0 for any number.
     ExplainServer(Explain explain, int perMinute, std::shared_ptr<SSL_CTX> tls, const ConnectionLimits &limits = {});
@@ -24,9 +25,11 @@ public:
 
 private:
     std::optional<Answer> answerBeforeBody(const httplib::Request &request);
-    Answer answerToBody(const httplib::ContentReader &readBody) const;
+    Answer answerToBody(const httplib::ContentReader &readBody);
+    std::variant<QString, Answer> promptFrom(const httplib::ContentReader &readBody);
 
     const Explain explain;
     RateLimiter limiter;
+    std::mutex reading; ///< Held by whoever decodes a body, which for a moment takes many times its size.
     GuardedServer server;
 };

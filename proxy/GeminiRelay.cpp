@@ -1,36 +1,33 @@
 #include "proxy/GeminiRelay.h"
 
+#include "proxy/SocketDeadline.h"
+
 #include <QUrl>
 
 #include <algorithm>
+#include <array>
 
 #include <httplib.h>
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
+using Clock = SocketDeadline::Clock;
 
 constexpr size_t longestReply = 1024 * 1024;
-
-/// How an unsuccessful status of the model's server is told.
-struct Refusal
-{
-    int status;
-    const char *error;
-    const char *message;
-};
 
 constexpr const char *misconfigured = "The AI service is not set up correctly. Please tell whoever runs it.";
 constexpr const char *busy = "The AI model has too much to do at the moment. Please try again in a few minutes.";
 
+/// How an unsuccessful status of the model's server is told.
 constexpr std::array refusals{
-    Refusal{400, "upstream_refused", misconfigured},
-    Refusal{401, "upstream_refused", misconfigured},
-    Refusal{403, "upstream_refused", misconfigured},
-    Refusal{404, "upstream_refused", misconfigured},
-    Refusal{429, "upstream_busy", busy},
-    Refusal{503, "upstream_busy", busy},
+    FailureWords{400, "upstream_refused", misconfigured},
+    FailureWords{401, "upstream_refused", misconfigured},
+    FailureWords{403, "upstream_refused", misconfigured},
+    FailureWords{404, "upstream_refused", misconfigured},
+    FailureWords{429, "upstream_busy", busy},
+    FailureWords{503, "upstream_busy", busy},
 };
+constexpr FailureWords anyOther{0, "upstream_failed", "The AI model could not answer. Please try again later."};
 
 Answer badGateway(const char *error, const char *message)
 {
@@ -39,29 +36,35 @@ Answer badGateway(const char *error, const char *message)
 
 Answer refused(int status)
 {
-    const auto row = std::ranges::find(refusals, status, &Refusal::status);
-    if (row != refusals.end())
-        return badGateway(row->error, row->message);
-    return badGateway("upstream_failed", "The AI model could not answer. Please try again later.");
+    const FailureWords words = wordsFor(status, refusals, anyOther);
+    return badGateway(words.error, words.message);
 }
 
-bool hasText(const GeminiCandidate &candidate)
+Answer silent()
 {
-    return std::ranges::any_of(candidate.content.parts,
-                               [](const GeminiPart &part) { return part.text && !part.text->isEmpty(); });
+    return badGateway("upstream_silent", "The AI model gave no answer that could be shown.");
+}
+
+/// Whether there is anything in \a response that a client shows: it reads the first candidate alone.
+bool hasText(const GeminiGenerateResponse &response)
+{
+    const auto isText = [](const GeminiPart &part) { return part.text && !part.text->isEmpty(); };
+    return !response.candidates.isEmpty() &&
+           std::ranges::any_of(response.candidates.constFirst().content.parts, isText);
 }
 
 /// The candidates' texts, and nothing else of what came with them.
 Answer answered(const std::string &body)
 {
     const auto [response, error] = decode<GeminiGenerateResponse>(QByteArray::fromStdString(body));
-    if (!response || !std::ranges::any_of(response->candidates, hasText))
-        return badGateway("upstream_silent", "The AI model gave no answer that could be shown.");
+    if (!response || !hasText(*response))
+        return silent();
     return {.body = encode(*response)};
 }
 
-httplib::Request post(const GeminiGenerateRequest &request, const Upstream &upstream)
+httplib::Request post(const QString &prompt, const Upstream &upstream)
 {
+    const GeminiContent content{.parts = {{prompt}}};
     httplib::Request post;
     post.method = "POST";
     post.path = QStringLiteral("%1/v1beta/models/%2:generateContent")
@@ -69,7 +72,7 @@ httplib::Request post(const GeminiGenerateRequest &request, const Upstream &upst
                     .replace(QStringLiteral("//"), QStringLiteral("/"))
                     .toStdString();
     post.headers = {{"Content-Type", "application/json"}, {"x-goog-api-key", upstream.key.toStdString()}};
-    post.body = encode(request).toStdString();
+    post.body = encode(GeminiGenerateRequest{.contents = {content}}).toStdString();
     return post;
 }
 
@@ -82,21 +85,25 @@ void setTimes(httplib::Client &client, std::chrono::milliseconds timeLimit)
 
 } // namespace
 
-Answer relay(const GeminiGenerateRequest &request, const Upstream &upstream, std::chrono::milliseconds timeLimit)
+Answer relay(const QString &prompt, const Upstream &upstream, std::chrono::milliseconds timeLimit)
 {
     const Clock::time_point deadline = Clock::now() + timeLimit;
     const QUrl origin = QUrl(upstream.baseUrl).adjusted(QUrl::RemovePath);
+    SocketDeadline socketDeadline(deadline);
     httplib::Client client(origin.toString(QUrl::FullyEncoded).toStdString());
     setTimes(client, timeLimit);
-    httplib::Request question = post(request, upstream);
+    client.set_socket_options([&](socket_t socket) { socketDeadline.watch(socket); });
+    httplib::Request question = post(prompt, upstream);
     std::string body;
     question.content_receiver = [&](const char *bytes, size_t count, uint64_t, uint64_t) {
         body.append(bytes, count);
-        return body.size() <= longestReply && Clock::now() < deadline;
+        return body.size() <= longestReply;
     };
     const httplib::Result reply = client.send(question);
-    if (!reply && (Clock::now() >= deadline || reply.error() == httplib::Error::ConnectionTimeout))
+    if (Clock::now() >= deadline || reply.error() == httplib::Error::ConnectionTimeout)
         return failure(504, "upstream_late", QStringLiteral("The AI model took too long. Please try again later."));
+    if (body.size() > longestReply)
+        return silent();
     if (!reply)
         return badGateway("upstream_unreachable", "The AI model could not be reached. Please try again later.");
     return reply->status == 200 ? answered(body) : refused(reply->status);

@@ -79,6 +79,7 @@ bool GuardedServer::process_and_close_socket(socket_t socket)
     const auto prepare = [&](httplib::Request &request) {
         request.ranges.clear(); // They are of no use here, and many of them would make an answer long.
         end = stream.consumed() + lengthOf(request);
+        stream.headIsRead();
     };
     try {
         succeeded = process_request(stream, isLast, isClosed, prepare);

@@ -4,8 +4,9 @@
 
 #include <array>
 
-/// An HTTP server that a hostile client can neither keep busy nor fill: each connection carries one request, within
-/// limits of time and size, and ends. It can be stopped at any time, also before it runs.
+/// An HTTP server in which no connection takes much time or memory: each carries one request, within limits of both, and
+/// ends. 2,048 of them are served at a time. Whoever opens that many keeps all others waiting, for as long as a request
+/// may take to arrive; to forbid that is for what stands in front. It can be stopped at any time, also before it runs.
 class GuardedServer final : public httplib::Server
 {
 public:

@@ -29,6 +29,18 @@ Answer malformed(const QString &reason)
     return failure(400, "bad_request", QStringLiteral("The request could not be understood. ") + reason);
 }
 
+QString textIn(const GeminiGenerateRequest &request)
+{
+    QStringList texts;
+    for (const GeminiContent &content : request.contents) {
+        for (const GeminiPart &part : content.parts) {
+            if (part.text)
+                texts.append(*part.text);
+        }
+    }
+    return texts.join(u'\n');
+}
+
 } // namespace
 
 std::optional<Answer> refusalOf(const RequestHead &head)
@@ -37,6 +49,8 @@ std::optional<Answer> refusalOf(const RequestHead &head)
         return failure(400, "no_device", QStringLiteral("The request does not tell which device it comes from."));
     if (!isJson(head.contentType))
         return failure(415, "not_json", QStringLiteral("The request must be JSON."));
+    if (!head.encoding.isEmpty())
+        return failure(415, "packed", QStringLiteral("The request must not be compressed."));
     if (head.isChunked)
         return std::nullopt;
     if (head.contentLength.isEmpty())
@@ -50,26 +64,15 @@ std::optional<Answer> refusalOf(const RequestHead &head)
     return std::nullopt;
 }
 
-std::variant<GeminiGenerateRequest, Answer> readRequest(const QByteArray &body)
+std::variant<QString, Answer> readPrompt(const QByteArray &body)
 {
     const auto [request, error] = decode<GeminiGenerateRequest>(body);
     if (!request)
         return malformed(error);
-    if (promptIn(*request).trimmed().isEmpty())
+    const QString prompt = textIn(*request);
+    if (prompt.trimmed().isEmpty())
         return malformed(QStringLiteral("It holds no text."));
-    return *request;
-}
-
-QString promptIn(const GeminiGenerateRequest &request)
-{
-    QStringList texts;
-    for (const GeminiContent &content : request.contents) {
-        for (const GeminiPart &part : content.parts) {
-            if (part.text)
-                texts.append(*part.text);
-        }
-    }
-    return texts.join(u'\n');
+    return prompt;
 }
 
 Answer tooLong()

@@ -12,6 +12,7 @@ struct RequestHead
 {
     QByteArray device;        ///< Who asks; empty if it is not told.
     QByteArray contentType;   ///< As it was sent.
+    QByteArray encoding;      ///< How the body is packed; empty if it is not.
     QByteArray contentLength; ///< As it was sent, empty if it was not.
     bool isChunked = false;   ///< The body comes in chunks, its length is not told.
 };
@@ -19,12 +20,9 @@ struct RequestHead
 /// Why a request is turned down before its body is read, or nothing. Any bytes are safe.
 std::optional<Answer> refusalOf(const RequestHead &head);
 
-/// The question in \a body, or why there is none. Only what the records know is kept, so that nothing else reaches the
-/// model. Any bytes are safe.
-std::variant<GeminiGenerateRequest, Answer> readRequest(const QByteArray &body);
-
-/// All text of \a request, as it stands: a text a line.
-QString promptIn(const GeminiGenerateRequest &request);
+/// The prompt in \a body, its texts as they stand, one to a line; or why there is none. Nothing else is kept, so that
+/// nothing else reaches the model. Any bytes are safe.
+std::variant<QString, Answer> readPrompt(const QByteArray &body);
 
 /// The answer to a body that is too long.
 Answer tooLong();

@@ -45,8 +45,8 @@ sigset_t heldStopSignals()
 ExplainServer::Explain explainerFor(const Settings &settings)
 {
     if (settings.upstream)
-        return [upstream = *settings.upstream](const auto &request) { return relay(request, upstream); };
-    return [](const auto &request) { return explanation(offlineExplanation(promptIn(request))); };
+        return [upstream = *settings.upstream](const QString &prompt) { return relay(prompt, upstream); };
+    return [](const QString &prompt) { return explanation(offlineExplanation(prompt)); };
 }
 
 OrReason<std::shared_ptr<SSL_CTX>> tlsFor(const Settings &settings)

@@ -11,7 +11,11 @@ namespace {
 
 RequestHead goodHead()
 {
-    return {.device = "mac-unknown", .contentType = "application/json", .contentLength = "100", .isChunked = false};
+    return {.device = "mac-unknown",
+            .contentType = "application/json",
+            .encoding = "",
+            .contentLength = "100",
+            .isChunked = false};
 }
 
 int statusFor(const RequestHead &head)
@@ -23,7 +27,7 @@ int statusFor(const RequestHead &head)
 /// The refusal's two texts, or "taken".
 std::string outcome(const QByteArray &body)
 {
-    const auto read = readRequest(body);
+    const auto read = readPrompt(body);
     if (!std::holds_alternative<Answer>(read))
         return "taken";
     const auto &answer = std::get<Answer>(read);
@@ -98,6 +102,15 @@ TEST(RequestHead, MustAnnounceJson)
     }
 }
 
+TEST(RequestHead, MustNotAnnounceAPackedBody)
+{
+    RequestHead head = goodHead();
+    for (const char *encoding : {"gzip", "deflate", "br", "anything"}) {
+        head.encoding = encoding;
+        EXPECT_EQ(statusFor(head), 415) << encoding;
+    }
+}
+
 TEST(RequestHead, MustTellALengthThatFits)
 {
     RequestHead head = goodHead();
@@ -112,19 +125,27 @@ TEST(RequestHead, MustTellALengthThatFits)
 
 TEST(RequestReader, TakesWhatTheClientSends)
 {
-    const auto read = readRequest(example);
+    const auto read = readPrompt(example);
 
-    ASSERT_TRUE(std::holds_alternative<GeminiGenerateRequest>(read));
-    EXPECT_EQ(promptIn(std::get<GeminiGenerateRequest>(read)), QStringLiteral("What is this?"));
+    ASSERT_TRUE(std::holds_alternative<QString>(read));
+    EXPECT_EQ(std::get<QString>(read), QStringLiteral("What is this?"));
+}
+
+TEST(RequestReader, TakesTheTextsAsTheyStandOneToALine)
+{
+    const auto read = readPrompt(R"({"contents":[{"parts":[{"text":" A\n"},{},{"text":"B\n"}]}]})");
+
+    ASSERT_TRUE(std::holds_alternative<QString>(read));
+    EXPECT_EQ(std::get<QString>(read), QStringLiteral(" A\n\nB\n"));
 }
 
 TEST(RequestReader, DropsWhatItDoesNotKnow)
 {
-    const auto read = readRequest(R"({"tools":[{"google_search":{}}],"contents":[{"role":"user","parts":[{"text":"A",
+    const auto read = readPrompt(R"({"tools":[{"google_search":{}}],"contents":[{"role":"user","parts":[{"text":"A",
                                       "inlineData":{}}]}],"generationConfig":{"maxOutputTokens":99999}})");
 
-    ASSERT_TRUE(std::holds_alternative<GeminiGenerateRequest>(read));
-    EXPECT_EQ(encode(std::get<GeminiGenerateRequest>(read)), R"({"contents":[{"parts":[{"text":"A"}]}]})");
+    ASSERT_TRUE(std::holds_alternative<QString>(read));
+    EXPECT_EQ(std::get<QString>(read), QStringLiteral("A"));
 }
 
 TEST(RequestReader, SaysWhatIsWrong)
@@ -170,8 +191,11 @@ TEST(RequestHead, SurvivesAnyBytes)
         return text;
     };
     for (int round = 0; round < 20'000; ++round) {
-        const RequestHead head{
-            .device = bytes(), .contentType = bytes(), .contentLength = bytes(), .isChunked = random() % 2 == 0};
+        const RequestHead head{.device = bytes(),
+                               .contentType = bytes(),
+                               .encoding = bytes(),
+                               .contentLength = bytes(),
+                               .isChunked = random() % 2 == 0};
         EXPECT_GE(statusFor(head), 400);
     }
 }
