@@ -23,7 +23,13 @@ mount -o loop "$work/image" "$work/disk"
 umount "$work/disk"
 
 "$programs/rotating_disk" "$work/image" "$work/fuse" &
-until [[ -e $work/fuse/disk ]]; do read -rt 0.05 <> <(:) || true; done
+until [[ -e $work/fuse/disk ]]; do
+    if ! kill -0 $! 2> /dev/null; then
+        echo "rotating.sh: the disk that rotates could not be mounted." >&2
+        exit 1
+    fi
+    read -rt 0.05 <> <(:) || true
+done
 device=$(losetup --show -f "$work/fuse/disk")
 echo 1 >"/sys/block/${device#/dev/}/queue/rotational"
 mount -o ro "$device" "$work/disk"
