@@ -1,0 +1,4 @@
+#pragma once
+
+#include "ai/GeminiRecords.h"
+#include "ai/Prompt.h"
