@@ -12,9 +12,9 @@
 /// The one owner of what the application shows, and the operations that screens call. This is its whole public face;
 /// what the properties mean stands in AppState.h.
 ///
-/// Bound to the main thread: to use it on any other stops the program. Work is done by the scanner and the network
-/// while the coroutines here are suspended; should the object be gone when they resume, they write nothing. No
-/// operation ever throws, and each returns at once.
+/// Bound to the main thread: to read or write a property on any other stops the program. Work is done by the scanner
+/// and the network while the coroutines here are suspended; should the object be gone when they resume, they write
+/// nothing. No operation ever throws, and each returns at once but for the one that copies the application.
 ///
 /// Every assignment to a property tells observers, whether or not the value differs: objectWillChange() before, the
 /// property's own signal after.

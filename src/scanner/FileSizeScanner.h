@@ -16,9 +16,8 @@
 ///
 /// An actor: its work runs on a thread of its own, one job at a time. Operations are called on the main thread, suspend
 /// there while the work goes on, for one turn of the event loop at least, and never fail: what cannot be read or moved
-/// contributes nothing. Destroying the
-/// scanner asks work under way to stop and waits for it, a fraction of a second at most; coroutines that were suspended
-/// still finish, with what had been done by then.
+/// contributes nothing. Destroying the scanner asks work under way to stop and waits for it, a fraction of a second at
+/// most; coroutines that were suspended still finish, with what had been done by then.
 class FileSizeScanner final
 {
 public:
