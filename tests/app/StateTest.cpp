@@ -211,6 +211,7 @@ TEST_F(State, CopiesNoListOfPathsWhenItIsRead)
     EXPECT_EQ(model().selectedCandidates().constFirst().paths.constData(), paths);
 }
 
+// It is for the sanitizers to judge that nothing is used that has gone away.
 TEST_F(State, MayGoAwayBeforeTheDiskIsRead)
 {
     {
