@@ -1,6 +1,9 @@
 #include "proxy/OfflineExplanation.h"
 
 #include "ai/Prompt.h"
+#include "fakes/FakeFileManager.h"
+#include "scanner/FileSizeScanner.h"
+#include "support/EveryFinding.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -113,7 +116,14 @@ TEST(OfflineExplanation, IsShorterThan120WordsForFindingsItDoesNotKnow)
 
 TEST(OfflineExplanation, KnowsEverythingAScanFinds)
 {
-    for (const CleanupCandidate &candidate : everyFinding())
+    const TemporaryHome home;
+    addEveryFinding(home);
+    FileSizeScanner scanner(std::make_shared<testing::NiceMock<FakeFileManager>>(home.path()));
+
+    const ScanSnapshot scan = QCoro::waitFor(scanner.scan([](double, const QString &) {}));
+
+    ASSERT_EQ(scan.candidates.size(), everyFinding().size());
+    for (const CleanupCandidate &candidate : scan.candidates)
         EXPECT_THAT(explain({candidate}), Not(HasSubstr("other "))) << candidate.title.toStdString();
 }
 

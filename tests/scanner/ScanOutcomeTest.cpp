@@ -1,6 +1,7 @@
 // What a scan finds, from the rules to the snapshot.
 
 #include "scanner/ScannerTest.h"
+#include "support/EveryFinding.h"
 
 #include <functional>
 
@@ -39,22 +40,7 @@ TEST_F(ScanOutcome, OfAVolumeWithoutCapacityTellsZeroPercent)
 TEST_F(ScanOutcome, MergesTheFindingsOfAllRulesInTheirOrder)
 {
     // Given as many bytes for every rule, so that the order of the rules is what remains.
-    const auto old = std::chrono::floor<std::chrono::seconds>(Clock::now()) - std::chrono::days(61);
-    home.file("Sites/web/package.json");
-    home.file("Sites/web/composer.json");
-    home.file("Sites/web/node_modules/x");
-    home.file("Sites/web/vendor/x");
-    home.file("Sites/web/dist/x");
-    home.file("Library/Group Containers/group.net.whatsapp.WhatsApp.shared/Message/Media/x");
-    home.file("Library/Caches/net.whatsapp.WhatsApp/x");
-    home.file(".cache/x");
-    home.file("Downloads/old.zip");
-    home.setModified("Downloads/old.zip", old);
-    ASSERT_EQ(truncate(home.file("Music/large").constData(), 104'857'600), 0);
-    home.setModified("Music/large", old);
-    home.folder("Sites/localhost/shop");
-    home.file("Sites/localhost/shop copy/x");
-    home.setModified("Sites/localhost/shop copy", old);
+    addEveryFinding(home);
 
     // When
     ON_CALL(files, volumeCapacity).WillByDefault(Return(VolumeCapacity{.total = 1'000'000, .available = 500'000}));
