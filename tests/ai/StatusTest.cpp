@@ -45,12 +45,19 @@ TEST_F(Status, From400To599IsAnError)
 TEST_F(Status, OfAnyOtherKindGivesNoExplanation)
 {
     const QByteArray said = R"({"candidates":[{"content":{"parts":[{"text":"A"}]}}],"error":"e","message":"m"})";
-    for (int status = 101; status <= 199; ++status)
-        EXPECT_EQ(explainAnswered(reply(status, said)), "absent") << status;
     for (int status = 300; status <= 399; ++status)
         EXPECT_EQ(explainAnswered(reply(status, said)), "absent") << status;
     for (const int status : {0, 99, 600, 700, 999, 1200, 99999})
         EXPECT_EQ(explainAnswered(reply(status, said)), "absent") << status;
+}
+
+TEST_F(Status, InThe100sIsTheFinalOneWhateverFollows)
+{
+    const QByteArray said = R"({"candidates":[{"content":{"parts":[{"text":"A"}]}}]})";
+    for (int status = 101; status <= 199; ++status)
+        EXPECT_EQ(explainAnswered(reply(status, said)), "absent") << status;
+    EXPECT_EQ(explainAnswered("HTTP/1.1 102 Processing\r\n\r\n" + reply(200, said)), "absent");
+    EXPECT_EQ(explainAnswered("HTTP/1.1 100 Continue\r\n\r\n" + reply(200, said)), "A") << "it asks to go on";
 }
 
 TEST_F(Status, ThatAsksForAPasswordIsAnErrorLikeAnyOther)
