@@ -66,25 +66,29 @@ int number(const QCommandLineParser &parser, const char *option, int fallback, i
     return value;
 }
 
-QString address(const QCommandLineParser &parser, const Settings &settings)
+QString address(const QCommandLineParser &parser, const QString &fallback, bool isPlain)
 {
-    const QString text =
-        parser.isSet(QStringLiteral("address")) ? parser.value(QStringLiteral("address")) : settings.address;
+    const QString name = QStringLiteral("address");
+    const QString text = parser.isSet(name) ? parser.value(name) : fallback;
     const QHostAddress parsed(text);
     if (parsed.isNull())
         throw Mistake{QStringLiteral("--address must be an IP address.")};
-    if (settings.isPlain && !parsed.isLoopback())
+    if (isPlain && !parsed.isLoopback())
         throw Mistake{QStringLiteral("--plain-http is for loopback addresses alone: others could read what is sent.")};
     return text;
 }
 
-std::optional<CertificateFiles> certificate(const QCommandLineParser &parser)
+std::optional<CertificateFiles> certificate(const QCommandLineParser &parser, bool isPlain)
 {
     const CertificateFiles files{.certificate = parser.value(QStringLiteral("certificate")),
                                  .key = parser.value(QStringLiteral("key"))};
     if (files.certificate.isEmpty() != files.key.isEmpty())
         throw Mistake{QStringLiteral("--certificate and --key are given together.")};
-    return files.key.isEmpty() ? std::nullopt : std::optional(files);
+    if (files.key.isEmpty())
+        return std::nullopt;
+    if (isPlain)
+        throw Mistake{QStringLiteral("--certificate is of no use with --plain-http: nothing would be encrypted.")};
+    return files;
 }
 
 bool isSafeUrl(const QUrl &url)
@@ -132,15 +136,15 @@ Settings settingsOf(const QCommandLineParser &parser, const QProcessEnvironment 
 {
     constexpr int mostPorts = 65'535;
     constexpr int mostPerMinute = 1'000'000;
-    Settings settings;
-    settings.isPlain = parser.isSet(QStringLiteral("plain-http"));
-    settings.address = address(parser, settings);
-    settings.port = number(parser, "port", settings.port, mostPorts);
-    settings.certificate = certificate(parser);
-    settings.perMinute = number(parser, "per-minute", settings.perMinute, mostPerMinute);
-    settings.stateFolder = stateFolder(environment);
-    settings.upstream = upstream(environment);
-    return settings;
+    const Settings defaults;
+    const bool isPlain = parser.isSet(QStringLiteral("plain-http"));
+    return {.address = address(parser, defaults.address, isPlain),
+            .port = number(parser, "port", defaults.port, mostPorts),
+            .isPlain = isPlain,
+            .certificate = certificate(parser, isPlain),
+            .stateFolder = stateFolder(environment),
+            .perMinute = number(parser, "per-minute", defaults.perMinute, mostPerMinute),
+            .upstream = upstream(environment)};
 }
 
 } // namespace

@@ -93,6 +93,8 @@ TEST(Settings, RefuseMistakes)
     EXPECT_EQ(mistake(QStringLiteral("--address example.org")), "--address must be an IP address.\n");
     EXPECT_EQ(mistake(QStringLiteral("--key k")), "--certificate and --key are given together.\n");
     EXPECT_EQ(mistake(QStringLiteral("--certificate c")), "--certificate and --key are given together.\n");
+    EXPECT_EQ(mistake(QStringLiteral("--plain-http --certificate c --key k")),
+              "--certificate is of no use with --plain-http: nothing would be encrypted.\n");
 }
 
 TEST(Settings, RefuseWhatOthersCouldRead)
