@@ -2,6 +2,7 @@
 #include "model/CheckedSum.h"
 
 #include <algorithm>
+#include <functional>
 
 namespace {
 
@@ -18,7 +19,7 @@ qint64 bytesWhere(const QList<CleanupCandidate> &candidates, Condition condition
 {
     qint64 sum = 0;
     for (const CleanupCandidate &candidate : candidates) {
-        if (condition(candidate))
+        if (std::invoke(condition, candidate))
             sum = checkedSum(sum, candidate.bytes);
     }
     return sum;
@@ -48,7 +49,7 @@ QList<CleanupCandidate> AppViewModel::selectedCandidates() const
 
 qint64 AppViewModel::selectedBytes() const
 {
-    return bytesWhere(read(state.candidates), std::mem_fn(&CleanupCandidate::selected));
+    return bytesWhere(read(state.candidates), &CleanupCandidate::selected);
 }
 
 qsizetype AppViewModel::protectedCount() const
