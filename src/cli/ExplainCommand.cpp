@@ -41,9 +41,11 @@ Command explainCommand()
 {
     return {.name = "explain",
             .summary = "Explain what could be cleaned, with the help of an AI service.",
-            .description = "Scans the home folder ($HOME), sends titles, sizes and paths of the eight\n"
-                           "largest findings to an AI service, and shows what it answers. No file is\n"
-                           "opened or sent. The exit status is 1 if no explanation came back.\n",
+            .description = "Scans the home folder ($HOME), sends what it tells of the eight largest\n"
+                           "findings to an AI service, and shows what that answers. Sent are titles,\n"
+                           "categories, risks, sizes, the explanations that a scan gives itself, up to\n"
+                           "eight paths of each, and an identifier of this machine. No file is opened or\n"
+                           "sent. The exit status is 1 if no explanation came back.\n",
             .options = {{"prompt", "Show what would be sent, and send nothing."}},
             .run = runExplain};
 }

@@ -42,6 +42,15 @@ TEST(CommandLine, EachCommandHasItsOwnHelpThatFitsInto80Columns)
     }
 }
 
+TEST(CommandLine, TheHelpTellsAllThatIsSentForAnExplanation)
+{
+    const TemporaryHome home;
+    const std::string help = runCli(home, {"explain", "--help"}).output.simplified().toStdString();
+
+    EXPECT_THAT(help, HasSubstr("Sent are titles, categories, risks, sizes, the explanations that a scan gives itself, "
+                                "up to eight paths of each, and an identifier of this machine."));
+}
+
 TEST(CommandLine, TheVersionIsThatOfTheProject)
 {
     const TemporaryHome home;
