@@ -55,35 +55,50 @@ bool isUsable(const CertificateFiles &files, const QDateTime &now)
            holdsUntil(certificate.get(), now.addDays(daysLeft)) && QFile::setPermissions(files.key, ownerOnly);
 }
 
-void addExtension(X509 *certificate, int identifier, const char *value)
+bool addExtension(X509 *certificate, int identifier, const char *value)
 {
     const Extension extension(X509V3_EXT_conf_nid(nullptr, nullptr, identifier, value));
-    X509_add_ext(certificate, extension.get(), -1);
+    return extension && X509_add_ext(certificate, extension.get(), -1) == 1;
 }
 
-void setSerial(X509 *certificate)
+bool addExtensions(X509 *certificate)
+{
+    return addExtension(certificate, NID_basic_constraints, "critical,CA:FALSE") && // It vouches for nobody else.
+           addExtension(certificate, NID_ext_key_usage, "serverAuth") &&
+           addExtension(certificate, NID_subject_alt_name, "DNS:localhost,IP:127.0.0.1,IP:::1");
+}
+
+bool setSerial(X509 *certificate)
 {
     quint64 serial = 0;
-    RAND_bytes(reinterpret_cast<unsigned char *>(&serial), sizeof serial);
-    ASN1_INTEGER_set_uint64(X509_get_serialNumber(certificate), serial >> 1);
+    return RAND_bytes(reinterpret_cast<unsigned char *>(&serial), sizeof serial) == 1 &&
+           ASN1_INTEGER_set_uint64(X509_get_serialNumber(certificate), serial >> 1) == 1;
 }
 
+bool setTimes(X509 *certificate, const QDateTime &now)
+{
+    return ASN1_TIME_set(X509_getm_notBefore(certificate), now.addDays(-1).toSecsSinceEpoch()) != nullptr &&
+           ASN1_TIME_set(X509_getm_notAfter(certificate), now.addDays(daysValid).toSecsSinceEpoch()) != nullptr;
+}
+
+bool setNames(X509 *certificate)
+{
+    X509_NAME *name = X509_get_subject_name(certificate);
+    const auto *localhost = reinterpret_cast<const unsigned char *>("localhost");
+    return X509_NAME_add_entry_by_txt(name, "CN", MBSTRING_UTF8, localhost, -1, -1, 0) == 1 &&
+           X509_set_issuer_name(certificate, name) == 1;
+}
+
+/// Nothing if it cannot be made.
 Certificate selfSigned(EVP_PKEY *key, const QDateTime &now)
 {
-    Certificate certificate(X509_new());
-    X509_set_version(certificate.get(), X509_VERSION_3);
-    setSerial(certificate.get());
-    ASN1_TIME_set(X509_getm_notBefore(certificate.get()), now.addDays(-1).toSecsSinceEpoch());
-    ASN1_TIME_set(X509_getm_notAfter(certificate.get()), now.addDays(daysValid).toSecsSinceEpoch());
-    X509_NAME *name = X509_get_subject_name(certificate.get());
-    X509_NAME_add_entry_by_txt(name, "CN", MBSTRING_UTF8, reinterpret_cast<const unsigned char *>("localhost"), -1, -1,
-                               0);
-    X509_set_issuer_name(certificate.get(), name);
-    X509_set_pubkey(certificate.get(), key);
-    addExtension(certificate.get(), NID_basic_constraints, "critical,CA:FALSE"); // It vouches for nobody else.
-    addExtension(certificate.get(), NID_ext_key_usage, "serverAuth");
-    addExtension(certificate.get(), NID_subject_alt_name, "DNS:localhost,IP:127.0.0.1,IP:::1");
-    return X509_sign(certificate.get(), key, EVP_sha256()) > 0 ? std::move(certificate) : nullptr;
+    Certificate made(X509_new());
+    X509 *certificate = made.get();
+    const bool isSigned = certificate && X509_set_version(certificate, X509_VERSION_3) == 1 && setSerial(certificate) &&
+                          setTimes(certificate, now) && setNames(certificate) &&
+                          X509_set_pubkey(certificate, key) == 1 && addExtensions(certificate) &&
+                          X509_sign(certificate, key, EVP_sha256()) > 0;
+    return isSigned ? std::move(made) : nullptr;
 }
 
 QByteArray written(const Memory &memory)

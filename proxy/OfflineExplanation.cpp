@@ -5,21 +5,22 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <array>
 
 namespace {
 
 /// What to tell a person to do, the most careful last.
 enum class Advice { again, look, leave };
 
+using Text = QLatin1StringView;
+
 struct Kind
 {
-    QLatin1StringView title;
-    QLatin1StringView name;
+    Text title;
+    Text name;
     Advice advice;
-    QLatin1StringView maker = {}; ///< Who makes it again.
+    Text maker = {}; ///< Who makes it again.
 };
-
-using Text = QLatin1StringView;
 
 constexpr std::array kinds{
     Kind{Text("Rebuildable project folders"), Text("project folders such as node_modules"), Advice::again,

@@ -3,6 +3,8 @@
 #include <QRegularExpression>
 #include <QStringList>
 
+#include <array>
+
 namespace {
 
 constexpr qsizetype mostFindings = 8;
