@@ -94,8 +94,8 @@ Certificate selfSigned(EVP_PKEY *key, const QDateTime &now)
 {
     Certificate made(X509_new());
     X509 *certificate = made.get();
-    const bool isSigned = certificate && X509_set_version(certificate, X509_VERSION_3) == 1 && setSerial(certificate) &&
-                          setTimes(certificate, now) && setNames(certificate) &&
+    const bool isSigned = certificate != nullptr && X509_set_version(certificate, X509_VERSION_3) == 1 &&
+                          setSerial(certificate) && setTimes(certificate, now) && setNames(certificate) &&
                           X509_set_pubkey(certificate, key) == 1 && addExtensions(certificate) &&
                           X509_sign(certificate, key, EVP_sha256()) > 0;
     return isSigned ? std::move(made) : nullptr;

@@ -4,9 +4,10 @@
 
 #include <array>
 
-/// An HTTP server in which no connection takes much time or memory: each carries one request, within limits of both, and
-/// ends. 2,048 of them are served at a time. Whoever opens that many keeps all others waiting, for as long as a request
-/// may take to arrive; to forbid that is for what stands in front. It can be stopped at any time, also before it runs.
+/// An HTTP server in which no connection takes much time or memory: each carries one request, within limits of both,
+/// and ends. 2,048 of them are served at a time. Whoever opens that many keeps all others waiting, for as long as a
+/// request may take to arrive; to forbid that is for what stands in front. It can be stopped at any time, also before
+/// it runs.
 class GuardedServer final : public httplib::Server
 {
 public:
