@@ -1,76 +1,21 @@
 // Scans the home folder with the window open, then scrolls a hundred findings, and tells what that costs:
 // window_bench [--seconds]. With --seconds it prints those that the scan took and nothing else.
-//
-// What counts as work of ours is what the main thread does for one event, less what the renderer draws: how long that
-// takes depends on the machine's graphics.
 
+#include "MeteredApplication.h"
 #include "ui/DemoState.h"
 #include "ui/shell/TidloApp.h"
 
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QFile>
-#include <QGuiApplication>
 #include <QPropertyAnimation>
 #include <QQuickItem>
-#include <QQuickWindow>
 #include <QTimer>
 
-#include <algorithm>
 #include <cstdio>
 #include <cstring>
-#include <vector>
 
 namespace {
-
-/// Times the events that the main thread works on, in milliseconds.
-class MeteredApplication final : public QGuiApplication
-{
-public:
-    using QGuiApplication::QGuiApplication;
-
-    /// Leaves out what is drawn in \a window.
-    void watch(QQuickWindow &window)
-    {
-        connect(
-            &window, &QQuickWindow::beforeRendering, this, [this] { drawing.start(); }, Qt::DirectConnection);
-        connect(
-            &window, &QQuickWindow::afterRendering, this, [this] { drawn += drawing.nsecsElapsed(); },
-            Qt::DirectConnection);
-        events.clear();
-    }
-
-    bool notify(QObject *receiver, QEvent *event) override
-    {
-        if (isWithin)
-            return QGuiApplication::notify(receiver, event);
-        isWithin = true;
-        drawn = 0;
-        QElapsedTimer work;
-        work.start();
-        const bool result = QGuiApplication::notify(receiver, event);
-        events.push_back(static_cast<double>(work.nsecsElapsed() - drawn) / 1e6);
-        isWithin = false;
-        return result;
-    }
-
-    void print(const char *what)
-    {
-        std::ranges::sort(events);
-        if (events.empty())
-            return;
-        std::printf("%-22s %6zu events, %.2f ms at the 99th of 100, %.2f ms at most\n", what, events.size(),
-                    events[events.size() * 99 / 100], events.back());
-    }
-
-    void forget() { events.clear(); }
-
-private:
-    std::vector<double> events;
-    QElapsedTimer drawing;
-    qint64 drawn = 0; ///< Nanoseconds of drawing within the event.
-    bool isWithin = false;
-};
 
 void waitFor(int milliseconds)
 {

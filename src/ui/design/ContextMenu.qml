@@ -6,11 +6,10 @@ import Tidlo.Design
 T.Menu {
     id: root
 
-    /// What had the keyboard before, and gets it back.
-    property Item focusedBefore
+    readonly property FormerFocus formerFocus: FormerFocus {}
 
-    onAboutToShow: root.focusedBefore = root.parent.Window.activeFocusItem
-    onAboutToHide: if (root.focusedBefore) root.focusedBefore.forceActiveFocus(Qt.PopupFocusReason)
+    onAboutToShow: root.formerFocus.remember(root.parent.Window.activeFocusItem)
+    onAboutToHide: root.formerFocus.giveBack()
 
     implicitWidth: Math.max(180, contentWidth + leftPadding + rightPadding)
     implicitHeight: contentHeight + topPadding + bottomPadding

@@ -2,7 +2,7 @@ import QtQuick
 import Tidlo.Design
 
 /// Shows which control the keyboard reaches; it belongs around that control, as a child that fills it.
-ContinuousRectangle {
+Rectangle {
     id: root
 
     /// The control's own corners.
@@ -11,6 +11,8 @@ ContinuousRectangle {
     anchors.fill: parent
     anchors.margins: -3
     radius: root.cornerRadius + 3
-    borderColor: TidloTheme.blue
-    borderWidth: 2
+    color: "transparent"
+    border.color: TidloTheme.blue
+    border.width: 2
+    antialiasing: true
 }

@@ -11,11 +11,10 @@ T.Popup {
     /// Corners of the window that the scrim covers.
     property double windowRadius: 10
 
-    /// What had the keyboard before, and gets it back.
-    property Item focusedBefore
+    readonly property FormerFocus formerFocus: FormerFocus {}
 
-    onAboutToShow: root.focusedBefore = root.parent.Window.activeFocusItem
-    onAboutToHide: if (root.focusedBefore) root.focusedBefore.forceActiveFocus(Qt.PopupFocusReason)
+    onAboutToShow: root.formerFocus.remember(root.parent.Window.activeFocusItem)
+    onAboutToHide: root.formerFocus.giveBack()
 
     anchors.centerIn: T.Overlay.overlay
     implicitWidth: contentWidth + leftPadding + rightPadding

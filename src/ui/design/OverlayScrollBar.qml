@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Tidlo.Design
 
-/// A scroll bar that lies over the contents and shows while they move or are pointed at.
+/// A scroll bar that lies over the contents, faint unless they move or it is pointed at.
 T.ScrollBar {
     id: root
 

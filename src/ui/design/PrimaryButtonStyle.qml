@@ -5,7 +5,7 @@ import Tidlo.Design
 LabelledButton {
     id: root
 
-    labelFont: TidloType.system(13, Font.Bold)
+    labelFont: TidloType.headline
     labelColor: root.enabled ? "black" : TidloTheme.faded(TidloTheme.mutedText, 0.56)
     fill: root.enabled ? TidloTheme.faded(TidloTheme.green, root.pressed ? 0.75 : 1) : TidloTheme.controlSurface
     sidePadding: 28

@@ -132,6 +132,14 @@ QColor TidloTheme::faded(const QColor &color, double opacity)
     return faded;
 }
 
+QColor TidloTheme::blended(const QColor &from, const QColor &to, double share)
+{
+    const auto rgba = [](const QColor &color) {
+        return Rgba{color.redF(), color.greenF(), color.blueF(), color.alphaF()};
+    };
+    return mix({.dark = rgba(to), .light = rgba(from)}, share);
+}
+
 QColor TidloTheme::blue()
 {
     return colorOf({0.388, 0.682, 0.718});

@@ -92,6 +92,9 @@ public:
     /// \a color at \a opacity times its own.
     Q_INVOKABLE static QColor faded(const QColor &color, double opacity);
 
+    /// \a from and \a to, mixed: from at a share of 0, to at 1. A share beyond, as a spring swings, counts as its end.
+    Q_INVOKABLE static QColor blended(const QColor &from, const QColor &to, double share);
+
     /// \a dark and \a light, mixed as the schemes are at \a darkness, which is passed so that a binding follows it.
     Q_INVOKABLE static double mixed(double darkness, double dark, double light);
 

@@ -6,9 +6,7 @@ import Tidlo.Design
 CardModifier {
     id: root
 
-    property double rotationAngle: 0
     property bool pulse: false
-    readonly property bool moves: root.visible && root.Window.visibility !== Window.Minimized
 
     implicitHeight: row.implicitHeight + 28
 
@@ -35,7 +33,7 @@ CardModifier {
                 lineWidth: 3
                 color: TidloTheme.faded(TidloTheme.green, 0.18)
             }
-            Gauge {
+            TurningArc {
                 anchors.fill: parent
                 anchors.margins: -1.5
                 lineWidth: 3
@@ -44,15 +42,6 @@ CardModifier {
                 to: 0.3
                 color: TidloTheme.green
                 bottomColor: TidloTheme.blue
-
-                RotationAnimator on rotation {
-                    objectName: "turn"
-                    running: root.moves
-                    from: 0
-                    to: 360
-                    duration: 1200
-                    loops: Animation.Infinite
-                }
             }
             Symbol {
                 anchors.centerIn: parent
@@ -63,7 +52,7 @@ CardModifier {
                 opacity: 0.7
 
                 SequentialAnimation on scale {
-                    running: root.pulse && root.moves
+                    running: root.pulse && root.visible && Motion.isSeen(root.Window.visibility)
                     loops: Animation.Infinite
 
                     NumberAnimation { from: 0.85; to: 1.2; duration: 800; easing: Motion.easeInOut }

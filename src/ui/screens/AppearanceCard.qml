@@ -10,6 +10,12 @@ CardModifier {
 
     required property Preferences preferences
 
+    function goTo(index: int, reason: int) {
+        const option = options.itemAt(index);
+        if (option)
+            option.forceActiveFocus(reason);
+    }
+
     implicitHeight: column.implicitHeight + 40
 
     ColumnLayout {
@@ -39,6 +45,8 @@ CardModifier {
             Accessible.name: qsTr("Theme")
 
             Repeater {
+                id: options
+
                 model: [
                     { title: qsTr("Dark Mode"), symbol: "moon.fill", value: "dark" },
                     { title: qsTr("Light Mode"), symbol: "sun.max.fill", value: "light" },
@@ -46,6 +54,7 @@ CardModifier {
                 ]
 
                 ThemeOptionButton {
+                    required property int index
                     required property var modelData
 
                     objectName: "theme-" + modelData.value
@@ -56,8 +65,8 @@ CardModifier {
                     value: modelData.value
                     currentTheme: root.preferences.theme
                     onClicked: root.preferences.theme = value
-                    Keys.onRightPressed: nextItemInFocusChain(true).forceActiveFocus(Qt.TabFocusReason)
-                    Keys.onLeftPressed: nextItemInFocusChain(false).forceActiveFocus(Qt.BacktabFocusReason)
+                    Keys.onRightPressed: root.goTo(index + 1, Qt.TabFocusReason)
+                    Keys.onLeftPressed: root.goTo(index - 1, Qt.BacktabFocusReason)
                 }
             }
         }

@@ -18,13 +18,19 @@ PlainButton {
     required property double share
     required property bool ticked
     required property bool toggleable
-    property double tickScale: root.pressed ? 0.9 : 1
+    property double tickScale: 1
 
-    Behavior on tickScale {
-        NumberAnimation {
-            duration: Motion.toggle.duration
-            easing: Motion.toggle.easing
-        }
+    onTickedChanged: tick.restart()
+
+    NumberAnimation {
+        id: tick
+
+        target: root
+        property: "tickScale"
+        from: 0.7
+        to: 1
+        duration: Motion.toggle.duration
+        easing: Motion.toggle.easing
     }
 
     /// Somebody wants to see what it consists of.
@@ -40,10 +46,22 @@ PlainButton {
     checked: root.ticked
     onToggled: root.checked = Qt.binding(() => root.ticked) // Whether it is ticked is not for the button to say.
 
-    Accessible.name: qsTr("%1, %2, %3").arg(root.title).arg(root.sizeText).arg(root.risk)
+    Accessible.name: root.title + ", " + root.sizeText + ", " + root.risk
     Accessible.description: root.detail
 
-    Keys.onMenuPressed: menu.popup(root, root.leftPadding, root.height / 2)
+    function showMenu() {
+        menu.popup(root, root.leftPadding, root.height / 2);
+        menu.currentIndex = 0;
+    }
+
+    Keys.onMenuPressed: root.showMenu()
+
+    // For keyboards without a menu key.
+    Shortcut {
+        enabled: root.activeFocus
+        sequence: "Shift+F10"
+        onActivated: root.showMenu()
+    }
 
     TapHandler {
         acceptedButtons: Qt.RightButton

@@ -20,7 +20,9 @@ Rectangle {
                         : hover.hovered ? TidloTheme.faded(TidloTheme.systemGray, 0.1) : "transparent"
 
     Accessible.role: Accessible.ListItem
-    Accessible.name: root.sizeText === "" ? root.pathText : qsTr("%1, %2").arg(root.pathText).arg(root.sizeText)
+    Accessible.name: root.sizeText === "" ? root.pathText : root.pathText + ", " + root.sizeText
+    Accessible.description: qsTr("Press to show it in Files")
+    Accessible.onPressAction: root.showRequested()
 
     HoverHandler {
         id: hover

@@ -1,13 +1,14 @@
 #include "ui/screens/FoundItems.h"
 
+#include "model/CheckedSum.h"
 #include "platform/ByteCountFormatter.h"
 #include "platform/VisibleText.h"
 #include "ui/screens/PathSearch.h"
 
 #include <QClipboard>
 #include <QElapsedTimer>
-#include <QFile>
 #include <QGuiApplication>
+#include <QLocale>
 
 #include <algorithm>
 #include <numeric>
@@ -35,6 +36,7 @@ private:
 
 FoundItems::FoundItems(QObject *parent)
     : QAbstractListModel(parent)
+    , sorting(this)
 {
     thread.setMaxThreadCount(1);
     sorting.setSingleShot(true);
@@ -140,6 +142,7 @@ void FoundItems::take(qsizetype first, const QList<qint64> &measured)
 
 void FoundItems::arrange()
 {
+    sorting.stop();
     beginResetModel();
     rows.clear();
     PathSearch search(wanted);
@@ -155,9 +158,9 @@ void FoundItems::arrange()
 
 void FoundItems::sortRows()
 {
-    beginResetModel();
+    // No reset: the view stays where it is, and its rows show what stands there now.
     putLargestFirst();
-    endResetModel();
+    Q_EMIT dataChanged(index(0), index(count() - 1));
 }
 
 void FoundItems::putLargestFirst()
@@ -167,10 +170,13 @@ void FoundItems::putLargestFirst()
 
 QString FoundItems::summary() const
 {
-    const QString items = paths.size() == 1 ? QStringLiteral("1 item") : QStringLiteral("%L1 items").arg(paths.size());
+    const QLocale english(QLocale::English); // As all figures here are written.
+    const QString items =
+        paths.size() == 1 ? QStringLiteral("1 item") : QStringLiteral("%1 items").arg(english.toString(paths.size()));
     if (measuredCount < paths.size())
-        return QStringLiteral("%1 · %L2 measured").arg(items).arg(measuredCount);
-    return QStringLiteral("%1 · %2").arg(items, byteCountText(std::accumulate(sizes.begin(), sizes.end(), qint64(0))));
+        return QStringLiteral("%1 · %2 measured").arg(items, english.toString(measuredCount));
+    const qint64 sum = std::accumulate(sizes.begin(), sizes.end(), qint64(0), checkedSum);
+    return QStringLiteral("%1 · %2").arg(items, byteCountText(sum));
 }
 
 void FoundItems::setFilter(const QString &filter)
@@ -230,6 +236,10 @@ void FoundItems::showInFiles(int row)
 
 void FoundItems::copyPath(int row)
 {
-    if (const FilePath *path = pathAt(row))
-        QGuiApplication::clipboard()->setText(QFile::decodeName(*path));
+    const FilePath *path = pathAt(row);
+    if (!path)
+        return;
+    const bool isText = QByteArrayView(*path).isValidUtf8();
+    const FilePath copied = isText ? *path : "file://" + path->toPercentEncoding("/");
+    QGuiApplication::clipboard()->setText(QString::fromUtf8(copied));
 }

@@ -54,7 +54,7 @@ public:
     /// Shows the item in the desktop's file browser; out of range it does nothing.
     Q_INVOKABLE void showInFiles(int row);
 
-    /// Puts the item's path on the clipboard; out of range it does nothing.
+    /// Puts the item's path on the clipboard; one that is no text, as a URL. Out of range it does nothing.
     Q_INVOKABLE void copyPath(int row);
 
 Q_SIGNALS:

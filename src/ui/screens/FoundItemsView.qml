@@ -73,6 +73,12 @@ FocusScope {
             ListView {
                 id: list
 
+                readonly property int rowsShown: list.height / 36
+
+                function goTo(row: int) {
+                    list.currentIndex = Math.max(0, Math.min(row, list.count - 1));
+                }
+
                 objectName: "items"
                 anchors.fill: parent
                 anchors.margins: 6
@@ -87,12 +93,29 @@ FocusScope {
                 Accessible.role: Accessible.List
                 Accessible.name: qsTr("Items")
 
+                highlightMoveDuration: 0
+
                 Keys.onReturnPressed: root.items.showInFiles(list.currentIndex)
+                Keys.onEnterPressed: root.items.showInFiles(list.currentIndex)
                 Keys.onPressed: (event) => {
-                    if (event.matches(StandardKey.Copy)) {
+                    event.accepted = true;
+                    if (event.matches(StandardKey.Copy))
                         root.items.copyPath(list.currentIndex);
-                        event.accepted = true;
-                    }
+                    else if (event.key === Qt.Key_PageUp)
+                        list.goTo(list.currentIndex - list.rowsShown);
+                    else if (event.key === Qt.Key_PageDown)
+                        list.goTo(list.currentIndex + list.rowsShown);
+                    else if (event.key === Qt.Key_Home)
+                        list.goTo(0);
+                    else if (event.key === Qt.Key_End)
+                        list.goTo(list.count - 1);
+                    else
+                        event.accepted = false;
+                }
+
+                Connections {
+                    target: root.items
+                    function onModelReset() { list.currentIndex = list.count > 0 ? 0 : -1; }
                 }
 
                 delegate: FoundItemRow {
@@ -116,7 +139,7 @@ FocusScope {
 
             TidloText {
                 anchors.centerIn: parent
-                visible: root.items.count === 0
+                visible: root.items.count === 0 && root.items.filter !== ""
                 text: qsTr("No path contains this text.")
                 color: TidloTheme.mutedText
             }

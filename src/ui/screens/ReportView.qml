@@ -1,3 +1,4 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Layouts
 import Tidlo.Design
@@ -33,6 +34,10 @@ Item {
         anchors.left: parent.left
         anchors.right: parent.right
         contentHeight: column.implicitHeight + 44
+        takesKeys: true
+
+        Accessible.role: Accessible.Grouping
+        Accessible.name: qsTr("Report")
 
         ColumnLayout {
             id: column
@@ -53,17 +58,20 @@ Item {
                 rowSpacing: 14
 
                 Repeater {
-                    model: report.figures
+                    model: report.figures.length // So that a tile that changes stays.
 
                     ReportTile {
-                        required property reportFigure modelData
+                        id: tile
+
+                        required property int index
+                        readonly property reportFigure figure: report.figures[tile.index]
 
                         Layout.fillWidth: true
                         Layout.preferredWidth: 1
-                        title: modelData.title
-                        value: modelData.value
-                        detail: modelData.detail
-                        tileColor: TidloTheme[modelData.color]
+                        title: tile.figure.title
+                        value: tile.figure.value
+                        detail: tile.figure.detail
+                        tileColor: TidloTheme[tile.figure.color]
                     }
                 }
             }

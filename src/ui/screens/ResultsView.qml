@@ -31,7 +31,10 @@ Item {
         title: findings.headline
 
         FilterChips {
+            id: chips
+
             findings: findings
+            Keys.onDownPressed: if (rows.count > 0) rows.itemAt(0).forceActiveFocus(Qt.TabFocusReason)
         }
     }
 
@@ -91,9 +94,8 @@ Item {
                         items.inspect(findings.candidateAt(row.index));
                         sheet.open();
                     }
-                    onActiveFocusChanged: if (row.activeFocus) area.reveal(row)
                     Keys.onDownPressed: row.goTo(row.index + 1)
-                    Keys.onUpPressed: row.goTo(row.index - 1)
+                    Keys.onUpPressed: row.index > 0 ? row.goTo(row.index - 1) : chips.takeKeys()
                 }
             }
         }

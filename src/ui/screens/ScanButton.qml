@@ -9,14 +9,16 @@ PlainButton {
     property bool pulse: false
     /// From 0, small and opaque, to 1, large and faint.
     property double breath
+    /// The same in steps that move the ring's edge by less than a quarter of a point: no frame is drawn between them.
+    readonly property double drawnBreath: Math.round(root.breath * 40) / 40
 
     text: qsTr("Scan")
     implicitWidth: 240
     implicitHeight: 240
-    cornerRadius: 120
+    cornerRadius: 128 // Beyond the ring at its largest.
 
     SequentialAnimation on breath {
-        running: root.pulse && root.visible && root.Window.visibility !== Window.Minimized
+        running: root.pulse && root.visible && Motion.isSeen(root.Window.visibility)
         loops: Animation.Infinite
 
         NumberAnimation { from: 0; to: 1; duration: 1400; easing: Motion.easeInOut }
@@ -33,8 +35,8 @@ PlainButton {
             height: 250
             lineWidth: 10
             color: TidloTheme.controlBorder
-            scale: 0.96 + 0.08 * root.breath
-            opacity: 1 - 0.42 * root.breath
+            scale: 0.96 + 0.08 * root.drawnBreath
+            opacity: 1 - 0.42 * root.drawnBreath
         }
         Gauge {
             anchors.centerIn: parent
@@ -54,7 +56,7 @@ PlainButton {
         }
         TidloText {
             anchors.centerIn: parent
-            text: "CLICK TO\nSCAN"
+            text: qsTr("CLICK TO\nSCAN")
             font: TidloType.system(17, Font.Bold)
             color: TidloTheme.mutedText
             horizontalAlignment: Text.AlignHCenter

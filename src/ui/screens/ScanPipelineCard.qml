@@ -34,17 +34,29 @@ CardModifier {
             color: TidloTheme.mutedText
             spacing: 3
         }
-        Repeater {
-            model: root.steps
+        Column {
+            width: parent.width
+            spacing: 10
 
-            ScanStep {
-                required property pipelineStep modelData
+            Accessible.role: Accessible.List
+            Accessible.name: qsTr("Steps of the scan")
 
-                width: column.width
-                title: modelData.title
-                detail: modelData.detail
-                active: modelData.active
-                complete: modelData.complete
+            Repeater {
+                model: root.steps.length // So that a step that changes keeps its row.
+
+                ScanStep {
+                    id: row
+
+                    required property int index
+                    readonly property pipelineStep step: root.steps[row.index]
+
+                    width: column.width
+                    title: row.step.title
+                    detail: row.step.detail
+                    active: row.step.active
+                    symbol: row.step.symbol
+                    stateText: row.step.state
+                }
             }
         }
     }

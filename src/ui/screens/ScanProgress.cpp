@@ -24,6 +24,20 @@ constexpr std::array pipeline{
 
 } // namespace
 
+QString PipelineStep::symbol() const
+{
+    if (complete)
+        return QStringLiteral("checkmark");
+    return active ? QStringLiteral("arrow.triangle.2.circlepath") : QStringLiteral("circle");
+}
+
+QString PipelineStep::state() const
+{
+    if (complete)
+        return QStringLiteral("done");
+    return active ? QStringLiteral("under way") : QStringLiteral("waiting");
+}
+
 void ScanProgress::setApp(AppViewModel *app)
 {
     if (app == source)
@@ -59,7 +73,7 @@ void ScanProgress::update()
     Q_EMIT progressChanged();
     const QList<PipelineStep> steps = stepsAt(source ? source->scanProgress() : 0);
     if (steps == shownSteps)
-        return; // Else the rows would be made anew.
+        return;
     shownSteps = steps;
     Q_EMIT stepsChanged();
 }

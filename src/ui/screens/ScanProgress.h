@@ -14,12 +14,17 @@ struct PipelineStep
     Q_PROPERTY(QString detail MEMBER detail)
     Q_PROPERTY(bool active MEMBER active)
     Q_PROPERTY(bool complete MEMBER complete)
+    Q_PROPERTY(QString symbol READ symbol)
+    Q_PROPERTY(QString state READ state)
 
 public:
     QString title;
     QString detail;
     bool active = false;
     bool complete = false;
+
+    QString symbol() const;
+    QString state() const; ///< In a word.
 
     bool operator==(const PipelineStep &) const = default;
 };

@@ -45,7 +45,7 @@ CardModifier {
                 value: root.progress
                 shortest: 0.035
             }
-            Gauge {
+            TurningArc {
                 objectName: "spinner"
                 anchors.fill: parent
                 anchors.margins: -2
@@ -54,15 +54,7 @@ CardModifier {
                 lineWidth: 4
                 color: TidloTheme.green
                 opacity: 0.7
-
-                RotationAnimator on rotation {
-                    objectName: "turn"
-                    running: root.rotate && root.visible && root.Window.visibility !== Window.Minimized
-                    from: 0
-                    to: 360
-                    duration: 1200
-                    loops: Animation.Infinite
-                }
+                turns: root.rotate
             }
             Column {
                 anchors.centerIn: parent

@@ -9,15 +9,16 @@ ContinuousRectangle {
     required property string title
     required property string detail
     required property bool active
-    required property bool complete
+    required property string symbol
+    /// Whether it waits, is under way or is done, in a word.
+    required property string stateText
 
     implicitHeight: row.implicitHeight + 24
     radius: 12
     color: root.active ? TidloTheme.faded(TidloTheme.green, 0.08) : TidloTheme.faded(TidloTheme.systemGray, 0.06)
 
     Accessible.role: Accessible.ListItem
-    Accessible.name: qsTr("%1, %2").arg(root.title).arg(root.complete ? qsTr("done")
-                                                        : root.active ? qsTr("under way") : qsTr("waiting"))
+    Accessible.name: root.title + ", " + root.stateText
     Accessible.description: root.detail
 
     RowLayout {
@@ -39,7 +40,7 @@ ContinuousRectangle {
 
             Symbol {
                 anchors.centerIn: parent
-                name: root.complete ? "checkmark" : root.active ? "arrow.triangle.2.circlepath" : "circle"
+                name: root.symbol
                 size: 12
                 weight: Font.Bold
                 color: root.active ? TidloTheme.green : TidloTheme.mutedText
@@ -52,7 +53,7 @@ ContinuousRectangle {
             TidloText {
                 width: parent.width
                 text: root.title
-                font: TidloType.system(13, Font.Bold)
+                font: TidloType.sidebarStrong
                 elide: Text.ElideRight
                 Accessible.ignored: true
             }

@@ -78,7 +78,6 @@ FocusScope {
                 width: parent.width
                 text: qsTr("Clean with context, not guesses")
                 font: TidloType.system(30, Font.Bold)
-                fontSizeMode: Text.HorizontalFit
                 horizontalAlignment: Text.AlignHCenter
                 Accessible.role: Accessible.Heading
             }

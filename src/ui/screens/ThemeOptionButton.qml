@@ -13,6 +13,12 @@ PlainRadioButton {
     /// What is stored now.
     required property string currentTheme
     readonly property bool selected: root.currentTheme === root.value
+    /// The same from 0 to 1, on its way from one to the other.
+    property double chosen: root.selected ? 1 : 0
+
+    Behavior on chosen {
+        NumberAnimation { duration: Motion.theme.duration; easing: Motion.theme.easing }
+    }
 
     leftPadding: 14
     rightPadding: 14
@@ -32,12 +38,12 @@ PlainRadioButton {
             name: root.symbol
             size: 14
             weight: Font.Bold
-            color: root.selected ? TidloTheme.blue : TidloTheme.mutedText
+            color: TidloTheme.blended(TidloTheme.mutedText, TidloTheme.blue, root.chosen)
         }
         TidloText {
             text: root.title
             font: TidloType.bodyStrong
-            color: root.selected ? TidloTheme.primaryText : TidloTheme.secondaryLabel
+            color: TidloTheme.blended(TidloTheme.secondaryLabel, TidloTheme.primaryText, root.chosen)
             Accessible.ignored: true
         }
         Item {
@@ -47,15 +53,8 @@ PlainRadioButton {
 
     background: ContinuousRectangle {
         radius: 10
-        color: root.selected ? TidloTheme.faded(TidloTheme.blue, 0.16) : TidloTheme.controlSurface
-        borderColor: root.selected ? TidloTheme.blue : TidloTheme.controlBorder
-        borderWidth: root.selected ? 2 : 1
-
-        Behavior on color {
-            ColorAnimation { duration: Motion.theme.duration; easing: Motion.theme.easing }
-        }
-        Behavior on borderWidth {
-            NumberAnimation { duration: Motion.theme.duration; easing: Motion.theme.easing }
-        }
+        color: TidloTheme.blended(TidloTheme.controlSurface, TidloTheme.faded(TidloTheme.blue, 0.16), root.chosen)
+        borderColor: TidloTheme.blended(TidloTheme.controlBorder, TidloTheme.blue, root.chosen)
+        borderWidth: 1 + root.chosen
     }
 }

@@ -19,7 +19,7 @@ CardModifier {
 
         TidloText {
             text: qsTr("Uninstall Tidlo")
-            font: TidloType.system(13, Font.Bold)
+            font: TidloType.headline
             Accessible.role: Accessible.Heading
         }
         SpacedText {

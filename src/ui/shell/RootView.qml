@@ -12,6 +12,8 @@ FocusScope {
     required property Preferences preferences
     /// Of the window's corners.
     property double cornerRadius: 0
+    readonly property alias chrome: chrome
+    readonly property alias barHeight: topBar.height
 
     Binding {
         target: TidloTheme
@@ -98,6 +100,19 @@ FocusScope {
         cornerRadius: root.cornerRadius
     }
 
+    WindowChromeConfigurator {
+        id: chrome
+
+        width: 0
+        height: 0
+    }
+
+    Connections {
+        target: TidloTheme
+        function onPreferenceChanged() { chrome.refresh(); }
+        function onSchemeChanged() { chrome.refresh(); }
+    }
+
     Alert {
         objectName: "moveAlert"
         visible: root.app.showMoveToApplicationsPrompt
@@ -123,7 +138,7 @@ FocusScope {
 
     Sheet {
         objectName: "setupSheet"
-        visible: root.app.showSetupWizard
+        visible: root.app.showSetupWizard && !root.app.showMoveToApplicationsError // One after the other.
         windowRadius: root.cornerRadius
 
         contentItem: SetupWizardView {

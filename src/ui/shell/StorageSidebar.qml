@@ -20,8 +20,13 @@ Rectangle {
     }
 
     ScrollArea {
+        objectName: "storage"
         anchors.fill: parent
         contentHeight: column.implicitHeight
+        takesKeys: true
+
+        Accessible.role: Accessible.Grouping
+        Accessible.name: qsTr("Storage")
 
         ColumnLayout {
             id: column

@@ -9,6 +9,7 @@
 #include <QGuiApplication>
 #include <QIcon>
 #include <QQuickWindow>
+#include <QScreen>
 
 TidloApp::TidloApp(AppEnvironment given)
     : environment(std::move(given))
@@ -25,7 +26,8 @@ TidloApp::~TidloApp() = default;
 bool TidloApp::open()
 {
     engine.setInitialProperties({{QStringLiteral("app"), QVariant::fromValue(&app)},
-                                 {QStringLiteral("preferences"), QVariant::fromValue(&preferences)}});
+                                 {QStringLiteral("preferences"), QVariant::fromValue(&preferences)},
+                                 {QStringLiteral("screenRoom"), QGuiApplication::primaryScreen()->availableSize()}});
     engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Tidlo/Shell/TidloApp.qml")));
     if (!window())
         return false;

@@ -1,4 +1,5 @@
 import QtQuick
+import QtQuick.Templates as T
 import Tidlo.Design
 import Tidlo.Screens
 import Tidlo.Shell
@@ -9,58 +10,70 @@ Window {
 
     required property AppViewModel app
     required property Preferences preferences
+    /// What the screen has for windows.
+    required property size screenRoom
 
     readonly property size leastContent: Qt.size(1350, 720)
+    readonly property bool isFramed: root.chrome.isNative
     readonly property bool fillsScreen: visibility === Window.Maximized || visibility === Window.FullScreen
-    readonly property double cornerRadius: fillsScreen || chrome.isNative ? 0 : 10
+    readonly property double cornerRadius: fillsScreen || isFramed ? 0 : 10
+    /// In front of what must be answered first: meanwhile the window can still be moved and closed.
+    readonly property double front: T.Overlay.overlay ? T.Overlay.overlay.z + 1 : 1
+
+    function zoom() {
+        fillsScreen ? showNormal() : showMaximized();
+    }
 
     title: qsTr("Tidlo — AI Storage Cleaner")
     // On a screen that is smaller the window opens as well, and its content scrolls.
-    minimumWidth: Math.min(leastContent.width, Screen.desktopAvailableWidth)
-    minimumHeight: Math.min(leastContent.height, Screen.desktopAvailableHeight)
+    minimumWidth: Math.min(leastContent.width, screenRoom.width)
+    minimumHeight: Math.min(leastContent.height, screenRoom.height)
     width: minimumWidth
-    height: Math.min(860, Math.max(minimumHeight, Screen.desktopAvailableHeight - 80))
+    height: Math.min(860, Math.max(minimumHeight, screenRoom.height - 80))
     color: "transparent"
     // From the start, since a window manager may not take a frame away without a trace.
-    flags: chrome.isNative ? Qt.Window : Qt.Window | Qt.FramelessWindowHint
+    flags: isFramed ? Qt.Window : Qt.Window | Qt.FramelessWindowHint
     visible: true
 
-    WindowChromeConfigurator {
-        id: chrome
-
-        width: 0
-        height: 0
+    WindowHandle {
+        z: window.front
+        visible: !window.isFramed && T.Overlay.overlay.visible
+        width: parent.width
+        height: root.barHeight
+        onDoubleClicked: window.zoom()
     }
 
-    Connections {
-        target: TidloTheme
-        function onSchemeChanged() { chrome.refresh(); }
+    WindowButtons {
+        z: window.front
+        visible: !window.isFramed
+        x: 20 - scroller.contentX
+        y: (root.barHeight - height) / 2 - scroller.contentY
+        window: window
+        onZoomRequested: window.zoom()
+        onReached: scroller.scrollTo(0, 0)
     }
 
-    Flickable {
+    ScrollArea {
+        id: scroller
+
         anchors.fill: parent
         contentWidth: Math.max(width, window.leastContent.width)
         contentHeight: Math.max(height, window.leastContent.height)
-        interactive: contentWidth > width || contentHeight > height
-        boundsBehavior: Flickable.StopAtBounds
 
-        // Whatever does not take a drag lets the window be moved by it.
-        DragHandler {
-            target: null
-            enabled: !chrome.isNative
-            grabPermissions: PointerHandler.TakeOverForbidden
-            onActiveChanged: if (active) window.startSystemMove()
+        // Whatever takes no press lets the window be held by it.
+        WindowHandle {
+            enabled: !window.isFramed
+            anchors.fill: parent
         }
-        TapHandler {
-            enabled: !chrome.isNative
-            gesturePolicy: TapHandler.DragThreshold
-            onDoubleTapped: (eventPoint) => {
-                if (eventPoint.position.y < 46)
-                    window.fillsScreen ? window.showNormal() : window.showMaximized();
-            }
+        WindowHandle {
+            enabled: !window.isFramed
+            width: parent.width
+            height: root.barHeight
+            onDoubleClicked: window.zoom()
         }
-
         RootView {
+            id: root
+
             anchors.fill: parent
             focus: true
             app: window.app
@@ -69,16 +82,9 @@ Window {
         }
     }
 
-    WindowButtons {
-        visible: !chrome.isNative
-        x: 20
-        y: (46 - height) / 2
-        window: window
-    }
-
     WindowEdges {
+        z: window.front
         anchors.fill: parent
-        visible: !chrome.isNative && !window.fillsScreen
-        window: window
+        visible: !window.isFramed && !window.fillsScreen
     }
 }

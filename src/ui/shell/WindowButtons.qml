@@ -7,8 +7,12 @@ Row {
     id: root
 
     required property Window window
-    readonly property bool isZoomed: root.window.visibility === Window.Maximized
-                                     || root.window.visibility === Window.FullScreen
+
+    /// One of them has the keyboard.
+    signal reached
+
+    /// The window is to fill the screen, or no longer.
+    signal zoomRequested
 
     spacing: 8
 
@@ -25,6 +29,7 @@ Row {
         implicitWidth: 12
         implicitHeight: 12
         cornerRadius: 6
+        onActiveFocusChanged: if (disc.activeFocus) root.reached()
 
         background: Rectangle {
             radius: 6
@@ -61,6 +66,6 @@ Row {
         text: qsTr("Zoom")
         discColor: "#28c840"
         glyph: "+"
-        onClicked: root.isZoomed ? root.window.showNormal() : root.window.showMaximized()
+        onClicked: root.zoomRequested()
     }
 }

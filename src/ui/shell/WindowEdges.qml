@@ -1,25 +1,18 @@
 pragma ComponentBehavior: Bound
 import QtQuick
+import Tidlo.Shell
 
 /// The edges and corners by which a window without a frame is made larger or smaller.
 Item {
     id: root
 
-    required property Window window
-
-    component Grip: Item {
+    component Grip: WindowHandle {
         id: grip
 
-        required property int edges
         required property int cursor
 
         HoverHandler {
             cursorShape: grip.cursor
-        }
-        DragHandler {
-            target: null
-            dragThreshold: 0
-            onActiveChanged: if (active) root.window.startSystemResize(grip.edges)
         }
     }
 

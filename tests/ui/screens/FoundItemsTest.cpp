@@ -6,6 +6,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QThread>
+#include <QTimer>
 
 #include <latch>
 
@@ -140,10 +141,27 @@ TEST_F(FoundItemsTest, SizesThatComeInLaterFindTheirPlace)
     inspect({"/b/2", "/a/3", "/c/1"});
     EXPECT_THAT(shownPaths(), ElementsAre(QStringLiteral("/b/2"), QStringLiteral("/a/3"), QStringLiteral("/c/1")));
 
-    bool isSorted = false;
-    QObject::connect(items.get(), &QAbstractItemModel::modelReset, [&isSorted] { isSorted = true; });
-    waitUntil([&isSorted] { return isSorted; });
+    // When they have been measured, then the rows show them in order; the view is not told to begin anew.
+    int resets = 0;
+    QObject::connect(items.get(), &QAbstractItemModel::modelReset, [&resets] { ++resets; });
+    waitUntil([this] { return shownPaths().constFirst() == QStringLiteral("/a/3"); });
+    EXPECT_EQ(resets, 0);
     EXPECT_THAT(shownPaths(), ElementsAre(QStringLiteral("/a/3"), QStringLiteral("/b/2"), QStringLiteral("/c/1")));
+}
+
+TEST_F(FoundItemsTest, AnOrderThatIsNoLongerWantedDoesNotComeBack)
+{
+    // Given sizes that have come in and are about to be sorted
+    measureByName();
+    items->setLargestFirst(true);
+    inspectAndMeasure({"/b/2", "/a/3", "/c/1"});
+
+    // When the order of finding is wanted again
+    items->setLargestFirst(false);
+
+    // Then no later sorting takes it away.
+    EXPECT_FALSE(items->findChild<QTimer *>()->isActive());
+    EXPECT_THAT(shownPaths(), ElementsAre(QStringLiteral("/b/2"), QStringLiteral("/a/3"), QStringLiteral("/c/1")));
 }
 
 TEST_F(FoundItemsTest, OnlyPathsThatContainTheTextAreShown)

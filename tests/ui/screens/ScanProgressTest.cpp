@@ -53,6 +53,17 @@ TEST(ScanSteps, HaveTheirTexts)
     EXPECT_EQ(steps[3].detail, QStringLiteral("Detect latest copy and flag older folders"));
 }
 
+TEST(ScanSteps, ShowHowTheyStandByASymbolAndAWord)
+{
+    const QList<PipelineStep> steps = ScanProgress::stepsAt(0.42);
+    EXPECT_EQ(steps[0].symbol(), QStringLiteral("checkmark"));
+    EXPECT_EQ(steps[0].state(), QStringLiteral("done"));
+    EXPECT_EQ(steps[1].symbol(), QStringLiteral("arrow.triangle.2.circlepath"));
+    EXPECT_EQ(steps[1].state(), QStringLiteral("under way"));
+    EXPECT_EQ(steps[2].symbol(), QStringLiteral("circle"));
+    EXPECT_EQ(steps[2].state(), QStringLiteral("waiting"));
+}
+
 TEST(ScanSteps, AreAllPendingUntilTheFirstBegins)
 {
     EXPECT_THAT(statesAt(0), ElementsAre(pending, pending, pending, pending));

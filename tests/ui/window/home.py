@@ -28,6 +28,9 @@ def write(relative, size):
     path.write_bytes(b"x" * size)
 
 
+PREFERENCES = HOME / ".config/com.tidlo.storagecleaner.conf"
+
+
 def fill():
     """Makes the files, and says that setup has been completed."""
     for relative, size in SIZES.items():
@@ -35,9 +38,13 @@ def fill():
     days_ago = time.time() - 46 * 24 * 3600
     for relative in OLD:
         os.utime(HOME / relative, (days_ago, days_ago))
-    preferences = HOME / ".config/com.tidlo.storagecleaner.conf"
-    preferences.parent.mkdir(exist_ok=True)
-    preferences.write_text("[General]\ntidlo.setup.completed=true\n", encoding="utf-8")
+    PREFERENCES.parent.mkdir(exist_ok=True)
+    PREFERENCES.write_text("[General]\ntidlo.setup.completed=true\n", encoding="utf-8")
+
+
+def forget_setup():
+    """As on a first run."""
+    PREFERENCES.unlink()
 
 
 def fill_with_many():

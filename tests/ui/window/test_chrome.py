@@ -22,6 +22,14 @@ class Chrome(unittest.TestCase):
                  for argument in ("mousemove", round(x + by[0] * part), round(y + by[1] * part), "sleep", 0.05)]
         xdotool("mousemove", x, y, "mousedown", 1, "sleep", 0.05, *steps, "mouseup", 1)
 
+    def check_let_go(self):
+        """After a drag the pointer goes its own way: the window manager has seen it pass by the time of the key."""
+        there = self.window.geometry
+        xdotool("mousemove_relative", 37, 23, "sleep", 0.1, "mousemove_relative", 37, 23, "sleep", 0.1)
+        self.window.keys("Tab")
+        self.window.wait_for_focus()
+        self.assertEqual(self.window.geometry, there)
+
     def check_bare(self):
         """The system draws nothing around the content, which reaches the top edge."""
         self.assertRegex(self.window.property("_NET_FRAME_EXTENTS"), "= 0, 0, 0, 0$")
@@ -40,16 +48,33 @@ class Chrome(unittest.TestCase):
 
         self.check_bare()
 
-    def test_an_empty_area_drags_the_window(self):
+    def check_drags(self, place):
+        """A drag of a place, given from the window's left and top, moves the window."""
         left, top, *size = self.window.geometry
-        bar = self.window.wait("tool bar").extents
 
-        self.drag((bar.x + bar.width // 2, bar.y + 8), by=(-60, 40))
+        self.drag((left + place[0], top + place[1]), by=(60, 40))
 
-        eventually("the window has moved", lambda: self.window.geometry[:2] != (left, top))
-        self.assertLess(self.window.geometry[0], left)
-        self.assertGreater(self.window.geometry[1], top)
+        eventually("the window has moved", lambda: self.window.geometry[0] > left and self.window.geometry[1] > top)
         self.assertEqual(list(self.window.geometry[2:]), size)
+
+    def test_an_empty_area_drags_the_window(self):
+        for name, place in (("bar", (600, 8)), ("rail", (29, 500)), ("sidebar", (200, 70)), ("screen", (1200, 300))):
+            with self.subTest(name):
+                self.check_drags(place)
+        self.check_let_go()
+
+    def test_a_question_leaves_the_window_free(self):
+        home.forget_setup()
+        with Window(PROGRAM) as self.window:
+            self.window.wait("push button", "Get Started")
+
+            self.check_drags((600, 8))
+            self.window.click("push button", "Minimise")
+            eventually("the window is minimised", lambda: "Iconic" in self.window.property("WM_STATE"))
+            xdotool("windowactivate", self.window.id)
+            eventually("the window is back", lambda: "Normal" in self.window.property("WM_STATE"))
+            self.window.click("push button", "Close")
+            self.assertEqual(self.window.ended(), 0)
 
     def test_the_corner_makes_it_larger_and_never_smaller_than_its_least_size(self):
         left, top, width, height = self.window.geometry
@@ -57,6 +82,7 @@ class Chrome(unittest.TestCase):
 
         self.drag(corner, by=(80, 60))
         eventually("the window is larger", lambda: self.window.geometry[2] > width)
+        self.check_let_go()
         left, top, width, height = self.window.geometry
 
         self.drag((left + width - 2, top + height - 2), by=(-500, -500))

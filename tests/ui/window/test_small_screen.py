@@ -45,6 +45,17 @@ class SmallScreen(unittest.TestCase):
         eventually("the last button of the results is on the screen",
                    lambda: self.is_on_screen("push button", "Move to Trash"))
 
+    def test_what_the_keyboard_reaches_comes_into_view(self):
+        eventually("the window is as large as the screen", lambda: self.window.geometry == (0, 0, *SCREEN))
+        self.assertFalse(self.is_on_screen("push button", "Notifications"))
+
+        for name in ("Notifications", "Scan", "SCAN MY MAC"):
+            for _ in range(20):
+                self.window.keys("Tab")
+                if self.window.wait_for_focus().name == name:
+                    break
+            eventually(f"{name} is on the screen", lambda: self.is_on_screen("push button|radio button", name))
+
 
 if __name__ == "__main__":
     unittest.main(verbosity=2, warnings="ignore")

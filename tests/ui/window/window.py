@@ -52,11 +52,6 @@ class Element:
         return {state.value_nick for state in self.accessible.get_state_set().get_states()}
 
     @property
-    def value(self):
-        """What it measures, if it measures something."""
-        return self.accessible.get_current_value() if "Value" in self.accessible.get_interfaces() else None
-
-    @property
     def extents(self):
         return self.accessible.get_extents(Atspi.CoordType.SCREEN)
 
@@ -110,10 +105,10 @@ class Window:
         return list(below(self.application))
 
     def all(self, role, name=".*"):
-        """What is shown with a role and a name that matches a regular expression as a whole."""
+        """What is shown with a role and a name that match regular expressions as a whole."""
         while True:
             try:
-                return [one for one in self.elements() if one.role == role and re.fullmatch(name, one.name)]
+                return [one for one in self.elements() if re.fullmatch(role, one.role) and re.fullmatch(name, one.name)]
             except GLib.Error:  # Something went away meanwhile.
                 assert self.process.poll() is None, "The program has ended."
 
@@ -144,6 +139,13 @@ class Window:
     @staticmethod
     def keys(*names):
         xdotool("key", *names)
+
+    def focused(self):
+        """What the keyboard reaches, if anything does."""
+        return next((one for one in self.elements() if "focused" in one.states), None)
+
+    def wait_for_focus(self):
+        return eventually("something has the keyboard", self.focused)
 
     def ended(self):
         """The status that the program ends with."""

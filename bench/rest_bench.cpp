@@ -1,0 +1,94 @@
+// What the window costs before anything is done in it: how soon its first frame is there, and what share of a processor
+// it takes while the landing screen breathes, while it shows a screen on which nothing moves, and while nobody sees it.
+
+#include "MeteredApplication.h"
+#include "ui/DemoState.h"
+#include "ui/shell/TidloApp.h"
+
+#include <QEventLoop>
+#include <QFile>
+#include <QTimer>
+
+#include <cstdio>
+#include <ctime>
+
+#include <unistd.h>
+
+namespace {
+
+constexpr int restMilliseconds = 6000;
+
+double secondsOf(clockid_t clock)
+{
+    timespec now{};
+    clock_gettime(clock, &now);
+    return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) / 1e9;
+}
+
+/// Since the system was started; the system tells it in hundredths.
+double secondOfStart()
+{
+    constexpr int startTime = 19; // Of the fields behind the program's name.
+    QFile status(QStringLiteral("/proc/self/stat"));
+    if (!status.open(QIODevice::ReadOnly))
+        return 0;
+    const QByteArray line = status.readAll();
+    const QList<QByteArray> fields = line.sliced(line.lastIndexOf(')') + 2).split(' ');
+    return fields.at(startTime).toDouble() / static_cast<double>(sysconf(_SC_CLK_TCK));
+}
+
+void waitFor(int milliseconds)
+{
+    QEventLoop loop;
+    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+/// Waits, and prints the share of a processor that all threads took meanwhile.
+void printShare(const char *what)
+{
+    waitFor(500); // What led here is over by then.
+    const double before = secondsOf(CLOCK_PROCESS_CPUTIME_ID);
+    const double begun = secondsOf(CLOCK_MONOTONIC);
+    waitFor(restMilliseconds);
+    const double share = (secondsOf(CLOCK_PROCESS_CPUTIME_ID) - before) / (secondsOf(CLOCK_MONOTONIC) - begun);
+    std::printf("%-22s %5.1f %% of a processor\n", what, 100 * share);
+}
+
+AppEnvironment quietEnvironment()
+{
+    AppEnvironment environment;
+    environment.explain = demoEnvironment().explain;
+    return environment;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    MeteredApplication application(argc, argv);
+    TidloApp tidlo(quietEnvironment());
+    if (!tidlo.open())
+        return 1;
+    tidlo.model().setShowSetupWizard(false);
+    tidlo.model().setShowMoveToApplicationsPrompt(false);
+    QQuickWindow &window = *tidlo.window();
+    QEventLoop untilDrawn;
+    QObject::connect(&window, &QQuickWindow::frameSwapped, &untilDrawn, &QEventLoop::quit);
+    untilDrawn.exec();
+    std::printf("%-22s %5.0f ms after the start\n", "the first frame",
+                1000 * (secondsOf(CLOCK_BOOTTIME) - secondOfStart()));
+
+    waitFor(1500);
+    application.watch(window);
+    printShare("breathing");
+    application.print("breathing");
+    tidlo.model().setSection(AppSection::settings);
+    printShare("at rest");
+    tidlo.model().setSection(AppSection::scan);
+    window.showMinimized();
+    printShare("breathing, minimised");
+    window.hide();
+    printShare("breathing, hidden");
+    return 0;
+}

@@ -1,0 +1,36 @@
+#include "ui/shell/WindowHandle.h"
+
+#include <QGuiApplication>
+#include <QQuickWindow>
+#include <QStyleHints>
+
+WindowHandle::WindowHandle(QQuickItem *parent)
+    : QQuickItem(parent)
+{
+    setAcceptedMouseButtons(Qt::LeftButton);
+}
+
+void WindowHandle::mousePressEvent(QMouseEvent *event)
+{
+    pressedAt = event->scenePosition();
+    isHeld = true;
+}
+
+void WindowHandle::mouseMoveEvent(QMouseEvent *event)
+{
+    // A release may come with a last move, long after the system has taken over.
+    const QPointF way = event->scenePosition() - pressedAt;
+    if (!isHeld || way.manhattanLength() < QGuiApplication::styleHints()->startDragDistance())
+        return;
+    isHeld = false;
+    if (edges)
+        window()->startSystemResize(edges);
+    else
+        window()->startSystemMove();
+}
+
+void WindowHandle::mouseDoubleClickEvent(QMouseEvent *)
+{
+    isHeld = false;
+    Q_EMIT doubleClicked();
+}
