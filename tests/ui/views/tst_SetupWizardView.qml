@@ -81,11 +81,11 @@ ViewCase {
         verify(logos()[1].width > logos()[0].width);
     }
 
-    function test_the_title_is_large_and_on_one_line() {
+    function test_the_title_is_on_one_line_and_not_shrunk_to_fit() {
         const heading = text(title);
         compareFonts([[heading, TidloType.system(30, Font.Bold)]]);
         compareColors([[heading, "color", "primaryText"]]);
-        compare(heading.lineCount, 1);
+        compare([heading.lineCount, heading.fontInfo.pixelSize], [1, 30]);
     }
 
     function test_a_short_paragraph_says_what_is_read_and_what_is_protected() {
