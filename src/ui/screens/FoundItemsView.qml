@@ -76,7 +76,7 @@ FocusScope {
                 readonly property int rowsShown: list.height / 36
 
                 function goTo(row: int) {
-                    list.currentIndex = Math.max(0, Math.min(row, list.count - 1));
+                    list.currentIndex = Math.min(Math.max(row, 0), list.count - 1);
                 }
 
                 objectName: "items"
@@ -94,6 +94,7 @@ FocusScope {
                 Accessible.name: qsTr("Items")
 
                 highlightMoveDuration: 0
+                onCountChanged: if (list.currentIndex < 0 || list.currentIndex >= list.count) list.goTo(0)
 
                 Keys.onReturnPressed: root.items.showInFiles(list.currentIndex)
                 Keys.onEnterPressed: root.items.showInFiles(list.currentIndex)
@@ -111,11 +112,6 @@ FocusScope {
                         list.goTo(list.count - 1);
                     else
                         event.accepted = false;
-                }
-
-                Connections {
-                    target: root.items
-                    function onModelReset() { list.currentIndex = list.count > 0 ? 0 : -1; }
                 }
 
                 delegate: FoundItemRow {

@@ -318,6 +318,88 @@ ViewCase {
         verify(item("chipAll").activeFocus);
     }
 
+    function test_arrows_stay_among_the_chips_and_lead_to_the_rows_and_back() {
+        show();
+        item("chipAll").forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Left);
+        verify(item("chipAll").activeFocus);
+        item("chipReview").forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Right);
+        verify(item("chipReview").activeFocus);
+        keyClick(Qt.Key_Down);
+        verify(item("row0").activeFocus && item("row0").visualFocus);
+        keyClick(Qt.Key_Up);
+        verify(item("chipAll").activeFocus, "the chip that is chosen");
+    }
+
+    function test_a_row_that_is_toggled_animates_data() {
+        return [
+            { tag: "space", toggle: () => keyClick(Qt.Key_Space) },
+            { tag: "return", toggle: () => keyClick(Qt.Key_Return) },
+            { tag: "mouse", toggle: (row) => mouseClick(row) },
+            { tag: "the state itself", toggle: () => demo.changeCandidate(0, { selected: false }) }
+        ];
+    }
+
+    function test_a_row_that_is_toggled_animates(data) {
+        show();
+        const row = item("row0");
+        row.forceActiveFocus(Qt.TabFocusReason);
+        tryCompare(row, "tickScale", 1);
+        data.toggle(row);
+        verify(row.tickScale < 1);
+        tryCompare(row, "tickScale", 1);
+    }
+
+    function test_what_cannot_be_toggled_does_not_animate() {
+        show();
+        demo.changeCandidate(0, { risk: "never", selected: false });
+        const row = item("row0");
+        tryCompare(row, "tickScale", 1);
+        mouseClick(row);
+        compare(row.tickScale, 1);
+    }
+
+    function test_the_list_of_items_is_walked_with_the_keys() {
+        const list = findChild(lookInto(4), "items");
+        list.forceActiveFocus(Qt.TabFocusReason);
+        for (const [key, row] of [[Qt.Key_End, 22], [Qt.Key_Home, 0], [Qt.Key_PageDown, list.rowsShown],
+                [Qt.Key_PageUp, 0], [Qt.Key_PageUp, 0], [Qt.Key_Down, 1]]) {
+            keyClick(key);
+            compare(list.currentIndex, row);
+        }
+        keyClick(Qt.Key_End);
+        const current = list.currentItem.mapToItem(list, 0, list.currentItem.height);
+        verify(current.y <= list.height, "what the keys reach is seen at once");
+    }
+
+    function test_a_search_leaves_a_row_for_the_keys() {
+        const content = lookInto(4);
+        const list = findChild(content, "items");
+        list.forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_End);
+        findChild(content, "itemsSearch").forceActiveFocus();
+        keyClick(Qt.Key_2);
+        compare(list.count, 5);
+        compare(list.currentIndex, 0);
+        verify(list.currentItem);
+    }
+
+    function test_an_item_is_told_as_it_is_named() {
+        const line = createTemporaryObject(itemRow, shown);
+        compare(line.Accessible.name, "/c/https%3A%2F%2Fexample.org %1, 33 KB");
+    }
+
+    Component {
+        id: itemRow
+
+        FoundItemRow {
+            pathText: "/c/https%3A%2F%2Fexample.org %1"
+            sizeText: "33 KB"
+            current: false
+        }
+    }
+
     function test_nothing_can_be_moved_without_a_selection_data() {
         return [
             { tag: "mouse", press: (button) => mouseClick(button) },
@@ -402,7 +484,7 @@ ViewCase {
     function test_a_path_can_be_copied(data) {
         const list = findChild(lookInto(4), "items");
         list.forceActiveFocus(Qt.TabFocusReason);
-        keyClick(Qt.Key_Down);
+        compare(list.currentIndex, 0);
         keyClick(Qt.Key_Down);
         compare(list.currentIndex, 1);
         compare(copiedBy(() => data.copy(list.currentItem)), path(1));
@@ -414,9 +496,20 @@ ViewCase {
         keyClick(Qt.Key_Menu);
         const menu = findChild(item("row0"), "rowMenu");
         tryVerify(() => menu.opened);
+        compare(menu.currentIndex, 0);
         keyClick(Qt.Key_Escape);
         tryVerify(() => !menu.visible);
         verify(item("row0").activeFocus);
+        verify(item("row0").visualFocus, "and shows it");
+    }
+
+    function test_shift_and_f10_ask_where_there_is_no_menu_key() {
+        show();
+        item("row1").forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_F10, Qt.ShiftModifier);
+        tryVerify(() => findChild(item("row1"), "rowMenu").opened);
+        keyClick(Qt.Key_Return);
+        tryVerify(() => item("itemsSheet").opened);
     }
 
     TextEdit {

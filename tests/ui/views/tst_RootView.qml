@@ -222,6 +222,38 @@ ViewCase {
         tryVerify(() => !alert.visible);
     }
 
+    function test_a_failed_move_is_told_before_the_first_run_goes_on() {
+        demo.showMoveError("Permission denied");
+        demo.app.showSetupWizard = true;
+        tryVerify(() => item("moveErrorAlert").opened);
+        verify(!item("setupSheet").visible);
+        keyClick(Qt.Key_Return);
+        tryVerify(() => item("setupSheet").opened);
+        verify(!item("moveErrorAlert").visible);
+    }
+
+    function test_the_keys_scroll_the_sidebar_when_it_has_the_keyboard() {
+        const area = item("storage");
+        const most = area.contentHeight - area.height;
+        verify(most > 0);
+        area.forceActiveFocus(Qt.TabFocusReason);
+        for (const [key, y] of [[Qt.Key_End, most], [Qt.Key_Home, 0], [Qt.Key_PageDown, most], [Qt.Key_PageUp, 0],
+                [Qt.Key_Up, 0]]) {
+            keyClick(key);
+            compare(area.contentY, y);
+        }
+    }
+
+    function test_the_wheel_scrolls_the_sidebar_and_a_drag_does_not() {
+        const area = item("storage");
+        mouseWheel(area, 100, 300, 0, -1200);
+        compare(area.contentY, area.contentHeight - area.height);
+        mouseDrag(area, 100, 300, 0, 200);
+        compare(area.contentY, area.contentHeight - area.height);
+        mouseWheel(area, 100, 300, 0, 1200);
+        compare(area.contentY, 0);
+    }
+
     function test_the_first_run_is_a_sheet_that_escape_does_not_close() {
         demo.app.showSetupWizard = true;
         const sheet = item("setupSheet");

@@ -161,6 +161,17 @@ ViewCase {
         compare(demo.uninstalls, 0);
     }
 
+    function test_arrows_stay_among_the_themes() {
+        item("theme-system").forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Right);
+        verify(item("theme-system").activeFocus);
+        keyClick(Qt.Key_Left);
+        verify(item("theme-light").activeFocus);
+        keyClick(Qt.Key_Left);
+        keyClick(Qt.Key_Left);
+        verify(item("theme-dark").activeFocus);
+    }
+
     function test_only_the_destructive_action_uninstalls_and_only_once() {
         mouseClick(item("uninstall"));
         tryVerify(() => alert().opened);
