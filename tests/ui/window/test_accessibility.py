@@ -13,21 +13,8 @@ NAMELESS = {"dialog"}
 CONTROLS = {"push button", "check box", "radio button"}
 
 
-class Accessibility(unittest.TestCase):
-    @classmethod
-    def setUpClass(cls):
-        home.fill()
-        cls.window = cls.enterClassContext(Window(PROGRAM))
-
-    def go_to(self, section):
-        self.window.press("radio button", section)
-        self.window.wait("radio button", section, state="checked")
-
-    def scanned(self):
-        self.go_to("Scan")
-        self.window.press("push button", "SCAN MY MAC")
-        self.window.wait("heading", "AI-assisted results — .* found")
-        self.window.wait("label", "Explanation")
+class Case(unittest.TestCase):
+    """Has a window."""
 
     def check_all(self):
         """Everything that is shown has a role and a name, a place, and if it can be pressed, a way to do so."""
@@ -42,6 +29,41 @@ class Accessibility(unittest.TestCase):
                 if element.role in CONTROLS:
                     self.assertIn("focusable", element.states)
                     self.assertGreater(element.accessible.get_n_actions(), 0)
+
+
+class FirstRun(Case):
+    def setUp(self):
+        home.fill()
+        home.forget_setup()
+        self.window = self.enterContext(Window(PROGRAM))
+
+    def test_the_wizard(self):
+        self.window.wait("dialog", "Tidlo setup")
+        self.window.wait("push button", "Get Started", state="focused")
+        self.check_all()
+        self.window.wait("heading", "Clean with context, not guesses")
+
+        self.window.keys("Return")
+
+        self.window.wait_without("dialog")
+        eventually("it is remembered", lambda: "tidlo.setup.completed=true" in home.PREFERENCES.read_text("utf-8"))
+
+
+class Accessibility(Case):
+    @classmethod
+    def setUpClass(cls):
+        home.fill()
+        cls.window = cls.enterClassContext(Window(PROGRAM))
+
+    def go_to(self, section):
+        self.window.press("radio button", section)
+        self.window.wait("radio button", section, state="checked")
+
+    def scanned(self):
+        self.go_to("Scan")
+        self.window.press("push button", "SCAN MY MAC")
+        self.window.wait("heading", "AI-assisted results — .* found")
+        self.window.wait("label", "Explanation")
 
     def test_the_landing_screen(self):
         self.go_to("Scan")
@@ -103,6 +125,19 @@ class Accessibility(unittest.TestCase):
         self.window.wait("push button", "Theme: Light")
         self.window.press("radio button", "Dark Mode")
         self.window.wait("push button", "Theme: Dark")
+
+    def test_a_question(self):
+        self.go_to("Settings")
+        self.window.click("push button", "Uninstall completely")
+        question = self.window.wait("alert", r"Uninstall Tidlo\?")
+        self.assertIn("remove its preferences", question.description)
+        self.window.wait("push button", "Cancel", state="focused")
+        self.check_all()
+
+        self.window.keys("Escape")
+
+        self.window.wait_without("alert")
+        self.window.wait("push button", "Uninstall completely", state="focused")
 
     def test_the_report(self):
         self.scanned()
