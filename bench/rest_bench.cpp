@@ -1,9 +1,7 @@
 // What the window costs before anything is done in it: how soon its first frame is there, and what share of a processor
 // it takes while the landing screen breathes, while it shows a screen on which nothing moves, and while nobody sees it.
 
-#include "MeteredApplication.h"
-#include "ui/DemoState.h"
-#include "ui/shell/TidloApp.h"
+#include "WindowBench.h"
 
 #include <QEventLoop>
 #include <QFile>
@@ -37,13 +35,6 @@ double secondOfStart()
     return fields.at(startTime).toDouble() / static_cast<double>(sysconf(_SC_CLK_TCK));
 }
 
-void waitFor(int milliseconds)
-{
-    QEventLoop loop;
-    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
-    loop.exec();
-}
-
 /// Waits, and prints the share of a processor that all threads took meanwhile.
 void printShare(const char *what)
 {
@@ -55,23 +46,14 @@ void printShare(const char *what)
     std::printf("%-22s %5.1f %% of a processor\n", what, 100 * share);
 }
 
-AppEnvironment quietEnvironment()
-{
-    AppEnvironment environment;
-    environment.explain = demoEnvironment().explain;
-    return environment;
-}
-
 } // namespace
 
 int main(int argc, char **argv)
 {
     MeteredApplication application(argc, argv);
     TidloApp tidlo(quietEnvironment());
-    if (!tidlo.open())
+    if (!openQuietly(tidlo))
         return 1;
-    tidlo.model().setShowSetupWizard(false);
-    tidlo.model().setShowMoveToApplicationsPrompt(false);
     QQuickWindow &window = *tidlo.window();
     QEventLoop untilDrawn;
     QObject::connect(&window, &QQuickWindow::frameSwapped, &untilDrawn, &QEventLoop::quit);

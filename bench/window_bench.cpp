@@ -1,9 +1,7 @@
 // Scans the home folder with the window open, then scrolls a hundred findings, and tells what that costs:
 // window_bench [--seconds]. With --seconds it prints those that the scan took and nothing else.
 
-#include "MeteredApplication.h"
-#include "ui/DemoState.h"
-#include "ui/shell/TidloApp.h"
+#include "WindowBench.h"
 
 #include <QElapsedTimer>
 #include <QEventLoop>
@@ -16,13 +14,6 @@
 #include <cstring>
 
 namespace {
-
-void waitFor(int milliseconds)
-{
-    QEventLoop loop;
-    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
-    loop.exec();
-}
 
 double secondsOfScan(AppViewModel &app)
 {
@@ -83,23 +74,14 @@ void printMemory()
     }
 }
 
-AppEnvironment quietEnvironment()
-{
-    AppEnvironment environment;
-    environment.explain = demoEnvironment().explain;
-    return environment;
-}
-
 } // namespace
 
 int main(int argc, char **argv)
 {
     MeteredApplication application(argc, argv);
     TidloApp tidlo(quietEnvironment());
-    if (!tidlo.open())
+    if (!openQuietly(tidlo))
         return 1;
-    tidlo.model().setShowSetupWizard(false);
-    tidlo.model().setShowMoveToApplicationsPrompt(false);
     waitFor(1500);
     application.watch(*tidlo.window());
     const double seconds = secondsOfScan(tidlo.model());

@@ -70,11 +70,6 @@ CleanupCandidate candidateOf(const DemoFinding &finding)
     return candidate;
 }
 
-QCoro::Task<std::optional<QString>> answerNothing(QList<CleanupCandidate>)
-{
-    co_return std::nullopt;
-}
-
 } // namespace
 
 QList<CleanupCandidate> demoFindings()
@@ -108,6 +103,11 @@ QString demoExplanation()
         "goes to the Trash first.");
 }
 
+QCoro::Task<std::optional<QString>> explainNothing(QList<CleanupCandidate>)
+{
+    co_return std::nullopt;
+}
+
 AppEnvironment demoEnvironment(const FilePath &folder)
 {
     const auto files = std::make_shared<testing::NiceMock<FakeFileManager>>("/home/you");
@@ -121,7 +121,7 @@ AppEnvironment demoEnvironment(const FilePath &folder)
                         .executable = folder + "/from/Tidlo.app/Contents/MacOS/Tidlo",
                         .identifier = applicationIdentifier};
     return {.fileManager = files,
-            .explain = answerNothing,
+            .explain = explainNothing,
             .defaults = std::make_shared<UserDefaults>(QFile::decodeName(folder + "/preferences.conf")),
             .workspace = std::make_shared<testing::NiceMock<FakeWorkspace>>(),
             .bundle = [bundle] { return bundle; },

@@ -11,6 +11,9 @@ ScanTotals demoTotals();
 /// An explanation as the service may give it.
 QString demoExplanation();
 
+/// No explanation, at once.
+QCoro::Task<std::optional<QString>> explainNothing(QList<CleanupCandidate>);
+
 /// An environment that finds nothing and explains nothing, and in which everything has some size. Its desktop does
 /// nothing; the application, its preferences and whatever it would write lie in \a folder.
 AppEnvironment demoEnvironment(const FilePath &folder);

@@ -1,8 +1,15 @@
 #pragma once
 
+// What the programs that measure the window share.
+
+#include "ui/DemoState.h"
+#include "ui/shell/TidloApp.h"
+
 #include <QElapsedTimer>
+#include <QEventLoop>
 #include <QGuiApplication>
 #include <QQuickWindow>
+#include <QTimer>
 
 #include <algorithm>
 #include <cstdio>
@@ -59,3 +66,29 @@ private:
     qint64 drawn = 0; ///< Nanoseconds of drawing within the event.
     bool isWithin = false;
 };
+
+/// Lets the window go on for so long.
+inline void waitFor(int milliseconds)
+{
+    QEventLoop loop;
+    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+/// The live one, but without explanations.
+inline AppEnvironment quietEnvironment()
+{
+    AppEnvironment environment;
+    environment.explain = explainNothing;
+    return environment;
+}
+
+/// Opens the window as on a later run.
+inline bool openQuietly(TidloApp &tidlo)
+{
+    if (!tidlo.open())
+        return false;
+    tidlo.model().setShowSetupWizard(false);
+    tidlo.model().setShowMoveToApplicationsPrompt(false);
+    return true;
+}
