@@ -3,6 +3,8 @@
 #include <QCoreApplication>
 #include <QEventLoop>
 
+AppTest::AppTest() = default;
+
 AppTest::~AppTest()
 {
     letAllEnd();

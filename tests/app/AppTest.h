@@ -15,6 +15,7 @@
 class AppTest : public testing::Test
 {
 protected:
+    AppTest();
     ~AppTest() override;
 
     AppEnvironment environment();

@@ -28,6 +28,8 @@ TrashOutcome moveToFolder(const FilePath &folder, const FilePath &path)
 
 } // namespace
 
+FakeFileManager::~FakeFileManager() = default;
+
 FakeFileManager::FakeFileManager(const FilePath &home)
 {
     using testing::_;

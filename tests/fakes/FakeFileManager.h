@@ -11,6 +11,7 @@ class FakeFileManager : public FileManager
 {
 public:
     explicit FakeFileManager(const FilePath &home);
+    ~FakeFileManager() override; // With a body elsewhere, so that not every test compiles the whole class.
 
     MOCK_METHOD(FilePath, homeDirectoryForCurrentUser, (), (const, override));
     MOCK_METHOD(bool, fileExists, (const FilePath &), (const, override));

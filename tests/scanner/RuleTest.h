@@ -41,7 +41,8 @@ inline QList<FilePath> awkwardNames()
 class RuleTest : public testing::Test
 {
 protected:
-    RuleTest() { chmod(home.path().constData(), 0755); } // For withoutAccessTo.
+    RuleTest();
+    ~RuleTest() override;
 
     /// What deleting a file frees.
     static qint64 onDisk(const FilePath &path)

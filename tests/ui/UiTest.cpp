@@ -2,6 +2,8 @@
 
 #include <QCoreApplication>
 
+UiTest::UiTest() = default;
+
 UiTest::~UiTest()
 {
     closeApp();

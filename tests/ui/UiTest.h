@@ -13,6 +13,7 @@
 class UiTest : public testing::Test
 {
 protected:
+    UiTest();
     ~UiTest() override;
 
     /// The state owner, made when it is first asked for, and its figures of the disk awaited and forgotten.

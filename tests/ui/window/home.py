@@ -71,15 +71,17 @@ def trashed():
 
 
 def programs_running(program):
-    """The processes of a program."""
-    def executable(process):
-        try:
-            return os.readlink(process / "exe")
-        except OSError:
-            return None
+    """The processes of a program in this desktop."""
+    here = f"HOME={HOME}".encode()
 
-    processes = (path for path in Path("/proc").iterdir() if path.name.isdigit())
-    return [process.name for process in processes if executable(process) == os.path.realpath(program)]
+    def is_ours(process):
+        try:
+            is_program = os.readlink(process / "exe") == os.path.realpath(program)
+            return is_program and here in (process / "environ").read_bytes().split(b"\0")
+        except OSError:  # It is gone.
+            return False
+
+    return [path.name for path in Path("/proc").iterdir() if path.name.isdigit() and is_ours(path)]
 
 
 def restore_all():

@@ -1,0 +1,8 @@
+#include "fakes/FakeWorkspace.h"
+
+FakeWorkspace::FakeWorkspace()
+{
+    ON_CALL(*this, openApplication).WillByDefault([this](const FilePath &, Opened told) { opened = std::move(told); });
+}
+
+FakeWorkspace::~FakeWorkspace() = default;
