@@ -8,9 +8,10 @@ set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 
 find_program(CCACHE ccache)
 if(CCACHE)
-    # Paths are taken as relative to this folder, so that one clone finds what another has compiled.
+    # Paths are taken as relative to this folder, so that one clone finds what another has compiled. The two sloppinesses
+    # are what ccache asks for before it stores what was compiled with precompiled headers.
     set(CMAKE_CXX_COMPILER_LAUNCHER "${CMAKE_COMMAND}" -E env "CCACHE_BASEDIR=${CMAKE_SOURCE_DIR}" CCACHE_NOHASHDIR=1
-        "${CCACHE}")
+        CCACHE_SLOPPINESS=pch_defines,time_macros "${CCACHE}")
 endif()
 
 add_compile_options(-Wall -Wextra -Wpedantic -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
@@ -38,5 +39,6 @@ function(tidlo_library name)
     add_library(${name} STATIC ${arg_SOURCES})
     target_include_directories(${name} PUBLIC "${PROJECT_SOURCE_DIR}/src")
     target_link_libraries(${name} PUBLIC ${arg_LINKS})
+    tidlo_use_precompiled_headers(${name} common_headers)
     qt_extract_metatypes(${name}) # What qmllint knows of the types that views read.
 endfunction()

@@ -17,9 +17,23 @@ function(tidlo_qml_module name)
         SOURCES ${arg_SOURCES}
         QML_FILES ${arg_QML})
     target_link_libraries(${name} PUBLIC ${arg_LINKS})
-    # The code that Qt makes of the QML files is not held to our warnings.
+    tidlo_use_precompiled_headers(${name} common_headers)
+    # The code that Qt makes of the QML files includes much, and all the same: it is compiled eight files at a time, and
+    # not held to our warning of shadows.
+    set(warning -Wshadow)
+    if(CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+        set(warning -Wshadow=compatible-local)
+    endif()
+    set_target_properties(${name} PROPERTIES
+        UNITY_BUILD ON
+        UNITY_BUILD_MODE GROUP
+        UNITY_BUILD_CODE_BEFORE_INCLUDE "#pragma GCC diagnostic ignored \"${warning}\"")
+    set(count 0)
     foreach(file IN LISTS arg_QML)
         string(REPLACE ".qml" "_qml.cpp" compiled "${name}_${file}")
-        set_source_files_properties("${CMAKE_CURRENT_BINARY_DIR}/.rcc/qmlcache/${compiled}" PROPERTIES COMPILE_OPTIONS -w)
+        math(EXPR group "${count} / 8")
+        set_source_files_properties("${CMAKE_CURRENT_BINARY_DIR}/.rcc/qmlcache/${compiled}" PROPERTIES
+            UNITY_GROUP qml${group})
+        math(EXPR count "${count} + 1")
     endforeach()
 endfunction()

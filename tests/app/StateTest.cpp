@@ -251,6 +251,9 @@ TEST_F(StateDeathTest, AnyUseOnAnotherThreadStopsTheProgram)
         [&] { const AppViewModel another(environment()); },
     };
     GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const QByteArray formerly = qgetenv("TMPDIR");
+    qputenv("TMPDIR", home.path()); // Whoever dies leaves a home of its own, which goes away with this one.
     for (const auto &use : uses)
         EXPECT_DEATH(std::thread(use).join(), "AppViewModel was used on another thread than the main one");
+    formerly.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", formerly);
 }

@@ -1,0 +1,21 @@
+# What most sources include, read once for all of them. Only under the sanitizers, where everything is compiled for the
+# tests alone: elsewhere every source must include what it needs itself.
+
+# tidlo_precompiled_headers(name LINKS targets... HEADERS headers...): the headers, and whom they belong to.
+function(tidlo_precompiled_headers name)
+    cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LINKS;HEADERS")
+    if(TIDLO_SANITIZERS)
+        set(source "${CMAKE_CURRENT_BINARY_DIR}/${name}.cpp")
+        file(CONFIGURE OUTPUT "${source}" CONTENT "// A library must have a source.\n")
+        add_library(${name} OBJECT "${source}")
+        target_link_libraries(${name} PRIVATE ${arg_LINKS})
+        target_precompile_headers(${name} PRIVATE ${arg_HEADERS})
+    endif()
+endfunction()
+
+# tidlo_use_precompiled_headers(target name): the target's sources begin with them. Macros that both see must be the same.
+function(tidlo_use_precompiled_headers target name)
+    if(TIDLO_SANITIZERS)
+        target_precompile_headers(${target} REUSE_FROM ${name})
+    endif()
+endfunction()
