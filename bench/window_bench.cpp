@@ -1,5 +1,5 @@
-// Scans the home folder with the window open, then scrolls a hundred findings, and tells what that costs:
-// window_bench [--seconds]. With --seconds it prints those that the scan took and nothing else.
+// Scans the home folder with the window open, scrolls a hundred findings, looks into one of 100,000 items, and tells
+// what that costs: window_bench [--seconds]. With --seconds it prints those that the scan took and nothing else.
 
 #include "WindowBench.h"
 
@@ -53,6 +53,31 @@ void showHundredFindings(AppViewModel &app)
     app.setSection(AppSection::results);
 }
 
+/// Opens the list of a finding's items and returns it.
+QQuickItem &lookIntoManyItems(TidloApp &tidlo)
+{
+    CleanupCandidate many = demoFindings().constFirst();
+    many.paths.clear();
+    while (many.paths.size() < 100'000)
+        many.paths.append("/home/you/Sites/project-" + FilePath::number(many.paths.size()) + "/node_modules");
+    tidlo.model().setCandidates({many});
+    QQuickItem &content = *tidlo.window()->contentItem();
+    QMetaObject::invokeMethod(item(content, "row0"), "inspected");
+    return *item(content, "items");
+}
+
+void sortAndSearch(QObject &items)
+{
+    for (const bool largestFirst : {true, false, true}) {
+        items.setProperty("largestFirst", largestFirst);
+        waitFor(200);
+    }
+    for (const char *words : {"9", "99", "999", ""}) {
+        items.setProperty("filter", QString::fromLatin1(words));
+        waitFor(200);
+    }
+}
+
 void scroll(QQuickItem &list)
 {
     QPropertyAnimation down(&list, "contentY");
@@ -97,5 +122,16 @@ int main(int argc, char **argv)
     application.forget();
     scroll(*item(*tidlo.window()->contentItem(), "findings"));
     application.print("scrolling 100 rows");
+
+    application.forget();
+    QQuickItem &items = lookIntoManyItems(tidlo);
+    waitFor(3000); // They are measured meanwhile.
+    application.print("into 100,000 items");
+    application.forget();
+    scroll(items);
+    application.print("scrolling them");
+    application.forget();
+    sortAndSearch(*items.property("model").value<QObject *>());
+    application.print("sorting, searching");
     return 0;
 }

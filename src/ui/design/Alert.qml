@@ -6,16 +6,12 @@ import Tidlo.Design
 ModalPopup {
     id: root
 
-    required property string title
     required property string message
     required property string defaultText
     /// No second button if empty.
     property string cancelText: ""
     /// Whether the default button does what cannot be taken back easily: then Return cancels. Needs a cancelText.
     property bool isDestructive: false
-
-    signal accepted
-    signal cancelled
 
     width: 360
     padding: 24
@@ -28,13 +24,7 @@ ModalPopup {
         defaultText: root.defaultText
         cancelText: root.cancelText
         isDestructive: root.isDestructive
-        onAccepted: {
-            root.close();
-            root.accepted();
-        }
-        onCancelled: {
-            root.close();
-            root.cancelled();
-        }
+        onAccepted: root.accept()
+        onRejected: root.reject()
     }
 }

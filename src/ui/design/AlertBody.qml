@@ -13,7 +13,7 @@ ColumnLayout {
     required property bool isDestructive
 
     signal accepted
-    signal cancelled
+    signal rejected
 
     /// Gives the keyboard to the button that Return may press at once.
     function focusButton() {
@@ -24,10 +24,9 @@ ColumnLayout {
     spacing: 10
 
     Accessible.role: Accessible.AlertMessage
-    Accessible.name: root.title
-    Accessible.description: root.message
+    Accessible.name: root.message
 
-    Keys.onEscapePressed: root.cancelText !== "" ? root.cancelled() : root.accepted()
+    Keys.onEscapePressed: root.cancelText !== "" ? root.rejected() : root.accepted()
 
     TidloLogo {
         Layout.alignment: Qt.AlignHCenter
@@ -62,7 +61,7 @@ ColumnLayout {
             visible: root.cancelText !== ""
             text: root.cancelText
             sidePadding: 12
-            onClicked: root.cancelled()
+            onClicked: root.rejected()
         }
         PrimaryButtonStyle {
             id: defaultButton

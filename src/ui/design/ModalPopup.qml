@@ -4,10 +4,11 @@ import QtQuick.Templates as T
 import Tidlo.Design
 
 /// What alerts and sheets share: modal inside the window, in front of a scrim that keeps the window's corners. The keyboard
-/// stays inside until it is closed, and then goes back to where it was.
-T.Popup {
+/// stays inside until it is closed, and then goes back to where it was. The title names it to assistive technology.
+T.Dialog {
     id: root
 
+    required title
     /// Corners of the window that the scrim covers.
     property double windowRadius: 10
 

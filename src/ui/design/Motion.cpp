@@ -50,11 +50,6 @@ SpringMotion Motion::theme()
     return motionOf<themeSpring>();
 }
 
-bool Motion::isSeen(QWindow::Visibility visibility)
-{
-    return visibility != QWindow::Hidden && visibility != QWindow::Minimized;
-}
-
 QEasingCurve Motion::easeInOut()
 {
     QEasingCurve curve(QEasingCurve::BezierSpline);

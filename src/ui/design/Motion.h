@@ -2,7 +2,6 @@
 
 #include <QEasingCurve>
 #include <QObject>
-#include <QWindow>
 #include <QtQml/qqmlregistration.h>
 
 /// A spring as an animation of QML takes it.
@@ -35,9 +34,6 @@ public:
     static SpringMotion gauge();  ///< A ring grows to its value when it appears,
     static int gaugeDelay();      ///< after this wait.
     static SpringMotion theme();  ///< The colours change.
-
-    /// Whether anything in a window of that visibility can be seen; what moves for ever rests otherwise.
-    Q_INVOKABLE static bool isSeen(QWindow::Visibility visibility);
 
     /// The platform's curve that begins and ends gently: a cubic Bezier with the control points (0.42, 0), (0.58, 1).
     static QEasingCurve easeInOut();

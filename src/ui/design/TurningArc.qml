@@ -9,7 +9,7 @@ Gauge {
 
     RotationAnimator on rotation {
         objectName: "turn"
-        running: root.turns && root.visible && Motion.isSeen(root.Window.visibility)
+        running: root.turns && root.visible && root.Sight.isSeen
         from: 0
         to: 360
         duration: 1200

@@ -52,7 +52,7 @@ CardModifier {
                 opacity: 0.7
 
                 SequentialAnimation on scale {
-                    running: root.pulse && root.visible && Motion.isSeen(root.Window.visibility)
+                    running: root.pulse && root.visible && root.Sight.isSeen
                     loops: Animation.Infinite
 
                     NumberAnimation { from: 0.85; to: 1.2; duration: 800; easing: Motion.easeInOut }

@@ -16,9 +16,6 @@ FocusScope {
     implicitWidth: 820
     implicitHeight: 560
 
-    Accessible.role: Accessible.Dialog
-    Accessible.name: root.items.title
-
     Keys.onEscapePressed: root.done()
 
     ColumnLayout {

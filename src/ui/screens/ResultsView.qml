@@ -116,6 +116,7 @@ Item {
 
         objectName: "itemsSheet"
         windowRadius: root.cornerRadius
+        title: items.title
         onClosed: items.clear()
 
         contentItem: FoundItemsView {

@@ -18,7 +18,7 @@ PlainButton {
     cornerRadius: 128 // Beyond the ring at its largest.
 
     SequentialAnimation on breath {
-        running: root.pulse && root.visible && Motion.isSeen(root.Window.visibility)
+        running: root.pulse && root.visible && root.Sight.isSeen
         loops: Animation.Infinite
 
         NumberAnimation { from: 0; to: 1; duration: 1400; easing: Motion.easeInOut }

@@ -13,9 +13,6 @@ FocusScope {
     implicitWidth: 640
     implicitHeight: 500
 
-    Accessible.role: Accessible.Dialog
-    Accessible.name: qsTr("Tidlo setup")
-
     RowLayout {
         id: bar
 

@@ -123,7 +123,7 @@ FocusScope {
         cancelText: qsTr("Not now")
         onClosed: root.app.showMoveToApplicationsPrompt = false
         onAccepted: root.app.moveToApplicationsFolder()
-        onCancelled: root.app.skipMoveToApplicationsPrompt()
+        onRejected: root.app.skipMoveToApplicationsPrompt()
     }
 
     Alert {
@@ -140,6 +140,7 @@ FocusScope {
         objectName: "setupSheet"
         visible: root.app.showSetupWizard && !root.app.showMoveToApplicationsError // One after the other.
         windowRadius: root.cornerRadius
+        title: qsTr("Tidlo setup")
 
         contentItem: SetupWizardView {
             focus: true

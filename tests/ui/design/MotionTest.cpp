@@ -81,12 +81,3 @@ TEST(Motion, EaseInOutIsThePlatformsCurve)
     for (int i = 0; i <= 20; ++i)
         EXPECT_NEAR(curve.valueForProgress(i / 20.0), gentle(i / 20.0), 0.001) << i / 20.0;
 }
-
-TEST(Motion, RestsInAWindowThatCannotBeSeen)
-{
-    EXPECT_FALSE(Motion::isSeen(QWindow::Hidden));
-    EXPECT_FALSE(Motion::isSeen(QWindow::Minimized));
-    EXPECT_TRUE(Motion::isSeen(QWindow::Windowed));
-    EXPECT_TRUE(Motion::isSeen(QWindow::Maximized));
-    EXPECT_TRUE(Motion::isSeen(QWindow::FullScreen));
-}

@@ -22,6 +22,27 @@ protected:
         return *opened;
     }
 
+    /// Opens the window and takes its chrome away, as a platform may.
+    void openPlain()
+    {
+        environment.defaults->set(UserDefaults::theme, QStringLiteral("dark"));
+        tidlo();
+        QCoreApplication::processEvents();
+        makePlain();
+    }
+
+    void makePlain()
+    {
+        opened->window()->setFlag(Qt::FramelessWindowHint, false);
+        opened->window()->setColor(Qt::white);
+    }
+
+    bool isAdjusted() const
+    {
+        const bool isFrameless = opened->window()->flags().testFlag(Qt::FramelessWindowHint);
+        return isFrameless != WindowChromeConfigurator::isNative() && opened->window()->color() == Qt::transparent;
+    }
+
     std::unique_ptr<TidloApp> opened;
 };
 
@@ -53,27 +74,26 @@ TEST_F(TidloAppTest, TheWindowIsNeverSmallerThanItsContentUnlessTheScreenIs)
     EXPECT_GE(window->maximumHeight(), 16'384);
 }
 
-TEST_F(TidloAppTest, TheChromeIsAppliedOneTurnAfterItOpens)
-{
-    QQuickWindow *const window = tidlo().window();
-    QCoreApplication::processEvents();
-    EXPECT_EQ(window->flags().testFlag(Qt::FramelessWindowHint), !WindowChromeConfigurator::isNative());
-    EXPECT_EQ(window->color(), QColor(Qt::transparent));
-}
-
 TEST_F(TidloAppTest, TheChromeOutlivesAChangeOfTheTheme)
 {
-    QQuickWindow *const window = tidlo().window();
-    QCoreApplication::processEvents();
-    environment.defaults->set(UserDefaults::theme, QStringLiteral("dark"));
-    window->setFlag(Qt::FramelessWindowHint, false);
-    window->setColor(Qt::white);
+    openPlain();
 
     environment.defaults->set(UserDefaults::theme, QStringLiteral("light"));
-    QCoreApplication::processEvents();
 
-    EXPECT_EQ(window->flags().testFlag(Qt::FramelessWindowHint), !WindowChromeConfigurator::isNative());
-    EXPECT_EQ(window->color(), QColor(Qt::transparent));
+    EXPECT_FALSE(isAdjusted());
+    waitUntil([this] { return isAdjusted(); });
+}
+
+TEST_F(TidloAppTest, TheChromeOutlivesFullScreen)
+{
+    openPlain();
+
+    opened->window()->showFullScreen();
+    waitUntil([this] { return isAdjusted(); });
+
+    makePlain();
+    opened->window()->showNormal();
+    waitUntil([this] { return isAdjusted(); });
 }
 
 TEST_F(TidloAppTest, AFirstRunShowsTheWizardWhereThereIsNoApplicationsFolder)

@@ -182,6 +182,7 @@ int main(int argc, char **argv)
         return 1;
     QQuickWindow &window = *tidlo.window();
     window.resize(QByteArray(argv[3]).toInt(), QByteArray(argv[4]).toInt());
+    window.requestActivate(); // No window manager does it.
     settle();
     for (const Shot &shot : shots) {
         shot.prepare(tidlo.model(), window);

@@ -21,8 +21,18 @@ AppEnvironment Demo::environment()
         return std::nullopt;
     });
     ON_CALL(*desktop, openApplication).WillByDefault([this](auto &&...) { ++launchCount; });
+    ON_CALL(*desktop, showInFiles).WillByDefault([this](const FilePath &path) {
+        shownPaths.append(QFile::decodeName(path));
+    });
+    const auto files = std::make_shared<testing::NiceMock<FakeFileManager>>(home);
+    ON_CALL(*files, allocatedSizes).WillByDefault([](const QList<FilePath> &paths, auto &&...) {
+        QList<qint64> sizes;
+        for (const FilePath &path : paths)
+            sizes.append(1'000'000 * path.split('-').last().split('/').first().toLongLong());
+        return sizes;
+    });
     AppEnvironment environment = demoEnvironment(home);
-    environment.fileManager = std::make_shared<testing::NiceMock<FakeFileManager>>(home);
+    environment.fileManager = files;
     environment.workspace = desktop;
     writeAtomically(environment.bundle().executable, "Nothing that runs.");
     QDir(folder.path()).mkdir(QStringLiteral("Applications"));
@@ -44,6 +54,7 @@ void Demo::reset()
 {
     uninstallCount = 0;
     launchCount = 0;
+    shownPaths.clear();
     given.defaults->set(UserDefaults::theme, {});
     given.defaults->set(UserDefaults::setupCompleted, {});
     model.setSection(AppSection::scan);

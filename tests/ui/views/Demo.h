@@ -8,7 +8,8 @@
 #include <QTemporaryDir>
 
 /// What tests of views drive: a state owner over a fake home and a fake desktop, preferences in a file of their own,
-/// and ways to put either into any state. QML reads it as "demo".
+/// and ways to put either into any state. In its home "project-7" and all that is in it takes 7 MB, and so on. QML
+/// reads it as "demo".
 class Demo : public QObject
 {
     Q_OBJECT
@@ -18,6 +19,7 @@ class Demo : public QObject
     Q_PROPERTY(QString phase READ phase)
     Q_PROPERTY(int uninstalls READ uninstalls)
     Q_PROPERTY(int launches READ launches)
+    Q_PROPERTY(QStringList shownInFiles READ shownInFiles)
 
 public:
     Demo();
@@ -28,6 +30,9 @@ public:
     QString phase() const;
     int uninstalls() const { return uninstallCount; } ///< How often the script that uninstalls was started.
     int launches() const { return launchCount; }      ///< How often a copy in the Applications folder was started.
+
+    /// The paths that the file browser was asked to show, in that order.
+    QStringList shownInFiles() const { return shownPaths; }
 
     /// As when the application starts.
     Q_INVOKABLE void reset();
@@ -67,6 +72,7 @@ private:
     QTemporaryDir folder;
     int uninstallCount = 0;
     int launchCount = 0;
+    QStringList shownPaths;
     AppEnvironment given = environment();
     Preferences storedPreferences{*given.defaults};
     AppViewModel model{given};

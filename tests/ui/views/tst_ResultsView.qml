@@ -487,7 +487,54 @@ ViewCase {
         compare(list.currentIndex, 0);
         keyClick(Qt.Key_Down);
         compare(list.currentIndex, 1);
+        laidOut();
         compare(copiedBy(() => data.copy(list.currentItem)), path(1));
+    }
+
+    function test_an_item_can_be_shown_in_files_data() {
+        return [
+            { tag: "button", show: (line) => mouseClick(findChild(line, "showInFiles")) },
+            { tag: "return", show: () => keyClick(Qt.Key_Return) },
+            { tag: "enter", show: () => keyClick(Qt.Key_Enter) }
+        ];
+    }
+
+    function test_an_item_can_be_shown_in_files(data) {
+        const list = findChild(lookInto(4), "items");
+        list.forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Down);
+        compare(demo.shownInFiles, []);
+        laidOut();
+        data.show(list.currentItem);
+        compare(demo.shownInFiles, [path(1)]);
+        verify(item("itemsSheet").opened, "and the look goes on");
+    }
+
+    /// The names of the items that are seen, from top to bottom.
+    function itemsFrom(list) {
+        return seen(list.contentItem, line => line.pathText !== undefined)
+            .sort((a, b) => a.y - b.y).map(line => line.Accessible.name);
+    }
+
+    function test_the_largest_items_can_be_put_first_data() {
+        return [
+            { tag: "mouse", press: (chip) => mouseClick(chip) },
+            { tag: "space", press: (chip) => { chip.forceActiveFocus(Qt.TabFocusReason); keyClick(Qt.Key_Space); } }
+        ];
+    }
+
+    function test_the_largest_items_can_be_put_first(data) {
+        const content = lookInto(4);
+        const list = findChild(content, "items");
+        tryVerify(() => demo.withText(content, "23 items · 253 MB"));
+        const asFound = itemsFrom(list).slice(0, 3);
+        compare(asFound, [path(0) + ", Zero KB", path(1) + ", 1 MB", path(2) + ", 2 MB"]);
+        data.press(findChild(content, "largestFirst"));
+        tryVerify(() => list.currentIndex === 0 && itemsFrom(list)[0] === path(22) + ", 22 MB");
+        compare(itemsFrom(list).slice(0, 3), [path(22) + ", 22 MB", path(21) + ", 21 MB", path(20) + ", 20 MB"]);
+        data.press(findChild(content, "largestFirst"));
+        tryVerify(() => itemsFrom(list)[0] === asFound[0]);
+        compare(demo.selectedCount(), 8);
     }
 
     function test_the_menu_key_asks_as_well() {

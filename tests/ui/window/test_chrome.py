@@ -98,6 +98,17 @@ class Chrome(unittest.TestCase):
         self.window.click("push button", "Zoom")
         eventually("the window is as before", lambda: self.window.geometry == before)
 
+    def test_full_screen_and_back_keep_it_bare(self):
+        before = self.window.geometry
+
+        self.window.change_state("add,fullscreen")
+        eventually("the window is the screen", lambda: self.window.geometry == (0, 0, 1800, 1100))
+        self.check_bare()
+
+        self.window.change_state("remove,fullscreen")
+        eventually("the window is as before", lambda: self.window.geometry == before)
+        self.check_bare()
+
     def test_minimise_hides_it_until_it_is_wanted(self):
         self.window.click("push button", "Minimise")
         eventually("the window is minimised", lambda: "Iconic" in self.window.property("WM_STATE"))

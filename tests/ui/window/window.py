@@ -163,6 +163,10 @@ class Window:
         values = dict(line.split("=") for line in shell.split())
         return tuple(int(values[key]) for key in ("X", "Y", "WIDTH", "HEIGHT"))
 
+    def change_state(self, change):
+        """As from the window manager's menu: see "wmctrl -b"."""
+        subprocess.run(["wmctrl", "-i", "-r", self.id, "-b", change], check=True)
+
     def property(self, name):
         """What the window system knows of it."""
         shown = subprocess.run(["xprop", "-id", self.id, name], check=True, capture_output=True, text=True)

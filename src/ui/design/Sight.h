@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QPointer>
+#include <QQuickItem>
+#include <QQuickWindow>
+
+/// Whether anything of the window that an item is in can be seen: it is shown, and neither minimised nor, where the
+/// system says so, covered by other windows. X11 does not say it of a window with clear corners. What moves for ever
+/// rests otherwise. Attached to items; nothing is seen of one that is in no window. Main thread.
+class Sight : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("It is attached to an item.")
+    QML_ATTACHED(Sight)
+    Q_PROPERTY(bool isSeen READ isSeen NOTIFY isSeenChanged)
+
+public:
+    explicit Sight(QQuickItem &item);
+
+    /// Of \a item; none if it is no item.
+    static Sight *qmlAttachedProperties(QObject *item);
+
+    bool isSeen() const { return seen; }
+
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+Q_SIGNALS:
+    void isSeenChanged();
+
+private:
+    void follow(QQuickWindow *other);
+    void update();
+
+    QPointer<QQuickWindow> window;
+    bool seen = false;
+};
