@@ -1,9 +1,12 @@
 #pragma once
 
+#include "platform/ThreadPriority.h"
+
 #include <QThreadPool>
 #include <QtConcurrentRun>
 
-/// Runs one job at a time, in order, off the caller's thread. The destructor waits for all jobs.
+/// Runs one job at a time, in order, off the caller's thread, which goes first where both want a processor. The
+/// destructor waits for all jobs.
 class SerialExecutor final
 {
 public:
@@ -13,7 +16,10 @@ public:
     template <typename Job>
     auto run(Job job)
     {
-        return QtConcurrent::run(&pool, std::move(job));
+        return QtConcurrent::run(&pool, [job = std::move(job)] {
+            standBack(); // Each time, for the pool may have started another thread.
+            return job();
+        });
     }
 
     /// Blocks until every job given so far has run.

@@ -9,6 +9,8 @@
 #include <semaphore>
 #include <set>
 
+#include <sys/resource.h>
+
 using testing::ElementsAre;
 using testing::Pair;
 using testing::Return;
@@ -64,6 +66,21 @@ TEST_F(FileSizeScannerTest, BeginsEachStepWhenItsProgressHasReturned)
                                        "begin 86", "end 86", "home", "contents", "sizes",              //
                                        "begin 100", "end 100", "home"));
 }
+
+#ifndef Q_OS_MACOS // There a thread has another kind of priority.
+TEST_F(FileSizeScannerTest, StandsBackBehindTheMainThread)
+{
+    const int mine = getpriority(PRIO_PROCESS, 0);
+    std::atomic<int> leastOfIts = 99;
+    watch([&](const char *) { leastOfIts = std::min<int>(leastOfIts, getpriority(PRIO_PROCESS, 0)); });
+
+    QCoro::waitFor(scanner->scan([](double, const QString &) {}));
+
+    EXPECT_GT(leastOfIts, mine);
+    EXPECT_LT(leastOfIts, 99);
+    EXPECT_EQ(getpriority(PRIO_PROCESS, 0), mine);
+}
+#endif
 
 TEST_F(FileSizeScannerTest, TellsProgressOnTheMainThreadAndWorksOnAnother)
 {

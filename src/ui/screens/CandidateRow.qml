@@ -33,6 +33,8 @@ PlainButton {
         easing: Motion.toggle.easing
     }
 
+    /// Its menu is asked for, at a place in it; by the keyboard or by the pointer.
+    signal menuAsked(double x, double y, bool byKeys)
     /// Somebody wants to see what it consists of.
     signal inspected
 
@@ -49,40 +51,22 @@ PlainButton {
     Accessible.name: root.title + ", " + root.sizeText + ", " + root.risk
     Accessible.description: root.detail
 
-    function showMenu() {
-        menu.popup(root, root.leftPadding, root.height / 2);
-        menu.currentIndex = 0;
+    function askByKeys() {
+        root.menuAsked(root.leftPadding, root.height / 2, true);
     }
 
-    Keys.onMenuPressed: root.showMenu()
+    Keys.onMenuPressed: root.askByKeys()
 
     // For keyboards without a menu key.
     Shortcut {
         enabled: root.activeFocus
         sequence: "Shift+F10"
-        onActivated: root.showMenu()
+        onActivated: root.askByKeys()
     }
 
     TapHandler {
         acceptedButtons: Qt.RightButton
-        onTapped: (eventPoint) => menu.popup(root, eventPoint.position.x, eventPoint.position.y)
-    }
-
-    ContextMenu {
-        id: menu
-
-        // Acted upon once the menu has given the keyboard back.
-        property bool chosen: false
-
-        objectName: "rowMenu"
-        onAboutToShow: menu.chosen = false
-        onClosed: if (menu.chosen) root.inspected()
-
-        ContextMenuItem {
-            objectName: "showItems"
-            text: qsTr("Show items…")
-            onTriggered: menu.chosen = true
-        }
+        onTapped: (eventPoint) => root.menuAsked(eventPoint.position.x, eventPoint.position.y, false)
     }
 
     background: ContinuousRectangle {

@@ -90,6 +90,7 @@ Item {
                     objectName: "row" + row.index
                     width: column.width
                     onClicked: findings.toggle(row.index)
+                    onMenuAsked: (x, y, byKeys) => menu.showFor(row, x, y, byKeys)
                     onInspected: {
                         items.inspect(findings.candidateAt(row.index));
                         sheet.open();
@@ -98,6 +99,33 @@ Item {
                     Keys.onUpPressed: row.index > 0 ? row.goTo(row.index - 1) : chips.takeKeys()
                 }
             }
+        }
+    }
+
+    ContextMenu {
+        id: menu
+
+        property CandidateRow row: null
+        // Acted upon once the menu has given the keyboard back.
+        property bool chosen: false
+
+        function showFor(row: CandidateRow, x: double, y: double, byKeys: bool) {
+            menu.row = row;
+            menu.popup(row, x, y);
+            menu.currentIndex = byKeys ? 0 : -1;
+        }
+
+        objectName: "rowMenu"
+        onAboutToShow: menu.chosen = false
+        onClosed: {
+            if (menu.chosen && menu.row)
+                menu.row.inspected();
+        }
+
+        ContextMenuItem {
+            objectName: "showItems"
+            text: qsTr("Show items…")
+            onTriggered: menu.chosen = true
         }
     }
 

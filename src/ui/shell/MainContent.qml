@@ -12,15 +12,28 @@ FocusScope {
     /// Of the window's corners.
     property double cornerRadius: 0
 
+    KeptScreen {
+        id: scanningScreen
+
+        isShown: root.navigation.screen === Navigation.Scanning
+        sourceComponent: scanning
+    }
+
+    KeptScreen {
+        id: resultsScreen
+
+        isShown: root.navigation.screen === Navigation.Results
+        sourceComponent: results
+    }
+
     Loader {
         anchors.fill: parent
-        focus: true
+        focus: !scanningScreen.isShown && !resultsScreen.isShown
         sourceComponent: {
             switch (root.navigation.screen) {
             case Navigation.Scanning:
-                return scanning;
             case Navigation.Results:
-                return results;
+                return null;
             case Navigation.Report:
                 return report;
             case Navigation.Settings:

@@ -438,7 +438,7 @@ ViewCase {
     function lookInto(index) {
         show();
         mouseClick(item("row" + index), 200, 20, Qt.RightButton);
-        const menu = findChild(item("row" + index), "rowMenu");
+        const menu = item("rowMenu");
         tryVerify(() => menu.opened);
         keyClick(Qt.Key_Down);
         keyClick(Qt.Key_Return);
@@ -541,7 +541,7 @@ ViewCase {
         show();
         item("row0").forceActiveFocus(Qt.TabFocusReason);
         keyClick(Qt.Key_Menu);
-        const menu = findChild(item("row0"), "rowMenu");
+        const menu = item("rowMenu");
         tryVerify(() => menu.opened);
         compare(menu.currentIndex, 0);
         keyClick(Qt.Key_Escape);
@@ -554,7 +554,7 @@ ViewCase {
         show();
         item("row1").forceActiveFocus(Qt.TabFocusReason);
         keyClick(Qt.Key_F10, Qt.ShiftModifier);
-        tryVerify(() => findChild(item("row1"), "rowMenu").opened);
+        tryVerify(() => item("rowMenu").opened);
         keyClick(Qt.Key_Return);
         tryVerify(() => item("itemsSheet").opened);
     }

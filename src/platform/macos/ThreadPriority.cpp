@@ -1,0 +1,8 @@
+#include "platform/ThreadPriority.h"
+
+#include <pthread/qos.h>
+
+void standBack()
+{
+    pthread_set_qos_class_self_np(QOS_CLASS_UTILITY, 0);
+}
