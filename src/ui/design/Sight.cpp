@@ -1,5 +1,7 @@
 #include "ui/design/Sight.h"
 
+#include "ui/design/WindowCover.h"
+
 #include <QEvent>
 
 Sight::Sight(QQuickItem &item)
@@ -27,11 +29,13 @@ void Sight::follow(QQuickWindow *other)
     if (window) {
         window->removeEventFilter(this);
         window->disconnect(this);
+        WindowCover::of(*window).disconnect(this);
     }
     window = other;
     if (window) {
         window->installEventFilter(this);
         connect(window, &QWindow::visibilityChanged, this, &Sight::update);
+        connect(&WindowCover::of(*window), &WindowCover::changed, this, &Sight::update);
     }
     update();
 }
@@ -39,7 +43,7 @@ void Sight::follow(QQuickWindow *other)
 void Sight::update()
 {
     const bool isNowSeen = window && window->isVisible() && window->visibility() != QWindow::Minimized &&
-                           window->isExposed(); // A covered window is not, where the system says that it is covered.
+                           window->isExposed() && !WindowCover::of(*window).isCovered();
     if (isNowSeen == seen)
         return;
     seen = isNowSeen;

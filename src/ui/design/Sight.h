@@ -4,9 +4,9 @@
 #include <QQuickItem>
 #include <QQuickWindow>
 
-/// Whether anything of the window that an item is in can be seen: it is shown, and neither minimised nor, where the
-/// system says so, covered by other windows. X11 does not say it of a window with clear corners. What moves for ever
-/// rests otherwise. Attached to items; nothing is seen of one that is in no window. Main thread.
+/// Whether anything of the window that an item is in can be seen: it is shown, and neither minimised nor covered by
+/// other windows. What moves for ever rests otherwise. Attached to items; nothing is seen of one that is in no window.
+/// Main thread.
 class Sight : public QObject
 {
     Q_OBJECT
