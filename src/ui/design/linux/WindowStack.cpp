@@ -55,10 +55,12 @@ private:
         bool isNews = false;
         while (answer(xcb_poll_for_event(server.get())))
             isNews = true;
-        if (xcb_connection_has_error(server.get()) != 0)
+        if (xcb_connection_has_error(server.get()) != 0) {
             news->setEnabled(false);
-        else if (isNews && !look.isActive())
+            cover.setCovered(false); // Better to move unseen than never again.
+        } else if (isNews && !look.isActive()) {
             look.start();
+        }
     }
 
     Answer<xcb_query_tree_reply_t> tree(xcb_window_t of)
