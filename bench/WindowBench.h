@@ -30,9 +30,13 @@ public:
         connect(
             &window, &QQuickWindow::beforeRendering, this, [this] { drawing.start(); }, Qt::DirectConnection);
         connect(
-            &window, &QQuickWindow::afterRendering, this, [this] { drawn += drawing.nsecsElapsed(); },
+            &window, &QQuickWindow::afterRendering, this,
+            [this] {
+                drawn += drawing.nsecsElapsed();
+                ++frames;
+            },
             Qt::DirectConnection);
-        events.clear();
+        forget();
     }
 
     bool notify(QObject *receiver, QEvent *event) override
@@ -54,16 +58,21 @@ public:
         std::ranges::sort(events);
         if (events.empty())
             return;
-        std::printf("%-22s %6zu events, %.2f ms at the 99th of 100, %.2f ms at most\n", what, events.size(),
-                    events[events.size() * 99 / 100], events.back());
+        std::printf("%-22s %6zu events, %4d frames, %.2f ms at the 99th of 100, %.2f ms at most\n", what, events.size(),
+                    frames, events[events.size() * 99 / 100], events.back());
     }
 
-    void forget() { events.clear(); }
+    void forget()
+    {
+        events.clear();
+        frames = 0;
+    }
 
 private:
     std::vector<double> events;
     QElapsedTimer drawing;
     qint64 drawn = 0; ///< Nanoseconds of drawing within the event.
+    int frames = 0;
     bool isWithin = false;
 };
 

@@ -48,6 +48,8 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__)
     parser.add_argument("--rounds", type=int, default=7)
     parser.add_argument("--cold", action="store_true", help="drop the system's caches before each run")
+    parser.add_argument("--rest", type=float, default=0, metavar="SECONDS",
+                        help="how long nothing is done before each run")
     parser.add_argument("--against", help="the command that the others are measured by; default: the first")
     parser.add_argument("--entries", type=lambda text: [int(number) for number in text.split(",")],
                         help="how many entries each command reads: prints the time for each, beyond what the first "
@@ -65,6 +67,7 @@ def main():
         for command in commands:
             if arguments.cold:
                 drop_caches()
+            time.sleep(arguments.rest)
             command.run()
 
     base = next((each for each in commands if each.name == arguments.against), commands[0])

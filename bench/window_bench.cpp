@@ -115,6 +115,7 @@ int main(int argc, char **argv)
         return 0;
     }
     application.print("while scanning");
+    std::printf("%-22s %6.2f s\n", "the scan", seconds);
     waitFor(1500);
     printMemory();
     showHundredFindings(tidlo.model());

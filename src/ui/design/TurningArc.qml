@@ -7,7 +7,8 @@ Gauge {
 
     property bool turns: true
 
-    RotationAnimator on rotation {
+    // No Animator: where nothing waits for the display, as in software, it has a frame drawn whenever the last is done.
+    NumberAnimation on rotation {
         objectName: "turn"
         running: root.turns && root.visible && root.Sight.isSeen
         from: 0

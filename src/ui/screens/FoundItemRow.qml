@@ -1,3 +1,4 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Layouts
 import Tidlo.Design
@@ -41,19 +42,26 @@ Rectangle {
             elide: Text.ElideMiddle
             Accessible.ignored: true
         }
-        SymbolButton {
-            objectName: "showInFiles"
-            visible: hover.hovered || root.current
-            text: qsTr("Show in Files")
-            symbol: "folder"
-            onClicked: root.showRequested()
-        }
-        SymbolButton {
-            objectName: "copyPath"
-            visible: hover.hovered || root.current
-            text: qsTr("Copy path")
-            symbol: "doc.on.doc"
-            onClicked: root.copyRequested()
+        // Made for the row that is pointed at, or is current, alone: all the others appear the sooner.
+        Repeater {
+            model: hover.hovered || root.current ? 1 : 0
+
+            RowLayout {
+                spacing: 8
+
+                SymbolButton {
+                    objectName: "showInFiles"
+                    text: qsTr("Show in Files")
+                    symbol: "folder"
+                    onClicked: root.showRequested()
+                }
+                SymbolButton {
+                    objectName: "copyPath"
+                    text: qsTr("Copy path")
+                    symbol: "doc.on.doc"
+                    onClicked: root.copyRequested()
+                }
+            }
         }
         TidloText {
             Layout.preferredWidth: 84

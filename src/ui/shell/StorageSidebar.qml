@@ -1,3 +1,4 @@
+pragma ComponentBehavior: Bound
 import QtQuick
 import QtQuick.Layouts
 import Tidlo.Design
@@ -95,13 +96,13 @@ Rectangle {
                 spacing: 8
 
                 Repeater {
-                    model: figures.categories
+                    model: figures.categories.length // So that a category whose bytes change keeps its row.
 
                     SidebarLegendRow {
-                        required property categoryFigure modelData
+                        required property int index
 
                         Layout.fillWidth: true
-                        figure: modelData
+                        figure: figures.categories[index]
                     }
                 }
             }
@@ -110,15 +111,14 @@ Rectangle {
                 opacity: TidloTheme.mixed(TidloTheme.darkness, 0.22, 0.7)
             }
             Repeater {
-                model: figures.categories
+                model: figures.categories.length
 
                 CategoryCard {
                     required property int index
-                    required property categoryFigure modelData
 
                     objectName: "category" + index
                     Layout.fillWidth: true
-                    figure: modelData
+                    figure: figures.categories[index]
                 }
             }
         }

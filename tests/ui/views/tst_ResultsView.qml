@@ -510,6 +510,18 @@ ViewCase {
         verify(item("itemsSheet").opened, "and the look goes on");
     }
 
+    function test_the_item_that_is_pointed_at_has_its_buttons() {
+        const list = findChild(lookInto(4), "items");
+        const line = list.itemAtIndex(3);
+        verify(!findChild(line, "showInFiles"));
+        mouseMove(line, 40, 18);
+        laidOut();
+        mouseClick(findChild(line, "showInFiles"));
+        compare(demo.shownInFiles, [path(3)]);
+        mouseMove(list.itemAtIndex(5), 40, 18);
+        tryVerify(() => !findChild(line, "showInFiles"));
+    }
+
     /// The names of the items that are seen, from top to bottom.
     function itemsFrom(list) {
         return seen(list.contentItem, line => line.pathText !== undefined)

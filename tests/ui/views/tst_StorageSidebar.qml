@@ -53,6 +53,14 @@ ViewCase {
         compare(demo.texts(shown).filter(words => words === "—").length, 8);
     }
 
+    function test_a_category_keeps_its_card_when_its_bytes_change() {
+        const before = [...cards(), ...legend()];
+        demo.showResults();
+        compare(demo.texts(shown).filter(words => words === "22.52 GB").length, 2);
+        const after = [...cards(), ...legend()];
+        verify(before.every((part, i) => part === after[i]));
+    }
+
     readonly property var colors: ["systemBlue", "systemMint", "systemPurple", "systemYellow", "systemOrange"]
 
     function metricCard(ring) {
