@@ -1,14 +1,19 @@
 import QtQuick
 import Tidlo.Design
 
-/// An arc that goes round for as long as it is seen: work is under way.
+/// An arc that goes round for as long as it is seen: work is under way. It takes thirty steps a second, since the work
+/// waits for each frame that is drawn meanwhile.
 Gauge {
     id: root
 
     property bool turns: true
+    /// In degrees.
+    property double angle: 0
+
+    rotation: 10 * Math.round(root.angle / 10)
 
     // No Animator: where nothing waits for the display, as in software, it has a frame drawn whenever the last is done.
-    NumberAnimation on rotation {
+    NumberAnimation on angle {
         objectName: "turn"
         running: root.turns && root.visible && root.Sight.isSeen
         from: 0
