@@ -1,5 +1,4 @@
 import QtQuick
-import QtQuick.Layouts
 import Tidlo.Design
 import Tidlo.Screens
 
@@ -74,10 +73,13 @@ PlainButton {
         color: TidloTheme.cardSurface
     }
 
-    contentItem: RowLayout {
-        spacing: 12
+    contentItem: Item {
+        implicitHeight: Math.max(words.implicitHeight, figures.implicitHeight)
 
         Symbol {
+            id: box
+
+            anchors.verticalCenter: parent.verticalCenter
             name: root.ticked ? "checkmark.square.fill" : "square"
             size: 18
             color: root.ticked ? TidloTheme.green : TidloTheme.mutedText
@@ -85,8 +87,12 @@ PlainButton {
             scale: root.tickScale
         }
         Item {
-            Layout.preferredWidth: 24
-            Layout.preferredHeight: 24
+            id: category
+
+            anchors.verticalCenter: parent.verticalCenter
+            x: box.width + 12
+            width: 24
+            height: 24
 
             Symbol {
                 anchors.centerIn: parent
@@ -96,44 +102,52 @@ PlainButton {
                 color: TidloTheme[root.symbolColor]
             }
         }
-        ColumnLayout {
-            Layout.fillWidth: true
+        Column {
+            id: words
+
+            anchors.verticalCenter: parent.verticalCenter
+            x: category.x + category.width + 12
+            width: root.availableWidth - words.x - 12 - figures.width
             spacing: 3
 
             TidloText {
-                Layout.fillWidth: true
+                width: words.width
                 text: root.title
                 font: TidloType.section
                 elide: Text.ElideRight
                 Accessible.ignored: true
             }
             TidloText {
-                Layout.fillWidth: true
+                width: words.width
+                bottomPadding: 4
                 text: root.detail
                 color: TidloTheme.mutedText
                 wrapMode: Text.Wrap
                 Accessible.ignored: true
             }
             SizeBar {
-                Layout.fillWidth: true
-                Layout.topMargin: 4
+                width: words.width
                 share: root.share
                 barColor: TidloTheme[root.riskColor]
             }
         }
-        ColumnLayout {
-            Layout.minimumWidth: 128
+        Column {
+            id: figures
+
+            anchors.verticalCenter: parent.verticalCenter
+            x: root.availableWidth - figures.width
+            width: Math.max(128, figures.implicitWidth)
             spacing: 6
 
             TidloText {
-                Layout.alignment: Qt.AlignRight
+                anchors.right: parent.right
                 text: root.sizeText
                 font: TidloType.section
                 color: TidloTheme[root.riskColor]
                 Accessible.ignored: true
             }
             StatusPill {
-                Layout.alignment: Qt.AlignRight
+                anchors.right: parent.right
                 text: root.risk
                 pillColor: TidloTheme[root.badgeColor]
                 Accessible.ignored: true
