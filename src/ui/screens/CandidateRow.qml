@@ -73,6 +73,7 @@ PlainButton {
         color: TidloTheme.cardSurface
     }
 
+    // Not a layout: its texts know their width from the start, and are shaped once.
     contentItem: Item {
         implicitHeight: Math.max(words.implicitHeight, figures.implicitHeight)
 

@@ -522,6 +522,17 @@ ViewCase {
         tryVerify(() => !findChild(line, "showInFiles"));
     }
 
+    function test_the_arrows_go_on_from_the_button_of_an_item() {
+        const list = findChild(lookInto(4), "items");
+        list.forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Tab);
+        verify(findChild(list.currentItem, "showInFiles").activeFocus);
+        keyClick(Qt.Key_Down);
+        keyClick(Qt.Key_Down);
+        compare(list.currentIndex, 2);
+        compare(copiedBy(() => keyClick(Qt.Key_C, Qt.ControlModifier)), path(2));
+    }
+
     /// The names of the items that are seen, from top to bottom.
     function itemsFrom(list) {
         return seen(list.contentItem, line => line.pathText !== undefined)

@@ -106,6 +106,15 @@ ViewCase {
         tryVerify(() => !grabImage(shown).equals(before));
     }
 
+    function test_the_arc_turns_in_steps() {
+        const spinner = item("spinner");
+        findChild(spinner, "turn").stop();
+        for (const [angle, rotation] of [[0, 0], [4, 0], [6, 10], [123, 120], [357, 360]]) {
+            spinner.angle = angle;
+            compare(spinner.rotation, rotation);
+        }
+    }
+
     function test_a_small_tile_is_a_caption_above_a_value() {
         for (const [caption, value] of [["MODE", "Metadata only"], ["SAFETY", "Trash first"]]) {
             const tile = text(caption).parent.parent;
