@@ -8,7 +8,7 @@ Gauge {
 
     property bool turns: true
     /// In degrees.
-    property double angle: 0
+    property double angle
 
     rotation: 10 * Math.round(root.angle / 10)
 
