@@ -73,8 +73,8 @@ PlainButton {
         color: TidloTheme.cardSurface
     }
 
-    // Not a layout: its texts know their width from the start, and are shaped once. Nobody replaces it, so it need not be
-    // deferred.
+    // Not a layout: its texts know their width from the start, and are shaped once. Nobody replaces it, so it need not
+    // be deferred.
     contentItem: Item { // qmllint disable deferred-property-id
         implicitHeight: Math.max(words.implicitHeight, figures.implicitHeight)
 

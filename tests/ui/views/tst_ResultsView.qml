@@ -106,6 +106,25 @@ ViewCase {
         compare(gap(row, item("row1")), 8);
     }
 
+    function test_the_words_of_a_row_end_before_its_figures() {
+        show();
+        demo.changeCandidate(0, { title: "A title that is far longer than any row is wide ".repeat(5) });
+        const row = item("row0"), [title, detail, size, badge] = texts(row), pill = badge.parent;
+        for (const words of [title, detail, findChild(row, "bar").parent]) {
+            verify(place(words).right <= Math.min(place(size).left, place(pill).left), nameOf(words));
+            compare(words.width, detail.width);
+        }
+        for (const figure of [size, pill])
+            fuzzyCompare(place(figure).right, place(row).right - 16, 1e-6);
+        verify(place(size).bottom <= place(pill).top);
+        verify(title.truncated);
+        compare(row.height, detail.parent.height + 24);
+        const before = row.height;
+        demo.changeCandidate(0, { detail: "More words than one line of the row can hold. ".repeat(10) });
+        tryVerify(() => row.height > before);
+        compare(row.height, detail.parent.height + 24);
+    }
+
     function test_a_bar_is_a_capsule_on_a_track_as_wide_as_the_words() {
         show();
         const bar = findChild(item("row1"), "bar"), track = bar.parent.children[0];
