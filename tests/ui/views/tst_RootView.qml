@@ -153,6 +153,18 @@ ViewCase {
         }
     }
 
+    function test_the_screens_of_a_scan_are_ready_before_it_and_are_kept() {
+        verify(item("scanButton").visible);
+        tryVerify(() => findChild(shown, "progressCard") && findChild(shown, "findings"));
+        const card = item("progressCard"), list = item("findings");
+        verify(!card.visible && !list.visible);
+        demo.showResults();
+        verify(list.visible);
+        demo.setSection("settings");
+        verify(!list.visible);
+        compare([item("progressCard"), item("findings")], [card, list]);
+    }
+
     function test_the_offer_to_move_is_answered_data() {
         return [
             { tag: "not now", answer: (alert) => mouseClick(findChild(alert.contentItem, "cancelButton")) },
