@@ -16,6 +16,6 @@ int main(int count, char **arguments)
     }
     const QCoreApplication application(count, arguments);
     FileSizeScanner scanner(std::make_shared<LiveFileManager>(DirectoryWalker(std::atoi(arguments[1]))));
-    const ScanSnapshot snapshot = QCoro::waitFor(scanner.scan([](double, const QString &) {}));
-    std::printf("%lld\n", snapshot.totals.totalBytes);
+    const ScanResult result = QCoro::waitFor(scanner.scan([](double, const QString &) {}));
+    std::printf("%lld\n", result.snapshot.totals.totalBytes);
 }

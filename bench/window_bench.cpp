@@ -60,7 +60,8 @@ QQuickItem &lookIntoManyItems(TidloApp &tidlo)
     many.paths.clear();
     while (many.paths.size() < 100'000)
         many.paths.append("/home/you/Sites/project-" + FilePath::number(many.paths.size()) + "/node_modules");
-    tidlo.model().setCandidates({many});
+    const QList<qint64> sizes(many.paths.size(), 4096);
+    tidlo.model().showResults({.snapshot = {.totals = {}, .candidates = {many}}, .sizes = {{many.id, sizes}}});
     QQuickItem &content = *tidlo.window()->contentItem();
     QMetaObject::invokeMethod(item(content, "row0"), "inspected");
     return *item(content, "items");
@@ -126,7 +127,7 @@ int main(int argc, char **argv)
 
     application.forget();
     QQuickItem &items = lookIntoManyItems(tidlo);
-    waitFor(3000); // They are measured meanwhile.
+    waitFor(1000);
     application.print("into 100,000 items");
     application.forget();
     scroll(items);

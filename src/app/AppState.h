@@ -3,13 +3,14 @@
 #include "model/AppSection.h"
 #include "model/CleanupReport.h"
 #include "model/ScanPhase.h"
-#include "model/ScanSnapshot.h"
+#include "scanner/MoveToTrash.h"
+#include "scanner/ScanResult.h"
 
 #include <QString>
 
 #include <optional>
 
-/// Everything that AppViewModel publishes, as it stands when the application starts.
+/// Everything that AppViewModel knows, as it stands when the application starts. It publishes all but the last group.
 struct AppState
 {
     ScanPhase phase = ScanPhase::ready;
@@ -27,4 +28,10 @@ struct AppState
     bool showMoveToApplicationsError = false;                    ///< The alert that it failed.
     QString moveToApplicationsErrorMessage = QStringLiteral(""); ///< The text of that alert.
     bool isGeneratingAI = false;                                 ///< An explanation is awaited.
+
+    // Beside what is published.
+
+    PathSizes sizes;              ///< Of the candidates' paths.
+    QList<StayedItem> stayed;     ///< What the cleanup of the report could not move.
+    bool isMovingToTrash = false; ///< A cleanup is under way.
 };

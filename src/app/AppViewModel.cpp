@@ -22,6 +22,7 @@ void AppViewModel::requireMainThread() const
 
 QCoro::Task<> AppViewModel::readDiskTotals()
 {
+    const std::shared_ptr<const void> held = underWay;
     const QPointer<AppViewModel> self(this);
     const ScanTotals totals = co_await scanner.diskTotals(environment.fileManager->homeDirectoryForCurrentUser());
     if (self)

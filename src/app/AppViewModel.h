@@ -78,10 +78,7 @@ public:
     {
         assign(state.selectedFilter, std::move(value), &AppViewModel::selectedFilterChanged);
     }
-    void setCleanupReport(std::optional<CleanupReport> value)
-    {
-        assign(state.cleanupReport, std::move(value), &AppViewModel::cleanupReportChanged);
-    }
+    void setCleanupReport(std::optional<CleanupReport> value) { setCleanup(std::move(value), {}); }
     void setAiSummary(std::optional<QString> value)
     {
         assign(state.aiSummary, std::move(value), &AppViewModel::aiSummaryChanged);
@@ -118,6 +115,20 @@ public:
     qint64 selectedBytes() const;
     qsizetype protectedCount() const; ///< Of candidates never to be touched, visible or not.
 
+    // Beside the published properties; no change of these is told by objectWillChange().
+
+    /// Bytes on the disk of each path of the candidate \a id, as the last scan found them; none if there is no such
+    /// candidate.
+    QList<qint64> sizesOf(const QUuid &id) const { return read(state.sizes).value(id); }
+    /// What the last cleanup could not move. Empty again when a scan begins.
+    QList<StayedItem> stayed() const { return read(state.stayed); }
+    /// Whether a cleanup is under way: then no other can begin.
+    bool isMovingToTrash() const { return read(state.isMovingToTrash); }
+
+    /// Held as long as an operation is under way, also when this object is gone: then operations end soon, each at its
+    /// next turn of the event loop.
+    std::weak_ptr<const void> operations() const { return underWay; }
+
     /// What it was made with.
     const AppEnvironment &given() const { return environment; }
 
@@ -134,8 +145,11 @@ public:
     /// whose results are thrown away.
     Q_INVOKABLE void startScan();
 
+    /// Shows what a scan found, in place of what was found before.
+    void showResults(const ScanResult &result);
+
     /// Moves the selected candidates to the Trash, takes them off the list and shows a report. Does nothing if none is
-    /// selected.
+    /// selected, or while they are being moved.
     Q_INVOKABLE void moveSelectedToTrash();
 
     /// Declines the offer to move to the Applications folder; the wizard follows where setup has not been completed.
@@ -173,6 +187,7 @@ Q_SIGNALS:
     void showMoveToApplicationsErrorChanged();
     void moveToApplicationsErrorMessageChanged();
     void isGeneratingAIChanged();
+    void isMovingToTrashChanged();
 
 private:
     using Signal = void (AppViewModel::*)();
@@ -206,12 +221,15 @@ private:
     QCoro::Task<> runScan(std::stop_token cancelled);
     QCoro::Task<> explainWithGemini();
     QCoro::Task<> runCleanup(QList<CleanupCandidate> selected);
+    void setCleanup(std::optional<CleanupReport> report, QList<StayedItem> stayed);
+    void setMovingToTrash(bool isMoving);
     bool isSetupNeeded() const;
     void openCopy();
     void reportPlacementFailure(const QString &message);
 
     AppEnvironment environment;
     FileSizeScanner scanner{environment.fileManager};
-    std::optional<std::stop_source> scanTask; ///< Cancels the last scan that was started.
+    std::shared_ptr<const void> underWay = std::make_shared<int>(); ///< Each coroutine holds it.
+    std::optional<std::stop_source> scanTask;                       ///< Cancels the last scan that was started.
     AppState state;
 };

@@ -5,8 +5,9 @@
 void AppViewModel::moveSelectedToTrash()
 {
     const QList<CleanupCandidate> selected = selectedCandidates();
-    if (selected.isEmpty())
+    if (selected.isEmpty() || state.isMovingToTrash)
         return;
+    setMovingToTrash(true);
     setPhase(ScanPhase::scanning);
     setSection(AppSection::scan);
     setScanProgress(0.22);
@@ -16,8 +17,9 @@ void AppViewModel::moveSelectedToTrash()
 
 QCoro::Task<> AppViewModel::runCleanup(QList<CleanupCandidate> selected)
 {
+    const std::shared_ptr<const void> held = underWay;
     const QPointer<AppViewModel> self(this);
-    const CleanupReport report = co_await scanner.moveToTrash(std::move(selected));
+    const Cleanup cleanup = co_await scanner.moveToTrash(std::move(selected));
     if (!self)
         co_return;
     const ScanTotals totals = co_await scanner.diskTotals(environment.fileManager->homeDirectoryForCurrentUser());
@@ -30,7 +32,22 @@ QCoro::Task<> AppViewModel::runCleanup(QList<CleanupCandidate> selected)
             return candidate.selected && candidate.risk != CleanupRisk::never;
         });
     });
-    setCleanupReport(report);
+    setCleanup(cleanup.report, cleanup.stayed);
     setPhase(ScanPhase::report);
     setSection(AppSection::report);
+    setMovingToTrash(false);
+}
+
+void AppViewModel::setCleanup(std::optional<CleanupReport> report, QList<StayedItem> stayed)
+{
+    publish(&AppViewModel::cleanupReportChanged, [&] {
+        state.cleanupReport = std::move(report);
+        state.stayed = std::move(stayed);
+    });
+}
+
+void AppViewModel::setMovingToTrash(bool isMoving)
+{
+    state.isMovingToTrash = isMoving;
+    Q_EMIT isMovingToTrashChanged();
 }

@@ -21,6 +21,7 @@ void AppViewModel::startScan()
 
 QCoro::Task<> AppViewModel::runScan(std::stop_token cancelled)
 {
+    const std::shared_ptr<const void> held = underWay;
     const QPointer<AppViewModel> self(this); // The window may close while the scan runs.
     const auto showProgress = [self](double fraction, const QString &label) {
         if (!self)
@@ -28,14 +29,20 @@ QCoro::Task<> AppViewModel::runScan(std::stop_token cancelled)
         self->setScanProgress(fraction);
         self->setScanLabel(label);
     };
-    ScanSnapshot snapshot = co_await scanner.scan(showProgress);
+    const ScanResult result = co_await scanner.scan(showProgress);
     if (!self || cancelled.stop_requested())
         co_return; // A superseded scan writes nothing.
-    setTotals(snapshot.totals);
-    setCandidates(std::move(snapshot.candidates));
+    showResults(result);
+    co_await explainWithGemini();
+}
+
+void AppViewModel::showResults(const ScanResult &result)
+{
+    state.sizes = result.sizes;
+    setTotals(result.snapshot.totals);
+    setCandidates(result.snapshot.candidates);
     setPhase(ScanPhase::results);
     setSection(AppSection::results);
-    co_await explainWithGemini();
 }
 
 QCoro::Task<> AppViewModel::explainWithGemini()

@@ -90,15 +90,24 @@ CleanupOutcome moveToTrash(const CleanupSelection &selection, CommandContext &co
     const StopOnSignal stop([&line] { line.show(QStringLiteral("Stopping after the item at hand")); });
     if (!selection.paths.isEmpty())
         line.show(QStringLiteral("Moving %1 to the Trash").arg(selection.text()));
-    const CleanupReport report = QCoro::waitFor(context.scanner.moveToTrash(selection.candidates, stop.token()));
-    return cleanupOutcome(report, selection, stop.signal(), context.files);
+    const Cleanup cleanup = QCoro::waitFor(context.scanner.moveToTrash(selection.candidates, stop.token()));
+    return {.cleanup = cleanup, .items = selection.paths.size(), .signal = stop.signal()};
+}
+
+nlohmann::ordered_json jsonOf(const Cleanup &cleanup)
+{
+    nlohmann::ordered_json stayed = nlohmann::ordered_json::array();
+    for (const StayedItem &item : cleanup.stayed)
+        stayed.push_back({{"path", item.path.toStdString()}, {"reason", item.reason.toStdString()}});
+    nlohmann::ordered_json json;
+    json["report"] = toJson(cleanup.report);
+    json["stayed"] = std::move(stayed);
+    return json;
 }
 
 int printOutcome(const CleanupOutcome &outcome, const Wishes &wishes)
 {
-    nlohmann::ordered_json json;
-    json["report"] = toJson(outcome.report);
-    const int printed = wishes.json ? print(json) : print(outcome.text());
+    const int printed = wishes.json ? print(jsonOf(outcome.cleanup)) : print(outcome.text());
     writeAll(STDERR_FILENO, outcome.complaint().toUtf8());
     return printed == succeeded ? outcome.exitStatus() : printed;
 }
@@ -131,7 +140,7 @@ Command cleanCommand()
                            "stops between two items.\n"
                            "\n"
                            "The exit status is 0 if nothing stayed that was to be moved, 1 if something\n"
-                           "could not be moved, 2 if there is no terminal to ask on, 130 after Ctrl-C.\n",
+                           "stayed, 2 if there is no terminal to ask on, 130 after Ctrl-C.\n",
             .options = {{"yes", "Move without a question."},
                         {"dry-run", "Show what would be moved, and move nothing."},
                         {"risk", "Only this risk: safe, rebuildable or review. Repeatable.", "risk"},

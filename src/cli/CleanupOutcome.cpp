@@ -8,20 +8,9 @@
 
 #include <algorithm>
 
-CleanupOutcome cleanupOutcome(const CleanupReport &report, const CleanupSelection &selection, int signal,
-                              const FileManager &files)
-{
-    CleanupOutcome outcome{.report = report, .items = selection.paths.size(), .leftBehind = {}, .signal = signal};
-    // Once all were moved, what is at such a path is new: applications make their caches again.
-    if (signal != 0 || report.removedItems >= outcome.items)
-        return outcome;
-    std::ranges::copy_if(selection.paths, std::back_inserter(outcome.leftBehind),
-                         [&files](const FilePath &path) { return files.attributesOfItem(path).has_value(); });
-    return outcome;
-}
-
 QString CleanupOutcome::text() const
 {
+    const CleanupReport &report = cleanup.report;
     const QString interrupted = signal == 0 ? QString() : QStringLiteral("Interrupted. ");
     const QString disk = QStringLiteral("Disk used: %1\n").arg(tidloPercent(report.finalDiskUsedPercent));
     if (report.removedItems == 0)
@@ -38,12 +27,11 @@ QString CleanupOutcome::text() const
 
 QString CleanupOutcome::complaint() const
 {
-    if (leftBehind.isEmpty())
+    if (cleanup.stayed.isEmpty())
         return {};
-    QString lines = QStringLiteral("tidlo-cli: %1 could not be moved and stayed in place:\n")
-                        .arg(countText(leftBehind.size(), QStringLiteral("item")));
-    for (const FilePath &path : leftBehind)
-        lines += QStringLiteral("  ") + visibleText(path) + u'\n';
+    QString lines = QStringLiteral("tidlo-cli: %1 stayed:\n").arg(cleanup.stayed.size());
+    for (const StayedItem &item : cleanup.stayed)
+        lines += QStringLiteral("  %1\n    %2\n").arg(visibleText(item.path), visibleText(item.reason));
     return lines;
 }
 
@@ -51,5 +39,5 @@ int CleanupOutcome::exitStatus() const
 {
     if (signal != 0)
         return 128 + signal;
-    return leftBehind.isEmpty() ? succeeded : failed;
+    return cleanup.stayed.isEmpty() ? succeeded : failed;
 }

@@ -6,7 +6,8 @@
 ScanSnapshot scanWithProgress(FileSizeScanner &scanner)
 {
     ProgressLine line;
-    return QCoro::waitFor(scanner.scan([&line](double fraction, const QString &label) {
+    const ScanResult result = QCoro::waitFor(scanner.scan([&line](double fraction, const QString &label) {
         line.show(tidloPercent(fraction).rightJustified(4) + QStringLiteral("  ") + label);
     }));
+    return result.snapshot;
 }

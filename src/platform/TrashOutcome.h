@@ -6,10 +6,11 @@
 struct TrashOutcome
 {
     enum class Kind {
-        moved,   ///< It is in the Trash, with a record of where it came from.
-        gone,    ///< Nothing exists at its path.
-        refused, ///< It was left alone on purpose; reason says why.
-        failed,  ///< The system did not do it; it is where it was; reason says why and error holds the errno.
+        moved,        ///< It is in the Trash, with a record of where it came from.
+        gone,         ///< Nothing exists at its path.
+        refused,      ///< It was left alone on purpose; reason says why.
+        failed,       ///< The system did not do it, and nothing has changed; reason says why, error holds the errno.
+        anotherMoved, ///< What took its place meanwhile is in the Trash, with a record; it is where it was put itself.
     };
 
     Kind kind = Kind::failed;

@@ -1,14 +1,14 @@
 #include "scanner/CacheRules.h"
 
-#include "scanner/CandidateTemplate.h"
 #include "scanner/ExistingPaths.h"
+#include "scanner/Finding.h"
 
 #include <array>
 #include <utility>
 
 namespace {
 
-constexpr CandidateTemplate caches{
+constexpr FindingTemplate caches{
     .title = QLatin1StringView("User and developer caches"),
     .detail = QLatin1StringView("Browser/package-manager caches. Apps may recreate these after cleanup."),
     .category = CleanupCategory::caches,
@@ -30,8 +30,8 @@ constexpr std::array cacheFolders{
 
 } // namespace
 
-QList<CleanupCandidate> cacheCandidates(const FileManager &files, const FilePath &home, std::stop_token stop)
+QList<Finding> cacheCandidates(const FileManager &files, const FilePath &home, std::stop_token stop)
 {
     const QList<FilePath> paths = existingPaths(files, home, cacheFolders);
-    return {makeCandidate(caches, paths, files.allocatedSizes(paths, std::move(stop)))};
+    return {makeFinding(caches, paths, files.allocatedSizes(paths, std::move(stop)))};
 }

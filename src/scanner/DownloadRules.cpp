@@ -1,7 +1,7 @@
 #include "scanner/DownloadRules.h"
 
 #include "platform/FileName.h"
-#include "scanner/CandidateTemplate.h"
+#include "scanner/Finding.h"
 
 #include <algorithm>
 #include <array>
@@ -9,7 +9,7 @@
 
 namespace {
 
-constexpr CandidateTemplate downloads{
+constexpr FindingTemplate downloads{
     .title = QLatin1StringView("Downloads / old installers and archives"),
     .detail = QLatin1StringView("DMG, ZIP, APK, and video files older than 45 days. Review before removing."),
     .category = CleanupCategory::downloads,
@@ -30,8 +30,7 @@ bool isOldDownload(const DirectoryEntry &entry, FileTime cutOff)
 
 } // namespace
 
-QList<CleanupCandidate> downloadCandidates(const FileManager &files, const FilePath &home, FileTime now,
-                                           std::stop_token stop)
+QList<Finding> downloadCandidates(const FileManager &files, const FilePath &home, FileTime now, std::stop_token stop)
 {
     const std::optional<QList<DirectoryEntry>> entries = files.contentsOfDirectory(home + "/Downloads");
     if (!entries)
@@ -41,5 +40,5 @@ QList<CleanupCandidate> downloadCandidates(const FileManager &files, const FileP
         if (isOldDownload(entry, now - oldAge))
             paths.append(entry.path);
     }
-    return {makeCandidate(downloads, paths, files.allocatedSizes(paths, std::move(stop)))};
+    return {makeFinding(downloads, paths, files.allocatedSizes(paths, std::move(stop)))};
 }

@@ -1,7 +1,7 @@
 #include "scanner/DuplicateProjectRules.h"
 
 #include "platform/FileName.h"
-#include "scanner/CandidateTemplate.h"
+#include "scanner/Finding.h"
 
 #include <QHash>
 #include <QRegularExpression>
@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr CandidateTemplate olderCopies{
+constexpr FindingTemplate olderCopies{
     .title = QLatin1StringView("Older duplicate project copies"),
     .detail = QLatin1StringView("Folders that look like older copies or backups. Tidlo keeps the newest detected copy "
                                 "out of this recommendation."),
@@ -105,7 +105,7 @@ QString normalizedProjectName(QByteArrayView name)
     return text.trimmed();
 }
 
-QList<CleanupCandidate> duplicateProjectCandidates(const FileManager &files, const FilePath &home, std::stop_token stop)
+QList<Finding> duplicateProjectCandidates(const FileManager &files, const FilePath &home, std::stop_token stop)
 {
     QList<FilePath> paths;
     for (const char *root : searchRoots) {
@@ -113,5 +113,5 @@ QList<CleanupCandidate> duplicateProjectCandidates(const FileManager &files, con
         for (const Group &group : groupedByName(entries))
             paths.append(allButTheNewest(group));
     }
-    return {makeCandidate(olderCopies, paths, files.allocatedSizes(paths, std::move(stop)))};
+    return {makeFinding(olderCopies, paths, files.allocatedSizes(paths, std::move(stop)))};
 }

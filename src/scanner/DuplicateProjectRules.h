@@ -1,7 +1,7 @@
 #pragma once
 
-#include "model/CleanupCandidate.h"
 #include "platform/FileManager.h"
+#include "scanner/Finding.h"
 
 /// The name that a project folder has in common with its copies: lower-cased, without what copies, backups, dates and
 /// numbers append. A \a name that is not valid UTF-8 keeps each of its foreign bytes apart from every other.
@@ -11,5 +11,4 @@ QString normalizedProjectName(QByteArrayView name);
 /// candidate with all but the last modified of each such group, newest first; empty when there are none. Where dates
 /// are equal, the one listed first counts as newer, and a folder without a date is the oldest. Groups come in the order
 /// in which their first folder is listed.
-QList<CleanupCandidate> duplicateProjectCandidates(const FileManager &files, const FilePath &home,
-                                                   std::stop_token stop = {});
+QList<Finding> duplicateProjectCandidates(const FileManager &files, const FilePath &home, std::stop_token stop = {});

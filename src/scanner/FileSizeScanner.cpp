@@ -1,8 +1,8 @@
 #include "scanner/FileSizeScanner.h"
 
 #include "scanner/DiskTotals.h"
-#include "scanner/MoveToTrash.h"
 #include "scanner/ScanSteps.h"
+#include "scanner/ScanSummary.h"
 #include "scanner/SerialExecutor.h"
 
 #include <QCoro/QCoroFuture>
@@ -30,31 +30,37 @@ struct FileSizeScanner::Core
     std::stop_source stop;
     SerialExecutor executor;
 
-    QFuture<ScanSnapshot> run(const ScanStep &step, const ScanSnapshot &snapshot);
-    static QCoro::Task<ScanSnapshot> scan(std::shared_ptr<Core> core, ProgressCallback progress);
+    QFuture<ScanHarvest> run(const ScanStep &step, const ScanHarvest &harvest);
+    static QCoro::Task<ScanResult> scan(std::shared_ptr<Core> core, ProgressCallback progress);
 };
 
-QFuture<ScanSnapshot> FileSizeScanner::Core::run(const ScanStep &step, const ScanSnapshot &snapshot)
+QFuture<ScanHarvest> FileSizeScanner::Core::run(const ScanStep &step, const ScanHarvest &harvest)
 {
-    return executor.run([files = files, stop = stop.get_token(), run = step.run, snapshot] {
-        ScanSnapshot result = snapshot;
+    return executor.run([files = files, stop = stop.get_token(), run = step.run, harvest] {
+        ScanHarvest result = harvest;
         if (!stop.stop_requested())
             run({*files, files->homeDirectoryForCurrentUser(), stop}, result);
         return result;
     });
 }
 
-QCoro::Task<ScanSnapshot> FileSizeScanner::Core::scan(std::shared_ptr<Core> core, ProgressCallback progress)
+QCoro::Task<ScanResult> FileSizeScanner::Core::scan(std::shared_ptr<Core> core, ProgressCallback progress)
 {
     co_await QCoro::sleepFor(0ms); // A turn of the event loop: nothing is told from within the call.
-    ScanSnapshot snapshot;
+    ScanHarvest harvest;
     for (const ScanStep &step : scanSteps) {
         if (core->stop.stop_requested())
-            break; // The scanner is gone; nobody it knew may be called any more.
+            co_return summarized(harvest.disk, harvest.findings); // The scanner is gone, and with it whom it told.
         progress(step.fraction, step.label);
-        snapshot = co_await later(core->run(step, snapshot));
+        harvest = co_await later(core->run(step, harvest));
     }
-    co_return snapshot;
+    const auto sumUp = [harvest] { return summarized(harvest.disk, harvest.findings); };
+    const ScanResult result = co_await later(core->executor.run(sumUp));
+    if (!core->stop.stop_requested()) {
+        progress(ScanEnd().fraction, ScanEnd().label);
+        co_await QCoro::sleepFor(0ms);
+    }
+    co_return result;
 }
 
 FileSizeScanner::FileSizeScanner(std::shared_ptr<FileManager> fileManager)
@@ -69,12 +75,12 @@ FileSizeScanner::~FileSizeScanner()
     core->executor.waitForDone();
 }
 
-QCoro::Task<ScanSnapshot> FileSizeScanner::scan(ProgressCallback progress)
+QCoro::Task<ScanResult> FileSizeScanner::scan(ProgressCallback progress)
 {
     return Core::scan(core, std::move(progress));
 }
 
-QCoro::Task<CleanupReport> FileSizeScanner::moveToTrash(QList<CleanupCandidate> candidates, std::stop_token stop)
+QCoro::Task<Cleanup> FileSizeScanner::moveToTrash(QList<CleanupCandidate> candidates, std::stop_token stop)
 {
     const auto job = [files = core->files, candidates = std::move(candidates), stop = std::move(stop),
                       end = core->stop.get_token()] {

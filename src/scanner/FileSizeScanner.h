@@ -1,8 +1,8 @@
 #pragma once
 
-#include "model/CleanupReport.h"
-#include "model/ScanSnapshot.h"
 #include "platform/FileManager.h"
+#include "scanner/MoveToTrash.h"
+#include "scanner/ScanResult.h"
 
 #include <QCoro/QCoroTask>
 #include <QString>
@@ -32,11 +32,11 @@ public:
     /// Runs all finding rules over the home folder. \a progress is called on the main thread before each step, and the
     /// step begins when it has returned; it is never called from within scan() itself, nor when the scanner is gone.
     /// The scan runs to its end whether or not anybody still waits for it.
-    QCoro::Task<ScanSnapshot> scan(ProgressCallback progress);
+    QCoro::Task<ScanResult> scan(ProgressCallback progress);
 
     /// Moves every path of \a candidates to the Trash, in order, but for those never to be touched. A requested stop
     /// ends it between two items; the report tells what was done until then.
-    QCoro::Task<CleanupReport> moveToTrash(QList<CleanupCandidate> candidates, std::stop_token stop = {});
+    QCoro::Task<Cleanup> moveToTrash(QList<CleanupCandidate> candidates, std::stop_token stop = {});
 
     /// The figures of the volume that holds \a home; everything that only a scan can know is 0.
     QCoro::Task<ScanTotals> diskTotals(FilePath home);

@@ -1,6 +1,6 @@
 #include "scanner/LargeFileRules.h"
 
-#include "scanner/CandidateTemplate.h"
+#include "scanner/Finding.h"
 
 #include <algorithm>
 #include <array>
@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr CandidateTemplate largeFiles{
+constexpr FindingTemplate largeFiles{
     .title = QLatin1StringView("Large & untouched files (>100MB, 60+ days old)"),
     .detail = QLatin1StringView("Files over 100MB sitting unused in Downloads, Movies, Documents, or Desktop for over "
                                 "2 months."),
@@ -56,8 +56,8 @@ QList<FilePath> rootsWithin(const FilePath &home)
 
 } // namespace
 
-QList<CleanupCandidate> oldLargeFilesCandidates(const FileManager &files, const FilePath &home, FileTime now,
-                                                std::stop_token stop)
+QList<Finding> oldLargeFilesCandidates(const FileManager &files, const FilePath &home, FileTime now,
+                                       std::stop_token stop)
 {
     const FileTime cutOff = now - untouchedAge;
     const DeepEnumeration enumeration{
@@ -65,5 +65,5 @@ QList<CleanupCandidate> oldLargeFilesCandidates(const FileManager &files, const 
         .shown = DeepEnumeration::Shown::everything,
         .visit = [cutOff](const EnumeratedEntry &entry) { return visit(entry, cutOff); },
     };
-    return {makeCandidate(largeFiles, files.enumerate(enumeration, std::move(stop)), 0)};
+    return {makeFinding(largeFiles, files.enumerate(enumeration, std::move(stop)), 0)};
 }

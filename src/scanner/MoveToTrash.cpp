@@ -3,6 +3,8 @@
 #include "model/CheckedSum.h"
 #include "scanner/DiskTotals.h"
 
+#include <QSet>
+
 #include <algorithm>
 
 namespace {
@@ -12,33 +14,55 @@ FilePath tildeExpanded(const FilePath &path, const FilePath &home)
     return path == "~" || path.startsWith("~/") ? home + path.sliced(1) : path;
 }
 
-bool isMoved(FileManager &files, const FilePath &path)
+/// What became of the item at \a path, which is moved if it exists.
+TrashOutcome outcomeOf(FileManager &files, const FilePath &path)
 {
-    return files.fileExists(path) && files.trashItem(path).kind == TrashOutcome::Kind::moved;
+    if (files.fileExists(path))
+        return files.trashItem(path);
+    if (files.attributesOfItem(path))
+        return {.kind = TrashOutcome::Kind::refused, .reason = QStringLiteral("It is a link that leads nowhere.")};
+    return {.kind = TrashOutcome::Kind::gone, .reason = {}};
+}
+
+/// Tells each item once, and not one that a later try, or that of a folder above it, has moved.
+void keepWhatStayed(const FileManager &files, QList<StayedItem> &stayed)
+{
+    QSet<FilePath> known;
+    stayed.removeIf([&](const StayedItem &item) {
+        const bool isRepeated = known.contains(item.path);
+        known.insert(item.path);
+        return isRepeated || !files.attributesOfItem(item.path);
+    });
 }
 
 } // namespace
 
-CleanupReport moveToTrash(FileManager &files, const QList<CleanupCandidate> &candidates,
-                          const std::function<bool()> &stopRequested)
+Cleanup moveToTrash(FileManager &files, const QList<CleanupCandidate> &candidates,
+                    const std::function<bool()> &stopRequested)
 {
     const FilePath home = files.homeDirectoryForCurrentUser();
-    CleanupReport report;
+    Cleanup cleanup;
+    CleanupReport &report = cleanup.report;
     for (const CleanupCandidate &candidate : candidates) {
         if (candidate.risk == CleanupRisk::never) {
             ++report.protectedItems;
             continue;
         }
-        for (const FilePath &path : candidate.paths) {
+        const qint64 share = std::max<qint64>(candidate.bytes / std::max<qint64>(candidate.paths.size(), 1), 0);
+        for (const FilePath &listed : candidate.paths) {
             if (stopRequested())
                 break;
-            if (!isMoved(files, tildeExpanded(path, home)))
-                continue;
-            ++report.removedItems;
-            const qint64 share = std::max<qint64>(candidate.bytes / candidate.paths.size(), 0);
-            report.recoveredBytes = checkedSum(report.recoveredBytes, share);
+            const FilePath path = tildeExpanded(listed, home);
+            const TrashOutcome outcome = outcomeOf(files, path);
+            if (outcome.kind == TrashOutcome::Kind::moved) {
+                ++report.removedItems;
+                report.recoveredBytes = checkedSum(report.recoveredBytes, share);
+            } else if (outcome.kind != TrashOutcome::Kind::gone) {
+                cleanup.stayed.append({.path = path, .reason = outcome.reason});
+            }
         }
     }
+    keepWhatStayed(files, cleanup.stayed);
     report.finalDiskUsedPercent = diskTotals(files, home).diskUsedPercent;
-    return report;
+    return cleanup;
 }

@@ -6,10 +6,26 @@
 
 #include <functional>
 
+/// An item that was to be moved to the Trash and was not.
+struct StayedItem
+{
+    FilePath path;
+    QString reason; ///< In a sentence, for a person.
+
+    bool operator==(const StayedItem &) const = default;
+};
+
+/// What came of moving candidates to the Trash: the record, and beside it what stayed.
+struct Cleanup
+{
+    CleanupReport report;
+    QList<StayedItem> stayed; ///< In the order in which they were tried.
+};
+
 /// Moves every path of \a candidates to the Trash, in order, and reads the disk anew for the report. A candidate never
 /// to be touched is counted and left alone. A leading "~" in a path stands for the home folder. A path where nothing
-/// exists, a link that leads nowhere included, is passed over, and what is not moved is counted nowhere. Each moved
-/// path counts an even share of its candidate's bytes; nothing is measured again. \a stopRequested is asked before each
-/// path.
-CleanupReport moveToTrash(FileManager &files, const QList<CleanupCandidate> &candidates,
-                          const std::function<bool()> &stopRequested);
+/// exists is passed over, and so is a link that leads nowhere, which stays. What is not moved is counted nowhere. Each
+/// moved path counts an even share of its candidate's bytes; nothing is measured again. \a stopRequested is asked
+/// before each path.
+Cleanup moveToTrash(FileManager &files, const QList<CleanupCandidate> &candidates,
+                    const std::function<bool()> &stopRequested);

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "model/CleanupCandidate.h"
 #include "platform/FileManager.h"
+#include "scanner/Finding.h"
 
 /// The folders beneath which web and app projects are kept, in the order they are searched.
 QList<FilePath> projectRoots(const FilePath &home);
@@ -12,4 +12,4 @@ bool looksLikeProject(const EnumeratedEntry &entry);
 /// Generated folders inside projects that package managers and build tools can make again. Always three candidates:
 /// rebuildable folders, Composer's vendor folders, build outputs. Of nested matches the outermost alone is found. A
 /// requested stop ends the search soon, with what was found until then.
-QList<CleanupCandidate> developerCandidates(const FileManager &files, const FilePath &home, std::stop_token stop = {});
+QList<Finding> developerCandidates(const FileManager &files, const FilePath &home, std::stop_token stop = {});

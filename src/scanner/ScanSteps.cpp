@@ -6,55 +6,49 @@
 #include "scanner/DuplicateProjectRules.h"
 #include "scanner/LargeFileRules.h"
 #include "scanner/ProjectFolderRules.h"
-#include "scanner/ScanSummary.h"
 #include "scanner/WhatsAppRules.h"
 
 namespace {
 
-void readDiskUsage(const ScanContext &context, ScanSnapshot &snapshot)
+void readDiskUsage(const ScanContext &context, ScanHarvest &harvest)
 {
-    snapshot.totals = diskTotals(context.files, context.home);
+    harvest.disk = diskTotals(context.files, context.home);
 }
 
-void findProjectFolders(const ScanContext &context, ScanSnapshot &snapshot)
+void findProjectFolders(const ScanContext &context, ScanHarvest &harvest)
 {
-    snapshot.candidates += developerCandidates(context.files, context.home, context.stop);
+    harvest.findings += developerCandidates(context.files, context.home, context.stop);
 }
 
-void checkWhatsApp(const ScanContext &context, ScanSnapshot &snapshot)
+void checkWhatsApp(const ScanContext &context, ScanHarvest &harvest)
 {
-    snapshot.candidates += whatsAppCandidates(context.files, context.home, context.stop);
+    harvest.findings += whatsAppCandidates(context.files, context.home, context.stop);
 }
 
-void checkCaches(const ScanContext &context, ScanSnapshot &snapshot)
+void checkCaches(const ScanContext &context, ScanHarvest &harvest)
 {
-    snapshot.candidates += cacheCandidates(context.files, context.home, context.stop);
+    harvest.findings += cacheCandidates(context.files, context.home, context.stop);
 }
 
-void checkOldFiles(const ScanContext &context, ScanSnapshot &snapshot)
+void checkOldFiles(const ScanContext &context, ScanHarvest &harvest)
 {
     using Clock = std::chrono::system_clock;
-    snapshot.candidates += downloadCandidates(context.files, context.home, Clock::now(), context.stop);
-    snapshot.candidates += oldLargeFilesCandidates(context.files, context.home, Clock::now(), context.stop);
+    harvest.findings += downloadCandidates(context.files, context.home, Clock::now(), context.stop);
+    harvest.findings += oldLargeFilesCandidates(context.files, context.home, Clock::now(), context.stop);
 }
 
-/// The last rule: all findings are there, so the snapshot is completed as well.
-void findProjectCopiesAndSummarize(const ScanContext &context, ScanSnapshot &snapshot)
+void findProjectCopies(const ScanContext &context, ScanHarvest &harvest)
 {
-    snapshot.candidates += duplicateProjectCandidates(context.files, context.home, context.stop);
-    snapshot = summarized(snapshot.totals, snapshot.candidates);
+    harvest.findings += duplicateProjectCandidates(context.files, context.home, context.stop);
 }
-
-void doNothing(const ScanContext &, ScanSnapshot &) {}
 
 } // namespace
 
-const std::array<ScanStep, 7> scanSteps{{
+const std::array<ScanStep, 6> scanSteps{{
     {0.08, QLatin1StringView("Reading disk usage"), readDiskUsage},
     {0.18, QLatin1StringView("Finding project build & cache files"), findProjectFolders},
     {0.42, QLatin1StringView("Checking WhatsApp Desktop storage"), checkWhatsApp},
     {0.56, QLatin1StringView("Checking user caches"), checkCaches},
     {0.72, QLatin1StringView("Checking old downloads & large untouched files"), checkOldFiles},
-    {0.86, QLatin1StringView("Finding older project copies"), findProjectCopiesAndSummarize},
-    {1.0, QLatin1StringView("Ready"), doNothing},
+    {0.86, QLatin1StringView("Finding older project copies"), findProjectCopies},
 }};

@@ -1,7 +1,8 @@
 #pragma once
 
-#include "model/ScanSnapshot.h"
+#include "model/ScanTotals.h"
 #include "platform/FileManager.h"
+#include "scanner/Finding.h"
 
 #include <QLatin1StringView>
 
@@ -16,13 +17,27 @@ struct ScanContext
     std::stop_token stop;
 };
 
-/// One step of a scan: what is shown when it begins, and what it adds to the snapshot.
+/// What the steps have found so far.
+struct ScanHarvest
+{
+    ScanTotals disk;
+    QList<Finding> findings; ///< In the order of the rules.
+};
+
+/// One step of a scan: what is shown when it begins, and what it adds to the harvest.
 struct ScanStep
 {
     double fraction; ///< Done when it begins, from 0 to 1.
     QLatin1StringView label;
-    void (*run)(const ScanContext &context, ScanSnapshot &snapshot); ///< Off the main thread.
+    void (*run)(const ScanContext &context, ScanHarvest &harvest); ///< Off the main thread.
 };
 
-/// All steps, in order. The snapshot is complete before the last one is shown.
-extern const std::array<ScanStep, 7> scanSteps;
+/// All steps, in order.
+extern const std::array<ScanStep, 6> scanSteps;
+
+/// What is shown when everything has been found, filtered, ordered and summed up.
+struct ScanEnd
+{
+    double fraction = 1;
+    QLatin1StringView label{"Ready"};
+};

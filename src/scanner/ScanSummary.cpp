@@ -22,13 +22,21 @@ bool comesBefore(const CleanupCandidate &a, const CleanupCandidate &b)
 
 } // namespace
 
-ScanSnapshot summarized(const ScanTotals &disk, QList<CleanupCandidate> findings)
+ScanResult summarized(const ScanTotals &disk, const QList<Finding> &findings)
 {
-    findings.removeIf(isNothing);
-    std::stable_sort(findings.begin(), findings.end(), comesBefore);
+    ScanResult result;
+    QList<CleanupCandidate> &candidates = result.snapshot.candidates;
+    for (const Finding &finding : findings) {
+        if (isNothing(finding.candidate))
+            continue;
+        candidates.append(finding.candidate);
+        result.sizes.insert(finding.candidate.id, finding.sizes);
+    }
+    std::ranges::stable_sort(candidates, comesBefore);
 
-    ScanTotals totals = disk;
-    for (const CleanupCandidate &candidate : std::as_const(findings)) {
+    ScanTotals &totals = result.snapshot.totals;
+    totals = disk;
+    for (const CleanupCandidate &candidate : std::as_const(candidates)) {
         totals.totalBytes = checkedSum(totals.totalBytes, candidate.bytes);
         if (candidate.selected)
             totals.recoverableBytes = checkedSum(totals.recoverableBytes, candidate.bytes);
@@ -36,5 +44,5 @@ ScanSnapshot summarized(const ScanTotals &disk, QList<CleanupCandidate> findings
     if (totals.volumeBytes >= 1)
         totals.recoverablePercent =
             static_cast<double>(totals.recoverableBytes) / static_cast<double>(totals.volumeBytes);
-    return {totals, findings};
+    return result;
 }

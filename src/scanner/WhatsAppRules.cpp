@@ -1,14 +1,14 @@
 #include "scanner/WhatsAppRules.h"
 
-#include "scanner/CandidateTemplate.h"
 #include "scanner/ExistingPaths.h"
+#include "scanner/Finding.h"
 
 #include <array>
 #include <utility>
 
 namespace {
 
-constexpr CandidateTemplate media{
+constexpr FindingTemplate media{
     .title = QLatin1StringView("WhatsApp / Chat Media & Attachments"),
     .detail = QLatin1StringView("Chat photos, videos, and media files. Unchecked by default; check manually if you "
                                 "want to clear media to free space."),
@@ -17,7 +17,7 @@ constexpr CandidateTemplate media{
     .selected = false,
 };
 
-constexpr CandidateTemplate caches{
+constexpr FindingTemplate caches{
     .title = QLatin1StringView("WhatsApp / Temporary App Caches"),
     .detail =
         QLatin1StringView("App UI caches, logs, and temporary web previews. Safe to clean without losing chat media."),
@@ -30,15 +30,15 @@ constexpr std::array cacheFolders{"Library/Caches/net.whatsapp.WhatsApp"};
 
 } // namespace
 
-QList<CleanupCandidate> whatsAppCandidates(const FileManager &files, const FilePath &home, std::stop_token stop)
+QList<Finding> whatsAppCandidates(const FileManager &files, const FilePath &home, std::stop_token stop)
 {
     const QList<FilePath> mediaPaths = existingPaths(files, home, mediaFolders);
     const QList<FilePath> cachePaths = existingPaths(files, home, cacheFolders);
     const QList<qint64> sizes = files.allocatedSizes(mediaPaths + cachePaths, std::move(stop));
 
-    QList<CleanupCandidate> candidates{makeCandidate(media, mediaPaths, sizes.first(mediaPaths.size()))};
-    const CleanupCandidate found = makeCandidate(caches, cachePaths, sizes.sliced(mediaPaths.size()));
-    if (found.bytes > 0)
-        candidates.append(found);
-    return candidates;
+    QList<Finding> findings{makeFinding(media, mediaPaths, sizes.first(mediaPaths.size()))};
+    const Finding found = makeFinding(caches, cachePaths, sizes.sliced(mediaPaths.size()));
+    if (found.candidate.bytes > 0)
+        findings.append(found);
+    return findings;
 }

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "model/CleanupCandidate.h"
 #include "platform/FileManager.h"
+#include "scanner/Finding.h"
 
 /// The chat media of WhatsApp Desktop, always a candidate and the one that starts unselected; then its temporary
 /// caches, a candidate only when they take room. Nothing else of its container is ever listed, least of all the chats.
-QList<CleanupCandidate> whatsAppCandidates(const FileManager &files, const FilePath &home, std::stop_token stop = {});
+QList<Finding> whatsAppCandidates(const FileManager &files, const FilePath &home, std::stop_token stop = {});

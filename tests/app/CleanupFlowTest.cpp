@@ -85,6 +85,51 @@ TEST_F(CleanupFlow, MovesWhatIsSelectedAndReports)
     EXPECT_EQ(explainer.asked(), 0);
 }
 
+TEST_F(CleanupFlow, IsNotBegunAgainWhileItIsUnderWay)
+{
+    show({withFiles("A", {"a"}), withFiles("B", {"b"})});
+    NotificationLog log(model());
+    int changes = 0;
+    QObject::connect(&model(), &AppViewModel::isMovingToTrashChanged, [&changes] { ++changes; });
+    EXPECT_FALSE(model().isMovingToTrash());
+
+    model().moveSelectedToTrash();
+    EXPECT_TRUE(model().isMovingToTrash());
+    log.taken();
+    model().moveSelectedToTrash();
+    EXPECT_THAT(log.taken(), IsEmpty());
+    waitForReport();
+
+    EXPECT_FALSE(model().isMovingToTrash());
+    EXPECT_EQ(changes, 2);
+    EXPECT_EQ(model().cleanupReport()->removedItems, 2);
+    // And another can begin.
+    show({withFiles("C", {"c"})});
+    model().moveSelectedToTrash();
+    waitUntil([&] { return !model().isMovingToTrash(); });
+    EXPECT_EQ(model().cleanupReport()->removedItems, 1);
+}
+
+TEST_F(CleanupFlow, KeepsWhatStayedUntilAnotherScanBegins)
+{
+    show({withFiles("A", {"a", "b"})});
+    ON_CALL(*files, trashItem).WillByDefault([this](const FilePath &path) {
+        using Kind = TrashOutcome::Kind;
+        return TrashOutcome{.kind = path == home / "a" ? Kind::refused : Kind::moved,
+                            .reason = QStringLiteral("It holds a Trash.")};
+    });
+    QObject::connect(&model(), &AppViewModel::cleanupReportChanged, [this] {
+        EXPECT_EQ(model().stayed().isEmpty(), !model().cleanupReport()) << "Both change together.";
+    });
+
+    cleanUp();
+    EXPECT_EQ(model().stayed(),
+              (QList<StayedItem>{{.path = home / "a", .reason = QStringLiteral("It holds a Trash.")}}));
+
+    model().startScan();
+    EXPECT_TRUE(model().stayed().isEmpty());
+}
+
 TEST_F(CleanupFlow, LeavesTheFiguresOfTheDiskAlone)
 {
     home.file("Library/Caches/pip/wheel", 8'192);

@@ -157,7 +157,9 @@ TEST(CleanCommand, PrintsTheReportAsOneJsonObject)
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.errors, "");
     const Json json = Json::parse(run.output.toStdString());
-    ASSERT_EQ(json.size(), 1);
+    ASSERT_EQ(json.size(), 2);
+    EXPECT_EQ(std::next(json.begin()).key(), "stayed");
+    EXPECT_THAT(json["stayed"], IsEmpty());
     const Json &report = json["report"];
     std::vector<std::string> keys;
     for (const auto &item : report.items())
@@ -204,8 +206,19 @@ TEST(CleanCommand, SaysWhatCouldNotBeMoved)
         runCli(*home, {"clean", "--yes", "--risk", "safe"}, {.environment = {trashInCache}, .inChild = {}});
     EXPECT_EQ(run.status, 1);
     EXPECT_THAT(run.output.toStdString(), HasSubstr("Moved 1 of 2 items (10 KB) to the Trash."));
-    EXPECT_EQ(run.errors, "tidlo-cli: 1 item could not be moved and stayed in place:\n  " + (*home / ".cache") + '\n');
+    EXPECT_EQ(run.errors, "tidlo-cli: 1 stayed:\n  " + (*home / ".cache") + "\n    It holds a Trash.\n");
     EXPECT_EQ(existing({*home / ".cache/large", *home / "Library/Caches/pip"}), QByteArrayList{*home / ".cache/large"});
+}
+
+TEST(CleanCommand, TellsInItsJsonWhatStayedAndWhy)
+{
+    const auto home = homeToClean();
+    const FilePath trashInCache = "XDG_DATA_HOME=" + (*home / ".cache/data");
+    home->file(".cache/large", 8'192);
+    const CliRun run = runCli(*home, {"clean", "--yes", "--json"}, {.environment = {trashInCache}, .inChild = {}});
+    EXPECT_EQ(run.status, 1);
+    const Json expected = {{{"path", (*home / ".cache").toStdString()}, {"reason", "It holds a Trash."}}};
+    EXPECT_EQ(Json::parse(run.output.toStdString())["stayed"], expected);
 }
 
 TEST(CleanCommand, APathThatTwoFindingsListIsOneItem)

@@ -120,7 +120,7 @@ TEST(OfflineExplanation, KnowsEverythingAScanFinds)
     addEveryFinding(home);
     FileSizeScanner scanner(std::make_shared<testing::NiceMock<FakeFileManager>>(home.path()));
 
-    const ScanSnapshot scan = QCoro::waitFor(scanner.scan([](double, const QString &) {}));
+    const ScanSnapshot scan = QCoro::waitFor(scanner.scan([](double, const QString &) {})).snapshot;
 
     ASSERT_EQ(scan.candidates.size(), everyFinding().size());
     for (const CleanupCandidate &candidate : scan.candidates)

@@ -64,7 +64,7 @@ TEST_F(FileSizeScannerTest, BeginsEachStepWhenItsProgressHasReturned)
                                        "begin 56", "end 56", "home", "exists", "sizes",                //
                                        "begin 72", "end 72", "home", "contents", "sizes", "enumerate", //
                                        "begin 86", "end 86", "home", "contents", "sizes",              //
-                                       "begin 100", "end 100", "home"));
+                                       "begin 100", "end 100"));
 }
 
 #ifndef Q_OS_MACOS // There a thread has another kind of priority.
@@ -104,7 +104,7 @@ TEST_F(FileSizeScannerTest, TellsProgressOnTheMainThreadAndWorksOnAnother)
 TEST_F(FileSizeScannerTest, NeverTellsProgressFromWithinTheCall)
 {
     int told = 0;
-    const QCoro::Task<ScanSnapshot> task = scanner->scan([&told](double, const QString &) { ++told; });
+    const QCoro::Task<ScanResult> task = scanner->scan([&told](double, const QString &) { ++told; });
     EXPECT_EQ(told, 0);
     QCoro::waitFor(task);
     EXPECT_EQ(told, 7);
@@ -114,7 +114,7 @@ TEST_F(FileSizeScannerTest, RunsToItsEndThoughNobodyWaits)
 {
     double last = 0;
     {
-        const QCoro::Task<ScanSnapshot> dropped = scanner->scan([&last](double fraction, const QString &) {
+        const QCoro::Task<ScanResult> dropped = scanner->scan([&last](double fraction, const QString &) {
             last = fraction;
             if (fraction == 1.0)
                 QCoreApplication::quit();
@@ -147,8 +147,8 @@ TEST_F(FileSizeScannerTest, NeverRunsStepsOfTwoScansAtOnce)
     // When
     int steps = 0;
     const auto progress = [&steps](double, const QString &) { ++steps; };
-    const QCoro::Task<ScanSnapshot> first = scanner->scan(progress);
-    const QCoro::Task<ScanSnapshot> second = scanner->scan(progress);
+    const QCoro::Task<ScanResult> first = scanner->scan(progress);
+    const QCoro::Task<ScanResult> second = scanner->scan(progress);
     QCoro::waitFor(first);
     QCoro::waitFor(second);
 
@@ -162,10 +162,10 @@ TEST_F(FileSizeScannerTest, CanBeDestroyedWhileAScanWorks)
     QList<double> told;
     holdUpSearches([this] { scanner.reset(); });
     EXPECT_CALL(files, fileExists).Times(0);
-    const ScanSnapshot snapshot =
+    const ScanResult result =
         QCoro::waitFor(scanner->scan([&told](double fraction, const QString &) { told.append(fraction); }));
     EXPECT_THAT(told, ElementsAre(0.08, 0.18));
-    EXPECT_GT(snapshot.totals.volumeBytes, 0);
+    EXPECT_GT(result.snapshot.totals.volumeBytes, 0);
 }
 
 TEST_F(FileSizeScannerTest, CanBeDestroyedByTheProgressItTells)
@@ -182,11 +182,11 @@ TEST_F(FileSizeScannerTest, CanBeDestroyedByTheProgressItTells)
 
 TEST_F(FileSizeScannerTest, CanBeDestroyedBeforeAScanBegan)
 {
-    const QCoro::Task<ScanSnapshot> task =
+    const QCoro::Task<ScanResult> task =
         scanner->scan([](double, const QString &) { ADD_FAILURE() << "The scanner is gone."; });
     const QCoro::Task<ScanTotals> totals = scanner->diskTotals(home.path());
     scanner.reset();
-    EXPECT_EQ(QCoro::waitFor(task), ScanSnapshot());
+    EXPECT_EQ(QCoro::waitFor(task).snapshot, ScanSnapshot());
     EXPECT_GT(QCoro::waitFor(totals).volumeBytes, 0);
 }
 
@@ -204,7 +204,7 @@ TEST_F(FileSizeScannerTest, MovesToTheTrashAndReportsIt)
     candidate.paths = {home.file("a"), "~/b"};
     candidate.bytes = 101;
     home.file("b");
-    EXPECT_EQ(QCoro::waitFor(scanner->moveToTrash({candidate})),
+    EXPECT_EQ(QCoro::waitFor(scanner->moveToTrash({candidate})).report,
               (CleanupReport{
                   .recoveredBytes = 100, .removedItems = 2, .finalDiskUsedPercent = 0.75, .aiSummary = std::nullopt}));
 }
@@ -219,7 +219,7 @@ TEST_F(FileSizeScannerTest, StopsMovingBetweenTwoItemsWhenAsked)
         return TrashOutcome{.kind = TrashOutcome::Kind::moved, .reason = {}};
     });
     EXPECT_CALL(files, trashItem(home / "b")).Times(0);
-    EXPECT_EQ(QCoro::waitFor(scanner->moveToTrash({candidate}, stop.get_token())).removedItems, 1);
+    EXPECT_EQ(QCoro::waitFor(scanner->moveToTrash({candidate}, stop.get_token())).report.removedItems, 1);
 }
 
 TEST_F(FileSizeScannerTest, MovesNothingMoreOnceDestroyed)
@@ -227,7 +227,7 @@ TEST_F(FileSizeScannerTest, MovesNothingMoreOnceDestroyed)
     // Given a move that waits behind a scan, which ends when the scanner does.
     CleanupCandidate candidate;
     candidate.paths = {home.file("a")};
-    std::optional<QCoro::Task<CleanupReport>> move;
+    std::optional<QCoro::Task<Cleanup>> move;
     holdUpSearches([&] {
         move = scanner->moveToTrash({candidate});
         scanner.reset();
@@ -238,7 +238,7 @@ TEST_F(FileSizeScannerTest, MovesNothingMoreOnceDestroyed)
     scanned();
 
     // Then
-    EXPECT_EQ(QCoro::waitFor(*move).removedItems, 0);
+    EXPECT_EQ(QCoro::waitFor(*move).report.removedItems, 0);
 }
 
 TEST_F(FileSizeScannerTest, NeverEndsFromWithinTheCallHoweverLittleThereIsToDo)

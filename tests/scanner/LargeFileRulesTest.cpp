@@ -28,7 +28,7 @@ protected:
     CleanupCandidate found() const { return foundIn(home.path()); }
     CleanupCandidate foundIn(const FilePath &folder) const
     {
-        const QList<CleanupCandidate> candidates = oldLargeFilesCandidates(files, folder, now);
+        const QList<CleanupCandidate> candidates = candidatesOf(oldLargeFilesCandidates(files, folder, now));
         EXPECT_THAT(candidates, SizeIs(1));
         return candidates.value(0);
     }
@@ -227,5 +227,5 @@ TEST_F(LargeFileRules, EndEarlyWhenAskedToStop)
     oldFile("Movies/file");
     std::stop_source stop;
     stop.request_stop();
-    EXPECT_THAT(oldLargeFilesCandidates(files, home.path(), now, stop.get_token()).at(0).paths, IsEmpty());
+    EXPECT_THAT(oldLargeFilesCandidates(files, home.path(), now, stop.get_token()).at(0).candidate.paths, IsEmpty());
 }

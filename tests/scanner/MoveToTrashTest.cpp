@@ -5,8 +5,11 @@
 #include <limits>
 
 using testing::_;
+using testing::ElementsAre;
 using testing::InSequence;
+using testing::IsEmpty;
 using testing::Return;
+using testing::SizeIs;
 
 namespace {
 
@@ -29,10 +32,12 @@ CleanupCandidate candidate(const QList<FilePath> &paths, qint64 bytes, CleanupRi
 class MoveToTrash : public RuleTest
 {
 protected:
-    CleanupReport move(const QList<CleanupCandidate> &candidates)
+    Cleanup cleanUp(const QList<CleanupCandidate> &candidates)
     {
         return moveToTrash(files, candidates, [] { return false; });
     }
+
+    CleanupReport move(const QList<CleanupCandidate> &candidates) { return cleanUp(candidates).report; }
 };
 
 } // namespace
@@ -136,6 +141,51 @@ TEST_F(MoveToTrash, CountsNothingThatWasNotMoved)
     EXPECT_EQ(report.recoveredBytes, 25);
 }
 
+TEST_F(MoveToTrash, TellsWhatStayedAndWhy)
+{
+    using Kind = TrashOutcome::Kind;
+    home.link("dangling", "nowhere");
+    EXPECT_CALL(files, trashItem(home / "a"))
+        .WillOnce(Return(TrashOutcome{.kind = Kind::refused, .reason = QStringLiteral("It holds a Trash.")}));
+    EXPECT_CALL(files, trashItem(home / "b"))
+        .WillOnce(Return(TrashOutcome{.kind = Kind::failed, .reason = QStringLiteral("It cannot be moved.")}));
+    EXPECT_CALL(files, trashItem(home / "c"))
+        .WillOnce(Return(TrashOutcome{.kind = Kind::anotherMoved, .reason = QStringLiteral("Another was.")}));
+    EXPECT_CALL(files, trashItem(home / "d")).WillOnce(Return(outcome(Kind::gone)));
+    EXPECT_CALL(files, trashItem(home / "e"));
+    home.file("a");
+    home.file("b");
+    home.file("c");
+    home.file("d");
+    home.file("e");
+    const auto stayed = [this](const char *name, const char *reason) {
+        return StayedItem{.path = home / name, .reason = QString::fromUtf8(reason)};
+    };
+    EXPECT_THAT(cleanUp({candidate({home / "a", home / "b", "~/c", home / "d"}, 100),
+                         candidate({home / "e", home / "gone", home / "dangling"}, 10),
+                         candidate({home.file("kept")}, 10, CleanupRisk::never)})
+                    .stayed,
+                ElementsAre(stayed("a", "It holds a Trash."), stayed("b", "It cannot be moved."),
+                            stayed("c", "Another was."), stayed("dangling", "It is a link that leads nowhere.")));
+}
+
+TEST_F(MoveToTrash, TellsOnceWhatStayedInTwoFindings)
+{
+    ON_CALL(files, trashItem).WillByDefault(Return(outcome(TrashOutcome::Kind::failed)));
+    const FilePath path = home.file("a");
+    EXPECT_THAT(cleanUp({candidate({path, path}, 100), candidate({path}, 10)}).stayed, SizeIs(1));
+}
+
+TEST_F(MoveToTrash, TellsNothingOfWhatALaterTryMoved)
+{
+    const FilePath inner = home.file("outer/inner");
+    EXPECT_CALL(files, trashItem(inner)).WillOnce(Return(outcome(TrashOutcome::Kind::failed)));
+    EXPECT_CALL(files, trashItem(home / "outer"));
+    const Cleanup cleanup = cleanUp({candidate({inner, home / "outer"}, 100)});
+    EXPECT_EQ(cleanup.report.removedItems, 1);
+    EXPECT_THAT(cleanup.stayed, IsEmpty());
+}
+
 TEST_F(MoveToTrash, CountsAPathOnceThatIsListedTwice)
 {
     const FilePath path = home.file("a");
@@ -187,7 +237,8 @@ TEST_F(MoveToTrash, StopsBetweenTwoItemsAndTellsWhatWasDone)
     const CleanupReport report = moveToTrash(files,
                                              {candidate({home.file("a"), home.file("b"), home.file("c")}, 90),
                                               candidate({home.file("d")}, 10), candidate({}, 0, CleanupRisk::never)},
-                                             [&] { return isStopped; });
+                                             [&] { return isStopped; })
+                                     .report;
     EXPECT_EQ(report.removedItems, 2);
     EXPECT_EQ(report.recoveredBytes, 60);
     EXPECT_GT(report.finalDiskUsedPercent, 0);

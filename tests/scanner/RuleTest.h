@@ -1,7 +1,7 @@
 #pragma once
 
 #include "fakes/FakeFileManager.h"
-#include "model/CleanupCandidate.h"
+#include "scanner/Finding.h"
 #include "support/InChild.h"
 #include "support/PrintQt.h"
 #include "support/TemporaryHome.h"
@@ -29,6 +29,14 @@ inline void expectFixedFields(const CleanupCandidate &candidate, const FixedFiel
     EXPECT_EQ(candidate.selected, expected.selected);
     EXPECT_EQ(candidate.aiExplanation, std::nullopt);
     EXPECT_FALSE(candidate.id.isNull());
+}
+
+inline QList<CleanupCandidate> candidatesOf(const QList<Finding> &findings)
+{
+    QList<CleanupCandidate> candidates;
+    for (const Finding &finding : findings)
+        candidates.append(finding.candidate);
+    return candidates;
 }
 
 /// Names that a file may have and that are easily mishandled. Each leaves room for four bytes more.

@@ -4,6 +4,7 @@
 #include "support/EveryFinding.h"
 
 #include <functional>
+#include <numeric>
 
 using testing::AllOf;
 using testing::ElementsAre;
@@ -73,6 +74,22 @@ TEST_F(ScanOutcome, ListsAFileInBothCandidatesWhereTwoRulesFindIt)
                                   Field(&CleanupCandidate::paths, ElementsAre(path))),
                             AllOf(Field(&CleanupCandidate::category, CleanupCategory::oldLargeFiles),
                                   Field(&CleanupCandidate::paths, ElementsAre(path)))));
+}
+
+TEST_F(ScanOutcome, TellsTheSizeOfEachPath)
+{
+    addEveryFinding(home);
+    const FilePath second = home.file("Sites/other/node_modules/x", 20'000);
+    const ScanResult found = result();
+    EXPECT_EQ(found.sizes.size(), found.snapshot.candidates.size());
+    for (const CleanupCandidate &candidate : found.snapshot.candidates) {
+        const QList<qint64> sizes = found.sizes.value(candidate.id);
+        EXPECT_EQ(sizes.size(), candidate.paths.size()) << candidate.title.toStdString();
+        EXPECT_EQ(std::accumulate(sizes.begin(), sizes.end(), qint64(0)), candidate.bytes);
+    }
+    const CleanupCandidate &folders = found.snapshot.candidates.at(0);
+    ASSERT_THAT(folders.paths, ElementsAre(home / "Sites/other/node_modules", home / "Sites/web/node_modules"));
+    EXPECT_THAT(found.sizes.value(folders.id), ElementsAre(onDisk(second), onDisk(home / "Sites/web/node_modules/x")));
 }
 
 TEST_F(ScanOutcome, StartsFromNothingEachTime)

@@ -22,10 +22,23 @@ CleanupCandidate candidate(const char *title, qint64 bytes, CleanupRisk risk = C
     return result;
 }
 
+ScanResult resultOf(const QList<CleanupCandidate> &merged, const ScanTotals &disk = {})
+{
+    QList<Finding> findings;
+    for (const CleanupCandidate &each : merged)
+        findings.append({.candidate = each, .sizes = {each.bytes}});
+    return summarized(disk, findings);
+}
+
+ScanSnapshot snapshotOf(const QList<CleanupCandidate> &merged, const ScanTotals &disk = {})
+{
+    return resultOf(merged, disk).snapshot;
+}
+
 QList<QString> titlesOf(const QList<CleanupCandidate> &merged)
 {
     QList<QString> titles;
-    for (const CleanupCandidate &each : summarized({}, merged).candidates)
+    for (const CleanupCandidate &each : snapshotOf(merged).candidates)
         titles.append(each.title);
     return titles;
 }
@@ -54,7 +67,7 @@ TEST(ScanSummary, KeepsTheMergedOrderOfAnyNumberOfEqualSizes)
     for (int number = 0; number < 100; ++number)
         merged.append(candidate("equal", 5));
     merged.append(candidate("larger", 7));
-    const QList<CleanupCandidate> ordered = summarized({}, merged).candidates;
+    const QList<CleanupCandidate> ordered = snapshotOf(merged).candidates;
     EXPECT_EQ(ordered.first(), merged.last());
     EXPECT_EQ(ordered.sliced(1), merged.first(100));
 }
@@ -72,13 +85,21 @@ TEST(ScanSummary, KeepsNeverTouchEvenWhenEmptyAndLastInItsOrder)
                 ElementsAre(u"b", u"a", u"first", u"second", u"third"));
 }
 
+TEST(ScanSummary, TellsTheSizesOfTheFindingsItKeeps)
+{
+    const CleanupCandidate small = candidate("small", 1);
+    const CleanupCandidate large = candidate("large", 3);
+    const PathSizes sizes = resultOf({small, candidate("empty", 0), large}).sizes;
+    EXPECT_EQ(sizes, (PathSizes{{small.id, {1}}, {large.id, {3}}}));
+}
+
 TEST(ScanSummary, DeduplicatesNothing)
 {
     CleanupCandidate outer = candidate("outer", 2);
     CleanupCandidate inner = candidate("inner", 2);
     outer.paths = {"/home/u/a", "/home/u/a"};
     inner.paths = {"/home/u/a", "/home/u/a/b"};
-    const ScanSnapshot snapshot = summarized({}, {outer, inner, outer});
+    const ScanSnapshot snapshot = snapshotOf({outer, inner, outer});
     EXPECT_THAT(snapshot.candidates, ElementsAre(outer, inner, outer));
     EXPECT_EQ(snapshot.totals.totalBytes, 6);
 }
@@ -87,8 +108,9 @@ TEST(ScanSummary, SumsAllAndThoseThatAreSelected)
 {
     const ScanTotals disk{.diskUsedPercent = 0.6, .freeBytes = 400, .volumeBytes = 1'000};
     const ScanSnapshot snapshot =
-        summarized(disk, {candidate("media", 100, CleanupRisk::review, false), candidate("caches", 150),
-                          candidate("never", 50, CleanupRisk::never), candidate("empty", 0)});
+        snapshotOf({candidate("media", 100, CleanupRisk::review, false), candidate("caches", 150),
+                    candidate("never", 50, CleanupRisk::never), candidate("empty", 0)},
+                   disk);
     EXPECT_EQ(snapshot.totals, (ScanTotals{.diskUsedPercent = 0.6,
                                            .recoverablePercent = 0.2,
                                            .totalBytes = 300,
@@ -100,22 +122,22 @@ TEST(ScanSummary, SumsAllAndThoseThatAreSelected)
 
 TEST(ScanSummary, DoesNotDivideByACapacityOfZero)
 {
-    const ScanTotals totals = summarized({}, {candidate("caches", 150)}).totals;
+    const ScanTotals totals = snapshotOf({candidate("caches", 150)}).totals;
     EXPECT_EQ(totals.recoverableBytes, 150);
     EXPECT_EQ(tidloPercent(totals.recoverablePercent), u"0%");
-    EXPECT_EQ(summarized({.volumeBytes = 1}, {candidate("caches", 1)}).totals.recoverablePercent, 1);
+    EXPECT_EQ(snapshotOf({candidate("caches", 1)}, {.volumeBytes = 1}).totals.recoverablePercent, 1);
 }
 
 TEST(ScanSummary, OfNothingHoldsTheDiskFiguresAlone)
 {
     const ScanTotals disk{.diskUsedPercent = 0.6, .freeBytes = 400, .volumeBytes = 1'000};
-    const ScanSnapshot snapshot = summarized(disk, {candidate("empty", 0)});
+    const ScanSnapshot snapshot = snapshotOf({candidate("empty", 0)}, disk);
     EXPECT_THAT(snapshot.candidates, IsEmpty());
     EXPECT_EQ(snapshot.totals, disk);
 }
 
 TEST(ScanSummaryDeathTest, StopsTheProgramWhereASumDoesNotFit)
 {
-    EXPECT_EQ(summarized({}, {candidate("a", largest)}).totals.totalBytes, largest);
-    EXPECT_DEATH(summarized({}, {candidate("a", largest), candidate("b", 1)}), "does not fit 64 bits");
+    EXPECT_EQ(snapshotOf({candidate("a", largest)}).totals.totalBytes, largest);
+    EXPECT_DEATH(snapshotOf({candidate("a", largest), candidate("b", 1)}), "does not fit 64 bits");
 }

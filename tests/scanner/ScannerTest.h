@@ -21,10 +21,12 @@ protected:
 
     std::shared_ptr<FileManager> sharedFiles() { return {std::shared_ptr<void>(), &files}; }
 
-    ScanSnapshot scanned()
+    ScanResult result()
     {
         return QCoro::waitFor(scanner->scan([](double, const QString &) {}));
     }
+
+    ScanSnapshot scanned() { return result().snapshot; }
 
     /// \a before is called as each operation of the file manager begins, in the thread that it runs on.
     void watch(const std::function<void(const char *operation)> &before)

@@ -94,6 +94,21 @@ ScanTotals demoTotals()
     return totals;
 }
 
+ScanResult demoResult()
+{
+    ScanResult result{.snapshot = {.totals = demoTotals(), .candidates = demoFindings()}, .sizes = {}};
+    for (const CleanupCandidate &candidate : std::as_const(result.snapshot.candidates)) {
+        const qint64 count = candidate.paths.size();
+        const qint64 shares = count * (count + 1) / 2;
+        QList<qint64> sizes;
+        for (qint64 share = 1; share <= count; ++share)
+            sizes.append(candidate.bytes / shares * share);
+        sizes.last() += candidate.bytes % shares;
+        result.sizes.insert(candidate.id, sizes);
+    }
+    return result;
+}
+
 QString demoExplanation()
 {
     return QStringLiteral(
@@ -111,12 +126,6 @@ QCoro::Task<std::optional<QString>> explainNothing(QList<CleanupCandidate>)
 AppEnvironment demoEnvironment(const FilePath &folder)
 {
     const auto files = std::make_shared<testing::NiceMock<FakeFileManager>>("/home/you");
-    ON_CALL(*files, allocatedSizes).WillByDefault([](const QList<FilePath> &paths, std::stop_token) {
-        QList<qint64> sizes;
-        for (const FilePath &path : paths)
-            sizes.append(37'000'000 * (1 + qHash(path) % 40));
-        return sizes;
-    });
     const Bundle bundle{.path = folder + "/from/Tidlo.app",
                         .executable = folder + "/from/Tidlo.app/Contents/MacOS/Tidlo",
                         .identifier = applicationIdentifier};

@@ -8,12 +8,15 @@ QList<CleanupCandidate> demoFindings();
 /// The figures of a disk of 500 GB that is 63 % full and has demoFindings() on it.
 ScanTotals demoTotals();
 
+/// What a scan of that disk gives. Of two paths of a finding, the later one is larger.
+ScanResult demoResult();
+
 /// An explanation as the service may give it.
 QString demoExplanation();
 
 /// No explanation, at once.
 QCoro::Task<std::optional<QString>> explainNothing(QList<CleanupCandidate>);
 
-/// An environment that finds nothing and explains nothing, and in which everything has some size. Its desktop does
+/// An environment that finds nothing and explains nothing. Its desktop does
 /// nothing; the application, its preferences and whatever it would write lie in \a folder.
 AppEnvironment demoEnvironment(const FilePath &folder);

@@ -146,8 +146,11 @@ TrashOutcome TrashMove::checked(const FilePath &name) const
         removeRecord(trashRecordName(name));
     if (arrived == Identity::unknown)
         return isBack ? failed(QStringLiteral("What arrived in the Trash cannot be checked"), error) : moved();
-    return {.kind = TrashOutcome::Kind::failed,
-            .reason = isBack ? QStringLiteral("Something else took its place meanwhile.")
-                             : QStringLiteral("Something else took its place meanwhile, and is in the Trash now."),
+    if (isBack)
+        return {.kind = TrashOutcome::Kind::failed,
+                .reason = QStringLiteral("Something else took its place meanwhile."),
+                .error = ESTALE};
+    return {.kind = TrashOutcome::Kind::anotherMoved,
+            .reason = QStringLiteral("Something else took its place meanwhile, and is in the Trash now."),
             .error = ESTALE};
 }

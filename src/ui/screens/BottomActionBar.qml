@@ -46,7 +46,7 @@ Item {
         PrimaryButtonStyle {
             objectName: "moveToTrash"
             text: qsTr("Move to Trash")
-            enabled: root.findings.hasSelection
+            enabled: root.findings.canMove
             onClicked: root.app.moveSelectedToTrash()
         }
     }

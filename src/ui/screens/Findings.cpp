@@ -57,6 +57,7 @@ void Findings::connectToSource()
 {
     connect(source, &AppViewModel::candidatesChanged, this, &Findings::updateRows);
     connect(source, &AppViewModel::candidatesChanged, this, &Findings::selectionChanged);
+    connect(source, &AppViewModel::isMovingToTrashChanged, this, &Findings::selectionChanged);
     connect(source, &AppViewModel::selectedFilterChanged, this, &Findings::updateRows);
     connect(source, &AppViewModel::selectedFilterChanged, this, &Findings::filterChanged);
     connect(source, &AppViewModel::totalsChanged, this, &Findings::headlineChanged);
@@ -90,9 +91,9 @@ QString Findings::selectionText() const
     return QStringLiteral("%1 selected").arg(byteCountText(source ? source->selectedBytes() : 0));
 }
 
-bool Findings::hasSelection() const
+bool Findings::canMove() const
 {
-    return source && !source->selectedCandidates().isEmpty();
+    return source && !source->isMovingToTrash() && !source->selectedCandidates().isEmpty();
 }
 
 Findings::Filter Findings::filter() const

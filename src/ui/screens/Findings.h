@@ -15,7 +15,7 @@ class Findings : public QAbstractListModel
     Q_PROPERTY(AppViewModel *app READ app WRITE setApp NOTIFY appChanged REQUIRED)
     Q_PROPERTY(QString headline READ headline NOTIFY headlineChanged)
     Q_PROPERTY(QString selectionText READ selectionText NOTIFY selectionChanged)
-    Q_PROPERTY(bool hasSelection READ hasSelection NOTIFY selectionChanged)
+    Q_PROPERTY(bool canMove READ canMove NOTIFY selectionChanged)
     Q_PROPERTY(Filter filter READ filter WRITE setFilter NOTIFY filterChanged)
     Q_PROPERTY(QString summary READ summary NOTIFY summaryChanged)
     Q_PROPERTY(int count READ count NOTIFY countChanged)
@@ -44,7 +44,7 @@ public:
 
     QString headline() const;
     QString selectionText() const;
-    bool hasSelection() const;
+    bool canMove() const; ///< Whether something is selected and no cleanup is under way.
     Filter filter() const;
     void setFilter(Filter filter);
     QString summary() const; ///< The explanation; empty if there is none.

@@ -9,11 +9,37 @@ Item {
     id: root
 
     required property AppViewModel app
+    /// Of the window's corners.
+    property double cornerRadius: 0
+
+    function showMenu(x: double, y: double, byKeys: bool) {
+        if (!report.hasStayed)
+            return;
+        menu.popup(root, x, y);
+        menu.currentIndex = byKeys ? 0 : -1;
+    }
 
     ShownReport {
         id: report
 
         app: root.app
+    }
+
+    StayedItems {
+        id: items
+
+        app: root.app
+    }
+
+    TapHandler {
+        acceptedButtons: Qt.RightButton
+        onTapped: (eventPoint) => root.showMenu(eventPoint.position.x, eventPoint.position.y, false)
+    }
+
+    Shortcut {
+        enabled: root.visible
+        sequences: ["Menu", "Shift+F10"]
+        onActivated: root.showMenu(22, header.height + 22, true)
     }
 
     HeaderRow {
@@ -93,6 +119,44 @@ Item {
                     spacing: 3
                 }
             }
+        }
+    }
+
+    ContextMenu {
+        id: menu
+
+        // Acted upon once the menu has given the keyboard back.
+        property bool chosen: false
+
+        objectName: "reportMenu"
+        onAboutToShow: menu.chosen = false
+        onClosed: {
+            if (!menu.chosen)
+                return;
+            items.inspect();
+            sheet.open();
+        }
+
+        ContextMenuItem {
+            objectName: "showStayed"
+            text: qsTr("What stayed…")
+            onTriggered: menu.chosen = true
+        }
+    }
+
+    Sheet {
+        id: sheet
+
+        objectName: "stayedSheet"
+        windowRadius: root.cornerRadius
+        title: items.title
+        onClosed: items.clear()
+
+        contentItem: ItemsView {
+            focus: true
+            items: items
+            detailBeneath: true
+            onDone: sheet.close()
         }
     }
 }

@@ -147,10 +147,17 @@ Item {
         title: items.title
         onClosed: items.clear()
 
-        contentItem: FoundItemsView {
+        contentItem: ItemsView {
             focus: true
             items: items
             onDone: sheet.close()
+
+            tools: ToggleChip {
+                objectName: "largestFirst"
+                text: qsTr("Largest first")
+                selected: items.largestFirst
+                onClicked: items.largestFirst = !items.largestFirst
+            }
         }
     }
 }

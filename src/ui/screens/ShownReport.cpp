@@ -44,6 +44,11 @@ QString ShownReport::diskText() const
     return QStringLiteral("Disk now %1 full").arg(tidloPercent(report().finalDiskUsedPercent));
 }
 
+bool ShownReport::hasStayed() const
+{
+    return source && !source->stayed().isEmpty();
+}
+
 double ShownReport::freeShare() const
 {
     return std::max(1 - report().finalDiskUsedPercent, 0.01);

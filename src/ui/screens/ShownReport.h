@@ -36,6 +36,7 @@ class ShownReport : public QObject
     Q_PROPERTY(double freeShare READ freeShare NOTIFY changed)
     Q_PROPERTY(QString freeText READ freeText NOTIFY changed)
     Q_PROPERTY(QList<ReportFigure> figures READ figures NOTIFY changed)
+    Q_PROPERTY(bool hasStayed READ hasStayed NOTIFY changed)
 
 public:
     AppViewModel *app() const { return source; }
@@ -49,6 +50,7 @@ public:
     double freeShare() const; ///< A fraction, never less than a hundredth.
     QString freeText() const;
     QList<ReportFigure> figures() const;
+    bool hasStayed() const; ///< Whether the cleanup left something where it was.
 
 Q_SIGNALS:
     void appChanged();

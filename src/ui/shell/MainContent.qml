@@ -63,7 +63,10 @@ FocusScope {
     }
     Component {
         id: report
-        ReportView { app: root.app }
+        ReportView {
+            app: root.app
+            cornerRadius: root.cornerRadius
+        }
     }
     Component {
         id: settings

@@ -122,18 +122,28 @@ TEST_F(FindingsTest, TheBarCountsTheSelectionAlsoWhereItIsHidden)
     // Then both still count.
     EXPECT_EQ(findings.count(), 1);
     EXPECT_EQ(findings.selectionText(), QStringLiteral("1.3 GB selected"));
-    EXPECT_TRUE(findings.hasSelection());
+    EXPECT_TRUE(findings.canMove());
 }
 
 TEST_F(FindingsTest, NothingIsSelectedWhereNothingIsTicked)
 {
     EXPECT_EQ(findings.selectionText(), QStringLiteral("Zero KB selected"));
-    EXPECT_FALSE(findings.hasSelection());
+    EXPECT_FALSE(findings.canMove());
 
     show({candidate(CleanupRisk::safe)});
-    EXPECT_TRUE(findings.hasSelection());
+    EXPECT_TRUE(findings.canMove());
     EXPECT_EQ(times(findings, &Findings::selectionChanged, [this] { findings.toggle(0); }), 1);
-    EXPECT_FALSE(findings.hasSelection());
+    EXPECT_FALSE(findings.canMove());
+}
+
+TEST_F(FindingsTest, NothingCanBeMovedWhileSomethingIs)
+{
+    show({candidate(CleanupRisk::safe), candidate(CleanupRisk::review)});
+    app().moveSelectedToTrash();
+    EXPECT_FALSE(findings.canMove());
+    waitUntil([this] { return !app().isMovingToTrash(); });
+    show({candidate(CleanupRisk::safe)});
+    EXPECT_TRUE(findings.canMove());
 }
 
 TEST_F(FindingsTest, AFilterShowsOneRiskAndAllShowsEveryOne)
@@ -263,7 +273,7 @@ TEST_F(FindingsTest, AreEmptyWithoutAStateOwner)
     EXPECT_EQ(findings.rowCount(), 0);
     EXPECT_EQ(findings.headline(), QStringLiteral("AI-assisted results — Zero KB found"));
     EXPECT_EQ(findings.selectionText(), QStringLiteral("Zero KB selected"));
-    EXPECT_FALSE(findings.hasSelection());
+    EXPECT_FALSE(findings.canMove());
     findings.setFilter(Findings::Filter::Safe);
     findings.toggle(0);
     findings.viewReport();
@@ -276,7 +286,7 @@ TEST_F(FindingsTest, AreEmptyOnceTheStateOwnerIsGone)
     show(demoFindings());
     closeApp();
     EXPECT_EQ(findings.app(), nullptr);
-    EXPECT_FALSE(findings.hasSelection());
+    EXPECT_FALSE(findings.canMove());
     EXPECT_EQ(findings.selectionText(), QStringLiteral("Zero KB selected"));
     findings.toggle(0);
 }

@@ -19,13 +19,10 @@ namespace {
 
 void showResults(AppViewModel &app)
 {
-    app.setTotals(demoTotals());
-    app.setCandidates(demoFindings());
     app.setAiSummary(demoExplanation());
     app.setIsGeneratingAI(false);
     app.setSelectedFilter(std::nullopt);
-    app.setPhase(ScanPhase::results);
-    app.setSection(AppSection::results);
+    app.showResults(demoResult());
 }
 
 void scanAt(AppViewModel &app, double progress, const char *label)

@@ -2,6 +2,7 @@
 
 #include "fakes/FakeWorkspace.h"
 #include "platform/AtomicFile.h"
+#include "support/WaitUntil.h"
 
 #include <QDir>
 
@@ -25,12 +26,9 @@ AppEnvironment Demo::environment()
         shownPaths.append(QFile::decodeName(path));
     });
     const auto files = std::make_shared<testing::NiceMock<FakeFileManager>>(home);
-    ON_CALL(*files, allocatedSizes).WillByDefault([](const QList<FilePath> &paths, auto &&...) {
-        QList<qint64> sizes;
-        for (const FilePath &path : paths)
-            sizes.append(1'000'000 * path.split('-').last().split('/').first().toLongLong());
-        return sizes;
-    });
+    ON_CALL(*files, trashItem)
+        .WillByDefault(testing::Return(
+            TrashOutcome{.kind = TrashOutcome::Kind::refused, .reason = QStringLiteral("It holds a Trash.")}));
     AppEnvironment environment = demoEnvironment(home);
     environment.fileManager = files;
     environment.workspace = desktop;
@@ -73,11 +71,8 @@ void Demo::reset()
 
 void Demo::showResults()
 {
-    model.setTotals(demoTotals());
-    model.setCandidates(demoFindings());
+    model.showResults(demoResult());
     model.setAiSummary(demoExplanation());
-    model.setPhase(ScanPhase::results);
-    model.setSection(AppSection::results);
 }
 
 void Demo::scanAt(double progress, const QString &label)
@@ -148,6 +143,20 @@ void Demo::setReport(double bytes, int removed, int kept, double diskUsed)
     report.protectedItems = kept;
     report.finalDiskUsedPercent = diskUsed;
     model.setCleanupReport(report);
+}
+
+void Demo::cleanUpInVain(int count)
+{
+    CleanupCandidate finding = demoFindings().constFirst();
+    finding.paths.clear();
+    for (int number = 0; number < count; ++number) {
+        const QString folder = this->folder.filePath(QStringLiteral("stays-%1").arg(number));
+        QDir().mkpath(folder);
+        finding.paths.append(QFile::encodeName(folder));
+    }
+    model.setCandidates({finding});
+    model.moveSelectedToTrash();
+    waitUntil([this] { return !model.isMovingToTrash(); });
 }
 
 void Demo::showMovePrompt(bool shown)

@@ -8,8 +8,7 @@
 #include <QTemporaryDir>
 
 /// What tests of views drive: a state owner over a fake home and a fake desktop, preferences in a file of their own,
-/// and ways to put either into any state. In its home "project-7" and all that is in it takes 7 MB, and so on. QML
-/// reads it as "demo".
+/// and ways to put either into any state. QML reads it as "demo".
 class Demo : public QObject
 {
     Q_OBJECT
@@ -51,6 +50,9 @@ public:
     Q_INVOKABLE void removeCandidates();
     Q_INVOKABLE int selectedCount() const;
     Q_INVOKABLE void setReport(double bytes, int removed, int kept, double diskUsed);
+
+    /// As after a cleanup that moved nothing: the first finding stayed, which is one of \a count items.
+    Q_INVOKABLE void cleanUpInVain(int count);
     Q_INVOKABLE void showMovePrompt(bool shown);
     Q_INVOKABLE void showMoveError(const QString &message);
 

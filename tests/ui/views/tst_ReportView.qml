@@ -147,4 +147,39 @@ ViewCase {
         verify(place(mark).right < place(promise).left);
         verify(place(tiles()[3]).bottom < place(promise).top);
     }
+
+    function test_what_stayed_can_be_read_with_the_reason_data() {
+        return [
+            { tag: "pointer", ask: () => mouseClick(shown, 400, 300, Qt.RightButton) },
+            { tag: "menu key", ask: () => keyClick(Qt.Key_Menu) },
+            { tag: "shift and F10", ask: () => keyClick(Qt.Key_F10, Qt.ShiftModifier) }
+        ];
+    }
+
+    function test_what_stayed_can_be_read_with_the_reason(data) {
+        demo.cleanUpInVain(2);
+        data.ask();
+        const menu = item("reportMenu");
+        tryVerify(() => menu.opened);
+        mouseClick(item("showStayed"));
+        const sheet = item("stayedSheet");
+        tryVerify(() => sheet.opened);
+        const list = findChild(sheet.contentItem, "items");
+        compare(list.count, 2);
+        text("What stayed", sheet.contentItem);
+        text("2 items could not be moved to the Trash", sheet.contentItem);
+        laidOut();
+        verify(list.itemAtIndex(1).Accessible.name.endsWith("/stays-1, It holds a Trash."));
+        text("It holds a Trash.", list.itemAtIndex(1));
+        keyClick(Qt.Key_Escape);
+        tryVerify(() => !sheet.visible);
+    }
+
+    function test_where_nothing_stayed_there_is_no_menu() {
+        demo.showResults();
+        demo.setReport(1, 1, 1, 0.5);
+        mouseClick(shown, 400, 300, Qt.RightButton);
+        keyClick(Qt.Key_Menu);
+        verify(!item("reportMenu").visible);
+    }
 }

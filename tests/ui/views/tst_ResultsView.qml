@@ -412,9 +412,9 @@ ViewCase {
     Component {
         id: itemRow
 
-        FoundItemRow {
+        ItemRow {
             pathText: "/c/https%3A%2F%2Fexample.org %1"
-            sizeText: "33 KB"
+            detailText: "33 KB"
             current: false
         }
     }
@@ -529,6 +529,23 @@ ViewCase {
         verify(item("itemsSheet").opened, "and the look goes on");
     }
 
+    function test_a_press_never_acts_on_an_item_it_did_not_begin_on() {
+        const content = lookInto(4);
+        const list = findChild(content, "items");
+        const line = list.itemAtIndex(3);
+        mouseMove(line, 40, 18);
+        laidOut();
+        const button = findChild(line, "copyPath");
+        const place = button.mapToItem(shown, button.width / 2, button.height / 2);
+        compare(copiedBy(() => {
+            mousePress(shown, place.x, place.y);
+            findChild(content, "largestFirst").clicked();
+            laidOut();
+            mouseRelease(shown, place.x, place.y);
+        }), "something else");
+        mouseMove(shown, 1, 1);
+    }
+
     function test_the_item_that_is_pointed_at_has_its_buttons() {
         const list = findChild(lookInto(4), "items");
         const line = list.itemAtIndex(3);
@@ -568,12 +585,13 @@ ViewCase {
     function test_the_largest_items_can_be_put_first(data) {
         const content = lookInto(4);
         const list = findChild(content, "items");
-        tryVerify(() => demo.withText(content, "23 items · 253 MB"));
+        tryVerify(() => demo.withText(content, "23 items · 4.02 GB"));
+        laidOut();
         const asFound = itemsFrom(list).slice(0, 3);
-        compare(asFound, [path(0) + ", Zero KB", path(1) + ", 1 MB", path(2) + ", 2 MB"]);
+        compare(asFound, [path(0) + ", 14.6 MB", path(1) + ", 29.1 MB", path(2) + ", 43.7 MB"]);
         data.press(findChild(content, "largestFirst"));
-        tryVerify(() => list.currentIndex === 0 && itemsFrom(list)[0] === path(22) + ", 22 MB");
-        compare(itemsFrom(list).slice(0, 3), [path(22) + ", 22 MB", path(21) + ", 21 MB", path(20) + ", 20 MB"]);
+        tryVerify(() => list.currentIndex === 0 && itemsFrom(list)[0] === path(22) + ", 335 MB");
+        compare(itemsFrom(list).slice(0, 3), [path(22) + ", 335 MB", path(21) + ", 320.4 MB", path(20) + ", 305.9 MB"]);
         data.press(findChild(content, "largestFirst"));
         tryVerify(() => itemsFrom(list)[0] === asFound[0]);
         compare(demo.selectedCount(), 8);

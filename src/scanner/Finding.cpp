@@ -1,10 +1,10 @@
-#include "scanner/CandidateTemplate.h"
+#include "scanner/Finding.h"
 
 #include "model/CheckedSum.h"
 
 #include <numeric>
 
-CleanupCandidate makeCandidate(const CandidateTemplate &fixed, const QList<FilePath> &paths, const QList<qint64> &sizes)
+Finding makeFinding(const FindingTemplate &fixed, const QList<FilePath> &paths, const QList<qint64> &sizes)
 {
     CleanupCandidate candidate;
     candidate.title = fixed.title;
@@ -14,10 +14,10 @@ CleanupCandidate makeCandidate(const CandidateTemplate &fixed, const QList<FileP
     candidate.bytes = std::accumulate(sizes.begin(), sizes.end(), qint64{0}, checkedSum);
     candidate.paths = paths;
     candidate.selected = fixed.selected;
-    return candidate;
+    return {candidate, sizes};
 }
 
-CleanupCandidate makeCandidate(const CandidateTemplate &fixed, const QList<CollectedItem> &items, int group)
+Finding makeFinding(const FindingTemplate &fixed, const QList<CollectedItem> &items, int group)
 {
     QList<FilePath> paths;
     QList<qint64> sizes;
@@ -27,5 +27,5 @@ CleanupCandidate makeCandidate(const CandidateTemplate &fixed, const QList<Colle
         paths.append(item.path);
         sizes.append(item.allocatedSize);
     }
-    return makeCandidate(fixed, paths, sizes);
+    return makeFinding(fixed, paths, sizes);
 }

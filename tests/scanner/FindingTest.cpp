@@ -1,4 +1,4 @@
-#include "scanner/CandidateTemplate.h"
+#include "scanner/Finding.h"
 
 #include "scanner/RuleTest.h"
 
@@ -9,7 +9,7 @@ using testing::IsEmpty;
 
 namespace {
 
-constexpr CandidateTemplate fixed{
+constexpr FindingTemplate fixed{
     .title = QLatin1StringView("Title"),
     .detail = QLatin1StringView("Detail."),
     .category = CleanupCategory::caches,
@@ -19,26 +19,29 @@ constexpr CandidateTemplate fixed{
 
 } // namespace
 
-TEST(CandidateTemplate, IsFilledWithPathsAndTheSumOfTheirSizes)
+TEST(Finding, IsFilledWithPathsAndTheSumOfTheirSizes)
 {
-    const CleanupCandidate candidate = makeCandidate(fixed, {"/a", "/b"}, {40, 2});
+    const auto [candidate, sizes] = makeFinding(fixed, {"/a", "/b"}, {40, 2});
     expectFixedFields(candidate, {"Title", "Detail.", CleanupCategory::caches, CleanupRisk::safe, false});
     EXPECT_THAT(candidate.paths, ElementsAre("/a", "/b"));
     EXPECT_EQ(candidate.bytes, 42);
+    EXPECT_THAT(sizes, ElementsAre(40, 2));
 }
 
-TEST(CandidateTemplate, TakesTheItemsOfOneGroup)
+TEST(Finding, TakesTheItemsOfOneGroup)
 {
     const QList<CollectedItem> items{{.path = "/a", .group = 1, .allocatedSize = 1},
                                      {.path = "/b", .group = 0, .allocatedSize = 2},
                                      {.path = "/c", .group = 1, .allocatedSize = 4}};
-    EXPECT_THAT(makeCandidate(fixed, items, 1).paths, ElementsAre("/a", "/c"));
-    EXPECT_EQ(makeCandidate(fixed, items, 1).bytes, 5);
-    EXPECT_THAT(makeCandidate(fixed, items, 2).paths, IsEmpty());
+    const auto [candidate, sizes] = makeFinding(fixed, items, 1);
+    EXPECT_THAT(candidate.paths, ElementsAre("/a", "/c"));
+    EXPECT_EQ(candidate.bytes, 5);
+    EXPECT_THAT(sizes, ElementsAre(1, 4));
+    EXPECT_THAT(makeFinding(fixed, items, 2).candidate.paths, IsEmpty());
 }
 
-TEST(CandidateTemplateDeathTest, StopsTheProgramWhereTheSumDoesNotFit)
+TEST(FindingDeathTest, StopsTheProgramWhereTheSumDoesNotFit)
 {
     const QList<qint64> sizes{std::numeric_limits<qint64>::max(), 1};
-    EXPECT_DEATH(makeCandidate(fixed, {"/a", "/b"}, sizes), "does not fit 64 bits");
+    EXPECT_DEATH(makeFinding(fixed, {"/a", "/b"}, sizes), "does not fit 64 bits");
 }

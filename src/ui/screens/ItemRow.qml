@@ -3,25 +3,27 @@ import QtQuick
 import QtQuick.Layouts
 import Tidlo.Design
 
-/// One item of a finding: where it lies, how large it is, and what can be done with it.
+/// One item of a list: where it lies, a detail about it, and what can be done with it.
 Rectangle {
     id: root
 
     required property string pathText
-    required property string sizeText
+    required property string detailText
+    /// Whether the detail is a sentence: that stands in a line of its own.
+    property bool detailBeneath: false
     /// Whether the arrow keys are here; only then can Tab reach the buttons.
     required property bool current
 
     signal showRequested
     signal copyRequested
 
-    implicitHeight: 36
+    implicitHeight: root.detailBeneath ? 52 : 36
     radius: 8
     color: root.current ? TidloTheme.faded(TidloTheme.blue, 0.16)
                         : hover.hovered ? TidloTheme.faded(TidloTheme.systemGray, 0.1) : "transparent"
 
     Accessible.role: Accessible.ListItem
-    Accessible.name: root.sizeText === "" ? root.pathText : root.pathText + ", " + root.sizeText
+    Accessible.name: root.pathText + ", " + root.detailText
     Accessible.description: qsTr("Press to show it in Files")
     Accessible.onPressAction: root.showRequested()
 
@@ -35,16 +37,30 @@ Rectangle {
         anchors.rightMargin: 14
         spacing: 8
 
-        TidloText {
-            Layout.fillWidth: true
-            text: root.pathText
-            font: TidloType.system(13, Font.Normal)
-            elide: Text.ElideMiddle
-            Accessible.ignored: true
+        ColumnLayout {
+            spacing: 1
+
+            TidloText {
+                Layout.fillWidth: true
+                text: root.pathText
+                font: TidloType.system(13, Font.Normal)
+                elide: Text.ElideMiddle
+                Accessible.ignored: true
+            }
+            TidloText {
+                Layout.fillWidth: true
+                visible: root.detailBeneath
+                text: root.detailText
+                font: TidloType.small
+                color: TidloTheme.mutedText
+                elide: Text.ElideRight
+                Accessible.ignored: true
+            }
         }
-        // Made for the row that is pointed at, or is current, alone: all the others appear the sooner.
+        // Made for the row that is pointed at, or is current, alone: all the others appear the sooner. Made anew where
+        // the row comes to show another item, so that no press that began on one acts on the other.
         Repeater {
-            model: hover.hovered || root.current ? 1 : 0
+            model: hover.hovered || root.current ? [root.pathText] : []
 
             RowLayout {
                 spacing: 8
@@ -65,7 +81,8 @@ Rectangle {
         }
         TidloText {
             Layout.preferredWidth: 84
-            text: root.sizeText
+            visible: !root.detailBeneath
+            text: root.detailText
             font: TidloType.sidebarStrong
             horizontalAlignment: Text.AlignRight
             Accessible.ignored: true

@@ -5,11 +5,15 @@ import QtQuick.Templates as T
 import Tidlo.Design
 import Tidlo.Screens
 
-/// A look inside a finding: its items, to be searched, sorted and shown in the file browser. Nothing is changed here.
+/// A list of items, to be searched, sorted and shown in the file browser. Nothing is changed here.
 FocusScope {
     id: root
 
-    required property FoundItems items
+    required property ItemList items
+    /// Whether what stands beside the paths are sentences.
+    property bool detailBeneath: false
+    /// What stands beside the search.
+    property alias tools: tools.data
 
     signal done
 
@@ -53,11 +57,8 @@ FocusScope {
                 onTextEdited: root.items.filter = text
                 Keys.onDownPressed: list.forceActiveFocus(Qt.TabFocusReason)
             }
-            ToggleChip {
-                objectName: "largestFirst"
-                text: qsTr("Largest first")
-                selected: root.items.largestFirst
-                onClicked: root.items.largestFirst = !root.items.largestFirst
+            Row {
+                id: tools
             }
         }
 
@@ -70,7 +71,7 @@ FocusScope {
             ListView {
                 id: list
 
-                readonly property int rowsShown: list.height / 36
+                readonly property int rowsShown: list.height / (root.detailBeneath ? 52 : 36)
 
                 function goTo(row: int) {
                     list.currentIndex = Math.min(Math.max(row, 0), list.count - 1);
@@ -111,12 +112,13 @@ FocusScope {
                         event.accepted = false;
                 }
 
-                delegate: FoundItemRow {
+                delegate: ItemRow {
                     id: row
 
                     required property int index
 
                     width: list.width
+                    detailBeneath: root.detailBeneath
                     current: list.activeFocus && list.currentIndex === row.index
                     onShowRequested: root.items.showInFiles(row.index)
                     onCopyRequested: root.items.copyPath(row.index)

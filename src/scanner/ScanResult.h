@@ -1,0 +1,15 @@
+#pragma once
+
+#include "model/ScanSnapshot.h"
+
+#include <QHash>
+
+/// Bytes on the disk of each path of a candidate, in the order of its paths, by the candidate's identifier.
+using PathSizes = QHash<QUuid, QList<qint64>>;
+
+/// What one scan gives: its record, and beside it what a closer look at its candidates needs.
+struct ScanResult
+{
+    ScanSnapshot snapshot;
+    PathSizes sizes; ///< Of every candidate of the snapshot.
+};

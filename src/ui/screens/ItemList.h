@@ -1,0 +1,85 @@
+#pragma once
+
+#include "app/AppViewModel.h"
+
+#include <QAbstractListModel>
+#include <QFutureWatcher>
+#include <QPointer>
+#include <QtQml/qqmlregistration.h>
+
+/// Items of the disk, to be searched, shown in the file browser and copied: a row for each path that contains what is
+/// searched for, with a detail beside it. Rows stay where they are unless the person searches or sorts. Changes nothing
+/// on the disk. Main thread.
+class ItemList : public QAbstractListModel
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("It is what lists of items have in common.")
+    Q_PROPERTY(AppViewModel *app READ app WRITE setApp NOTIFY appChanged REQUIRED)
+    Q_PROPERTY(QString title READ title NOTIFY shownChanged)
+    Q_PROPERTY(QString summary READ summary NOTIFY shownChanged)
+    /// Only paths that contain it are shown, whatever the case of their letters.
+    Q_PROPERTY(QString filter READ filter WRITE setFilter NOTIFY filterChanged)
+    Q_PROPERTY(int count READ count NOTIFY countChanged)
+
+public:
+    enum Role {
+        PathRole = Qt::UserRole,
+        DetailRole,
+    };
+
+    explicit ItemList(QObject *parent = nullptr);
+    ~ItemList() override;
+
+    AppViewModel *app() const { return source; }
+    void setApp(AppViewModel *app);
+    QString title() const { return shownTitle; }
+    virtual QString summary() const = 0; ///< Of all items, whatever is searched for.
+    QString filter() const { return wanted; }
+    void setFilter(const QString &filter);
+    int count() const { return static_cast<int>(rows.size()); }
+
+    int rowCount(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index, int role) const override;
+    QHash<int, QByteArray> roleNames() const override;
+
+    /// Shows nothing any more.
+    Q_INVOKABLE virtual void clear();
+
+    /// Shows the item in the desktop's file browser; out of range it does nothing.
+    Q_INVOKABLE void showInFiles(int row);
+
+    /// Puts the item's path on the clipboard; one that is no text, as a URL. Out of range it does nothing.
+    Q_INVOKABLE void copyPath(int row);
+
+Q_SIGNALS:
+    void appChanged();
+    void shownChanged();
+    void filterChanged();
+    void countChanged();
+
+protected:
+    /// Shows other items from now on, and begins without a search.
+    void show(const QString &title, const QList<FilePath> &list);
+    /// Makes the rows anew.
+    void arrange();
+    QString countText() const; ///< "1 item", "100,000 items": of all, whatever is searched for.
+
+private:
+    /// What stands beside the path of an item, an index of the list that is shown.
+    virtual QString detailOf(int item) const = 0;
+    /// Puts \a shown, indices of that list from first to last, in the order in which they are shown.
+    virtual void order(QList<int> &shown) const = 0;
+
+    void prepareSearch();
+    const FilePath *pathAt(int row) const;
+
+    QPointer<AppViewModel> source;
+    QString shownTitle;
+    QString wanted;
+    QList<FilePath> paths;
+    QList<QByteArray> searchables; ///< Texts of the paths, where one is needed; none at all until they are made.
+    QList<int> rows;               ///< Which of the paths is shown where.
+    QFutureWatcher<QList<QByteArray>> preparation; ///< Of the texts, beside the main thread.
+    std::stop_source preparationStop;
+};

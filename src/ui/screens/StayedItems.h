@@ -1,0 +1,25 @@
+#pragma once
+
+#include "ui/screens/ItemList.h"
+
+/// What the last cleanup could not move, each item with the reason.
+class StayedItems : public ItemList
+{
+    Q_OBJECT
+    QML_ELEMENT
+
+public:
+    using ItemList::ItemList;
+
+    QString summary() const override; ///< How many there are.
+
+    /// Shows them, as they are now.
+    Q_INVOKABLE void inspect();
+    void clear() override;
+
+private:
+    QString detailOf(int item) const override;
+    void order(QList<int> &) const override {}
+
+    QList<QString> reasons; ///< For each item.
+};
