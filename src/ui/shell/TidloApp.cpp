@@ -2,14 +2,24 @@
 
 #include "app/FirstRun.h"
 #include "platform/ApplicationIdentifier.h"
+#include "platform/QuitLimit.h"
 #include "ui/design/DesignSystem.h"
 #include "ui/screens/ContentViews.h"
 #include "ui/shell/RootView.h"
 
+#include <QAccessible>
 #include <QGuiApplication>
 #include <QIcon>
 #include <QQuickWindow>
 #include <QScreen>
+
+namespace {
+
+/// A scan or a move that a file system holds up for longer is left to it: at every moment an item is whole at its place
+/// or in the Trash.
+constexpr std::chrono::milliseconds quitLimit(900);
+
+} // namespace
 
 TidloApp::TidloApp(AppEnvironment given)
     : environment(std::move(given))
@@ -47,6 +57,17 @@ int runTidlo(int argumentCount, char **arguments)
     QGuiApplication::setApplicationName(QLatin1StringView(applicationIdentifier)); // Names the folder of its cache.
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Tidlo"));
     QGuiApplication::setDesktopFileName(QLatin1StringView(applicationIdentifier));
-    TidloApp tidlo;
-    return tidlo.open() ? QGuiApplication::exec() : 1;
+    int status = 1;
+    std::weak_ptr<const void> operations;
+    {
+        TidloApp tidlo;
+        operations = tidlo.model().operations();
+        if (tidlo.open())
+            status = QGuiApplication::exec();
+        endAfter(quitLimit, status);
+        QAccessible::setActive(false); // Qt 6.4 asks a control that goes for its accessibility, and leaks the answer.
+    }
+    while (!operations.expired())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    return status;
 }

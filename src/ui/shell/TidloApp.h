@@ -28,5 +28,6 @@ private:
     QQmlApplicationEngine engine; ///< Last, since what it shows reads the others.
 };
 
-/// Starts the application and runs it until it quits. Returns the program's exit status.
+/// Starts the application and runs it until it quits. Returns the program's exit status; what has not ended within a
+/// second of quitting is cut short, and the process with it.
 int runTidlo(int argumentCount, char **arguments);

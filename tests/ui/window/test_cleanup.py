@@ -85,8 +85,7 @@ class Cleanup(unittest.TestCase):
     def test_quitting_amid_a_scan_ends_at_once_and_leaves_nothing_behind(self):
         home.fill_with_many()
         before = home.inventory()
-        # Coroutines that await the scan end with the process, which is a leak to the sanitizer.
-        window = self.open_window(ASAN_OPTIONS="detect_leaks=0")
+        window = self.open_window()
         others = [one for one in home.programs_running(PROGRAM) if one != str(window.process.pid)]
 
         scan, close = (window.wait("push button", name).center for name in ("SCAN MY MAC", "Close"))

@@ -1,0 +1,31 @@
+#include "platform/QuitLimit.h"
+
+#include <csignal>
+
+#include <sys/time.h>
+#include <unistd.h>
+
+namespace {
+
+volatile std::sig_atomic_t statusAtLimit = 0;
+
+void endNow(int)
+{
+    _exit(statusAtLimit);
+}
+
+} // namespace
+
+void endAfter(std::chrono::milliseconds limit, int status)
+{
+    using namespace std::chrono;
+    statusAtLimit = status;
+    struct sigaction action = {};
+    action.sa_handler = endNow;
+    sigaction(SIGALRM, &action, nullptr);
+    const auto whole = duration_cast<seconds>(limit);
+    itimerval timer = {};
+    timer.it_value.tv_sec = static_cast<time_t>(whole.count());
+    timer.it_value.tv_usec = static_cast<suseconds_t>(microseconds(limit - whole).count());
+    setitimer(ITIMER_REAL, &timer, nullptr);
+}
