@@ -7,7 +7,6 @@
 #include "ui/screens/ContentViews.h"
 #include "ui/shell/RootView.h"
 
-#include <QAccessible>
 #include <QGuiApplication>
 #include <QIcon>
 #include <QQuickWindow>
@@ -65,7 +64,6 @@ int runTidlo(int argumentCount, char **arguments)
         if (tidlo.open())
             status = QGuiApplication::exec();
         endAfter(quitLimit, status);
-        QAccessible::setActive(false); // Qt 6.4 asks a control that goes for its accessibility, and leaks the answer.
     }
     while (!operations.expired())
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
