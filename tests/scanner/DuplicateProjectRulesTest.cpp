@@ -87,6 +87,37 @@ TEST(NormalizedProjectName, LosesTheSuffixesOfCopies)
         EXPECT_EQ(normalizedProjectName(row.name).toStdString(), row.normalized) << row.name;
 }
 
+TEST(NormalizedProjectName, LosesSuffixesInTheOrderOfThePatternsAlone)
+{
+    struct Row
+    {
+        const char *name;
+        const char *normalized;
+    };
+    constexpr std::array rows{
+        Row{"shop backup copy", "shop"},      // The copy goes first, then the backup.
+        Row{"shop copy backup", "shop copy"}, // Too late for the copy.
+        Row{"shop-backup backup", "shop"},    // First the backup after a space, then the one after a hyphen.
+        Row{"shop copy 3 jan", "shop copy"},
+        Row{"shop backup 3 jan", "shop backup"},
+        Row{"shop-backup 3 may", "shop-backup"},
+        Row{"shop copy-2", "shop copy"},
+        Row{"shop-2 3 jan", "shop"}, // The number goes last, after the date.
+        Row{"shop-2 3 may", "shop"},
+    };
+    for (const Row &row : rows)
+        EXPECT_EQ(normalizedProjectName(row.name).toStdString(), row.normalized) << row.name;
+}
+
+TEST(NormalizedProjectName, LosesDatesWhoseDayHasOneOrTwoDigits)
+{
+    for (const QByteArray month : {"jan", "feb", "mar", "apr", "may"}) {
+        EXPECT_EQ(normalizedProjectName("shop 3 " + month), QStringLiteral("shop"));
+        EXPECT_EQ(normalizedProjectName("shop 99 " + month + " 2024"), QStringLiteral("shop")) << "a day or not";
+        EXPECT_EQ(normalizedProjectName("shop 100 " + month).toStdString(), "shop 100 " + month.toStdString());
+    }
+}
+
 TEST(NormalizedProjectName, KeepsNamesApartThatAreNotValidUtf8)
 {
     EXPECT_NE(normalizedProjectName("caf\xe9"), normalizedProjectName("caf\xe8"));
@@ -143,6 +174,14 @@ TEST_F(DuplicateProjectRules, KeepTheFirstListedWhereDatesAreEqual)
     const FilePath copy = project("shop copy", 5);
     const FilePath copy2 = project("shop copy 2", 5);
     EXPECT_THAT(found().paths, ElementsAre(copy, copy2));
+}
+
+TEST_F(DuplicateProjectRules, KeepTheOrderOfManyFoldersWhoseDatesAreEqual)
+{
+    QList<FilePath> copies{project("shop", 5)};
+    for (int number = 100; number < 160; ++number)
+        copies.append(project("shop copy " + FilePath::number(number), 5));
+    EXPECT_EQ(found().paths, copies.sliced(1));
 }
 
 TEST_F(DuplicateProjectRules, CompareDatesToTheNanosecond)
