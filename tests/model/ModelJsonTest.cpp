@@ -65,6 +65,15 @@ TEST(ModelJson, ReadsBackWhatItWrote)
     }
 }
 
+TEST(ModelJson, ReadsAnEmptyListAsNoPaths)
+{
+    Json json = fullJson();
+    json["paths"] = Json::array();
+    const std::optional<CleanupCandidate> candidate = candidateFromJson(Json::parse(json.dump()));
+    ASSERT_NE(candidate, std::nullopt);
+    EXPECT_EQ(candidate->paths, QList<FilePath>());
+}
+
 TEST(ModelJson, TakesAMissingOrNullExplanationAsAbsent)
 {
     Json json = fullJson();

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <random>
+#include <string_view>
+#include <vector>
 
 struct Row
 {
@@ -103,6 +105,15 @@ TEST(VisibleText, BytesThatAreNotValidUtf8AreShownOneByOne)
     };
     for (const Row &row : rows)
         EXPECT_EQ(shownPath(row.given), row.shown);
+}
+
+TEST(VisibleText, NothingIsReadBeyondACharacterThatIsCutOff)
+{
+    for (const std::string_view cut : {"\xe2", "\xe2\x82", "\xc3", "\xf0", "\xf0\x9f", "\xf0\x9f\x98"}) {
+        const std::vector<char> bytes(cut.begin(), cut.end()); // No byte follows; it is for the sanitizer to judge.
+        const FilePath path = FilePath::fromRawData(bytes.data(), static_cast<qsizetype>(bytes.size()));
+        EXPECT_EQ(visibleText(path).size(), 4 * path.size());
+    }
 }
 
 TEST(VisibleText, LoneSurrogatesOfATextAreEscapes)
