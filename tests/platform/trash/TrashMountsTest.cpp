@@ -1,8 +1,10 @@
 // Which Trash an item goes to where several file systems are mounted. Each test mounts them for itself alone.
 
+#include "InstrumentedCalls.h"
 #include "Probe.h"
 #include "TrashDecoder.h"
 #include "Witness.h"
+#include "platform/linux/Trash.h"
 #include "support/OwnMounts.h"
 
 #include <gmock/gmock.h>
@@ -339,5 +341,32 @@ TEST(TrashOnMounts, AMountThatAnotherOneCoversIsLeftAlone)
                     ElementsAre(StartsWith("failed: Its folder cannot be opened: ")));
         EXPECT_EQ(access("item", F_OK), 0);
         EXPECT_THAT(witness.complaints(), IsEmpty());
+    });
+}
+
+TEST(TrashOnMounts, AVolumeThatAnotherOneCoversMeanwhileKeepsTheItem)
+{
+    const TemporaryHome home;
+    const FilePath stick = home.folder("stick");
+    inOwnMounts([&] {
+        mountMemory(stick);
+        const FilePath item = home.file("stick/in/item");
+        bool isCovered = false;
+        // When its top is about to be opened, after the mounts were read.
+        const SystemCalls covering = instrumented([&](const Call &call, const auto &real) {
+            if (!isCovered && call.name == "openat" && call.path == stick.toStdString()) {
+                mountMemory(stick);
+                isCovered = true;
+            }
+            return real();
+        });
+
+        const TrashOutcome outcome = Trash(home.path(), home / ".local/share", covering).move(item, 0);
+
+        EXPECT_TRUE(isCovered);
+        EXPECT_NE(outcome.kind, TrashOutcome::Kind::moved);
+        EXPECT_FALSE(home.inventory().contains("stick/" + ownTrash().toStdString())) << "no Trash on the other volume";
+        ASSERT_EQ(umount(stick.constData()), 0);
+        EXPECT_EQ(access(item.constData(), F_OK), 0);
     });
 }

@@ -282,6 +282,33 @@ TEST(TrashRaces, WhatCannotBePutBackStaysInTheTrashWithItsRecord)
     scene.expectNoVictim();
 }
 
+TEST(TrashRaces, WhatIsPutBackReplacesNothingThatTookThePlaceMeanwhile)
+{
+    for (const int way : {0, 1}) { // A link, which a rename would put in place of a file.
+        const SwapScene scene;
+        const FilePath &home = scene.home.path();
+        int renames = 0;
+        ino_t newcomer = 0;
+        const SystemCalls swapping = instrumented([&](const Call &call, const auto &real) {
+            renames += call.name == "renameat2" ? 1 : 0;
+            if (call.name == "renameat2" && renames == 1)
+                scene.swap(way);
+            if (call.name == "renameat2" && renames == 2) {
+                scene.home.file("in/item", 1);
+                newcomer = scene.home.inventory().at("in/item").inode;
+            }
+            return real();
+        });
+
+        EXPECT_NE(Trash(home, home + "/.local/share", swapping).move(home + "/in/item", now).kind, Kind::moved);
+
+        EXPECT_THAT(placesOf(scene.home, newcomer), testing::ElementsAre("in/item"));
+        EXPECT_TRUE(scene.isAnythingInTrash());
+        scene.expectNothingLost();
+        scene.expectNoVictim();
+    }
+}
+
 TEST(TrashRaces, AFolderThatIsSwappedAllTheTimeLosesNothing)
 {
     const TemporaryHome home(fastDisk());

@@ -218,6 +218,25 @@ TEST(TrashOfHome, IsNotUsedWhereItBelongsToSomebodyElse)
     }
 }
 
+TEST(TrashOfHome, IsNotUsedByOthersWhereItBelongsToRoot)
+{
+    if (geteuid() != 0)
+        GTEST_SKIP() << "Only root can keep a folder for itself and run as somebody else.";
+    const TemporaryHome home;
+    const FilePath item = home.file("item");
+    const FilePath trash = home.folder(".local/share/Trash");
+    home.folder(".local/share/Trash/files");
+    home.folder(".local/share/Trash/info");
+    giveAway(home);
+    for (const FilePath part : {"", "/files", "/info"}) { // Whoever may write there: it is not theirs.
+        ASSERT_EQ(chown((trash + part).constData(), 0, 0), 0);
+        ASSERT_EQ(chmod((trash + part).constData(), 0777), 0);
+    }
+
+    expectRefusals(home, {.paths = {item}, .home = home.path(), .withoutRights = true},
+                   "refused: The Trash there belongs to somebody else.");
+}
+
 TEST(TrashOfHome, TakesNothingWhereRecordsCannotBeWritten)
 {
     const TemporaryHome home;

@@ -45,6 +45,15 @@ protected:
         EXPECT_EQ(scene.addedToTrash(), 0U);
     }
 
+    void forbidRenames()
+    {
+        calls.renameat2 = [](int, const char *, int, const char *, unsigned) {
+            ADD_FAILURE() << "it is renamed";
+            errno = EIO;
+            return -1;
+        };
+    }
+
     const TemporaryHome home{fastDisk()};
     Scene scene{home.path(), {.isFolder = GetParam(), .isNameTaken = true}};
     SystemCalls calls;
@@ -82,6 +91,41 @@ TEST_P(TrashSystems, ARecordIsWholeThatIsWrittenByteByByte)
 TEST_P(TrashSystems, ADiskThatTakesNothingAndTellsNoErrorKeepsTheItem)
 {
     calls.write = [](int, const void *, size_t) { return ssize_t(0); };
+
+    expectFailed(EIO);
+}
+
+TEST_P(TrashSystems, ARecordThatMayNotReachTheDiskKeepsTheItem)
+{
+    calls.fsync = [](int) {
+        errno = EIO;
+        return -1;
+    };
+    forbidRenames();
+
+    expectFailed(EIO);
+}
+
+TEST_P(TrashSystems, ARecordWhoseFileCannotBeClosedKeepsTheItem)
+{
+    calls.close = [](int file) { // A network file system may tell only now that it did not write.
+        ::close(file);
+        errno = EDQUOT;
+        return -1;
+    };
+    forbidRenames();
+
+    expectFailed(EDQUOT);
+}
+
+TEST_P(TrashSystems, MountsThatCannotBeReadToTheirEndKeepTheItem)
+{
+    int reads = 0;
+    calls.read = [&reads](int file, void *bytes, size_t) {
+        errno = EIO;
+        return ++reads == 1 ? ::read(file, bytes, 7) : ssize_t(-1);
+    };
+    forbidRenames();
 
     expectFailed(EIO);
 }
@@ -177,6 +221,30 @@ TEST_P(TrashSystems, AnEmptyThingThatHoldsTheNameIsNotMistakenForAnother)
     EXPECT_EQ(rmdir(intruder.constData()), 0) << "it is still there";
 }
 
+TEST_P(TrashSystems, AThingOfTheSameKindThatTookTheNameIsNotReplaced)
+{
+    FilePath intruder;
+    calls.renameat2 = [this](int folder, const char *name, int newFolder, const char *newName, unsigned flags) {
+        errno = EINVAL;
+        return flags != 0 ? -1 : real.renameat2(folder, name, newFolder, newName, flags);
+    };
+    calls.statx = [&](int folder, const char *name, int flags, unsigned wanted, struct statx *status) {
+        const FilePath place = scene.trash() + "/files/" + name;
+        if (intruder.isEmpty() && FilePath(name) == "item 3" &&
+            rename(place.constData(), (place + "x").constData()) == 0) {
+            intruder = GetParam() ? home.folder(".local/share/Trash/files/item 3")
+                                  : home.file(".local/share/Trash/files/item 3", 5);
+        }
+        return real.statx(folder, name, flags, wanted, status);
+    };
+
+    EXPECT_NE(scene.move(calls).kind, Kind::moved);
+
+    EXPECT_TRUE(scene.isAtPlace());
+    EXPECT_TRUE(scene.areOthersUnchanged());
+    EXPECT_EQ(GetParam() ? rmdir(intruder.constData()) : truncate(intruder.constData(), 0), 0) << "it is still there";
+}
+
 TEST_P(TrashSystems, NamesThatAreNeverFreeEndTheMove)
 {
     calls.renameat2 = [](int, const char *, int, const char *, unsigned) {
@@ -222,4 +290,54 @@ TEST_P(TrashSystems, WhatWasMovedThoughTheSystemToldAnErrorIsMoved)
     };
 
     expectMoved();
+}
+
+TEST_P(TrashSystems, WhatWasMovedThoughTheSystemToldAnErrorIsMovedWhateverTookItsPlace)
+{
+    calls.renameat2 = [this](int folder, const char *name, int newFolder, const char *newName, unsigned flags) {
+        if (real.renameat2(folder, name, newFolder, newName, flags) == 0) {
+            home.file("in/item", 1);
+            errno = ENOENT;
+        }
+        return -1;
+    };
+
+    expectMoved();
+    EXPECT_EQ(access(scene.item().constData(), F_OK), 0) << "what took its place stays there";
+}
+
+TEST_P(TrashSystems, WhatTheSystemDoesNotTellOfIsNotTakenToBeGone)
+{
+    bool isRenamed = false;
+    calls.renameat2 = [&isRenamed](int, const char *, int, const char *, unsigned) {
+        isRenamed = true;
+        errno = ENOENT;
+        return -1;
+    };
+    calls.statx = [this, &isRenamed](int folder, const char *name, int flags, unsigned wanted, struct statx *status) {
+        errno = EIO;
+        return isRenamed && *name != '\0' ? -1 : real.statx(folder, name, flags, wanted, status);
+    };
+
+    expectFailed(ENOENT);
+}
+
+TEST(TrashOfLinks, ALinkIsKeptThatMayLeadToTheHome)
+{
+    const TemporaryHome home;
+    home.folder("disk/u");
+    home.link("way", "disk");
+    const FilePath link = home.link("other", "disk");
+    const FilePath own = home / "way/u";
+    SystemCalls calls;
+    calls.statx = [&, real = calls.statx](int folder, const char *name, int flags, unsigned wanted,
+                                          struct statx *status) {
+        errno = EIO;
+        return name == home / "way" ? -1 : real(folder, name, flags, wanted, status);
+    };
+
+    EXPECT_EQ(Trash(own, own + "/.local/share", calls).move(link, 0).kind, Kind::refused);
+    EXPECT_EQ(access(link.constData(), F_OK), 0);
+
+    EXPECT_EQ(Trash(own, own + "/.local/share").move(link, 0).kind, Kind::moved) << "where the system tells of it";
 }
