@@ -92,6 +92,16 @@ TEST(CleanCommand, WithoutATerminalItRefusesUnlessToldYes)
     EXPECT_EQ(home->inventory(), before);
 }
 
+TEST(CleanCommand, AQuestionThatCouldNotBeSeenIsNotAsked)
+{
+    const auto home = homeToClean();
+    const FilePath errors = *home / "errors";
+    const CliRun run = TerminalSession(*home, {"clean"}, 120, redirected(STDERR_FILENO, errors)).end();
+    EXPECT_EQ(run.status, 2);
+    EXPECT_THAT(contentOf(errors).toStdString(), StartsWith("tidlo-cli: There is no terminal to ask on."));
+    EXPECT_EQ(existing(selectedPaths(*home)), selectedPaths(*home));
+}
+
 TEST(CleanCommand, YesOnTheCommandLineSkipsTheQuestion)
 {
     const auto home = homeToClean();
