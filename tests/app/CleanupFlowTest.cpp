@@ -130,6 +130,20 @@ TEST_F(CleanupFlow, KeepsWhatStayedUntilAnotherScanBegins)
     EXPECT_TRUE(model().stayed().isEmpty());
 }
 
+TEST_F(CleanupFlow, MovesWhatTheFilterHidesAsWell)
+{
+    show({withFiles("A", {"a"}), withFiles("B", {"b"}, CleanupRisk::review)});
+    model().setSelectedFilter(CleanupRisk::safe);
+    EXPECT_EQ(model().selectedBytes(), 2 * 4'096);
+
+    cleanUp();
+
+    EXPECT_FALSE(exists(home / "a"));
+    EXPECT_FALSE(exists(home / "b"));
+    EXPECT_TRUE(model().candidates().isEmpty());
+    EXPECT_EQ(model().cleanupReport()->removedItems, 2);
+}
+
 TEST_F(CleanupFlow, LeavesTheFiguresOfTheDiskAlone)
 {
     home.file("Library/Caches/pip/wheel", 8'192);
