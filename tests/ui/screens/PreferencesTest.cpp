@@ -45,6 +45,12 @@ TEST_F(PreferencesTest, AThemeIsStoredUnderItsKeyAtOnce)
     EXPECT_EQ(UserDefaults(file()).string(QLatin1StringView("tidloTheme"), {}), QStringLiteral("light"));
 }
 
+TEST_F(PreferencesTest, TheThemeThatHoldsByDefaultIsStoredWhenItIsChosen)
+{
+    EXPECT_EQ(changesWhile([this] { preferences.setTheme(preferences.theme()); }), 1);
+    EXPECT_EQ(UserDefaults(file()).string(UserDefaults::theme, {}), QStringLiteral("dark"));
+}
+
 TEST_F(PreferencesTest, AnUnknownThemeIsKeptAsItIs)
 {
     defaults.set(UserDefaults::theme, QStringLiteral("sepia"));

@@ -48,6 +48,11 @@ QString Demo::phase() const
     return QLatin1StringView(names.at(static_cast<size_t>(model.phase())));
 }
 
+QString Demo::storedTheme() const
+{
+    return given.defaults->string(UserDefaults::theme, {});
+}
+
 void Demo::reset()
 {
     uninstallCount = 0;

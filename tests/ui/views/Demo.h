@@ -16,6 +16,7 @@ class Demo : public QObject
     Q_PROPERTY(Preferences *preferences READ preferences CONSTANT)
     Q_PROPERTY(QString section READ section)
     Q_PROPERTY(QString phase READ phase)
+    Q_PROPERTY(QString storedTheme READ storedTheme)
     Q_PROPERTY(int uninstalls READ uninstalls)
     Q_PROPERTY(int launches READ launches)
     Q_PROPERTY(QStringList shownInFiles READ shownInFiles)
@@ -27,6 +28,7 @@ public:
     Preferences *preferences() { return &storedPreferences; }
     QString section() const;
     QString phase() const;
+    QString storedTheme() const;                      ///< Empty while none is stored.
     int uninstalls() const { return uninstallCount; } ///< How often the script that uninstalls was started.
     int launches() const { return launchCount; }      ///< How often a copy in the Applications folder was started.
 

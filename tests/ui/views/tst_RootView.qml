@@ -92,9 +92,17 @@ ViewCase {
     }
 
     function test_the_bell_can_be_pressed_and_nothing_happens() {
-        const before = [demo.section, demo.phase, demo.preferences.theme];
+        let presses = 0, changes = 0;
+        const note = () => ++changes;
+        item("bell").clicked.connect(() => ++presses);
+        demo.app.objectWillChange.connect(note);
+        demo.preferences.themeChanged.connect(note);
         mouseClick(item("bell"));
-        compare([demo.section, demo.phase, demo.preferences.theme], before);
+        const changesOfBell = changes;
+        demo.app.section = demo.app.section; // Even such an assignment counts.
+        demo.app.objectWillChange.disconnect(note);
+        demo.preferences.themeChanged.disconnect(note);
+        compare([presses, changesOfBell, changes], [1, 0, 1]);
     }
 
     function test_the_rail_leads_to_every_section_data() {

@@ -42,6 +42,12 @@ ViewCase {
             compare(item("theme-" + theme).selected, theme === data.tag);
     }
 
+    function test_a_press_on_the_theme_that_holds_by_default_stores_it() {
+        compare(demo.storedTheme, "");
+        mouseClick(item("theme-dark"));
+        compare(demo.storedTheme, "dark");
+    }
+
     function test_an_unknown_theme_chooses_none() {
         demo.preferences.theme = "sepia";
         for (const theme of ["dark", "light", "system"])
