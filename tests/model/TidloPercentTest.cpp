@@ -28,4 +28,6 @@ TEST(TidloPercentDeathTest, APercentageBeyond64BitsStopsTheProgram)
 {
     EXPECT_DEATH(tidloPercent(1e17), "Not a fraction");
     EXPECT_DEATH(tidloPercent(-1e18), "Not a fraction");
+    EXPECT_DEATH(tidloPercent(92'233'720'368'547'758.08), "Not a fraction");
+    EXPECT_EQ(tidloPercent(-92'233'720'368'547'758.08), QStringLiteral("-9223372036854775808%"));
 }

@@ -1,0 +1,26 @@
+#include "scanner/ScanSteps.h"
+
+#include "scanner/RuleTest.h"
+
+using testing::_;
+using testing::Property;
+
+namespace {
+
+using ScanSteps = RuleTest;
+
+} // namespace
+
+TEST_F(ScanSteps, HandTheStopOfTheScanToEverySearchAndEveryMeasurement)
+{
+    home.folder("Downloads"); // Without one there is nothing of it to measure.
+    std::stop_source scan;
+    scan.request_stop();
+    const auto isStopped = Property(&std::stop_token::stop_requested, true);
+    EXPECT_CALL(files, enumerate(_, isStopped)).Times(2);      // Project folders and large files.
+    EXPECT_CALL(files, allocatedSizes(_, isStopped)).Times(4); // WhatsApp, caches, downloads and project copies.
+
+    ScanSnapshot snapshot;
+    for (const ScanStep &step : scanSteps)
+        step.run({.files = files, .home = home.path(), .stop = scan.get_token()}, snapshot);
+}
