@@ -231,6 +231,17 @@ TEST(CleanCommand, TellsInItsJsonWhatStayedAndWhy)
     EXPECT_EQ(Json::parse(run.output.toStdString())["stayed"], expected);
 }
 
+TEST(CleanCommand, ANameOfWhatStayedCannotActOnTheTerminal)
+{
+    const TemporaryHome home;
+    home.file("Sites/\x1b[2J/node_modules/a.js", 8'192);
+    const QByteArray trashInside = "XDG_DATA_HOME=" + (home / "Sites/\x1b[2J/node_modules/data");
+    const CliRun run = runCli(home, {"clean", "--yes"}, {.environment = {trashInside}, .inChild = {}});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(run.errors.toStdString(), HasSubstr("Sites/\\x1b[2J/node_modules"));
+    EXPECT_FALSE((run.output + run.errors).contains('\x1b'));
+}
+
 TEST(CleanCommand, APathThatTwoFindingsListIsOneItem)
 {
     const TemporaryHome home;
@@ -252,4 +263,12 @@ TEST(CleanCommand, MovesNothingWhenItCannotShowWhat)
     const CliSetup fullDisk = redirected(STDOUT_FILENO, "/dev/full");
     EXPECT_EQ(runCli(*home, {"clean", "--yes"}, fullDisk).status, 1);
     EXPECT_EQ(existing(selectedPaths(*home)), selectedPaths(*home));
+}
+
+TEST(CleanCommand, ReportsFailureWhenItsReportCannotBeWritten)
+{
+    const auto home = homeToClean();
+    const CliSetup fullDisk = redirected(STDOUT_FILENO, "/dev/full");
+    EXPECT_EQ(runCli(*home, {"clean", "--yes", "--json"}, fullDisk).status, 1);
+    EXPECT_THAT(trashed(*home), testing::SizeIs(4)) << "it had nothing to show before";
 }
