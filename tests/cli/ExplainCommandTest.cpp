@@ -2,6 +2,7 @@
 #include "ai/ScriptedServer.h"
 #include "cli/CliRun.h"
 #include "cli/HomeToClean.h"
+#include "support/EveryFinding.h"
 
 #include <QEventLoop>
 #include <QFile>
@@ -191,4 +192,13 @@ TEST_F(ExplainCommand, ChangesNothing)
 
     EXPECT_EQ(run.status, 0) << run.errors.constData();
     EXPECT_EQ(home->inventory(), before);
+}
+
+TEST_F(ExplainCommand, ShowsWhatWouldBeSentOfTheEightLargestFindingsAlone)
+{
+    const TemporaryHome home;
+    addEveryFinding(home);
+    ASSERT_EQ(nlohmann::json::parse(runCli(home, {"scan", "--json"}).output.toStdString())["candidates"].size(), 9);
+
+    EXPECT_EQ(runCli(home, {"explain", "--prompt"}).output.count("\n- id: "), 8);
 }

@@ -82,6 +82,16 @@ TEST(Terminal, NoLineIsWiderThanTheTerminal)
     }
 }
 
+TEST(Terminal, OneThatDoesNotTellItsWidthIsTakenToHave80Columns)
+{
+    const auto home = homeToClean();
+    const auto findingsAt = [&home](int columns) {
+        const QByteArray screen = screenOf(TerminalSession(*home, {"scan"}, columns).end().output);
+        return screen.left(screen.indexOf("\nFound ")); // What is free changes all the time.
+    };
+    EXPECT_EQ(findingsAt(0), findingsAt(80));
+}
+
 TEST(Terminal, ColoursAreForTerminalsWhoseUserHasNotRefusedThem)
 {
     const auto home = homeToClean();
