@@ -1,5 +1,7 @@
 #include "cli/CommandLine.h"
 #include "cli/Output.h"
+#include "platform/HomeFolder.h"
+#include "platform/VisibleText.h"
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -20,6 +22,8 @@ int main(int argc, char *argv[])
 {
     holdStandardStreams();
     chooseUtf8();
+    if (const auto ignored = settleHome())
+        complain(QStringLiteral("$HOME is no absolute path and is ignored: ") + visibleText(*ignored));
     QStringList arguments;
     for (int i = 1; i < argc; ++i)
         arguments.append(QString::fromLocal8Bit(argv[i]));

@@ -1,6 +1,7 @@
 #include "platform/AtomicFile.h"
 
 #include "platform/Descriptor.h"
+#include "platform/Interruption.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -15,13 +16,13 @@ namespace {
 int writeAll(int descriptor, const QByteArray &content)
 {
     for (qsizetype done = 0; done < content.size();) {
-        const ssize_t written =
-            write(descriptor, content.constData() + done, static_cast<size_t>(content.size() - done));
-        if (written < 0 && errno != EINTR)
+        const ssize_t written = uninterrupted(
+            [&] { return pwrite(descriptor, content.constData() + done, static_cast<size_t>(content.size() - done), done); });
+        if (written < 0)
             return errno;
-        done += written < 0 ? 0 : written;
+        done += written;
     }
-    return fsync(descriptor) == 0 ? 0 : errno;
+    return uninterrupted([&] { return fsync(descriptor); }) == 0 ? 0 : errno;
 }
 
 } // namespace
@@ -32,12 +33,15 @@ int writeAtomically(const FilePath &path, const QByteArray &content, mode_t perm
     std::filesystem::create_directories(path.left(path.lastIndexOf('/') + 1).toStdString(), failure);
     if (failure)
         return failure.value();
-    FilePath pending = path + ".XXXXXX";
-    const Descriptor file(mkostemp(pending.data(), O_CLOEXEC)); // Made for the user alone.
+    FilePath pending;
+    const Descriptor file(uninterrupted([&] {
+        pending = path + ".XXXXXX";
+        return mkostemp(pending.data(), O_CLOEXEC); // Made for the user alone.
+    }));
     if (!file.isValid())
         return errno;
-    int error = fchmod(file.get(), permissions) == 0 ? writeAll(file.get(), content) : errno;
-    if (error == 0 && std::rename(pending.constData(), path.constData()) != 0)
+    int error = uninterrupted([&] { return fchmod(file.get(), permissions); }) == 0 ? writeAll(file.get(), content) : errno;
+    if (error == 0 && uninterrupted([&] { return std::rename(pending.constData(), path.constData()); }) != 0)
         error = errno;
     if (error != 0)
         unlink(pending.constData());

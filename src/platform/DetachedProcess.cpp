@@ -1,7 +1,10 @@
 #include "platform/DetachedProcess.h"
 
+#include "platform/Interruption.h"
+
 #include <array>
 #include <csignal>
+#include <exception>
 #include <thread>
 #include <vector>
 
@@ -52,6 +55,9 @@ std::optional<QString> startDetached(const FilePath &program, const QByteArrayLi
     pid_t child = 0;
     if (const int error = spawn(program, arguments, child))
         return qt_error_string(error);
-    std::thread([child] { waitpid(child, nullptr, 0); }).detach(); // Until then the system would keep it in its list.
+    try {
+        std::thread([child] { uninterrupted([child] { return waitpid(child, nullptr, 0); }); }).detach();
+    } catch (const std::exception &) { // No thread, so the system keeps the child in its list until this program ends.
+    }
     return std::nullopt;
 }

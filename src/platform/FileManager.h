@@ -18,7 +18,7 @@ class FileManager
 public:
     virtual ~FileManager() = default;
 
-    /// The home folder of the current user: $HOME, or what the user database says where that is unset.
+    /// The home folder of the current user, as homeFolder() tells it.
     virtual FilePath homeDirectoryForCurrentUser() const = 0;
 
     /// Whether something exists at \a path; of a link, whether what it leads to exists.

@@ -25,6 +25,11 @@ constexpr char lowerCased(char letter)
 
 } // namespace
 
+FilePath joined(const FilePath &folder, const FilePath &name)
+{
+    return folder.endsWith('/') ? folder + name : folder + '/' + name;
+}
+
 QByteArrayView lastPathComponent(const FilePath &path)
 {
     return QByteArrayView(path).sliced(path.lastIndexOf('/') + 1);

@@ -4,6 +4,9 @@
 
 #include <QByteArrayView>
 
+/// \a folder and \a name as one path, with no slash too many where the folder is "/".
+FilePath joined(const FilePath &folder, const FilePath &name);
+
 /// The last component of a path.
 QByteArrayView lastPathComponent(const FilePath &path);
 

@@ -2,47 +2,18 @@
 
 #include "platform/FileName.h"
 #include "platform/FolderReader.h"
+#include "platform/Interruption.h"
 #include "platform/PathLocation.h"
 #include "platform/Trash.h"
 #include "platform/VolumeCapacity.h"
 
 #include <algorithm>
+#include <new>
 
-#include <pwd.h>
+namespace {
 
-std::unique_ptr<FileManager> makeFileManager()
-{
-    return std::make_unique<LiveFileManager>();
-}
-
-FilePath LiveFileManager::homeDirectoryForCurrentUser() const
-{
-    FilePath home = qgetenv("HOME");
-    if (home.isEmpty()) {
-        const passwd *user = getpwuid(getuid());
-        home = user == nullptr ? FilePath("/") : FilePath(user->pw_dir);
-    }
-    while (home.size() > 1 && home.endsWith('/'))
-        home.chop(1);
-    return home;
-}
-
-bool LiveFileManager::fileExists(const FilePath &path) const
-{
-    const PathLocation location(path);
-    return location.isValid() && faccessat(location.folder(), location.name(), F_OK, 0) == 0;
-}
-
-std::optional<FileAttributes> LiveFileManager::attributesOfItem(const FilePath &path) const
-{
-    const PathLocation location(path);
-    if (path.isEmpty() || !location.isValid())
-        return std::nullopt;
-    const auto status = statusOf(location.folder(), location.name(), StatusDetail::everything);
-    return status ? std::optional(status->attributes) : std::nullopt;
-}
-
-std::optional<QList<DirectoryEntry>> LiveFileManager::contentsOfDirectory(const FilePath &path) const
+/// As FileManager::contentsOfDirectory; throws without memory.
+std::optional<QList<DirectoryEntry>> listed(const FilePath &path)
 {
     const Descriptor folder = FolderOpener().openRoot(path, true);
     if (!folder.isValid())
@@ -59,12 +30,43 @@ std::optional<QList<DirectoryEntry>> LiveFileManager::contentsOfDirectory(const 
             if (isHiddenName(entry->name))
                 continue;
             const auto status = statusOf(folder.get(), entry->name.data(), StatusDetail::everything);
-            entries.append({.path = path + '/' + entry->name.toByteArray(),
+            entries.append({.path = joined(path, entry->name.toByteArray()),
                             .attributes = status.value_or(EntryStatus()).attributes});
         }
     }
     std::ranges::sort(entries, {}, &DirectoryEntry::path);
     return entries;
+}
+
+} // namespace
+
+std::unique_ptr<FileManager> makeFileManager()
+{
+    return std::make_unique<LiveFileManager>();
+}
+
+bool LiveFileManager::fileExists(const FilePath &path) const
+{
+    const PathLocation location(path);
+    return location.isValid() && uninterrupted([&] { return faccessat(location.folder(), location.name(), F_OK, 0); }) == 0;
+}
+
+std::optional<FileAttributes> LiveFileManager::attributesOfItem(const FilePath &path) const
+{
+    const PathLocation location(path);
+    if (path.isEmpty() || !location.isValid())
+        return std::nullopt;
+    const auto status = statusOf(location.folder(), location.name(), StatusDetail::everything);
+    return status ? std::optional(status->attributes) : std::nullopt;
+}
+
+std::optional<QList<DirectoryEntry>> LiveFileManager::contentsOfDirectory(const FilePath &path) const
+{
+    try {
+        return listed(path);
+    } catch (const std::bad_alloc &) {
+        return std::nullopt;
+    }
 }
 
 QList<CollectedItem> LiveFileManager::enumerate(const DeepEnumeration &enumeration, std::stop_token stop) const
@@ -89,5 +91,5 @@ std::optional<VolumeCapacity> LiveFileManager::fileSystemAttributes(const FilePa
 
 TrashOutcome LiveFileManager::trashItem(const FilePath &path)
 {
-    return moveToTrash(path, homeDirectoryForCurrentUser());
+    return moveToTrash(path, home);
 }

@@ -2,6 +2,7 @@
 
 #include "platform/DirectoryWalker.h"
 #include "platform/FileManager.h"
+#include "platform/HomeFolder.h"
 
 /// The file manager of this system, built on descriptors.
 class LiveFileManager final : public FileManager
@@ -11,7 +12,7 @@ public:
         : walker(walker)
     {}
 
-    FilePath homeDirectoryForCurrentUser() const override;
+    FilePath homeDirectoryForCurrentUser() const override { return home; }
     bool fileExists(const FilePath &path) const override;
     std::optional<FileAttributes> attributesOfItem(const FilePath &path) const override;
     std::optional<QList<DirectoryEntry>> contentsOfDirectory(const FilePath &folder) const override;
@@ -22,5 +23,6 @@ public:
     TrashOutcome trashItem(const FilePath &path) override;
 
 private:
+    const FilePath home = homeFolder(); ///< Asked for once: the user database may be far away.
     DirectoryWalker walker;
 };

@@ -1,5 +1,7 @@
 #include "platform/PathLocation.h"
 
+#include "platform/Interruption.h"
+
 #include <cerrno>
 #include <climits>
 
@@ -26,7 +28,9 @@ PathLocation::PathLocation(const FilePath &path)
             errno = ENAMETOOLONG;
             return;
         }
-        Descriptor next(openat(folder(), rest.left(end).constData(), searchOnly | O_DIRECTORY | O_CLOEXEC));
+        const FilePath stretch = rest.left(end);
+        Descriptor next(uninterrupted(
+            [&] { return openat(folder(), stretch.constData(), searchOnly | O_DIRECTORY | O_CLOEXEC); }));
         if (!next.isValid())
             return;
         holder = std::move(next);

@@ -2,9 +2,12 @@
 
 #include "model/CheckedSum.h"
 #include "platform/FileName.h"
+#include "platform/Interruption.h"
 #include "platform/PathLocation.h"
 
 #include <cerrno>
+#include <exception>
+#include <new>
 #include <ranges>
 #include <thread>
 
@@ -21,7 +24,10 @@ public:
 
     QByteArrayView name() const override { return entryName; }
     const FileAttributes &attributes() const override { return entryAttributes; }
-    bool siblingExists(const char *sibling) const override { return faccessat(folder, sibling, F_OK, 0) == 0; }
+    bool siblingExists(const char *sibling) const override
+    {
+        return uninterrupted([&] { return faccessat(folder, sibling, F_OK, 0); }) == 0;
+    }
 
 private:
     int folder;
@@ -36,8 +42,11 @@ FilePath pathOf(const WalkFolder &folder, QByteArrayView name)
     for (const WalkFolder *ancestor = &folder; ancestor != nullptr; ancestor = ancestor->parent)
         upwards.push_back(ancestor);
     FilePath path;
-    for (const WalkFolder *ancestor : upwards | std::views::reverse)
-        path.append(ancestor->name.c_str()).append('/');
+    for (const WalkFolder *ancestor : upwards | std::views::reverse) {
+        path.append(ancestor->name.c_str());
+        if (!path.endsWith('/')) // As the root of all files does.
+            path.append('/');
+    }
     return path.append(name);
 }
 
@@ -50,7 +59,8 @@ void addBytes(CountedItem &item, qint64 more)
 
 } // namespace
 
-/// Takes folder after folder from the queue and reads it.
+/// Takes folder after folder from the queue and reads it. A listing that gets no memory is given up as one that cannot be
+/// read: what was met until then counts.
 class TreeWalk::Worker final
 {
 public:
@@ -68,19 +78,20 @@ public:
                 return;
             if (taken.more)
                 callHelpers();
-            if (isStopped() || !(taken.folder->isOpen() || open(*taken.folder, taken.parent)))
-                walk.queue.finish(*taken.folder, true, {});
-            else
-                read(*taken.folder, callHelpers);
+            const bool isReadable =
+                !isStopped() && (taken.folder->isOpen() || open(*taken.folder, taken.parent));
+            const bool isListed = !isReadable || read(*taken.folder, callHelpers);
+            walk.queue.finish(*taken.folder, isListed, std::exchange(children, {}));
         }
     }
 
 private:
     bool isStopped() const { return walk.stop.stop_requested(); }
     bool open(WalkFolder &folder, int parent);
+    bool openBeneath(WalkFolder &folder, int parent);
     bool openRoot(WalkFolder &root);
     template <typename CallHelpers>
-    void read(WalkFolder &folder, CallHelpers callHelpers);
+    bool read(WalkFolder &folder, CallHelpers callHelpers);
     void readEntries(const WalkFolder &folder);
     void measure(const WalkFolder &folder, const FolderReader::Entry &entry);
     void look(const WalkFolder &folder, const FolderReader::Entry &entry);
@@ -95,8 +106,15 @@ private:
 
 bool TreeWalk::Worker::open(WalkFolder &folder, int parent)
 {
-    if (folder.isRoot())
-        return openRoot(folder);
+    try {
+        return folder.isRoot() ? openRoot(folder) : openBeneath(folder, parent);
+    } catch (const std::bad_alloc &) {
+        return false;
+    }
+}
+
+bool TreeWalk::Worker::openBeneath(WalkFolder &folder, int parent)
+{
     const auto attempt = [&] {
         const int from = parent >= 0 ? parent : walk.queue.reopenParent(folder, walk.opener);
         if (from >= 0)
@@ -131,23 +149,28 @@ bool TreeWalk::Worker::openRoot(WalkFolder &root)
     return status.has_value();
 }
 
+/// False if another worker reads on in the listing.
 template <typename CallHelpers>
-void TreeWalk::Worker::read(WalkFolder &folder, CallHelpers callHelpers)
+bool TreeWalk::Worker::read(WalkFolder &folder, CallHelpers callHelpers)
 {
     bool listed = false;
     bool shared = false;
     while (!listed && !shared) {
-        const FolderReader::Batch batch =
-            isStopped() ? FolderReader::Batch::end : reader.readBatch(folder.descriptor.get());
-        listed = batch == FolderReader::Batch::end || batch == FolderReader::Batch::failed;
-        shared = batch == FolderReader::Batch::full && walk.queue.shareListing(folder);
-        if (shared)
-            callHelpers();
-        readEntries(folder);
+        try {
+            const FolderReader::Batch batch =
+                isStopped() ? FolderReader::Batch::end : reader.readBatch(folder.descriptor.get());
+            listed = batch == FolderReader::Batch::end || batch == FolderReader::Batch::failed;
+            shared = batch == FolderReader::Batch::full && walk.queue.shareListing(folder);
+            if (shared)
+                callHelpers();
+            readEntries(folder);
+        } catch (const std::bad_alloc &) {
+            listed = !shared;
+        }
     }
     if (folder.item != nullptr && bytes > 0)
         addBytes(*folder.item, std::exchange(bytes, 0));
-    walk.queue.finish(folder, listed, std::exchange(children, {}));
+    return listed;
 }
 
 void TreeWalk::Worker::readEntries(const WalkFolder &folder)
@@ -255,8 +278,13 @@ void TreeWalk::addRoot(const FilePath &path, int index, CountedItem *item)
 void TreeWalk::run()
 {
     std::vector<std::jthread> helpers;
+    int wanted = limits.workers - 1;
     Worker(*this).work([&] {
-        while (static_cast<int>(helpers.size()) + 1 < limits.workers)
-            helpers.emplace_back([this] { Worker(*this).work([] {}); });
+        try {
+            for (; wanted > 0; --wanted)
+                helpers.emplace_back([this] { Worker(*this).work([] {}); });
+        } catch (const std::exception &) { // The system has no more threads, or no memory for one.
+            wanted = 0;                    // Those that there are do it all.
+        }
     });
 }

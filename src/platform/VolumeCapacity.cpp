@@ -1,5 +1,7 @@
 #include "platform/VolumeCapacity.h"
 
+#include "platform/Interruption.h"
+
 #include <sys/statvfs.h>
 
 namespace {
@@ -16,7 +18,7 @@ std::optional<qint64> product(quint64 count, quint64 unit)
 std::optional<VolumeCapacity> fileSystemCapacityOf(const FilePath &path)
 {
     struct statvfs figures;
-    if (path.contains('\0') || statvfs(path.constData(), &figures) != 0)
+    if (path.contains('\0') || uninterrupted([&] { return statvfs(path.constData(), &figures); }) != 0)
         return std::nullopt;
     return VolumeCapacity{.total = product(figures.f_blocks, figures.f_frsize),
                           .available = product(figures.f_bavail, figures.f_frsize)};

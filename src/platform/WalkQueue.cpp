@@ -1,8 +1,10 @@
 #include "platform/WalkQueue.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <climits>
 #include <iterator>
+#include <new>
 #include <ranges>
 #include <span>
 #include <utility>
@@ -12,9 +14,22 @@ namespace {
 /// A way back of more levels than this gets a folder half-way that stays open for the next ones to start from.
 constexpr size_t levelsBetweenStops = 64;
 
-/// Opens folder after folder beneath \a start, as many levels at a time as one path can name.
-Descriptor openLevels(int start, std::span<WalkFolder *const> downwards, const FolderOpener &opener)
+/// False if there is no memory for it; then \a value is where it was.
+template <typename Value>
+bool isAppended(std::vector<Value> &list, Value &&value)
 {
+    try {
+        list.push_back(std::move(value));
+        return true;
+    } catch (const std::bad_alloc &) {
+        return false;
+    }
+}
+
+/// Opens folder after folder beneath \a start, as many levels at a time as one path can name. Not valid, with errno set,
+/// if that fails.
+Descriptor openLevels(int start, std::span<WalkFolder *const> downwards, const FolderOpener &opener)
+try {
     Descriptor folder;
     while (!downwards.empty()) {
         std::string path = downwards.front()->name;
@@ -30,6 +45,9 @@ Descriptor openLevels(int start, std::span<WalkFolder *const> downwards, const F
         downwards = downwards.subspan(levels);
     }
     return folder;
+} catch (const std::bad_alloc &) {
+    errno = ENOMEM;
+    return {};
 }
 
 } // namespace
@@ -55,10 +73,14 @@ void WalkQueue::addRoot(std::unique_ptr<WalkFolder> root)
     add(std::move(root));
 }
 
-void WalkQueue::add(std::unique_ptr<WalkFolder> folder)
+/// False if there is no memory for it.
+bool WalkQueue::add(std::unique_ptr<WalkFolder> folder)
 {
-    waiting.push_back(folder.release());
+    if (!isAppended(waiting, folder.get()))
+        return false;
+    static_cast<void>(folder.release());
     ++unfinished;
+    return true;
 }
 
 WalkQueue::Taken WalkQueue::take()
@@ -131,12 +153,11 @@ WalkQueue::Route WalkQueue::routeTo(WalkFolder &folder)
 bool WalkQueue::shareListing(WalkFolder &folder)
 {
     std::unique_lock lock(mutex);
-    if (std::cmp_greater_equal(kept.size(), mostKept))
+    if (std::cmp_greater_equal(kept.size(), mostKept) || !isAppended(waiting, &folder))
         return false;
+    ++unfinished;
     releaseParent(folder);
     keep(folder);
-    waiting.push_back(&folder);
-    ++unfinished;
     wakeAnother(std::move(lock));
     return true;
 }
@@ -145,9 +166,9 @@ void WalkQueue::finish(WalkFolder &folder, bool listed, std::vector<std::unique_
 {
     std::vector<Descriptor> closing; // Without the lock, since that takes its time.
     std::unique_lock lock(mutex);
-    const int found = static_cast<int>(children.size());
+    int found = 0;
     for (std::unique_ptr<WalkFolder> &child : children | std::views::reverse) // The first is to be taken first.
-        add(std::move(child));
+        found += add(std::move(child)) ? 1 : 0;
 
     releaseParent(folder);
     WalkFolder::Counts &counts = folder.counts;
@@ -183,9 +204,9 @@ void WalkQueue::wakeAnother(std::unique_lock<std::mutex> lock)
 void WalkQueue::keep(WalkFolder &folder)
 {
     folder.counts.lastUse = ++uses;
-    if (std::exchange(folder.counts.kept, true))
+    if (folder.counts.kept)
         return;
-    kept.push_back(&folder);
+    folder.counts.kept = isAppended(kept, &folder); // If not, it stays open until all beneath it is opened.
     if (std::cmp_greater(kept.size(), mostKept))
         closeLeastRecent();
 }
@@ -230,13 +251,13 @@ void WalkQueue::settle(WalkFolder *folder)
         if (folder->counts.children > 0) {
             if (folder->counts.awaiting == 0 && !folder->isRoot()) {
                 forget(*folder);
-                spare.push_back(std::move(folder->descriptor));
+                isAppended(spare, std::move(folder->descriptor));
             }
             return;
         }
         forget(*folder);
         if (folder->isOpen())
-            spare.push_back(std::move(folder->descriptor));
+            isAppended(spare, std::move(folder->descriptor));
         const std::unique_ptr<WalkFolder> done(folder);
         folder = folder->parent;
         if (folder != nullptr)

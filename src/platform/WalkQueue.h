@@ -41,7 +41,8 @@ struct WalkFolder
 /// The folders that a walk has yet to read, shared by its workers: last in, first out, so that few wait at a time. It
 /// also looks after the descriptors: a folder stays open until the folders beneath it have been opened through it, and
 /// when more than a given number would stay open, those used longest ago are closed and opened again when needed, from
-/// the nearest one that is still open, and checked to be the same. Thread-safe.
+/// the nearest one that is still open, and checked to be the same. What the queue has no memory for is not read, and
+/// nothing throws once a worker has taken a folder but reopenParent. Thread-safe.
 class WalkQueue final
 {
 public:
@@ -65,7 +66,8 @@ public:
     /// is done. Whatever is taken must be finished.
     Taken take();
 
-    /// Opens the parent of a taken \a folder again; -1 if there is no way to it any more.
+    /// Opens the parent of a taken \a folder again; -1 if there is no way to it any more. Throws without memory, having
+    /// done nothing.
     int reopenParent(const WalkFolder &folder, const FolderOpener &opener);
 
     /// Lets another worker read on in the listing of \a folder, which is open, while its taker is busy with a batch.
@@ -82,7 +84,7 @@ public:
 private:
     struct Route;
     Route routeTo(WalkFolder &folder);
-    void add(std::unique_ptr<WalkFolder> folder);
+    bool add(std::unique_ptr<WalkFolder> folder);
     void wakeAnother(std::unique_lock<std::mutex> lock);
     void keep(WalkFolder &folder);
     void forget(WalkFolder &folder);

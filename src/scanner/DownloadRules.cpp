@@ -32,7 +32,7 @@ bool isOldDownload(const DirectoryEntry &entry, FileTime cutOff)
 
 QList<Finding> downloadCandidates(const FileManager &files, const FilePath &home, FileTime now, std::stop_token stop)
 {
-    const std::optional<QList<DirectoryEntry>> entries = files.contentsOfDirectory(home + "/Downloads");
+    const std::optional<QList<DirectoryEntry>> entries = files.contentsOfDirectory(joined(home, "Downloads"));
     if (!entries)
         return {};
     QList<FilePath> paths;

@@ -109,7 +109,7 @@ QList<Finding> duplicateProjectCandidates(const FileManager &files, const FilePa
 {
     QList<FilePath> paths;
     for (const char *root : searchRoots) {
-        const QList<DirectoryEntry> entries = files.contentsOfDirectory(home + '/' + root).value_or(Group());
+        const QList<DirectoryEntry> entries = files.contentsOfDirectory(joined(home, root)).value_or(Group());
         for (const Group &group : groupedByName(entries))
             paths.append(allButTheNewest(group));
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/FileManager.h"
+#include "platform/FileName.h"
 
 #include <span>
 
@@ -10,7 +11,7 @@ inline QList<FilePath> existingPaths(const FileManager &files, const FilePath &h
 {
     QList<FilePath> paths;
     for (const char *path : relative) {
-        const FilePath absolute = home + '/' + path;
+        const FilePath absolute = joined(home, path);
         if (files.fileExists(absolute))
             paths.append(absolute);
     }

@@ -1,6 +1,6 @@
 #include "scanner/LargeFileRules.h"
 
-#include "scanner/Finding.h"
+#include "platform/FileName.h"
 
 #include <algorithm>
 #include <array>
@@ -50,7 +50,7 @@ QList<FilePath> rootsWithin(const FilePath &home)
     if (std::ranges::any_of(home.split('/'), isExcludedFolder))
         return roots;
     for (const char *folder : searchedFolders)
-        roots.append(home + '/' + folder);
+        roots.append(joined(home, folder));
     return roots;
 }
 

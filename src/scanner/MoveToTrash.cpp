@@ -1,6 +1,7 @@
 #include "scanner/MoveToTrash.h"
 
 #include "model/CheckedSum.h"
+#include "platform/FileName.h"
 #include "scanner/DiskTotals.h"
 
 #include <QSet>
@@ -11,7 +12,9 @@ namespace {
 
 FilePath tildeExpanded(const FilePath &path, const FilePath &home)
 {
-    return path == "~" || path.startsWith("~/") ? home + path.sliced(1) : path;
+    if (path == "~")
+        return home;
+    return path.startsWith("~/") ? joined(home, path.sliced(2)) : path;
 }
 
 /// What became of the item at \a path, which is moved if it exists.

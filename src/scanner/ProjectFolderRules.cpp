@@ -1,6 +1,6 @@
 #include "scanner/ProjectFolderRules.h"
 
-#include "scanner/Finding.h"
+#include "platform/FileName.h"
 
 #include <algorithm>
 #include <array>
@@ -80,7 +80,7 @@ Visit visit(const EnumeratedEntry &folder)
 
 QList<FilePath> projectRoots(const FilePath &home)
 {
-    return {home + "/Sites", "/Applications/MAMP/htdocs"};
+    return {joined(home, "Sites"), "/Applications/MAMP/htdocs"};
 }
 
 bool looksLikeProject(const EnumeratedEntry &entry)

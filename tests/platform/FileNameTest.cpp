@@ -47,3 +47,10 @@ TEST(FileName, OtherNamesArePlainFolders)
     for (const char *name : {"app", ".app", "some.apps", "some.ap", "some.", "some.photoslibraryx", "node_modules", ""})
         EXPECT_FALSE(isPackageName(name)) << name;
 }
+
+TEST(FileName, IsJoinedToItsFolderByOneSlash)
+{
+    EXPECT_EQ(joined("/home/me", "file"), "/home/me/file");
+    EXPECT_EQ(joined("/", ".cache"), "/.cache");
+    EXPECT_EQ(joined("/home/me/", "file"), "/home/me/file");
+}

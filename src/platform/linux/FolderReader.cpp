@@ -1,5 +1,6 @@
 #include "platform/FolderReader.h"
 
+#include "platform/Interruption.h"
 #include "platform/PathLocation.h"
 
 #include <algorithm>
@@ -27,8 +28,9 @@ constexpr int listingFlags = O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK;
 template <typename Open>
 Descriptor withoutAccessTime(Open open)
 {
-    const int descriptor = open(O_NOATIME);
-    return Descriptor(descriptor < 0 && errno == EPERM ? open(0) : descriptor);
+    const int descriptor = uninterrupted([&] { return open(O_NOATIME); });
+    const bool isRefused = descriptor < 0 && errno == EPERM;
+    return Descriptor(isRefused ? uninterrupted([&] { return open(0); }) : descriptor);
 }
 
 /// Names come from listings, so none climbs with "..". RESOLVE_BENEATH would only ask that again, under a lock that the
@@ -143,17 +145,18 @@ struct FolderReader::Buffer
     size_t position = 0;
 };
 
-FolderReader::FolderReader()
-    : buffer(std::make_unique_for_overwrite<Buffer>())
-{}
+FolderReader::FolderReader() = default;
 
 FolderReader::~FolderReader() = default;
 
 FolderReader::Batch FolderReader::readBatch(int folder)
 {
+    if (!buffer)
+        buffer = std::make_unique_for_overwrite<Buffer>();
     buffer->position = 0;
     buffer->filled = 0;
-    const long count = syscall(SYS_getdents64, folder, buffer->bytes.data(), buffer->bytes.size());
+    const long count = uninterrupted(
+        [&] { return syscall(SYS_getdents64, folder, buffer->bytes.data(), buffer->bytes.size()); });
     if (count <= 0)
         return count == 0 ? Batch::end : Batch::failed;
     buffer->filled = static_cast<size_t>(count);
@@ -162,7 +165,7 @@ FolderReader::Batch FolderReader::readBatch(int folder)
 
 std::optional<FolderReader::Entry> FolderReader::nextEntry()
 {
-    while (buffer->position < buffer->filled) {
+    while (buffer && buffer->position < buffer->filled) {
         const auto *record = reinterpret_cast<const Buffer::Record *>(buffer->bytes.data() + buffer->position);
         buffer->position += record->length;
         const char *name = record->name;
@@ -180,7 +183,7 @@ std::optional<EntryStatus> statusOf(int folder, const char *name, StatusDetail d
     const unsigned wanted = detail == StatusDetail::sizeOnDisk ? least : least | STATX_SIZE | STATX_MTIME;
     const int flags = AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT | (*name == '\0' ? AT_EMPTY_PATH : 0);
     struct statx status;
-    if (statx(folder, name, flags, wanted, &status) != 0)
+    if (uninterrupted([&] { return statx(folder, name, flags, wanted, &status); }) != 0)
         return std::nullopt;
     const auto told = [&status](unsigned field) { return (status.stx_mask & field) != 0; };
     EntryStatus result;
@@ -200,7 +203,7 @@ std::optional<EntryStatus> statusOf(int folder, const char *name, StatusDetail d
 std::optional<FolderIdentity> identityOf(int folder)
 {
     struct stat status;
-    if (fstat(folder, &status) != 0)
+    if (uninterrupted([&] { return fstat(folder, &status); }) != 0)
         return std::nullopt;
     return FolderIdentity{.device = status.st_dev, .inode = status.st_ino};
 }

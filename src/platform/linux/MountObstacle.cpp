@@ -1,5 +1,6 @@
 #include "platform/MountObstacle.h"
 
+#include "platform/FileName.h"
 #include "platform/linux/MountTable.h"
 #include "platform/linux/OpenFolder.h"
 
@@ -8,7 +9,7 @@
 
 int mountObstacle(const FilePath &path)
 {
-    const SystemCalls calls;
+    const SystemCalls calls = uninterrupted(SystemCalls());
     const qsizetype slash = path.lastIndexOf('/');
     const std::optional<OpenFolder> folder = openFolder(calls, path.left(std::max<qsizetype>(slash, 1)));
     if (!folder)

@@ -1,5 +1,6 @@
 #include "platform/linux/OpenFolder.h"
 
+#include "platform/FileName.h"
 #include "platform/linux/Identity.h"
 
 #include <algorithm>
@@ -74,11 +75,6 @@ bool stepDown(const SystemCalls &calls, OpenFolder &folder, const FilePath &name
 }
 
 } // namespace
-
-FilePath joined(const FilePath &folder, const FilePath &name)
-{
-    return folder.endsWith('/') ? folder + name : folder + '/' + name;
-}
 
 std::optional<OpenFolder> openFolder(const SystemCalls &calls, const FilePath &path)
 {

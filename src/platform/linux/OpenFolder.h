@@ -38,6 +38,3 @@ std::optional<quint64> mountOf(const SystemCalls &calls, int descriptor);
 
 /// All that a file of /proc holds; nothing on failure, and errno tells why.
 std::optional<QByteArray> readSystemFile(const SystemCalls &calls, const QByteArray &path);
-
-/// \a folder and \a name as one path.
-FilePath joined(const FilePath &folder, const FilePath &name);

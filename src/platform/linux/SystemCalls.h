@@ -19,10 +19,13 @@ struct SystemCalls
     std::function<int(int file, struct statvfs *status)> fstatvfs = ::fstatvfs;
     std::function<ssize_t(int folder, const char *name, char *target, size_t size)> readlinkat = ::readlinkat;
     std::function<ssize_t(int file, void *bytes, size_t size)> read = ::read;
-    std::function<ssize_t(int file, const void *bytes, size_t size)> write = ::write;
+    std::function<ssize_t(int file, const void *bytes, size_t size, off_t at)> pwrite = ::pwrite;
     std::function<int(int file)> fsync = ::fsync;
     std::function<int(int file)> close = ::close;
     std::function<int(int folder, const char *name, int newFolder, const char *newName, unsigned flags)> renameat2 =
         ::renameat2;
     std::function<int(int folder, const char *name, int flags)> unlinkat = ::unlinkat;
 };
+
+/// The same \a calls, each made again when a signal interrupted it, but for close, which closes even so.
+SystemCalls uninterrupted(SystemCalls calls);

@@ -15,7 +15,7 @@ public:
     Trash(FilePath home, FilePath dataHome, SystemCalls calls = {})
         : home(std::move(home))
         , dataHome(std::move(dataHome))
-        , calls(std::move(calls))
+        , calls(uninterrupted(std::move(calls)))
     {}
 
     /// Moves the item at \a path itself, a link not followed, and records \a now as the time of it. At every moment,

@@ -1,5 +1,6 @@
 #include "platform/linux/TrashFolder.h"
 
+#include "platform/FileName.h"
 #include "platform/TrashOutcomes.h"
 
 #include <algorithm>

@@ -1,6 +1,5 @@
 #include "platform/linux/TrashItem.h"
 
-#include "platform/FileName.h"
 #include "platform/TrashOutcomes.h"
 #include "platform/TrashPath.h"
 

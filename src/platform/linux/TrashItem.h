@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/FileName.h"
 #include "platform/TrashOutcome.h"
 #include "platform/linux/Identity.h"
 #include "platform/linux/MountTable.h"

@@ -64,7 +64,7 @@ int TrashMove::writeRecord(const FilePath &recordName, const QByteArray &record)
         return errno;
     int error = 0;
     for (qsizetype at = 0; at < record.size() && error == 0;) {
-        const ssize_t written = calls.write(file, record.constData() + at, record.size() - at);
+        const ssize_t written = calls.pwrite(file, record.constData() + at, record.size() - at, at);
         error = written < 0 ? errno : written == 0 ? EIO : 0;
         at += written;
     }

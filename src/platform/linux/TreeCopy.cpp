@@ -1,6 +1,7 @@
 #include "platform/TreeCopy.h"
 
 #include "platform/Descriptor.h"
+#include "platform/Interruption.h"
 
 #include <array>
 #include <cerrno>
@@ -28,14 +29,20 @@ std::error_code lastError()
     return {errno, std::generic_category()};
 }
 
+/// What became of a \a call of the system.
+template <typename Call>
+std::error_code outcome(Call call)
+{
+    return uninterrupted(call) == 0 ? std::error_code() : lastError();
+}
+
 std::error_code keepTimes(const Pair &item)
 {
     struct stat status;
-    if (lstat(item.source.c_str(), &status) != 0)
-        return lastError();
+    if (const std::error_code error = outcome([&] { return lstat(item.source.c_str(), &status); }))
+        return error;
     const std::array times{status.st_atim, status.st_mtim};
-    const int result = utimensat(AT_FDCWD, item.destination.c_str(), times.data(), AT_SYMLINK_NOFOLLOW);
-    return result == 0 ? std::error_code() : lastError();
+    return outcome([&] { return utimensat(AT_FDCWD, item.destination.c_str(), times.data(), AT_SYMLINK_NOFOLLOW); });
 }
 
 /// Once its contents are there, which its permissions may forbid to change and which change its time.
@@ -51,24 +58,26 @@ std::error_code finishFolder(const Pair &folder)
 /// The standard library's own tells every failure to write as a failure of input and output.
 std::error_code copyFile(const Pair &file)
 {
-    const Descriptor from(open(file.source.c_str(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC));
+    constexpr int exclusively = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
+    const Descriptor from(
+        uninterrupted([&] { return open(file.source.c_str(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC); }));
     struct stat status;
-    if (!from.isValid() || fstat(from.get(), &status) != 0)
+    if (!from.isValid() || uninterrupted([&] { return fstat(from.get(), &status); }) != 0)
         return lastError();
-    const Descriptor to(open(file.destination.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
+    const Descriptor to(uninterrupted([&] { return open(file.destination.c_str(), exclusively, 0600); }));
     if (!to.isValid())
         return lastError();
     constexpr size_t most = 1 << 30;
     ssize_t copied = 1;
     while (copied > 0)
-        copied = sendfile(to.get(), from.get(), nullptr, most);
-    return copied == 0 && fchmod(to.get(), status.st_mode) == 0 ? std::error_code() : lastError();
+        copied = uninterrupted([&] { return sendfile(to.get(), from.get(), nullptr, most); });
+    return copied == 0 ? outcome([&] { return fchmod(to.get(), status.st_mode); }) : lastError();
 }
 
 std::error_code copyItem(const Pair &item, fs::file_type type)
 {
     if (type == fs::file_type::directory)
-        return mkdir(item.destination.c_str(), 0700) == 0 ? std::error_code() : lastError();
+        return outcome([&] { return mkdir(item.destination.c_str(), 0700); });
     std::error_code error;
     if (type == fs::file_type::symlink)
         fs::copy_symlink(item.source, item.destination, error);

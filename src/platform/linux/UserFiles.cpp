@@ -1,22 +1,17 @@
 #include "platform/linux/UserFiles.h"
 
-#include <QFile>
-#include <QStandardPaths>
-
-namespace {
-
-FilePath in(QStandardPaths::StandardLocation location, const FilePath &name)
-{
-    return QFile::encodeName(QStandardPaths::writableLocation(location)) + '/' + name;
-}
-
-} // namespace
+#include "platform/FileName.h"
+#include "platform/HomeFolder.h"
+#include "platform/linux/UserFolders.h"
 
 UserFiles userFilesOf(const QByteArray &identifier)
 {
-    const auto data = QStandardPaths::GenericDataLocation;
-    return {.desktopEntry = in(data, "applications/" + identifier + ".desktop"),
-            .icon = in(data, "icons/hicolor/512x512/apps/" + identifier + ".png"),
-            .preferences = in(QStandardPaths::GenericConfigLocation, identifier + ".conf"),
-            .cacheFolder = in(QStandardPaths::GenericCacheLocation, identifier)};
+    const FilePath home = homeFolder();
+    const FilePath data = dataHomeIn(home, qgetenv("XDG_DATA_HOME"));
+    const FilePath configuration = folderInHome(home, ".config", qgetenv("XDG_CONFIG_HOME"));
+    const FilePath caches = folderInHome(home, ".cache", qgetenv("XDG_CACHE_HOME"));
+    return {.desktopEntry = joined(data, "applications/" + identifier + ".desktop"),
+            .icon = joined(data, "icons/hicolor/512x512/apps/" + identifier + ".png"),
+            .preferences = joined(configuration, identifier + ".conf"),
+            .cacheFolder = joined(caches, identifier)};
 }

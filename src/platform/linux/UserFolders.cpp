@@ -1,5 +1,7 @@
 #include "platform/linux/UserFolders.h"
 
+#include "platform/FileName.h"
+
 #include <cerrno>
 
 namespace {
@@ -19,9 +21,14 @@ std::optional<UserFolders::Kept> find(const SystemCalls &calls, const MountTable
 
 } // namespace
 
+FilePath folderInHome(const FilePath &home, const char *usual, const FilePath &configured)
+{
+    return configured.startsWith('/') ? configured : joined(home, usual);
+}
+
 FilePath dataHomeIn(const FilePath &home, const FilePath &configured)
 {
-    return configured.startsWith('/') ? configured : joined(home, ".local/share");
+    return folderInHome(home, ".local/share", configured);
 }
 
 std::optional<UserFolders> findUserFolders(const SystemCalls &calls, const MountTable &mounts, const FilePath &home,

@@ -20,7 +20,7 @@ public:
     void registerApplication(const FilePath &application) override
     {
         const UserFiles files = userFilesOf(applicationIdentifier);
-        const auto logo = readSystemFile({}, application + "/Contents/Resources/logo.png");
+        const auto logo = readSystemFile(uninterrupted(SystemCalls()), application + "/Contents/Resources/logo.png");
         if (logo)
             writeAtomically(files.icon, *logo);
         writeAtomically(files.desktopEntry, desktopEntry(bundleAt(application).executable, applicationIdentifier));

@@ -1,5 +1,6 @@
 #include "platform/FolderReader.h"
 
+#include "platform/Interruption.h"
 #include "platform/PathLocation.h"
 
 #include <array>
@@ -68,12 +69,13 @@ Descriptor FolderOpener::openRoot(const FilePath &path, bool followsLink) const
     const PathLocation location(path);
     if (!location.isValid())
         return {};
-    return Descriptor(openat(location.folder(), location.name(), listingFlags | (followsLink ? 0 : O_NOFOLLOW)));
+    const int flags = listingFlags | (followsLink ? 0 : O_NOFOLLOW);
+    return Descriptor(uninterrupted([&] { return openat(location.folder(), location.name(), flags); }));
 }
 
 Descriptor FolderOpener::openBeneath(int parent, const char *name) const
 {
-    Descriptor folder(openat(parent, name, listingFlags | O_NOFOLLOW_ANY));
+    Descriptor folder(uninterrupted([&] { return openat(parent, name, listingFlags | O_NOFOLLOW_ANY); }));
     struct stat above;
     struct stat below;
     if (folder.isValid() && fstat(parent, &above) == 0 && fstat(folder.get(), &below) == 0 &&
@@ -94,7 +96,6 @@ struct FolderReader::Buffer
 };
 
 FolderReader::FolderReader()
-    : buffer(std::make_unique_for_overwrite<Buffer>())
 {
     // For this thread: listing leaves access times alone, and fetches nothing that lies in a cloud.
     setiopolicy_np(IOPOL_TYPE_VFS_ATIME_UPDATES, IOPOL_SCOPE_THREAD, IOPOL_ATIME_UPDATES_OFF);
@@ -108,8 +109,11 @@ FolderReader::Batch FolderReader::readBatch(int folder)
     attrlist wanted{};
     wanted.bitmapcount = ATTR_BIT_MAP_COUNT;
     wanted.commonattr = ATTR_CMN_RETURNED_ATTRS | ATTR_CMN_ERROR | ATTR_CMN_NAME | ATTR_CMN_OBJTYPE;
+    if (!buffer)
+        buffer = std::make_unique_for_overwrite<Buffer>();
     buffer->position = buffer->bytes.data();
-    buffer->left = getattrlistbulk(folder, &wanted, buffer->bytes.data(), buffer->bytes.size(), 0);
+    buffer->left = uninterrupted(
+        [&] { return getattrlistbulk(folder, &wanted, buffer->bytes.data(), buffer->bytes.size(), 0); });
     if (buffer->left <= 0)
         return std::exchange(buffer->left, 0) == 0 ? Batch::end : Batch::failed;
     size_t filled = 0;
@@ -122,7 +126,7 @@ FolderReader::Batch FolderReader::readBatch(int folder)
 
 std::optional<FolderReader::Entry> FolderReader::nextEntry()
 {
-    if (buffer->left == 0)
+    if (!buffer || buffer->left == 0)
         return std::nullopt;
     --buffer->left;
     const char *position = buffer->position;
@@ -144,8 +148,10 @@ std::optional<FolderReader::Entry> FolderReader::nextEntry()
 std::optional<EntryStatus> statusOf(int folder, const char *name, StatusDetail)
 {
     struct stat status;
-    const int outcome = *name == '\0' ? fstat(folder, &status) : fstatat(folder, name, &status, AT_SYMLINK_NOFOLLOW);
-    if (outcome != 0)
+    const auto ask = [&] {
+        return *name == '\0' ? fstat(folder, &status) : fstatat(folder, name, &status, AT_SYMLINK_NOFOLLOW);
+    };
+    if (uninterrupted(ask) != 0)
         return std::nullopt;
     constexpr qint64 blockSize = 512;
     const auto modified =
@@ -160,7 +166,7 @@ std::optional<EntryStatus> statusOf(int folder, const char *name, StatusDetail)
 std::optional<FolderIdentity> identityOf(int folder)
 {
     struct stat status;
-    if (fstat(folder, &status) != 0)
+    if (uninterrupted([&] { return fstat(folder, &status); }) != 0)
         return std::nullopt;
     return FolderIdentity{.device = static_cast<quint64>(status.st_dev), .inode = status.st_ino};
 }

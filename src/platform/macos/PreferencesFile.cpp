@@ -1,10 +1,10 @@
 #include "platform/PreferencesFile.h"
 
 #include "platform/ApplicationIdentifier.h"
-
-#include <QDir>
+#include "platform/FileName.h"
+#include "platform/HomeFolder.h"
 
 FilePath preferencesFile()
 {
-    return QFile::encodeName(QDir::homePath()) + "/Library/Preferences/" + applicationIdentifier + ".plist";
+    return joined(homeFolder(), "Library/Preferences") + '/' + applicationIdentifier + ".plist";
 }

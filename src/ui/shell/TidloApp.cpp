@@ -2,6 +2,7 @@
 
 #include "app/FirstRun.h"
 #include "platform/ApplicationIdentifier.h"
+#include "platform/HomeFolder.h"
 #include "platform/QuitLimit.h"
 #include "ui/design/DesignSystem.h"
 #include "ui/screens/ContentViews.h"
@@ -52,6 +53,7 @@ QQuickWindow *TidloApp::window() const
 
 int runTidlo(int argumentCount, char **arguments)
 {
+    settleHome();
     QGuiApplication application(argumentCount, arguments);
     QGuiApplication::setApplicationName(QLatin1StringView(applicationIdentifier)); // Names the folder of its cache.
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Tidlo"));

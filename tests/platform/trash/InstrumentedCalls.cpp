@@ -50,7 +50,7 @@ SystemCalls instrumented(const Around &around, const SystemCalls &real)
     instrument(calls.fstatvfs, "fstatvfs", counter);
     instrument(calls.readlinkat, "readlinkat", counter);
     instrument(calls.read, "read", counter);
-    instrument(calls.write, "write", counter);
+    instrument(calls.pwrite, "pwrite", counter);
     instrument(calls.fsync, "fsync", counter);
     instrument(calls.close, "close", counter);
     instrument(calls.renameat2, "renameat2", counter);

@@ -252,3 +252,16 @@ TEST(TrashOfHome, TakesNothingWhereRecordsCannotBeWritten)
     EXPECT_THAT(result.lines, ElementsAre(StartsWith("failed: Its record cannot be written: ")));
     EXPECT_THAT(witness.complaints(), IsEmpty());
 }
+
+TEST(TrashRefusals, WhatHoldsTheUsualTrashWhileProgramsKeepTheirDataElsewhere)
+{
+    const TemporaryHome home;
+    home.file(".local/share/Trash/files/item");
+    home.folder("data");
+
+    expectRefusals(home,
+                   {.paths = {home / ".local", home / ".local/share", home / ".local/share/Trash"},
+                    .home = home.path(),
+                    .dataHome = home / "data"},
+                   "refused: It holds a Trash.");
+}

@@ -83,14 +83,14 @@ TEST_P(TrashSystems, TheRecordIsWholeAndOnTheDiskBeforeTheItemIsRenamed)
 
 TEST_P(TrashSystems, ARecordIsWholeThatIsWrittenByteByByte)
 {
-    calls.write = [](int file, const void *bytes, size_t) { return ::write(file, bytes, 1); };
+    calls.pwrite = [](int file, const void *bytes, size_t, off_t at) { return ::pwrite(file, bytes, 1, at); };
 
     expectMoved();
 }
 
 TEST_P(TrashSystems, ADiskThatTakesNothingAndTellsNoErrorKeepsTheItem)
 {
-    calls.write = [](int, const void *, size_t) { return ssize_t(0); };
+    calls.pwrite = [](int, const void *, size_t, off_t) { return ssize_t(0); };
 
     expectFailed(EIO);
 }

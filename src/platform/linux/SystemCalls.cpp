@@ -1,0 +1,30 @@
+#include "platform/linux/SystemCalls.h"
+
+#include "platform/Interruption.h"
+
+namespace {
+
+template <typename Result, typename... Arguments>
+void repeat(std::function<Result(Arguments...)> &call)
+{
+    call = [once = std::move(call)](Arguments... arguments) {
+        return ::uninterrupted([&] { return once(arguments...); });
+    };
+}
+
+} // namespace
+
+SystemCalls uninterrupted(SystemCalls calls)
+{
+    repeat(calls.openat);
+    repeat(calls.mkdirat);
+    repeat(calls.statx);
+    repeat(calls.fstatvfs);
+    repeat(calls.readlinkat);
+    repeat(calls.read);
+    repeat(calls.pwrite);
+    repeat(calls.fsync);
+    repeat(calls.renameat2);
+    repeat(calls.unlinkat);
+    return calls;
+}

@@ -1,0 +1,196 @@
+// Walks that may keep few folders open, and what reopens those that were closed.
+
+#include "platform/Descriptor.h"
+#include "platform/DirectoryWalker.h"
+#include "platform/LiveFileManager.h"
+#include "platform/TreeWalk.h"
+#include "support/DeepTree.h"
+#include "support/InChild.h"
+#include "support/OwnMounts.h"
+#include "support/TemporaryHome.h"
+
+#include <gmock/gmock.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <mutex>
+
+#include <fcntl.h>
+#include <sys/mount.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+
+namespace {
+
+constexpr qint64 block = 4096;
+
+qint64 sizeWithin(WalkLimits limits, const FilePath &path)
+{
+    return TreeWalk(limits, {}).measure({path}).front().bytes;
+}
+
+/// Folders of \a entries folders each, in some of which lies a chain of folders with a file in each.
+qint64 makeWideAndDeep(const FilePath &top, int folders, int entries)
+{
+    constexpr int levels = 12;
+    qint64 files = 0;
+    for (int number = 0; number < folders; ++number) {
+        const FilePath path = top + '/' + FilePath::number(number);
+        makeChain(top, FilePath::number(number).constData(), 1);
+        const Descriptor folder(open(path.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+        for (int entry = 0; entry < entries; ++entry) {
+            const FilePath name = FilePath::number(entry);
+            makeFolder(folder.get(), name.constData());
+            if (entry % 100 != 0)
+                continue;
+            makeChain(path + '/' + name, "d", levels, [&](int inner, int) {
+                makeFile(inner, "file", block);
+                ++files;
+            });
+        }
+    }
+    return files * block;
+}
+
+class WalkLimitsTest : public testing::Test
+{
+protected:
+    TemporaryHome home{TemporaryHome::parentInMemory()};
+};
+
+} // namespace
+
+TEST_F(WalkLimitsTest, EveryFolderIsReadOnceHoweverFewMayStayOpen)
+{
+    const FilePath top = home.folder("tree");
+    const qint64 expected = makeWideAndDeep(top, 3, 3'000);
+    for (const int workers : {1, 2, 8}) {
+        for (const int openFolders : {1, 4, 64})
+            EXPECT_EQ(sizeWithin({.workers = workers, .openFolders = openFolders}, top), expected)
+                << workers << ' ' << openFolders;
+    }
+}
+
+TEST_F(WalkLimitsTest, AWalkKeepsNoMoreDescriptorsOpenThanItMay)
+{
+    const FilePath top = home.folder("tree");
+    makeWideAndDeep(top, 4, 2'500);
+    const auto count = [] { return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {}); };
+    for (const auto &[limit, workers, most] : {std::tuple{64, 1, 16 + 4}, {64, 8, 16 + 8 * 3}, {16, 8, 4 + 2 * 3}}) {
+        const ChildResult result = inChild([&] {
+            const ptrdiff_t before = count();
+            if (!limitDescriptors(std::max<int>(limit, static_cast<int>(before) + 16)))
+                return false;
+            std::mutex mutex;
+            ptrdiff_t highest = 0;
+            const auto visit = [&](const EnumeratedEntry &) {
+                const std::lock_guard lock(mutex);
+                highest = std::max(highest, count() - before);
+                return Visit{};
+            };
+            DirectoryWalker(workers).enumerate({.roots = {top}, .visit = visit}, {});
+            std::printf("%td more than %td\n", highest, before);
+            return highest <= most;
+        });
+        EXPECT_TRUE(result.succeeded) << limit << ' ' << workers << ": " << result.output;
+    }
+}
+
+TEST_F(WalkLimitsTest, AWayBackThatJustDoesNotFitIntoOnePathIsTakenInTwo)
+{
+    constexpr int levels = 40;
+    const FilePath name(240, 'n'); // 17 of them with slashes between are 4,096 bytes.
+    makeChain(home.folder("tree"), name.constData(), levels, [](int folder, int) {
+        makeFolder(folder, "tooth");
+        const Descriptor tooth(openat(folder, "tooth", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+        makeFile(tooth.get(), "file", block);
+    });
+    for (const int openFolders : {0, 1, 2})
+        EXPECT_EQ(sizeWithin({.workers = 1, .openFolders = openFolders}, home / "tree"), (levels + 1) * block);
+}
+
+TEST_F(WalkLimitsTest, AFolderThatTookThePlaceOfOneThatWasClosedIsNotEntered)
+{
+    home.folder("tree/a/b");
+    home.folder("other/b");
+    const FolderOpener opener;
+    WalkQueue queue(1);
+    const auto folderOf = [](const char *name, WalkFolder *parent) {
+        auto folder = std::make_unique<WalkFolder>();
+        folder->name = name;
+        folder->parent = parent;
+        return folder;
+    };
+    const auto finish = [&](const WalkQueue::Taken &taken, const char *childName) {
+        std::vector<std::unique_ptr<WalkFolder>> children;
+        if (childName != nullptr)
+            children.push_back(folderOf(childName, taken.folder));
+        queue.finish(*taken.folder, true, std::move(children));
+    };
+    for (const bool isSwapped : {false, true}) {
+        queue.addRoot(folderOf((home / "tree").constData(), nullptr));
+        WalkQueue::Taken taken = queue.take();
+        taken.folder->descriptor = opener.openRoot(home / "tree", false);
+        finish(taken, "a");
+        taken = queue.take();
+        taken.folder->descriptor = opener.openBeneath(taken.parent, "a");
+        ASSERT_TRUE(taken.folder->isOpen());
+        finish(taken, "b"); // Now there are two to keep, and this one is closed.
+        taken = queue.take();
+        ASSERT_EQ(taken.parent, -1);
+        if (isSwapped) {
+            ASSERT_EQ(syscall(SYS_renameat2, AT_FDCWD, (home / "tree/a").constData(), AT_FDCWD,
+                              (home / "other").constData(), 2 /* RENAME_EXCHANGE */),
+                      0);
+        }
+
+        EXPECT_EQ(queue.reopenParent(*taken.folder, opener) >= 0, !isSwapped);
+
+        finish(taken, nullptr);
+    }
+}
+
+TEST_F(WalkLimitsTest, NoLinkIsFollowedWhereverItStandsInAWayBack)
+{
+    home.folder("tree/real/inner");
+    home.link("tree/link", "real");
+    home.link("tree/real/up", "..");
+    const auto work = [&] {
+        const FolderOpener opener;
+        const Descriptor tree = opener.openRoot(home / "tree", false);
+        for (const char *name : {"link", "link/inner", "real/up", "real/up/real", "real/up/link/inner"}) {
+            EXPECT_FALSE(opener.openBeneath(tree.get(), name).isValid()) << name;
+        }
+        EXPECT_TRUE(opener.openBeneath(tree.get(), "real/inner").isValid());
+        return !HasFailure();
+    };
+    EXPECT_TRUE(work());
+    for (const int error : {ENOSYS, EPERM}) {
+        const ChildResult result = inChild([&] { return denySystemCall(SYS_openat2, error) && work(); });
+        EXPECT_TRUE(result.succeeded) << result.output;
+    }
+}
+
+TEST_F(WalkLimitsTest, AFileOfAnotherMountIsNotShown)
+{
+    home.file("tree/own", block);
+    home.file("tree/bound", 0);
+    home.file("outside", 5 * block);
+    inOwnMounts([&] {
+        ASSERT_EQ(mount((home / "outside").constData(), (home / "tree/bound").constData(), nullptr, MS_BIND, nullptr),
+                  0);
+        const auto all = [](const EnumeratedEntry &) { return Visit{.action = Visit::Action::collect}; };
+        const auto items = DirectoryWalker().enumerate(
+            {.roots = {home / "tree"}, .shown = DeepEnumeration::Shown::everything, .visit = all}, {});
+        ASSERT_EQ(items.size(), 1);
+        EXPECT_EQ(items.front().path, home / "tree/own");
+    });
+}
+
+TEST_F(WalkLimitsTest, AFolderWhoseListingFailsHasNoContents)
+{
+    home.file("tree/file", block);
+    const ChildResult result = inChild(
+        [&] { return denySystemCall(SYS_getdents64, EIO) && !LiveFileManager().contentsOfDirectory(home / "tree"); });
+    EXPECT_TRUE(result.succeeded) << result.output;
+}
