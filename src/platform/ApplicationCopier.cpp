@@ -1,14 +1,16 @@
 #include "platform/ApplicationCopier.h"
 
 #include "platform/Containment.h"
+#include "platform/Interruption.h"
+#include "platform/ItemExchange.h"
 #include "platform/MountObstacle.h"
-#include "platform/TreeCopy.h"
+#include "platform/VisibleText.h"
+#include "platform/Workshop.h"
 
 #include <cerrno>
-#include <cstdio>
-#include <cstdlib>
 #include <filesystem>
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace fs = std::filesystem;
@@ -24,7 +26,7 @@ int obstacleToEmptying(const fs::path &path)
     const bool isEmpty = fs::is_empty(path, error);
     if (error || isEmpty)
         return error.value();
-    return access(path.c_str(), W_OK | X_OK) == 0 ? 0 : errno;
+    return uninterrupted([&] { return access(path.c_str(), W_OK | X_OK); }) == 0 ? 0 : errno;
 }
 
 /// What keeps the item at \a path from being removed with all it holds, its own folder's rights apart: those show as it
@@ -48,7 +50,8 @@ int obstacleToRemoval(const FilePath &path)
 int obstacle(const FilePath &source, const FilePath &destination)
 {
     const FilePath parent = destination.left(destination.lastIndexOf('/') + 1);
-    if (access(source.constData(), F_OK) != 0 || access(parent.constData(), W_OK) != 0)
+    if (uninterrupted([&] { return access(source.constData(), F_OK); }) != 0 ||
+        uninterrupted([&] { return access(parent.constData(), W_OK); }) != 0)
         return errno;
     std::error_code ignored;
     const bool isLink = fs::is_symlink(fs::symlink_status(destination.toStdString(), ignored));
@@ -56,50 +59,66 @@ int obstacle(const FilePath &source, const FilePath &destination)
     return holdsSource || isSameOrWithin(parent, source) ? EINVAL : obstacleToRemoval(destination);
 }
 
-int rename(const FilePath &from, const FilePath &to)
+bool isThere(const FilePath &path)
 {
-    return std::rename(from.constData(), to.constData()) == 0 ? 0 : errno;
+    struct stat status;
+    return lstat(path.constData(), &status) == 0;
 }
 
-int remove(const FilePath &path)
+bool mayBeThere(const FilePath &path)
 {
-    std::error_code error;
-    fs::remove_all(path.toStdString(), error);
-    return error.value();
+    return isThere(path) || errno != ENOENT;
 }
 
-/// With an empty \a workshop on the same file system.
-int replaceIn(const FilePath &workshop, const FilePath &source, const FilePath &destination)
+/// For where two items cannot change places at one moment: first the old one goes, then the new one comes. When this
+/// fails, what is at \a destination is the old one or the new one, or nothing, if the old one could not come back.
+int replaceInTwoSteps(const Workshop &workshop, const FilePath &destination, const PlacementSteps &steps)
 {
-    const FilePath copy = workshop + "/new";
-    const FilePath former = workshop + "/old";
-    if (const int error = copyTree(source, copy))
-        return error;
-    if (const int error = rename(destination, former); error != 0 && error != ENOENT)
-        return error;
-    const int error = rename(copy, destination);
-    if (error != 0)
-        rename(former, destination);
+    int error = steps.rename(destination, workshop.former());
+    if (error == 0)
+        error = steps.rename(workshop.copy(), destination);
+    if (error != 0 && !isThere(destination)) // Whichever of the two told it, and whether or not that was true.
+        steps.rename(workshop.former(), destination);
     return error;
 }
 
-int replace(const FilePath &source, const FilePath &destination)
+int replaceFrom(const Workshop &workshop, const FilePath &source, const FilePath &destination,
+                const PlacementSteps &steps)
 {
-    if (const int error = obstacle(source, destination))
+    if (const int error = steps.copy(source, workshop.copy()))
         return error;
-    const qsizetype name = destination.lastIndexOf('/') + 1;
-    FilePath workshop = destination.left(name) + '.' + destination.mid(name) + ".XXXXXX";
-    if (mkdtemp(workshop.data()) == nullptr)
-        return errno;
-    const int error = replaceIn(workshop, source, destination);
-    const int errorOfRemoval = remove(workshop);
-    return error == 0 ? errorOfRemoval : error;
+    const int error = steps.exchange(workshop.copy(), destination);
+    if (error == ENOENT) // Nothing is there to be replaced.
+        return steps.rename(workshop.copy(), destination);
+    return isExchangeUnknown(error) ? replaceInTwoSteps(workshop, destination, steps) : error;
+}
+
+/// To be called when the new copy stands, so that none of them holds the only one.
+void removeLeftOvers(const FilePath &destination, const PlacementSteps &steps)
+{
+    for (const Workshop &left : Workshop::leftOver(destination)) {
+        if (obstacleToRemoval(left.path()) == 0)
+            steps.remove(left.path());
+    }
 }
 
 } // namespace
 
-std::optional<QString> copyApplication(const FilePath &source, const FilePath &destination)
+std::optional<QString> copyApplication(const FilePath &source, const FilePath &destination, const PlacementSteps &steps)
 {
-    const int error = replace(source, destination);
-    return error == 0 ? std::nullopt : std::optional(qt_error_string(error));
+    if (const int error = obstacle(source, destination))
+        return qt_error_string(error);
+    const std::optional<Workshop> workshop = Workshop::make(destination);
+    if (!workshop)
+        return qt_error_string(errno);
+    const int error = replaceFrom(*workshop, source, destination, steps);
+    if (error != 0 && !isThere(destination) && mayBeThere(workshop->former())) {
+        return qt_error_string(error) +
+               QStringLiteral("\nWhat was there before lies in ") + visibleText(workshop->former());
+    }
+    const int errorOfRemoval = steps.remove(workshop->path());
+    if (error != 0)
+        return qt_error_string(error);
+    removeLeftOvers(destination, steps);
+    return errorOfRemoval == 0 ? std::nullopt : std::optional(qt_error_string(errorOfRemoval));
 }

@@ -1,5 +1,6 @@
 #include "platform/ApplicationCopier.h"
 
+#include "platform/Workshop.h"
 #include "support/InChild.h"
 #include "support/OwnMounts.h"
 #include "support/PrintQt.h"
@@ -9,10 +10,14 @@
 
 #include <gmock/gmock.h>
 
+#include <csignal>
 #include <cstring>
+#include <fstream>
+#include <map>
 
 #include <sys/mount.h>
 #include <sys/syscall.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 using testing::Key;
@@ -327,4 +332,231 @@ TEST_F(ApplicationCopier, CopiesNothingThatIsNeitherFolderNorFileNorLink)
     EXPECT_NE(copyApplication(source, destination), std::nullopt);
 
     EXPECT_TRUE(inventoryOf("Applications/").empty());
+}
+
+namespace {
+
+/// Replaces an old application by a new one while steps of it fail, or the program is killed.
+class Placement : public testing::Test
+{
+protected:
+    Placement()
+    {
+        write("from/Tidlo.app/Contents/which", "new");
+        home.folder("Applications");
+    }
+
+    void write(const FilePath &relative, const char *text) const
+    {
+        home.file(relative, 0);
+        std::ofstream((home / relative).toStdString()) << text;
+    }
+
+    static std::string which(const FilePath &application)
+    {
+        std::string text;
+        std::getline(std::ifstream((application + "/Contents/which").toStdString()), text);
+        return text;
+    }
+
+    /// Puts the old one there, and nothing else.
+    void begin() const
+    {
+        ASSERT_EQ(std::system(("rm -rf '" + home.path() + "/Applications'").constData()), 0);
+        write("Applications/Tidlo.app/Contents/which", "old");
+    }
+
+    using Around = std::function<int(int number, const std::function<int()> &real)>;
+
+    /// The steps of the system, each given to \a around with its number from 0 on; with an exchange or without one.
+    static PlacementSteps stepsThrough(const Around &around, bool canExchange)
+    {
+        const PlacementSteps real = livePlacementSteps();
+        const auto count = std::make_shared<int>(0);
+        const auto onTwo = [=](const PlacementSteps::OnTwo &step) {
+            return [=](const FilePath &from, const FilePath &to) {
+                return around((*count)++, [&] { return step(from, to); });
+            };
+        };
+        PlacementSteps steps{
+            .copy = onTwo(real.copy),
+            .exchange = onTwo(real.exchange),
+            .rename = onTwo(real.rename),
+            .remove = [=](const FilePath &path) { return around((*count)++, [&] { return real.remove(path); }); }};
+        if (!canExchange)
+            steps.exchange = [](const FilePath &, const FilePath &) { return EINVAL; };
+        return steps;
+    }
+
+    /// The folders beside the application, by their whole paths.
+    QList<FilePath> workshops() const
+    {
+        QList<FilePath> found;
+        for (const auto &[name, entry] : home.inventory()) {
+            if (name.starts_with("Applications/.") && name.find('/', sizeof "Applications/") == std::string::npos)
+                found.append(home / FilePath::fromStdString(name));
+        }
+        return found;
+    }
+
+    void expectOldOrNew(const std::optional<QString> &told) const
+    {
+        const std::string there = which(destination);
+        if (there == "old" || there == "new")
+            return;
+        ASSERT_EQ(access(destination.constData(), F_OK), -1) << "half of one";
+        ASSERT_TRUE(told);
+        const FilePath text = told->toUtf8();
+        const FilePath place = text.mid(text.indexOf(home.path()));
+        EXPECT_EQ(which(place), "old") << text.constData();
+    }
+
+    TemporaryHome home;
+    const FilePath source = home / "from/Tidlo.app";
+    const FilePath destination = home / "Applications/Tidlo.app";
+};
+
+constexpr int mostSteps = 6;
+
+} // namespace
+
+TEST_F(Placement, LeavesTheOldOrTheNewOneWhicheverStepsFail)
+{
+    for (const bool canExchange : {true, false}) {
+        for (const bool isDoneAllTheSame : {false, true}) { // As a network file system may report.
+            for (int failing = 0; failing < 1 << mostSteps; ++failing) {
+                SCOPED_TRACE(testing::Message() << canExchange << isDoneAllTheSame << ' ' << failing);
+                begin();
+                int taken = 0;
+                const auto around = [&](int number, const std::function<int()> &real) {
+                    taken = number + 1;
+                    const bool fails = ((failing >> number) & 1) != 0;
+                    const int result = fails && !isDoneAllTheSame ? EIO : real();
+                    return fails ? EIO : result;
+                };
+                const auto told = copyApplication(source, destination, stepsThrough(around, canExchange));
+                ASSERT_LE(taken, mostSteps);
+                expectOldOrNew(told);
+                const bool isTold = (failing & ((1 << taken) - 1)) != 0;
+                EXPECT_EQ(told.has_value(), isTold);
+                if (!isTold) {
+                    EXPECT_EQ(which(destination), "new");
+                    EXPECT_TRUE(workshops().isEmpty());
+                }
+            }
+        }
+    }
+}
+
+TEST_F(Placement, TellsWhereTheOldOneLiesWhenItCannotComeBack)
+{
+    begin();
+    const auto around = [](int number, const std::function<int()> &real) { return number >= 2 ? EIO : real(); };
+
+    const auto told = copyApplication(source, destination, stepsThrough(around, false));
+
+    ASSERT_EQ(workshops().size(), 1);
+    EXPECT_EQ(told, *because(EIO) + QStringLiteral("\nWhat was there before lies in ") +
+                        QString::fromUtf8(workshops().front() + "/old"));
+    EXPECT_EQ(which(workshops().front() + "/old"), "old");
+}
+
+TEST_F(Placement, PutsTheOldOneBackWhenTheNewOneCannotCome)
+{
+    begin();
+    const auto around = [](int number, const std::function<int()> &real) { return number == 2 ? EIO : real(); };
+
+    EXPECT_EQ(copyApplication(source, destination, stepsThrough(around, false)), because(EIO));
+
+    EXPECT_EQ(which(destination), "old");
+    EXPECT_TRUE(workshops().isEmpty());
+}
+
+TEST_F(Placement, TellsWhenWhatItReplacedCannotBeRemoved)
+{
+    begin();
+    PlacementSteps steps = livePlacementSteps();
+    steps.remove = [](const FilePath &) { return EIO; };
+
+    EXPECT_EQ(copyApplication(source, destination, steps), because(EIO));
+
+    EXPECT_EQ(which(destination), "new");
+}
+
+TEST_F(Placement, KilledAfterAnyStepLeavesTheOldOrTheNewOneAndTheNextOneTidiesUp)
+{
+    for (const bool canExchange : {true, false}) {
+        for (int last = 0; last < mostSteps; ++last) {
+            SCOPED_TRACE(testing::Message() << canExchange << ' ' << last);
+            begin();
+            const auto killing = [&](int number, const std::function<int()> &real) {
+                const int result = real();
+                if (number == last)
+                    raise(SIGKILL);
+                return result;
+            };
+            const ChildResult killed = inChild(
+                [&] { return !copyApplication(source, destination, stepsThrough(killing, canExchange)).has_value(); });
+            const QList<FilePath> left = workshops();
+            const bool isOldKept =
+                std::ranges::any_of(left, [](const FilePath &path) { return which(path + "/old") == "old"; });
+            if (!killed.succeeded && access(destination.constData(), F_OK) != 0) {
+                EXPECT_FALSE(canExchange);
+                EXPECT_TRUE(isOldKept);
+            } else {
+                expectOldOrNew({});
+            }
+            // One that fails removes nothing that others left.
+            const auto failing = [](int number, const std::function<int()> &real) {
+                return number >= 1 && number <= 3 ? EIO : real();
+            };
+            EXPECT_TRUE(copyApplication(source, destination, stepsThrough(failing, canExchange)));
+            for (const FilePath &path : left)
+                EXPECT_EQ(access(path.constData(), F_OK), 0) << path.constData();
+
+            EXPECT_EQ(copyApplication(source, destination), std::nullopt);
+
+            EXPECT_EQ(which(destination), "new");
+            EXPECT_TRUE(workshops().isEmpty());
+        }
+    }
+}
+
+TEST_F(Placement, RemovesNothingThatOnlyLooksLikeWhatWasLeftOver)
+{
+    begin();
+    write("elsewhere/kept", "");
+    for (const char *name : {".Tidlo.app.abcde/kept", ".Tidlo.app.abcdefg/kept", ".Other.app.abcdef/kept",
+                             "Tidlo.app.abcdef/kept", ".Tidlo.app/kept", ".Tidlo.app.a-file", ".Tidlo.app.theirs/kept"})
+        write(FilePath("Applications/") + name, "");
+    write("Applications/.Tidlo.app.filexx", "");
+    home.link("Applications/.Tidlo.app.linkxx", home / "elsewhere");
+    const bool isRoot = geteuid() == 0;
+    if (isRoot) {
+        ASSERT_EQ(chown((home / "Applications/.Tidlo.app.theirs").constData(), 65534, 65534), 0);
+    }
+    write("Applications/.Tidlo.app.ours00/new/file", "");
+    auto expected = home.inventory();
+    std::erase_if(expected, [&](const auto &entry) {
+        return entry.first.starts_with("Applications/.Tidlo.app.ours00") ||
+               (!isRoot && entry.first.starts_with("Applications/.Tidlo.app.theirs"));
+    });
+
+    EXPECT_EQ(copyApplication(source, destination), std::nullopt);
+
+    const auto remaining = home.inventory();
+    EXPECT_EQ(remaining.size(), expected.size());
+    for (const auto &[name, entry] : expected)
+        EXPECT_TRUE(remaining.contains(name)) << name;
+}
+
+TEST_F(Placement, RemovesNoWorkshopThatAnotherOneUses)
+{
+    begin();
+    const auto workshop = Workshop::make(destination);
+    ASSERT_TRUE(workshop);
+
+    EXPECT_EQ(copyApplication(source, destination), std::nullopt);
+
+    EXPECT_EQ(workshops(), QList{workshop->path()});
 }
