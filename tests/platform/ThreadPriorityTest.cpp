@@ -2,11 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <thread>
 
 #include <sys/resource.h>
 
 namespace {
+
+constexpr int most = 19;
 
 /// Of the calling thread; the more, the more it stands back.
 int niceness()
@@ -28,7 +31,24 @@ TEST(ThreadPriority, AThreadThatStandsBackDoesSoWithThoseItStartsAndNoOther)
         std::thread([&] { ofStarted = niceness(); }).join();
     }).join();
 
-    EXPECT_GT(ofThread, before);
+    EXPECT_EQ(ofThread, std::min(before + 10, most));
     EXPECT_EQ(ofStarted, ofThread);
     EXPECT_EQ(niceness(), before);
+}
+
+TEST(ThreadPriority, AThreadStandsBackFromWhereItWasStartedAndOnlyOnce)
+{
+    for (int start = niceness(); start <= most; ++start) {
+        int once = 0;
+        int again = 0;
+        std::thread([&] {
+            ASSERT_EQ(setpriority(PRIO_PROCESS, 0, start), 0);
+            standBack();
+            once = niceness();
+            standBack();
+            again = niceness();
+        }).join();
+        EXPECT_EQ(once, std::min(start + 10, most)) << start;
+        EXPECT_EQ(again, once) << start;
+    }
 }

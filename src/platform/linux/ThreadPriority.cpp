@@ -1,11 +1,26 @@
 #include "platform/ThreadPriority.h"
 
+#include <algorithm>
+
 #include <sys/resource.h>
 #include <unistd.h>
 
-void standBack()
+namespace {
+
+bool stepBack()
 {
     // Half of the way to the least: a tenth of the share that others have who want a processor at the same time.
-    constexpr int niceness = 10;
-    setpriority(PRIO_PROCESS, static_cast<id_t>(gettid()), niceness); // On Linux that is of one thread.
+    constexpr int steps = 10;
+    constexpr int most = 19;
+    const auto thread = static_cast<id_t>(gettid()); // On Linux niceness is of one thread.
+    setpriority(PRIO_PROCESS, thread, std::min(getpriority(PRIO_PROCESS, thread) + steps, most));
+    return true;
+}
+
+} // namespace
+
+void standBack()
+{
+    thread_local const bool isDone = stepBack(); // Further from where it was started, and so only once.
+    static_cast<void>(isDone);
 }
