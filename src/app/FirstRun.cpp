@@ -4,12 +4,14 @@
 
 namespace {
 
-/// Whether there is somewhere to move to.
+/// Whether there is a bundle that can be moved, and somewhere to move it to.
 bool canBePlaced(const AppEnvironment &environment)
 {
+    const Bundle bundle = environment.bundle();
     const FilePath &destination = environment.applicationPath;
     const FilePath folder = destination.left(destination.lastIndexOf('/') + 1); // The slash: of a file there is none.
-    return environment.fileManager->fileExists(folder) && !isSameOrWithin(environment.bundle().path, destination);
+    return bundle.isApplication() && environment.fileManager->fileExists(folder) &&
+           !isSameOrWithin(bundle.path, destination);
 }
 
 } // namespace

@@ -18,7 +18,12 @@ void AppViewModel::skipMoveToApplicationsPrompt()
 void AppViewModel::moveToApplicationsFolder()
 {
     requireMainThread();
-    if (const auto error = copyApplication(environment.bundle().path, environment.applicationPath)) {
+    const Bundle bundle = environment.bundle();
+    if (!bundle.isApplication()) { // A lone executable would replace a whole application.
+        reportPlacementFailure(QStringLiteral("The running program is not in a bundle."));
+        return;
+    }
+    if (const auto error = copyApplication(bundle.path, environment.applicationPath)) {
         reportPlacementFailure(*error);
         return;
     }

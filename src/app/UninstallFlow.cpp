@@ -9,28 +9,15 @@
 
 namespace {
 
-QByteArray identifierOf(const Bundle &bundle)
-{
-    return bundle.identifier.value_or(applicationIdentifier);
-}
-
-/// Whether \a bundle is one that holds this application, and is still there.
-bool isOurs(const Bundle &bundle, const FileManager &files)
-{
-    const FilePath folder = bundle.executable.left(bundle.executable.lastIndexOf('/'));
-    return bundle.path.endsWith(".app") && folder == bundle.path + "/Contents/MacOS" &&
-           files.fileExists(bundle.executable) && identifierOf(bundle) == applicationIdentifier;
-}
-
 /// Writes the script and starts it. Gives what went wrong, for a person; then nothing has been started.
 std::optional<QString> startScript(const AppEnvironment &environment)
 {
     const Bundle bundle = environment.bundle();
-    if (!isOurs(bundle, *environment.fileManager))
+    if (!bundle.isOurs() || !environment.fileManager->fileExists(bundle.executable))
         return QStringLiteral("The running program is not in a bundle of its own.");
     if (isSameOrWithin(environment.fileManager->homeDirectoryForCurrentUser(), bundle.path))
         return QStringLiteral("The bundle of the application holds the home folder, or may do so.");
-    const UninstallScript script = uninstallScript(bundle.path, identifierOf(bundle));
+    const UninstallScript script = uninstallScript(bundle.path, bundle.identifier.value_or(applicationIdentifier));
     if (script.unquotable)
         return QStringLiteral("A shell would read a character of this path as its own: ") +
                visibleText(*script.unquotable);

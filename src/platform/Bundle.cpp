@@ -1,5 +1,6 @@
 #include "platform/Bundle.h"
 
+#include "platform/ApplicationIdentifier.h"
 #include "platform/ExecutablePath.h"
 #include "platform/InfoPlist.h"
 
@@ -34,6 +35,16 @@ std::optional<QByteArray> identifierIn(const QHash<QString, QString> &info)
 }
 
 } // namespace
+
+bool Bundle::isApplication() const
+{
+    return isBundlePath(path) && executable.left(executable.lastIndexOf('/')) == path + "/Contents/MacOS";
+}
+
+bool Bundle::isOurs() const
+{
+    return isApplication() && identifier.value_or(applicationIdentifier) == applicationIdentifier;
+}
 
 Bundle bundleOf(const FilePath &executable)
 {

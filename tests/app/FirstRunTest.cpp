@@ -54,6 +54,7 @@ TEST_F(FirstRun, GoesOnAsIfDeclinedWhereItIsInPlaceAlready)
     home.link("elsewhere", home / "Applications");
     for (const char *path : {"Applications/Tidlo.app", "elsewhere/Tidlo.app"}) {
         bundle.path = home / path;
+        bundle.executable = bundle.path + "/Contents/MacOS/Tidlo";
         EXPECT_THAT(begun(), ElementsAre("showMoveToApplicationsPrompt: false", "showSetupWizard: true")) << path;
     }
 }
@@ -65,4 +66,19 @@ TEST_F(FirstRun, ShowsNothingOnceSetupHasBeenCompleted)
 
     home.folder("Applications");
     EXPECT_THAT(begun(), IsEmpty());
+}
+
+TEST_F(FirstRun, GoesOnAsIfDeclinedWhereItRunsFromNoBundle)
+{
+    home.folder("Applications");
+    const FilePath lone = home / "build/tidlo";
+    for (const Bundle &running : {Bundle{.path = lone, .executable = lone, .identifier = std::nullopt},
+                                  Bundle{.path = home / "Other.app",
+                                  .executable = home / "Other.app/build/tidlo",
+                                  .identifier = "com.tidlo.storagecleaner"},
+                                  Bundle()}) {
+        bundle = running;
+        EXPECT_THAT(begun(), ElementsAre("showMoveToApplicationsPrompt: false", "showSetupWizard: true"))
+            << running.executable.constData();
+    }
 }

@@ -174,10 +174,34 @@ TEST_F(PlacementFlow, ShowsTheSystemsWordsWhenTheFolderMayNotBeWritten)
     EXPECT_TRUE(isSourceThere());
 }
 
+TEST_F(PlacementFlow, NeverPutsAProgramWithoutABundleInPlaceOfAnApplication)
+{
+    home.file("Applications/Tidlo.app/Contents/MacOS/Old");
+    home.file("build/tidlo");
+    home.file("Other.app/build/tidlo");
+    const FilePath lone = home / "build/tidlo";
+    EXPECT_CALL(*workspace, openApplication).Times(0);
+    for (const Bundle &running :
+         {Bundle{.path = lone, .executable = lone, .identifier = std::nullopt},
+          Bundle{
+              .path = home / "Other.app", .executable = home / "Other.app/build/tidlo", .identifier = std::nullopt}}) {
+        bundle = running;
+        closeWindow();
+        model();
+        NotificationLog log(model());
+
+        model().moveToApplicationsFolder();
+
+        EXPECT_THAT(log.taken(), failure("The running program is not in a bundle."));
+        EXPECT_TRUE(home.inventory().contains("Applications/Tidlo.app/Contents/MacOS/Old"));
+    }
+}
+
 TEST_F(PlacementFlow, RefusesToReplaceTheRunningApplication)
 {
     for (const char *running : {"Applications/Tidlo.app", "Applications/Tidlo.app/Contents/Inner.app"}) {
         bundle.path = home / running;
+        bundle.executable = bundle.path + "/Contents/MacOS/Tidlo";
         home.file(running + FilePath("/Contents/MacOS/Tidlo"));
         closeWindow();
 
