@@ -17,6 +17,7 @@ enum ExitStatus : int {
     succeeded = 0,
     failed = 1,  ///< Output could not be written, or something that was asked for was not done.
     misused = 2, ///< The command line is wrong; nothing was done.
+    refused = 3, ///< What was asked for was left undone on purpose.
 };
 
 /// A long option of a command.
@@ -42,4 +43,5 @@ struct Command
     const char *description; ///< What it does and what its exit status tells, in lines of 80 columns at most.
     QList<CommandOption> options;
     int (*run)(const QCommandLineParser &options, CommandContext &context); ///< Returns the exit status.
+    bool needsThread = true; ///< It scans, and so can do nothing where the system starts no thread.
 };

@@ -5,18 +5,42 @@
 #include "cli/ExplainCommand.h"
 #include "cli/Output.h"
 #include "cli/ScanCommand.h"
+#include "cli/TrashBundleCommand.h"
 
 #include <QCoreApplication>
 
 #include <algorithm>
+#include <system_error>
+#include <thread>
 
 #include <unistd.h>
 
 namespace {
 
+/// Those that help tells of.
 QList<Command> commands()
 {
     return {scanCommand(), cleanCommand(), explainCommand()};
+}
+
+/// In the system's own words, what keeps it from starting a thread; nothing if nothing does.
+std::optional<QString> threadObstacle()
+{
+    try {
+        std::thread([] {}).join();
+        return std::nullopt;
+    } catch (const std::system_error &error) {
+        return qt_error_string(error.code().value());
+    }
+}
+
+int run(const Command &command, const QCommandLineParser &options, CommandContext &context)
+{
+    if (const auto obstacle = command.needsThread ? threadObstacle() : std::nullopt) {
+        complain(QStringLiteral("No thread can be started: %1.").arg(*obstacle));
+        return failed;
+    }
+    return command.run(options, context);
 }
 
 /// The program without a command, as far as help and usage go.
@@ -73,11 +97,11 @@ int runCommandLine(const QStringList &arguments, CommandContext &context)
     if (arguments.isEmpty() || arguments.first().startsWith(u'-'))
         return runWithoutCommand(parser, arguments);
 
-    const QList<Command> known = commands();
+    const QList<Command> known = commands() + QList{trashBundleCommand()};
     const auto command = std::ranges::find_if(
         known, [&](const Command &candidate) { return arguments.first() == QLatin1StringView(candidate.name); });
     if (command == known.end())
         return reportMisuse(programItself(), QStringLiteral("Unknown command '%1'.").arg(arguments.first()));
     const std::optional<int> status = answered(parser, *command, helpText(*command), arguments.mid(1));
-    return status ? *status : command->run(parser, context);
+    return status ? *status : run(*command, parser, context);
 }

@@ -92,7 +92,8 @@ TEST_F(UninstallFlow, NamesTheApplicationInQuotesWhereverItLies)
     EXPECT_EQ(uninstall(), "");
 
     const std::string path = bundle.path.toStdString();
-    EXPECT_THAT(scriptText(), HasSubstr(" \"" + path + "\" >/dev/null 2>&1 || rm -rf \"" + path + "\"\n"));
+    EXPECT_THAT(scriptText(), HasSubstr(" --at \"" + path + "\" >/dev/null 2>&1 || "));
+    EXPECT_THAT(scriptText(), HasSubstr(" rm -rf \"" + path + "\" ;; esac\n"));
 }
 
 TEST_F(UninstallFlow, UsesTheIdentifierOfItsOwnWhereTheBundleHasNone)
@@ -192,7 +193,7 @@ TEST_F(UninstallFlow, FollowsTheBundleToWhereItWasMoved)
 
     EXPECT_EQ(uninstall(), "");
 
-    EXPECT_THAT(scriptText(), HasSubstr(" || rm -rf \"" + bundle.path.toStdString() + "\"\n"));
+    EXPECT_THAT(scriptText(), HasSubstr(" rm -rf \"" + bundle.path.toStdString() + "\" "));
 }
 
 TEST_F(UninstallFlow, RefusesAFolderThatTookThePlaceOfTheBundle)

@@ -11,11 +11,13 @@
 #include <gmock/gmock.h>
 
 #include <array>
+#include <cerrno>
 #include <csignal>
 #include <filesystem>
 #include <fstream>
 
 #include <sys/prctl.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -98,7 +100,7 @@ protected:
     }
 
     TemporaryHome home;
-    const FilePath bundle = home / "My apps/Tidlo.app";
+    FilePath bundle = home / "My apps/Tidlo.app";
 
 private:
     void become(const FilePath &program, const QByteArrayList &arguments) const
@@ -246,6 +248,43 @@ TEST_F(BundledApplication, UninstallsItselfAndNothingElse)
     const std::string before = inventoryText();
     EXPECT_EQ(std::system(("bash '" + home.path() + "/tmp/uninstall_tidlo.sh'").constData()), 0);
     EXPECT_EQ(inventoryText(), before);
+}
+
+TEST_F(BundledApplication, StaysWhereTheTrashDoesNotTakeItOnPurpose)
+{
+    const FilePath inTrash = home.folder(".Trash") + "/Tidlo.app";
+    ASSERT_EQ(std::rename(bundle.constData(), inTrash.constData()), 0);
+    bundle = inTrash;
+
+    const ChildResult result = drive({"uninstall"});
+
+    EXPECT_TRUE(result.succeeded) << result.output;
+    EXPECT_THAT(home.inventory(), Contains(Key(".Trash/Tidlo.app/Contents/MacOS/Tidlo")));
+    EXPECT_THAT(home.inventory(), Not(Contains(Key(".local/share/Trash"))));
+}
+
+TEST_F(BundledApplication, IsDeletedOnlyWhereTheSystemFailsToMoveIt)
+{
+    const ChildResult result = inChild([&] {
+        EXPECT_TRUE(denySystemCall(SYS_renameat2, EIO));
+        return drive({"uninstall"}).succeeded;
+    });
+
+    EXPECT_TRUE(result.succeeded) << result.output;
+    EXPECT_THAT(home.inventory(), Not(Contains(Key("My apps/Tidlo.app"))));
+    EXPECT_THAT(home.inventory(), Not(Contains(Key(".local/share/Trash/files/Tidlo.app"))));
+}
+
+TEST_F(BundledApplication, IsFoundByItsScriptWhateverItsName)
+{
+    const FilePath odd = home.folder("it's \xff \n*") + "/Tidlo.app";
+    ASSERT_EQ(std::rename(bundle.constData(), odd.constData()), 0);
+    bundle = odd;
+
+    EXPECT_TRUE(drive({"uninstall"}).succeeded);
+
+    EXPECT_THAT(home.inventory(), Not(Contains(Key("it's \xff \n*/Tidlo.app"))));
+    EXPECT_THAT(home.inventory(), Contains(Key(".local/share/Trash/files/Tidlo.app/Contents/MacOS/Tidlo")));
 }
 
 TEST_F(BundledApplication, WritesAScriptThatShellcheckAccepts)

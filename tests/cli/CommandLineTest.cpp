@@ -6,13 +6,16 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cerrno>
 #include <csignal>
 
 #include <fcntl.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 using testing::EndsWith;
 using testing::HasSubstr;
+using testing::Not;
 using testing::StartsWith;
 
 TEST(CommandLine, HelpGoesToStandardOutput)
@@ -163,4 +166,57 @@ TEST(CommandLine, ALocaleWithoutUtf8ChangesNothing)
         EXPECT_EQ(run.status, 0);
         EXPECT_EQ(run.errors, "");
     }
+}
+
+TEST(CommandLine, SaysSoWhereNoThreadCanBeStarted)
+{
+    const TemporaryHome home;
+    home.file("Sites/one/node_modules/a.js");
+    const CliSetup setup{.environment = {"ASAN_OPTIONS=detect_leaks=0"}, // That starts a process of its own.
+                         .inChild = [] {
+                             denySystemCall(SYS_clone, EAGAIN);
+                             denySystemCall(SYS_clone3, EAGAIN);
+                         }};
+    for (const QByteArrayList &arguments : {QByteArrayList{"scan"}, {"clean", "--yes"}, {"explain", "--prompt"}}) {
+        const CliRun run = runCli(home, arguments, setup);
+        EXPECT_EQ(run.status, 1);
+        EXPECT_EQ(run.output, "");
+        EXPECT_EQ(run.errors, "tidlo-cli: No thread can be started: Resource temporarily unavailable.\n");
+    }
+    EXPECT_EQ(runCli(home, {"--help"}, setup).status, 0);
+    EXPECT_TRUE(home.inventory().contains("Sites/one/node_modules/a.js"));
+}
+
+TEST(CommandLine, IgnoresAHomeThatIsNoAbsolutePathAndSaysSo)
+{
+    const TemporaryHome home;
+    home.file("here/Sites/one/node_modules/a.js");
+    const auto inHome = [&](const QByteArray &variable) {
+        return runCli(home, {"clean", "--dry-run"}, {.environment = {variable}, .inChild = [&home] {
+                                                         EXPECT_EQ(chdir(home.path().constData()), 0);
+                                                     }});
+    };
+    EXPECT_EQ(inHome("HOME=here").errors, "tidlo-cli: $HOME is no absolute path and is ignored: here\n");
+    EXPECT_EQ(inHome("HOME=a\x1b").errors, "tidlo-cli: $HOME is no absolute path and is ignored: a\\x1b\n");
+    EXPECT_THAT(inHome("HOME=here").output.toStdString(), Not(HasSubstr("Rebuildable")));
+    EXPECT_EQ(inHome("HOME=" + home.path() + "/").errors, "");
+    EXPECT_EQ(inHome("HOME").errors, "");
+}
+
+TEST(CommandLine, MovesNoOtherBundleThanTheOneItRunsFrom)
+{
+    const TemporaryHome home;
+    home.file("Tidlo.app/Contents/MacOS/tidlo-cli");
+    const auto before = home.inventory();
+    for (const QByteArrayList &arguments : {QByteArrayList{"trash-bundle"},
+                                            {"trash-bundle", "--at", home / "Tidlo.app"},
+                                            {"trash-bundle", "--at", ""},
+                                            {"trash-bundle", "--at", TIDLO_CLI}}) {
+        const CliRun run = runCli(home, arguments);
+        EXPECT_EQ(run.status, 2);
+        EXPECT_THAT(run.errors.toStdString(),
+                    StartsWith("tidlo-cli: That is not the bundle that this program runs from.\n"));
+    }
+    EXPECT_EQ(home.inventory(), before);
+    EXPECT_THAT(runCli(home, {"--help"}).output.toStdString(), Not(HasSubstr("trash-bundle")));
 }

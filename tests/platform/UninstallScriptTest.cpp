@@ -8,8 +8,13 @@
 
 #include <gmock/gmock.h>
 
+#include <fstream>
+#include <map>
+
+#include <sys/stat.h>
+
 using testing::HasSubstr;
-using testing::StartsWith;
+using testing::Not;
 
 namespace {
 
@@ -18,7 +23,8 @@ class UninstallScriptTest : public testing::Test
 protected:
     /// What is made in an environment of its own, in a child; nothing if the paths are refused.
     static std::optional<QByteArray> madeWith(const std::map<const char *, FilePath> &environment,
-                                              const FilePath &application = "/Applications/Tidlo.app")
+                                              const FilePath &application = "/Applications/Tidlo.app",
+                                              const QByteArray &identifier = "com.tidlo.storagecleaner")
     {
         std::optional<QByteArray> script;
         const ChildResult result = inChild([&] {
@@ -26,7 +32,7 @@ protected:
                 unsetenv(name);
             for (const auto &[name, value] : environment)
                 setenv(name, value.constData(), 1);
-            const auto made = uninstallScript(application, "com.tidlo.storagecleaner");
+            const auto made = uninstallScript(application, identifier);
             std::fputs(made.unquotable ? "refused" : made.text.constData(), stdout);
             return true;
         });
@@ -79,11 +85,51 @@ TEST_F(UninstallScriptTest, OfLinuxNamesEachOfItsFilesInFull)
 {
     EXPECT_EQ(madeWith({{"HOME", "/home/me"}}, "/home/me/My Apps/Tidlo.app"), R"(#!/usr/bin/env bash
 sleep 1
-gio trash "/home/me/My Apps/Tidlo.app" >/dev/null 2>&1 || rm -rf "/home/me/My Apps/Tidlo.app"
+"/home/me/My Apps/Tidlo.app/Contents/MacOS/tidlo-cli" trash-bundle --at "/home/me/My Apps/Tidlo.app" >/dev/null 2>&1 || case $? in 1 | 126 | 127) rm -rf "/home/me/My Apps/Tidlo.app" ;; esac
 rm -f "/home/me/.local/share/applications/com.tidlo.storagecleaner.desktop"
 rm -f "/home/me/.local/share/icons/hicolor/512x512/apps/com.tidlo.storagecleaner.png"
 rm -f "/home/me/.config/com.tidlo.storagecleaner.conf"
 rm -rf "/home/me/.cache/com.tidlo.storagecleaner")");
+}
+
+TEST_F(UninstallScriptTest, OfLinuxNamesTheFilesOfTheIdentifierItIsGiven)
+{
+    const auto script = madeWith({{"HOME", "/home/me"}}, "/Applications/Tidlo.app", "com.example.other");
+
+    ASSERT_TRUE(script);
+    EXPECT_THAT(script->toStdString(), HasSubstr(R"(
+rm -f "/home/me/.local/share/applications/com.example.other.desktop"
+rm -f "/home/me/.local/share/icons/hicolor/512x512/apps/com.example.other.png"
+rm -f "/home/me/.config/com.example.other.conf"
+rm -rf "/home/me/.cache/com.example.other")"));
+    EXPECT_THAT(script->toStdString(), Not(HasSubstr("storagecleaner")));
+}
+
+TEST_F(UninstallScriptTest, OfLinuxDeletesOnlyWhatTheSystemFailedToMove)
+{
+    const TemporaryHome home;
+    auto script = madeWith({{"HOME", home.path()}}, home / "Tidlo.app");
+    ASSERT_TRUE(script);
+    script->replace("sleep 1\n", "");
+    const FilePath path = home.file("script.sh", 0);
+    QFile file(QFile::decodeName(path));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write(*script) > 0);
+    file.close();
+    const FilePath program = "Tidlo.app/Contents/MacOS/tidlo-cli";
+    for (const auto &[status, isDeleted] :
+         std::map<int, bool>{{0, false}, {1, true}, {2, false}, {3, false}, {126, true}, {127, true}, {137, false}}) {
+        home.file(program, 0);
+        std::ofstream((home / program).toStdString())
+            << "#!/bin/sh\nprintf %s \"$*\" > '" << home.path().constData() << "/asked'\nexit " << status << '\n';
+        chmod((home / program).constData(), 0755);
+
+        EXPECT_EQ(std::system(("bash '" + path + "'").constData()), 0);
+
+        EXPECT_EQ(home.inventory().contains("Tidlo.app"), !isDeleted) << status;
+        std::string asked;
+        std::getline(std::ifstream((home / "asked").toStdString()), asked);
+        EXPECT_EQ(asked, "trash-bundle --at " + home.path().toStdString() + "/Tidlo.app");
+    }
 }
 
 TEST_F(UninstallScriptTest, FollowsTheEnvironment)
@@ -118,8 +164,6 @@ TEST_F(UninstallScriptTest, RemovesExactlyWhatItNamesWhateverElseItsNameHolds)
     const TemporaryHome home;
     const FilePath name = "it's -rf * ? [a] ~ {b,c} ;&|<>()#! \t\n \xff/Tidlo.app";
     home.file(name + "/Contents/file");
-    home.folder("bin");
-    home.link("bin/gio", "/bin/false"); // So that it is deleted.
     const auto script = madeWith({{"HOME", home.path()}}, home / name);
     ASSERT_TRUE(script);
     home.file("Tidlo.app/kept");
@@ -139,8 +183,8 @@ TEST_F(UninstallScriptTest, RemovesExactlyWhatItNamesWhateverElseItsNameHolds)
     });
 
     for ([[maybe_unused]] const int turn : {1, 2}) {
-        EXPECT_EQ(std::system(("cd '" + home.path() + "' && PATH='" + home.path() + "/bin':$PATH bash " + path +
-                               " > '" + path + ".out' 2>&1 && ! test -s '" + path + ".out' && rm '" + path + ".out'")
+        EXPECT_EQ(std::system(("cd '" + home.path() + "' && bash " + path + " > '" + path +
+                               ".out' 2>&1 && ! test -s '" + path + ".out' && rm '" + path + ".out'")
                                   .constData()),
                   0);
         auto remaining = home.inventory();

@@ -10,6 +10,14 @@ QByteArray quoted(const FilePath &path)
     return '"' + path + '"';
 }
 
+/// Has the bundle move itself to the Trash. It is deleted where the system failed to do that, or even to start it; what
+/// the Trash left alone on purpose stays, which other statuses tell.
+QByteArray removal(const FilePath &application)
+{
+    return quoted(application + "/Contents/MacOS/tidlo-cli") + " trash-bundle --at " + quoted(application) +
+           " >/dev/null 2>&1 || case $? in 1 | 126 | 127) rm -rf " + quoted(application) + " ;; esac\n";
+}
+
 } // namespace
 
 UninstallScript uninstallScript(const FilePath &application, const QByteArray &identifier)
@@ -19,11 +27,8 @@ UninstallScript uninstallScript(const FilePath &application, const QByteArray &i
     if (const auto path = firstUnquotable(named))
         return {.text = {}, .unquotable = path};
     return {.text = "#!/usr/bin/env bash\n"
-                    "sleep 1\n"
-                    "gio trash " +
-                    quoted(application) + " >/dev/null 2>&1 || rm -rf " + quoted(application) +
-                    "\n"
-                    "rm -f " +
+                    "sleep 1\n" +
+                    removal(application) + "rm -f " +
                     quoted(files.desktopEntry) +
                     "\n"
                     "rm -f " +

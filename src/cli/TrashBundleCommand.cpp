@@ -1,0 +1,45 @@
+#include "cli/TrashBundleCommand.h"
+
+#include "cli/CommandLine.h"
+#include "cli/Output.h"
+#include "platform/Bundle.h"
+
+namespace {
+
+int runTrashBundle(const QCommandLineParser &options, CommandContext &context)
+{
+    const Bundle bundle = mainBundle();
+    // Both have come the same way from bytes to text, which tells all paths apart that matter here.
+    const bool isMeant = options.value(QStringLiteral("at")) == QString::fromLocal8Bit(bundle.path);
+    if (!bundle.isOurs() || !isMeant)
+        return reportMisuse(trashBundleCommand(), QStringLiteral("That is not the bundle that this program runs from."));
+    const TrashOutcome outcome = context.files.trashItem(bundle.path);
+    if (!outcome.reason.isEmpty())
+        complain(outcome.reason);
+    switch (outcome.kind) {
+    case TrashOutcome::Kind::moved:
+    case TrashOutcome::Kind::gone:
+        return succeeded;
+    case TrashOutcome::Kind::refused:
+        return refused;
+    case TrashOutcome::Kind::failed:
+        return failed;
+    }
+    Q_UNREACHABLE();
+}
+
+} // namespace
+
+Command trashBundleCommand()
+{
+    return {.name = "trash-bundle",
+            .summary = "",
+            .description = "Moves the bundle of the application, from which this program runs, to the Trash. The\n"
+                           "script that uninstalls the application uses it.\n"
+                           "\n"
+                           "The exit status is 0 if it is gone from its place, 1 if the system failed, 2 if the\n"
+                           "path is not that of the bundle, 3 if the Trash does not take it on purpose.\n",
+            .options = {{"at", "Where the bundle lies, so that nothing else is meant.", "path"}},
+            .run = runTrashBundle,
+            .needsThread = false};
+}
