@@ -1,6 +1,7 @@
 #include "platform/MachineIdentity.h"
 
 #include "platform/linux/MachineIdFile.h"
+#include "support/OwnMounts.h"
 #include "support/TemporaryHome.h"
 
 #include <QFile>
@@ -119,4 +120,21 @@ TEST_F(MachineIdentity, OfThisMachineIsAnUpperCaseHyphenatedUuidThatStays)
         QStringLiteral("^[0-9A-F]{8}-[0-9A-F]{4}-4[0-9A-F]{3}-[89AB][0-9A-F]{3}-[0-9A-F]{12}$"));
     EXPECT_TRUE(form.match(*identity).hasMatch()) << identity->toStdString();
     EXPECT_EQ(machineIdentity(), identity);
+}
+
+TEST_F(MachineIdentity, OfThisMachineIsReadAfreshByEveryCallToo)
+{
+    inOwnMounts([&] {
+        mountMemory("/etc"); // Nothing else of it is needed meanwhile.
+        const auto setId = [](const QByteArray &id) {
+            QFile target(QStringLiteral("/etc/machine-id"));
+            EXPECT_TRUE(target.open(QIODevice::WriteOnly) && target.write(id) == id.size());
+        };
+        setId("fedcba9876543210fedcba9876543210\n");
+        const std::optional<QString> before = machineIdentity();
+        setId("0123456789abcdef0123456789abcdef\n");
+
+        EXPECT_NE(machineIdentity(), before);
+        EXPECT_EQ(machineIdentity(), derived.toString(QUuid::WithoutBraces).toUpper());
+    });
 }

@@ -6,6 +6,7 @@
 #include "support/TemporaryHome.h"
 
 #include <QFile>
+#include <QFileInfo>
 
 #include <gmock/gmock.h>
 
@@ -341,4 +342,35 @@ TEST_F(UserDefaultsTest, OfTheUserLiesInTheirFolderForPreferences)
     QFile written(QString::fromUtf8(home / "config/com.tidlo.storagecleaner.conf"));
     ASSERT_TRUE(written.open(QIODevice::ReadOnly));
     EXPECT_THAT(written.readAll().toStdString(), HasSubstr("tidloTheme=light"));
+}
+
+TEST_F(UserDefaultsTest, KeepsTheOldFileWhereTheNewOneCannotBeDrafted)
+{
+    writeFile("other=kept\n");
+    const ChildResult result = inChild([&] {
+        setenv("TMPDIR", home.file("no folder").constData(), 1);
+        UserDefaults defaults(file);
+        set(defaults);
+        EXPECT_EQ(theme(defaults), QStringLiteral("light"));
+        return !HasFailure();
+    });
+    EXPECT_TRUE(result.succeeded) << result.output;
+    EXPECT_EQ(content(), "other=kept\n");
+}
+
+TEST_F(UserDefaultsTest, ReplacesNoFileThatItCannotRead)
+{
+    writeFile("other=kept\n");
+    chmod(file.toLocal8Bit().constData(), 0);
+    chmod(QFile::encodeName(QFileInfo(file).path()).constData(), 0777);
+    const ChildResult result = inChild([&] {
+        EXPECT_TRUE(becomeNobody());
+        UserDefaults defaults(file);
+        set(defaults);
+        EXPECT_EQ(theme(defaults), QStringLiteral("light"));
+        return !HasFailure();
+    });
+    chmod(file.toLocal8Bit().constData(), 0600);
+    EXPECT_TRUE(result.succeeded) << result.output;
+    EXPECT_EQ(content(), "other=kept\n");
 }

@@ -197,3 +197,12 @@ TEST(VisibleText, DifferentNamesAreShownDifferentlySinceEscapesCanBeUndone)
         ASSERT_EQ(visibleText(shown), QString(shown).replace(u'\\', QStringLiteral("\\\\")));
     }
 }
+
+TEST(VisibleText, ReadsNothingBeyondACharacterThatIsCutOff)
+{
+    for (const QByteArrayView cut : {"\xe2", "\xe2\x82", "\xf0\x9f\x98", "a\xc3"}) {
+        const std::vector<char> exact(cut.begin(), cut.end()); // Nothing of it lies beyond, not even a NUL.
+        const QString shown = visibleText(FilePath::fromRawData(exact.data(), static_cast<qsizetype>(exact.size())));
+        EXPECT_EQ(unescaped(shown), cut.toByteArray());
+    }
+}
