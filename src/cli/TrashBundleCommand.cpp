@@ -12,7 +12,8 @@ int runTrashBundle(const QCommandLineParser &options, CommandContext &context)
     // Both have come the same way from bytes to text, which tells all paths apart that matter here.
     const bool isMeant = options.value(QStringLiteral("at")) == QString::fromLocal8Bit(bundle.path);
     if (!bundle.isOurs() || !isMeant)
-        return reportMisuse(trashBundleCommand(), QStringLiteral("That is not the bundle that this program runs from."));
+        return reportMisuse(trashBundleCommand(),
+                            QStringLiteral("That is not the bundle that this program runs from."));
     const TrashOutcome outcome = context.files.trashItem(bundle.path);
     if (!outcome.reason.isEmpty())
         complain(outcome.reason);

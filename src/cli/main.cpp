@@ -1,7 +1,6 @@
 #include "cli/CommandLine.h"
 #include "cli/Output.h"
 #include "platform/HomeFolder.h"
-#include "platform/VisibleText.h"
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -23,7 +22,7 @@ int main(int argc, char *argv[])
     holdStandardStreams();
     chooseUtf8();
     if (const auto ignored = settleHome())
-        complain(QStringLiteral("$HOME is no absolute path and is ignored: ") + visibleText(*ignored));
+        complain(QStringLiteral("$HOME is no absolute path and is ignored: ") + QString::fromLocal8Bit(*ignored));
     QStringList arguments;
     for (int i = 1; i < argc; ++i)
         arguments.append(QString::fromLocal8Bit(argv[i]));

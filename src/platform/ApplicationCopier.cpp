@@ -113,8 +113,8 @@ std::optional<QString> copyApplication(const FilePath &source, const FilePath &d
         return qt_error_string(errno);
     const int error = replaceFrom(*workshop, source, destination, steps);
     if (error != 0 && !isThere(destination) && mayBeThere(workshop->former())) {
-        return qt_error_string(error) +
-               QStringLiteral("\nWhat was there before lies in ") + visibleText(workshop->former());
+        return qt_error_string(error) + QStringLiteral("\nWhat was there before lies in ") +
+               visibleText(workshop->former());
     }
     const int errorOfRemoval = steps.remove(workshop->path());
     if (error != 0)

@@ -16,8 +16,9 @@ namespace {
 int writeAll(int descriptor, const QByteArray &content)
 {
     for (qsizetype done = 0; done < content.size();) {
-        const ssize_t written = uninterrupted(
-            [&] { return pwrite(descriptor, content.constData() + done, static_cast<size_t>(content.size() - done), done); });
+        const ssize_t written = uninterrupted([&] {
+            return pwrite(descriptor, content.constData() + done, static_cast<size_t>(content.size() - done), done);
+        });
         if (written < 0)
             return errno;
         done += written;
@@ -40,7 +41,8 @@ int writeAtomically(const FilePath &path, const QByteArray &content, mode_t perm
     }));
     if (!file.isValid())
         return errno;
-    int error = uninterrupted([&] { return fchmod(file.get(), permissions); }) == 0 ? writeAll(file.get(), content) : errno;
+    int error =
+        uninterrupted([&] { return fchmod(file.get(), permissions); }) == 0 ? writeAll(file.get(), content) : errno;
     if (error == 0 && uninterrupted([&] { return std::rename(pending.constData(), path.constData()); }) != 0)
         error = errno;
     if (error != 0)

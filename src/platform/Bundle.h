@@ -12,8 +12,8 @@ struct Bundle
     FilePath executable;                  ///< Of the running program, or the one that the bundle names.
     std::optional<QByteArray> identifier; ///< Absent when the bundle names none.
 
-    /// Whether it is a folder of that kind with its executable in the place for it. A program that merely lies somewhere
-    /// below such a folder is none of it.
+    /// Whether it is a folder of that kind with its executable in the place for it. A program that merely lies
+    /// somewhere below such a folder is none of it.
     bool isApplication() const;
 
     /// Whether it is such a folder and this application's own: it names our identifier, or none.

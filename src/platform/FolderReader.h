@@ -63,7 +63,8 @@ public:
         end,  ///< The listing is complete.
         failed,
     };
-    /// Reads on in the listing of \a folder. The first call makes the buffer, and throws where there is no memory for it.
+    /// Reads on in the listing of \a folder. The first call makes the buffer, and throws where there is no memory for
+    /// it.
     Batch readBatch(int folder);
 
     /// The next entry of the batch, "." and ".." left out; nothing at its end.

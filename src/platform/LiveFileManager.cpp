@@ -48,7 +48,8 @@ std::unique_ptr<FileManager> makeFileManager()
 bool LiveFileManager::fileExists(const FilePath &path) const
 {
     const PathLocation location(path);
-    return location.isValid() && uninterrupted([&] { return faccessat(location.folder(), location.name(), F_OK, 0); }) == 0;
+    return location.isValid() &&
+           uninterrupted([&] { return faccessat(location.folder(), location.name(), F_OK, 0); }) == 0;
 }
 
 std::optional<FileAttributes> LiveFileManager::attributesOfItem(const FilePath &path) const

@@ -29,8 +29,8 @@ PathLocation::PathLocation(const FilePath &path)
             return;
         }
         const FilePath stretch = rest.left(end);
-        Descriptor next(uninterrupted(
-            [&] { return openat(folder(), stretch.constData(), searchOnly | O_DIRECTORY | O_CLOEXEC); }));
+        Descriptor next(
+            uninterrupted([&] { return openat(folder(), stretch.constData(), searchOnly | O_DIRECTORY | O_CLOEXEC); }));
         if (!next.isValid())
             return;
         holder = std::move(next);

@@ -4,8 +4,8 @@
 
 #include <functional>
 
-/// What a placement does to the disk, step by step, so that a test can make each step fail. Each gives 0, or the errno of
-/// what went wrong.
+/// What a placement does to the disk, step by step, so that a test can make each step fail. Each gives 0, or the errno
+/// of what went wrong.
 struct PlacementSteps
 {
     using OnTwo = std::function<int(const FilePath &from, const FilePath &to)>;

@@ -59,8 +59,8 @@ void addBytes(CountedItem &item, qint64 more)
 
 } // namespace
 
-/// Takes folder after folder from the queue and reads it. A listing that gets no memory is given up as one that cannot be
-/// read: what was met until then counts.
+/// Takes folder after folder from the queue and reads it. A listing that gets no memory is given up as one that cannot
+/// be read: what was met until then counts.
 class TreeWalk::Worker final
 {
 public:
@@ -78,8 +78,7 @@ public:
                 return;
             if (taken.more)
                 callHelpers();
-            const bool isReadable =
-                !isStopped() && (taken.folder->isOpen() || open(*taken.folder, taken.parent));
+            const bool isReadable = !isStopped() && (taken.folder->isOpen() || open(*taken.folder, taken.parent));
             const bool isListed = !isReadable || read(*taken.folder, callHelpers);
             walk.queue.finish(*taken.folder, isListed, std::exchange(children, {}));
         }

@@ -26,8 +26,8 @@ bool isAppended(std::vector<Value> &list, Value &&value)
     }
 }
 
-/// Opens folder after folder beneath \a start, as many levels at a time as one path can name. Not valid, with errno set,
-/// if that fails.
+/// Opens folder after folder beneath \a start, as many levels at a time as one path can name. Not valid, with errno
+/// set, if that fails.
 Descriptor openLevels(int start, std::span<WalkFolder *const> downwards, const FolderOpener &opener)
 try {
     Descriptor folder;

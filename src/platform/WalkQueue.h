@@ -98,7 +98,7 @@ private:
     std::vector<WalkFolder *> waiting;
     std::vector<WalkFolder *> kept;
     std::vector<Descriptor> spare; ///< To be closed.
-    int unfinished = 0; ///< Waiting or taken.
+    int unfinished = 0;            ///< Waiting or taken.
     int idleWorkers = 0;
     quint64 uses = 0;
 };

@@ -155,8 +155,8 @@ FolderReader::Batch FolderReader::readBatch(int folder)
         buffer = std::make_unique_for_overwrite<Buffer>();
     buffer->position = 0;
     buffer->filled = 0;
-    const long count = uninterrupted(
-        [&] { return syscall(SYS_getdents64, folder, buffer->bytes.data(), buffer->bytes.size()); });
+    const long count =
+        uninterrupted([&] { return syscall(SYS_getdents64, folder, buffer->bytes.data(), buffer->bytes.size()); });
     if (count <= 0)
         return count == 0 ? Batch::end : Batch::failed;
     buffer->filled = static_cast<size_t>(count);

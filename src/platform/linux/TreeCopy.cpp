@@ -59,8 +59,7 @@ std::error_code finishFolder(const Pair &folder)
 std::error_code copyFile(const Pair &file)
 {
     constexpr int exclusively = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
-    const Descriptor from(
-        uninterrupted([&] { return open(file.source.c_str(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC); }));
+    const Descriptor from(uninterrupted([&] { return open(file.source.c_str(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC); }));
     struct stat status;
     if (!from.isValid() || uninterrupted([&] { return fstat(from.get(), &status); }) != 0)
         return lastError();

@@ -28,8 +28,7 @@ UninstallScript uninstallScript(const FilePath &application, const QByteArray &i
         return {.text = {}, .unquotable = path};
     return {.text = "#!/usr/bin/env bash\n"
                     "sleep 1\n" +
-                    removal(application) + "rm -f " +
-                    quoted(files.desktopEntry) +
+                    removal(application) + "rm -f " + quoted(files.desktopEntry) +
                     "\n"
                     "rm -f " +
                     quoted(files.icon) +

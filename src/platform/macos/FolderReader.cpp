@@ -112,8 +112,8 @@ FolderReader::Batch FolderReader::readBatch(int folder)
     if (!buffer)
         buffer = std::make_unique_for_overwrite<Buffer>();
     buffer->position = buffer->bytes.data();
-    buffer->left = uninterrupted(
-        [&] { return getattrlistbulk(folder, &wanted, buffer->bytes.data(), buffer->bytes.size(), 0); });
+    buffer->left =
+        uninterrupted([&] { return getattrlistbulk(folder, &wanted, buffer->bytes.data(), buffer->bytes.size(), 0); });
     if (buffer->left <= 0)
         return std::exchange(buffer->left, 0) == 0 ? Batch::end : Batch::failed;
     size_t filled = 0;
