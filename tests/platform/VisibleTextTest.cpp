@@ -200,9 +200,15 @@ TEST(VisibleText, DifferentNamesAreShownDifferentlySinceEscapesCanBeUndone)
 
 TEST(VisibleText, ReadsNothingBeyondACharacterThatIsCutOff)
 {
+    const QByteArray beyond("\xe2\x82\xac \xf0\x9f\x98\x80 \xc3\xa9"); // Its rest would make it whole.
+    for (const qsizetype start : {0, 4, 9}) {
+        const FilePath cut = FilePath::fromRawData(beyond.constData() + start, 1);
+        EXPECT_EQ(unescaped(visibleText(cut)), cut);
+        EXPECT_EQ(visibleText(cut).size(), 4);
+    }
     for (const QByteArrayView cut : {"\xe2", "\xe2\x82", "\xf0\x9f\x98", "a\xc3"}) {
-        const std::vector<char> exact(cut.begin(), cut.end()); // Nothing of it lies beyond, not even a NUL.
-        const QString shown = visibleText(FilePath::fromRawData(exact.data(), static_cast<qsizetype>(exact.size())));
-        EXPECT_EQ(unescaped(shown), cut.toByteArray());
+        const std::vector<char> exact(cut.begin(), cut.end()); // Nothing lies beyond it, not even a NUL.
+        const FilePath name = FilePath::fromRawData(exact.data(), static_cast<qsizetype>(exact.size()));
+        EXPECT_EQ(unescaped(visibleText(name)), name);
     }
 }

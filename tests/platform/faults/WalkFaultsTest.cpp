@@ -5,7 +5,9 @@
 #include "platform/Descriptor.h"
 #include "platform/DirectoryWalker.h"
 #include "platform/LiveFileManager.h"
+#include "platform/TreeWalk.h"
 #include "support/DeepTree.h"
+#include "support/InChild.h"
 #include "support/PrintQt.h"
 #include "support/TemporaryHome.h"
 
@@ -122,6 +124,38 @@ TEST_F(WalkFaults, WhatWasMetBeforeMemoryRanOutCountsAndSoDoesAllElsewhere)
     }
 }
 
+TEST_F(WalkFaults, AListingThatIsSharedGoesOnWhereOneWorkerGotNoMemory)
+{
+    const FilePath wide = home.folder("wide");
+    const Descriptor folder(open(wide.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    for (int number = 0; number < 10'000; ++number) {
+        const FilePath name = FilePath(number % 2'500 == 700 ? "poison" : "") + FilePath::number(number);
+        makeFolder(folder.get(), name.constData());
+    }
+    const auto visit = [](const EnumeratedEntry &entry) -> Visit {
+        if (entry.name().startsWith("poison"))
+            throw std::bad_alloc();
+        return {.action = Visit::Action::collect};
+    };
+    for (const int workers : {1, 8}) {
+        const auto items = DirectoryWalker(workers).enumerate({.roots = {wide}, .visit = visit}, {});
+        EXPECT_GT(items.size(), 4'000); // Each batch holds a thousand or so, and four of them are cut short.
+        EXPECT_LT(items.size(), 9'997);
+    }
+}
+
+TEST_F(WalkFaults, FewDescriptorsAllowFewWorkers)
+{
+    for (const auto &[limit, helpers] : {std::pair{64, 7}, {40, 4}}) {
+        const ChildResult result = inChild([&, limit = limit, helpers = helpers] {
+            bends.threads = 100;
+            const qint64 measured = limitDescriptors(limit) ? size() : 0;
+            return measured == wholeSize && bends.threads == 100 - helpers;
+        });
+        EXPECT_TRUE(result.succeeded) << limit << ' ' << result.output;
+    }
+}
+
 TEST_F(WalkFaults, AnInterruptedCallIsMadeAgain)
 {
     const std::vector<std::string> expected = found();
@@ -172,8 +206,12 @@ TEST_F(WalkFaults, EntriesOfUnknownKindAreLookedUp)
     const DeepEnumeration everything{
         .roots = {home / "tree"}, .shown = DeepEnumeration::Shown::everything, .visit = isLink};
     EXPECT_EQ(DirectoryWalker().enumerate(everything, {}).size(), 1);
-    const DeepEnumeration folders{.roots = {home / "tree"}, .visit = isLink};
-    EXPECT_EQ(DirectoryWalker().enumerate(folders, {}).size(), 0) << "a link is no folder";
+    const auto isNamed = [](const EnumeratedEntry &entry) {
+        const bool isMeant = entry.name() == "inner" || entry.name() == "link" || entry.name() == "large";
+        return Visit{.action = isMeant ? Visit::Action::collect : Visit::Action::walkOn};
+    };
+    const DeepEnumeration folders{.roots = {home / "tree"}, .visit = isNamed};
+    EXPECT_EQ(DirectoryWalker().enumerate(folders, {}).size(), 40) << "links and files are no folders";
 }
 
 TEST_F(WalkFaults, AStopLeavesTheRestOfAHugeListingUnread)
@@ -182,17 +220,19 @@ TEST_F(WalkFaults, AStopLeavesTheRestOfAHugeListingUnread)
     const Descriptor folder(open(wide.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     for (int number = 0; number < 20'000; ++number)
         makeFile(folder.get(), FilePath::number(number).constData());
-    std::stop_source stop;
-    const auto visit = [&](const EnumeratedEntry &) {
-        stop.request_stop();
-        return Visit{};
-    };
-    bends.batchesRead = 0;
+    for (const int openFolders : {0, 16}) { // The listing is not to be shared, or is.
+        std::stop_source stop;
+        const auto visit = [&](const EnumeratedEntry &) {
+            stop.request_stop();
+            return Visit{};
+        };
+        bends.batchesRead = 0;
 
-    DirectoryWalker(1).enumerate({.roots = {wide}, .shown = DeepEnumeration::Shown::everything, .visit = visit},
-                                 stop.get_token());
+        TreeWalk({.workers = 1, .openFolders = openFolders}, stop.get_token())
+            .enumerate({.roots = {wide}, .shown = DeepEnumeration::Shown::everything, .visit = visit});
 
-    EXPECT_EQ(bends.batchesRead, 1);
+        EXPECT_EQ(bends.batchesRead, 1) << openFolders;
+    }
 }
 
 TEST_F(WalkFaults, AListingThatFailsHalfWayIsNone)
