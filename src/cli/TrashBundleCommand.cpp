@@ -22,6 +22,7 @@ int runTrashBundle(const QCommandLineParser &options, CommandContext &context)
     case TrashOutcome::Kind::gone:
         return succeeded;
     case TrashOutcome::Kind::refused:
+    case TrashOutcome::Kind::anotherMoved: // The bundle has left its place; what lies there now is not to be deleted.
         return refused;
     case TrashOutcome::Kind::failed:
         return failed;
