@@ -260,8 +260,6 @@ TEST(TrashRefusals, WhatHoldsTheUsualTrashWhileProgramsKeepTheirDataElsewhere)
     home.folder("data");
 
     expectRefusals(home,
-                   {.paths = {home / ".local", home / ".local/share", home / ".local/share/Trash"},
-                    .home = home.path(),
-                    .dataHome = home / "data"},
+                   {.paths = {home / ".local", home / ".local/share"}, .home = home.path(), .dataHome = home / "data"},
                    "refused: It holds a Trash.");
 }

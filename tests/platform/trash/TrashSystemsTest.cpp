@@ -78,7 +78,7 @@ TEST_P(TrashSystems, TheRecordIsWholeAndOnTheDiskBeforeTheItemIsRenamed)
 
     const auto record = std::ranges::find(made, "create item 3.trashinfo");
     EXPECT_THAT(std::vector(record, made.end()),
-                ElementsAre("create item 3.trashinfo", "write ", "fsync ", "close ", "renameat2 item"));
+                ElementsAre("create item 3.trashinfo", "pwrite ", "fsync ", "close ", "renameat2 item"));
 }
 
 TEST_P(TrashSystems, ARecordIsWholeThatIsWrittenByteByByte)
