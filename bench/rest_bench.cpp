@@ -5,7 +5,6 @@
 
 #include <QEventLoop>
 #include <QFile>
-#include <QRasterWindow>
 #include <QTimer>
 
 #include <cstdio>
@@ -69,12 +68,6 @@ int main(int argc, char **argv)
     tidlo.model().setSection(AppSection::settings);
     printShare("at rest");
     tidlo.model().setSection(AppSection::scan);
-    if (QGuiApplication::platformName() == u"xcb") { // Without a screen no window covers another.
-        QRasterWindow other;
-        other.setGeometry(window.geometry() + QMargins(10, 10, 10, 10));
-        other.show();
-        printShare("breathing, covered");
-    }
     window.showMinimized();
     printShare("breathing, minimised");
     window.hide();

@@ -1,7 +1,5 @@
 #include "ui/design/Sight.h"
 
-#include "ui/design/WindowCover.h"
-
 #include <QEvent>
 
 Sight::Sight(QQuickItem &item)
@@ -29,13 +27,11 @@ void Sight::follow(QQuickWindow *other)
     if (window) {
         window->removeEventFilter(this);
         window->disconnect(this);
-        WindowCover::of(*window).disconnect(this);
     }
     window = other;
     if (window) {
         window->installEventFilter(this);
         connect(window, &QWindow::visibilityChanged, this, &Sight::update);
-        connect(&WindowCover::of(*window), &WindowCover::changed, this, &Sight::update);
     }
     update();
 }
@@ -43,7 +39,7 @@ void Sight::follow(QQuickWindow *other)
 void Sight::update()
 {
     const bool isNowSeen = window && window->isVisible() && window->visibility() != QWindow::Minimized &&
-                           window->isExposed() && !WindowCover::of(*window).isCovered();
+                           window->isExposed();
     if (isNowSeen == seen)
         return;
     seen = isNowSeen;

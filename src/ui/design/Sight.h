@@ -4,9 +4,8 @@
 #include <QQuickItem>
 #include <QQuickWindow>
 
-/// Whether anything of the window that an item is in can be seen: it is shown, and neither minimised nor covered by
-/// other windows. What moves for ever rests otherwise. Attached to items; nothing is seen of one that is in no window.
-/// Main thread.
+/// Whether the window of an item can be seen: it is shown, not minimised, and exposed as the system tells. Endless
+/// animations pause while it cannot. Attached to items; an item in no window cannot be seen. Main thread.
 class Sight : public QObject
 {
     Q_OBJECT

@@ -1,7 +1,6 @@
 #include "ui/design/Sight.h"
 
 #include "support/WaitUntil.h"
-#include "ui/design/WindowCover.h"
 
 #include <QQuickWindow>
 
@@ -74,20 +73,6 @@ TEST_F(SightTest, AMinimisedWindowIsNotSeen)
 
     window.showNormal();
     waitUntil([&] { return sight.isSeen(); });
-}
-
-TEST_F(SightTest, ACoveredWindowIsNotSeen)
-{
-    putInto(window);
-    show(window);
-    changes = 0;
-
-    WindowCover::of(window).setCovered(true);
-    EXPECT_FALSE(sight.isSeen());
-
-    WindowCover::of(window).setCovered(false);
-    EXPECT_TRUE(sight.isSeen());
-    EXPECT_EQ(changes, 2);
 }
 
 TEST_F(SightTest, AnItemIsSeenAsTheWindowIsThatItIsPutInto)

@@ -14,7 +14,7 @@ import time
 from contextlib import contextmanager
 from pathlib import Path
 
-NEEDED = ["Xvfb", "dbus-run-session", "openbox", "xdotool", "xev", "xprop", "wmctrl", "openssl", "gio"]
+NEEDED = ["Xvfb", "dbus-run-session", "openbox", "xdotool", "xprop", "wmctrl", "openssl", "gio"]
 
 
 @contextmanager
