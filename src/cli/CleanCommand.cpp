@@ -2,7 +2,7 @@
 
 #include "cli/CleanupOutcome.h"
 #include "cli/CleanupSelection.h"
-#include "cli/CommandLine.h"
+#include "cli/CommandHelp.h"
 #include "cli/FindingsText.h"
 #include "cli/Output.h"
 #include "cli/ProgressLine.h"

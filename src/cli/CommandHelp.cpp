@@ -1,6 +1,10 @@
 #include "cli/CommandHelp.h"
 
+#include "cli/Output.h"
+
 #include <algorithm>
+
+#include <unistd.h>
 
 namespace {
 
@@ -47,6 +51,13 @@ QString usageLine(const Command &command)
     for (const CommandOption &option : command.options)
         line += QStringLiteral(" [%1]").arg(spelling(option));
     return line + u'\n';
+}
+
+int reportMisuse(const Command &command, const QString &complaint)
+{
+    complain(complaint);
+    writeAll(STDERR_FILENO, usageLine(command).toUtf8());
+    return misused;
 }
 
 QString helpText(const Command &command, const QList<Command> &commands)

@@ -13,8 +13,6 @@
 #include <system_error>
 #include <thread>
 
-#include <unistd.h>
-
 namespace {
 
 /// Those that help tells of.
@@ -83,13 +81,6 @@ int runWithoutCommand(QCommandLineParser &parser, const QStringList &arguments)
 }
 
 } // namespace
-
-int reportMisuse(const Command &command, const QString &complaint)
-{
-    complain(complaint);
-    writeAll(STDERR_FILENO, usageLine(command).toUtf8());
-    return misused;
-}
 
 int runCommandLine(const QStringList &arguments, CommandContext &context)
 {

@@ -7,6 +7,3 @@
 /// Runs the command that \a arguments name, the program's own name left out, and returns the exit status. Help and
 /// version go to standard output; a wrong command line gets a complaint and a usage line on standard error.
 int runCommandLine(const QStringList &arguments, CommandContext &context);
-
-/// Complains about an option's value and shows how the command is used; returns the exit status for that.
-int reportMisuse(const Command &command, const QString &complaint);

@@ -35,8 +35,9 @@ StopOnSignal::Pipe StopOnSignal::openPipe()
 StopOnSignal::StopOnSignal(std::function<void()> whenRequested)
     : notifier(pipe.readEnd.get(), QSocketNotifier::Read)
     , stopRequested(std::move(whenRequested))
-    , signalActions((wakeUp = pipe.writeEnd.get(), passOn))
 {
+    wakeUp = pipe.writeEnd.get();
+    signalActions.emplace(passOn);
     QObject::connect(&notifier, &QSocketNotifier::activated, [this] { receive(); });
 }
 

@@ -6,6 +6,7 @@
 #include <QSocketNotifier>
 
 #include <functional>
+#include <optional>
 #include <stop_token>
 
 /// While it exists, the first Ctrl-C (or SIGTERM, SIGHUP) requests a stop instead of ending the program; the same again
@@ -38,5 +39,5 @@ private:
     std::function<void()> stopRequested;
     std::stop_source source;
     int received = 0;
-    SignalActions signalActions;
+    std::optional<SignalActions> signalActions; ///< From when the handler can write to the pipe.
 };

@@ -1,6 +1,6 @@
 #include "cli/TrashBundleCommand.h"
 
-#include "cli/CommandLine.h"
+#include "cli/CommandHelp.h"
 #include "cli/Output.h"
 #include "platform/Bundle.h"
 

@@ -1,6 +1,6 @@
 cmake_minimum_required(VERSION 3.23)
 
-# Fails on an include that runs against the arrows: cmake -DSOURCES=<folder> [-DFOLDER=<name>] -P Layering.cmake
+# Fails on an include that runs against the arrows, and on files of one folder that include each other in a circle: cmake -DSOURCES=<folder> [-DFOLDER=<name>] -P Layering.cmake
 # The table says which folders, or single files of them, each folder may include besides itself. All sources belong to the
 # one that FOLDER names, if it is given.
 set(MAY_model "")
@@ -31,7 +31,15 @@ function(folder_of path result)
     set(${result} "" PARENT_SCOPE)
 endfunction()
 
+# A header and its source are one unit; INCLUDES_<unit> are the others of its folder that it needs.
+set(units "")
+
 foreach(file IN LISTS files)
+    string(REGEX REPLACE "\\.[^.]*$" "" unit "${file}")
+    if(FOLDER)
+        string(PREPEND unit "${FOLDER}/")
+    endif()
+    list(APPEND units "${unit}")
     if(FOLDER)
         set(from "${FOLDER}")
     else()
@@ -53,5 +61,31 @@ foreach(file IN LISTS files)
         elseif(NOT to STREQUAL from AND NOT to IN_LIST MAY_${from} AND NOT included IN_LIST MAY_${from})
             message(SEND_ERROR "${file}: ${from} may not include \"${included}\"")
         endif()
+        string(REGEX REPLACE "\\.[^.]*$" "" needed "${included}")
+        if(to STREQUAL from AND NOT needed STREQUAL unit)
+            list(APPEND "INCLUDES_${unit}" "${needed}")
+        endif()
     endforeach()
 endforeach()
+
+# Units that need none of those that are left are taken away, until none is left or those that are left form a circle.
+list(REMOVE_DUPLICATES units)
+set(left "")
+while(NOT "${left}" STREQUAL "${units}")
+    set(left "${units}")
+    foreach(unit IN LISTS left)
+        set(is_needing FALSE)
+        foreach(needed IN LISTS "INCLUDES_${unit}")
+            if(needed IN_LIST units)
+                set(is_needing TRUE)
+            endif()
+        endforeach()
+        if(NOT is_needing)
+            list(REMOVE_ITEM units "${unit}")
+        endif()
+    endforeach()
+endwhile()
+if(units)
+    string(REPLACE ";" ", " circle "${units}")
+    message(SEND_ERROR "These include each other, or what does: ${circle}")
+endif()

@@ -31,8 +31,12 @@ double timeOfCreeping(const Spring &spring)
     double late = spring.response;
     while (spring.position(late) < 1 - thousandth)
         late *= 2;
-    for (double middle = late / 2; early < middle && middle < late; middle = (early + late) / 2)
-        (spring.position(middle) < 1 - thousandth ? early : late) = middle;
+    for (double middle = late / 2; early < middle && middle < late; middle = (early + late) / 2) {
+        if (spring.position(middle) < 1 - thousandth)
+            early = middle;
+        else
+            late = middle;
+    }
     return late;
 }
 

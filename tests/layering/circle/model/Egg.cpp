@@ -1,0 +1,2 @@
+#include "model/Chicken.h"
+#include "model/Egg.h"
