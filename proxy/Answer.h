@@ -2,7 +2,7 @@
 
 #include "ai/GeminiRecords.h"
 
-#include <span>
+namespace tidlo::proxy {
 
 /// What the service says to one request.
 struct Answer
@@ -10,22 +10,43 @@ struct Answer
     int status = 200;
     QByteArray body = {};  ///< JSON, as the client's records describe it.
     QByteArray error = {}; ///< A word for the log; empty unless something failed.
+    QByteArray allow = {}; ///< The methods that there are at the address; empty unless another was used.
     int retryAfter = 0;    ///< Seconds after which to try again, 0 if nothing is known about that.
 };
 
 /// An explanation that consists of \a text.
 Answer explanation(const QString &text);
 
-/// How it is told that something ended with \a status: a word for programs and a sentence for a person.
-struct FailureWords
-{
-    int status;
-    const char *error;
-    const char *message;
+/// Why there is no explanation.
+enum class Refusal {
+    badRequest,
+    noDevice,
+    notFound,
+    notAllowed,
+    notWhole,
+    noLength,
+    tooLong,
+    addressTooLong,
+    notJson,
+    packed,
+    tooOften,
+    headTooLong,
+    failed,
+    unknownMethod,
+    busy,
+    modelRefused,
+    modelBusy,
+    modelFailed,
+    modelSilent,
+    modelUnreachable,
+    modelLate,
 };
 
-/// The row of \a table for \a status, or \a otherwise if it has none.
-FailureWords wordsFor(int status, std::span<const FailureWords> table, const FailureWords &otherwise);
+/// Its status, a word for programs and the log, and a sentence for the person who reads it in place of the explanation,
+/// which \a detail is put behind, or into where it leaves room for it.
+Answer refusal(Refusal reason, const QString &detail = {});
 
-/// A failure: a word for programs and a sentence for the person who reads it in place of the explanation.
-Answer failure(int status, const char *error, const QString &message);
+/// A device has asked too often, and may ask again after \a seconds.
+Answer tooOften(int seconds);
+
+} // namespace tidlo::proxy

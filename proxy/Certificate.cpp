@@ -1,14 +1,18 @@
 #include "proxy/Certificate.h"
 
+#include "proxy/SmallFile.h"
+
 #include <QDir>
 #include <QFile>
-#include <QSaveFile>
 
+#include <fcntl.h>
 #include <openssl/err.h>
 #include <openssl/pem.h>
 #include <openssl/rand.h>
 #include <openssl/x509v3.h>
+#include <sys/stat.h>
 
+namespace tidlo::proxy {
 namespace {
 
 template <auto release>
@@ -22,7 +26,6 @@ using Certificate = std::unique_ptr<X509, Release<X509_free>>;
 using Extension = std::unique_ptr<X509_EXTENSION, Release<X509_EXTENSION_free>>;
 using Memory = std::unique_ptr<BIO, Release<BIO_free_all>>;
 
-constexpr QFileDevice::Permissions ownerOnly = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
 constexpr qint64 daysValid = 365;
 constexpr qint64 daysLeft = 30;
 
@@ -32,9 +35,10 @@ int noPassword(char *, int, int, void *)
     return 0;
 }
 
-Memory contentOf(const QString &name)
+/// Holds no longer than \a content.
+Memory reading(const QByteArray &content)
 {
-    return Memory(BIO_new_file(QFile::encodeName(name).constData(), "r"));
+    return Memory(BIO_new_mem_buf(content.constData(), static_cast<int>(content.size())));
 }
 
 bool holdsUntil(const X509 *certificate, const QDateTime &end)
@@ -43,16 +47,17 @@ bool holdsUntil(const X509 *certificate, const QDateTime &end)
     return X509_cmp_time(X509_get0_notAfter(certificate), &seconds) > 0;
 }
 
-bool isUsable(const CertificateFiles &files, const QDateTime &now)
+bool isUsable(const QByteArray &certificateText, const QByteArray &keyText, const QDateTime &now)
 {
-    const Memory certificateFile = contentOf(files.certificate);
-    const Memory keyFile = contentOf(files.key);
-    if (!certificateFile || !keyFile)
-        return false;
-    const Certificate certificate(PEM_read_bio_X509(certificateFile.get(), nullptr, noPassword, nullptr));
-    const Key key(PEM_read_bio_PrivateKey(keyFile.get(), nullptr, noPassword, nullptr));
+    const Certificate certificate(PEM_read_bio_X509(reading(certificateText).get(), nullptr, noPassword, nullptr));
+    const Key key(PEM_read_bio_PrivateKey(reading(keyText).get(), nullptr, noPassword, nullptr));
     return certificate && key && X509_check_private_key(certificate.get(), key.get()) == 1 &&
-           holdsUntil(certificate.get(), now.addDays(daysLeft)) && QFile::setPermissions(files.key, ownerOnly);
+           holdsUntil(certificate.get(), now.addDays(daysLeft));
+}
+
+bool keepToOwner(const QString &name)
+{
+    return ::fchmodat(AT_FDCWD, QFile::encodeName(name).constData(), S_IRUSR | S_IWUSR, AT_SYMLINK_NOFOLLOW) == 0;
 }
 
 bool addExtension(X509 *certificate, int identifier, const char *value)
@@ -108,14 +113,6 @@ QByteArray written(const Memory &memory)
     return {data, static_cast<qsizetype>(size)};
 }
 
-/// Whole or not at all, and never for a moment readable by others.
-bool save(const QString &name, const QByteArray &content)
-{
-    QSaveFile file(name);
-    return file.open(QIODevice::WriteOnly) && file.setPermissions(ownerOnly) && file.write(content) == content.size() &&
-           file.commit();
-}
-
 bool makeFiles(const CertificateFiles &files, const QDateTime &now)
 {
     const Key key(EVP_EC_gen("P-256"));
@@ -124,15 +121,53 @@ bool makeFiles(const CertificateFiles &files, const QDateTime &now)
     const Memory certificateText(BIO_new(BIO_s_mem()));
     return certificate &&
            PEM_write_bio_PrivateKey(keyText.get(), key.get(), nullptr, nullptr, 0, nullptr, nullptr) == 1 &&
-           PEM_write_bio_X509(certificateText.get(), certificate.get()) == 1 && save(files.key, written(keyText)) &&
-           save(files.certificate, written(certificateText));
+           PEM_write_bio_X509(certificateText.get(), certificate.get()) == 1 &&
+           replaceFile(files.key, written(keyText)) && replaceFile(files.certificate, written(certificateText));
 }
 
+/// Why OpenSSL did not take the content of \a file.
 QString reason(const QString &file)
 {
     const char *words = ERR_reason_error_string(ERR_peek_last_error());
     ERR_clear_error();
     return QStringLiteral("%1 cannot be used: %2.").arg(file, QString::fromUtf8(words ? words : "it is not valid"));
+}
+
+/// Takes the server's certificate, then those that issued it.
+bool useChain(SSL_CTX *tls, const QByteArray &content)
+{
+    const Memory memory = reading(content);
+    const Certificate own(PEM_read_bio_X509_AUX(memory.get(), nullptr, noPassword, nullptr));
+    if (!own || SSL_CTX_use_certificate(tls, own.get()) != 1)
+        return false;
+    while (X509 *issuer = PEM_read_bio_X509(memory.get(), nullptr, noPassword, nullptr)) {
+        if (SSL_CTX_add0_chain_cert(tls, issuer) != 1) {
+            X509_free(issuer);
+            return false;
+        }
+    }
+    const bool isEnd = ERR_GET_REASON(ERR_peek_last_error()) == PEM_R_NO_START_LINE;
+    if (isEnd)
+        ERR_clear_error();
+    return isEnd;
+}
+
+bool useKey(SSL_CTX *tls, const QByteArray &content)
+{
+    const Key key(PEM_read_bio_PrivateKey(reading(content).get(), nullptr, noPassword, nullptr));
+    return key && SSL_CTX_use_PrivateKey(tls, key.get()) == 1;
+}
+
+/// Gives \a use what \a file holds; why that was not to be, or nothing.
+QString take(const QString &file, SSL_CTX *tls, bool (*use)(SSL_CTX *tls, const QByteArray &content))
+{
+    const auto content = readSmallFile(file, Links::followed);
+    if (!content.reason.isEmpty())
+        return content.reason;
+    if (!content.value)
+        return QStringLiteral("%1 cannot be used: it does not exist.").arg(file);
+    ERR_clear_error();
+    return use(tls, *content.value) ? QString() : reason(file);
 }
 
 } // namespace
@@ -141,7 +176,14 @@ OrReason<CertificateFiles> localhostCertificate(const QString &folder, const QDa
 {
     const CertificateFiles files{.certificate = folder + QStringLiteral("/certificate.pem"),
                                  .key = folder + QStringLiteral("/key.pem")};
-    const bool isFound = isUsable(files, now);
+    const auto certificate = readSmallFile(files.certificate, Links::refused);
+    const auto key = readSmallFile(files.key, Links::refused);
+    for (const auto &read : {certificate, key}) {
+        if (!read.reason.isEmpty())
+            return {.value = {}, .reason = read.reason};
+    }
+    const bool isFound =
+        certificate.value && key.value && isUsable(*certificate.value, *key.value, now) && keepToOwner(files.key);
     ERR_clear_error();
     if (isFound)
         return {.value = files, .reason = {}};
@@ -156,10 +198,20 @@ OrReason<std::shared_ptr<SSL_CTX>> tlsFrom(const CertificateFiles &files)
     SSL_CTX_set_min_proto_version(tls.get(), TLS1_2_VERSION);
     SSL_CTX_set_options(tls.get(), SSL_OP_NO_RENEGOTIATION);
     SSL_CTX_set_mode(tls.get(), SSL_MODE_RELEASE_BUFFERS);
-    SSL_CTX_set_default_passwd_cb(tls.get(), noPassword);
-    if (SSL_CTX_use_certificate_chain_file(tls.get(), QFile::encodeName(files.certificate).constData()) != 1)
-        return {.value = nullptr, .reason = reason(files.certificate)};
-    if (SSL_CTX_use_PrivateKey_file(tls.get(), QFile::encodeName(files.key).constData(), SSL_FILETYPE_PEM) != 1)
-        return {.value = nullptr, .reason = reason(files.key)};
-    return {.value = tls, .reason = {}};
+    QString reason = take(files.certificate, tls.get(), useChain);
+    if (reason.isEmpty())
+        reason = take(files.key, tls.get(), useKey);
+    return reason.isEmpty() ? OrReason<std::shared_ptr<SSL_CTX>>{.value = tls, .reason = {}}
+                            : OrReason<std::shared_ptr<SSL_CTX>>{.value = nullptr, .reason = reason};
 }
+
+std::shared_ptr<SSL_CTX> tlsOfAClient()
+{
+    std::shared_ptr<SSL_CTX> tls(SSL_CTX_new(TLS_client_method()), SSL_CTX_free);
+    SSL_CTX_set_min_proto_version(tls.get(), TLS1_2_VERSION);
+    SSL_CTX_set_mode(tls.get(), SSL_MODE_RELEASE_BUFFERS);
+    SSL_CTX_set_default_verify_paths(tls.get());
+    return tls;
+}
+
+} // namespace tidlo::proxy

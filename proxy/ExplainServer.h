@@ -1,35 +1,34 @@
 #pragma once
 
-#include "proxy/GuardedServer.h"
-#include "proxy/RateLimiter.h"
-#include "proxy/RequestReader.h"
+#include "proxy/Connection.h"
 
-#include <functional>
-#include <mutex>
+namespace tidlo::proxy {
 
-/// The service: POST /explain and GET /healthz. What it logs on standard error is which of them was asked and what
-/// became of it; never who asked, or what.
+/// The service: POST /explain and GET /healthz, for many connections on the one thread that runs the loop.
 class ExplainServer final
 {
 public:
-    /// Answers one question. Called on the thread of its connection, for several questions at a time.
-    using Explain = std::function<Answer(const QString &prompt)>;
+    /// Accepts what \a acceptor listens for as soon as its loop runs, and must live as long as that does. Without \a
+    /// tls it speaks plain HTTP.
+    ExplainServer(tcp::acceptor acceptor, std::shared_ptr<SSL_CTX> tls, Explain explain, const Limits &limits = {});
 
-    /// A server without \a tls speaks plain HTTP. A device may ask \a perMinute times in a minute, 0 for any number.
-    ExplainServer(Explain explain, int perMinute, std::shared_ptr<SSL_CTX> tls, const ConnectionLimits &limits = {});
-
-    /// As those of GuardedServer.
-    int bind(const std::string &address, int port) { return server.bind(address, port); }
-    bool serve() { return server.serve(); }
-    void askToStop() { server.askToStop(); }
+    /// Accepts nothing any more but what has connected already, and lets that ask and what is under way be answered. On
+    /// the loop's thread.
+    void stop();
+    /// Whether it has stopped, and every connection has ended.
+    bool hasEnded() const { return service.isStopping && places.isEmpty(); }
 
 private:
-    std::optional<Answer> answerBeforeBody(const httplib::Request &request);
-    Answer answerToBody(const httplib::ContentReader &readBody);
-    std::variant<QString, Answer> promptFrom(const httplib::ContentReader &readBody);
+    Task<void> accept();
+    Task<void> stopWhenIdle();
+    void begin(tcp::socket socket);
+    void placeWasLeft();
 
-    const Explain explain;
-    RateLimiter limiter;
-    std::mutex reading; ///< Held by whoever decodes a body, which for a moment takes many times its size.
-    GuardedServer server;
+    Service service;
+    tcp::acceptor acceptor;
+    Places places;
+    asio::steady_timer placeLeft; ///< Whoever waits for it goes on when a place was left.
+    asio::steady_timer idle;      ///< Runs while there is no connection.
 };
+
+} // namespace tidlo::proxy

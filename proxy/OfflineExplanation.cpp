@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 
+namespace tidlo::proxy {
 namespace {
 
 /// What to tell a person to do, the most careful last.
@@ -123,3 +124,5 @@ QString offlineExplanation(const QString &prompt)
                     sentenceFor(Advice::look, "Look at these before you decide: %1.", *findings),
                     sentenceFor(Advice::leave, "Leave these alone: %1.", *findings), chatSentence(*findings), trash});
 }
+
+} // namespace tidlo::proxy

@@ -5,6 +5,7 @@
 
 #include <array>
 
+namespace tidlo::proxy {
 namespace {
 
 constexpr qsizetype mostFindings = 8;
@@ -93,3 +94,5 @@ std::optional<QList<PromptFinding>> findingsIn(const QString &prompt)
     }
     return findings;
 }
+
+} // namespace tidlo::proxy

@@ -8,6 +8,8 @@
 
 #include <optional>
 
+namespace tidlo::proxy {
+
 /// What a prompt tells about one finding, as far as it is not a name from somebody's disk.
 struct PromptFinding
 {
@@ -23,3 +25,5 @@ struct PromptFinding
 /// may hold line feeds and thus pretend to be lines of a finding: what does not fit is passed over, but what fits
 /// perfectly cannot be told apart. Any text is safe.
 std::optional<QList<PromptFinding>> findingsIn(const QString &prompt);
+
+} // namespace tidlo::proxy

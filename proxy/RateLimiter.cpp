@@ -6,6 +6,7 @@
 
 #include <array>
 
+namespace tidlo::proxy {
 namespace {
 
 constexpr std::chrono::minutes window(1);
@@ -15,11 +16,6 @@ QByteArray randomKey()
     std::array<quint32, 8> words{};
     QRandomGenerator::system()->fillRange(words.data(), words.size());
     return {reinterpret_cast<const char *>(words.data()), sizeof words};
-}
-
-std::chrono::seconds secondsUntil(RateLimiter::Time end, RateLimiter::Time now)
-{
-    return std::chrono::ceil<std::chrono::seconds>(end - now);
 }
 
 } // namespace
@@ -34,23 +30,33 @@ std::chrono::seconds RateLimiter::admit(const QByteArray &device, Time now)
 {
     if (perMinute == 0)
         return {};
+    forgetBefore(now - window);
     const QByteArray who = QMessageAuthenticationCode::hash(device, key, QCryptographicHash::Sha256);
-    const std::lock_guard lock(mutex);
-    if (now - swept >= window)
-        forgetBefore(now - window);
-    if (!asked.contains(who) && asked.size() >= mostDevices)
-        return secondsUntil(swept + window, now);
-
-    QList<Time> &times = asked[who];
-    times.removeIf([now](Time time) { return time <= now - window; });
-    if (times.size() >= perMinute)
-        return secondsUntil(times.constFirst() + window, now);
-    times.append(now);
+    auto place = places.find(who);
+    if (place == places.end()) {
+        if (places.size() >= mostDevices)
+            forgetFirst();
+        place = places.insert(who, devices.insert(devices.end(), {.who = who, .asked = {}}));
+    }
+    QList<Time> &asked = (*place)->asked;
+    asked.removeIf([now](Time time) { return time <= now - window; });
+    if (asked.size() >= perMinute)
+        return std::chrono::ceil<std::chrono::seconds>(asked.constFirst() + window - now);
+    asked.append(now);
+    devices.splice(devices.end(), devices, *place);
     return {};
 }
 
 void RateLimiter::forgetBefore(Time begin)
 {
-    swept = begin + window;
-    asked.removeIf([begin](const auto &device) { return device.value().constLast() <= begin; });
+    while (!devices.empty() && devices.front().asked.constLast() <= begin)
+        forgetFirst();
 }
+
+void RateLimiter::forgetFirst()
+{
+    places.remove(devices.front().who);
+    devices.pop_front();
+}
+
+} // namespace tidlo::proxy

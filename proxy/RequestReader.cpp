@@ -3,30 +3,71 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <array>
+#include <string_view>
 
+namespace tidlo::proxy {
 namespace {
 
-constexpr qsizetype longestDevice = 128;
+namespace http = boost::beast::http;
+using boost::beast::iequals;
+using Text = boost::beast::string_view;
 
-bool isDevice(const QByteArray &text)
+constexpr size_t longestAddress = 8'000;
+constexpr size_t longestDevice = 128;
+
+/// What can be asked.
+struct Address
+{
+    std::string_view path;
+    std::array<http::verb, 2> methods;
+    const char *allow;
+};
+
+constexpr std::array addresses{
+    Address{"/explain", {http::verb::post, http::verb::post}, "POST"},
+    Address{"/healthz", {http::verb::get, http::verb::head}, "GET, HEAD"},
+};
+
+const Address *addressOf(const RequestParser &parser)
+{
+    const Text target = parser.get().target();
+    const Text path = target.substr(0, target.find('?'));
+    const auto *found = std::ranges::find_if(addresses, [&](const Address &known) { return path == Text(known.path); });
+    return found == addresses.end() ? nullptr : found;
+}
+
+bool isDevice(Text text)
 {
     const auto isVisible = [](char character) { return character > ' ' && character < '\x7f'; };
-    return !text.isEmpty() && text.size() <= longestDevice && std::ranges::all_of(text, isVisible);
+    return !text.empty() && text.size() <= longestDevice && std::ranges::all_of(text, isVisible);
 }
 
-bool isJson(const QByteArray &contentType)
+bool isJson(Text contentType)
 {
-    return contentType.split(';').constFirst().trimmed().toLower() == "application/json";
+    const Text type = contentType.substr(0, contentType.find(';'));
+    return iequals(type.substr(0, type.find_last_not_of(" \t") + 1), "application/json");
 }
 
-bool isNumber(const QByteArray &text)
+std::optional<Answer> answerToQuestion(const RequestParser &parser, size_t longestBody)
 {
-    return !text.isEmpty() && std::ranges::all_of(text, [](char digit) { return digit >= '0' && digit <= '9'; });
+    const auto &head = parser.get();
+    if (!isDevice(head["X-Device-UUID"]))
+        return refusal(Refusal::noDevice);
+    if (!isJson(head[http::field::content_type]))
+        return refusal(Refusal::notJson);
+    if (!head[http::field::content_encoding].empty())
+        return refusal(Refusal::packed);
+    if (parser.chunked())
+        return std::nullopt;
+    if (!parser.content_length())
+        return refusal(Refusal::noLength);
+    return *parser.content_length() > longestBody ? std::optional(refusal(Refusal::tooLong)) : std::nullopt;
 }
 
 Answer malformed(const QString &reason)
 {
-    return failure(400, "bad_request", QStringLiteral("The request could not be understood. ") + reason);
+    return refusal(Refusal::badRequest, reason);
 }
 
 QString textIn(const GeminiGenerateRequest &request)
@@ -43,30 +84,36 @@ QString textIn(const GeminiGenerateRequest &request)
 
 } // namespace
 
-std::optional<Answer> refusalOf(const RequestHead &head)
+std::optional<Answer> answerToHead(const RequestParser &parser, size_t longestBody)
 {
-    if (!isDevice(head.device))
-        return failure(400, "no_device", QStringLiteral("The request does not tell which device it comes from."));
-    if (!isJson(head.contentType))
-        return failure(415, "not_json", QStringLiteral("The request must be JSON."));
-    if (!head.encoding.isEmpty())
-        return failure(415, "packed", QStringLiteral("The request must not be compressed."));
-    if (head.isChunked)
-        return std::nullopt;
-    if (head.contentLength.isEmpty())
-        return failure(411, "no_length", QStringLiteral("The request does not tell how long it is."));
-    if (!isNumber(head.contentLength))
-        return malformed(QStringLiteral("Its length is not a number."));
-    bool fits = false;
-    const qulonglong length = head.contentLength.toULongLong(&fits);
-    if (!fits || length > static_cast<qulonglong>(longestBody))
-        return tooLong();
-    return std::nullopt;
+    const auto &head = parser.get();
+    if (head.target().size() > longestAddress)
+        return refusal(Refusal::addressTooLong);
+    if (head.method() == http::verb::unknown)
+        return refusal(Refusal::unknownMethod);
+    const Address *address = addressOf(parser);
+    if (address == nullptr)
+        return refusal(Refusal::notFound);
+    if (std::ranges::find(address->methods, head.method()) == address->methods.end()) {
+        Answer answer = refusal(Refusal::notAllowed);
+        answer.allow = address->allow;
+        return answer;
+    }
+    if (head.method() == http::verb::post)
+        return answerToQuestion(parser, longestBody);
+    return Answer{.body = R"({"status":"ok"})"};
 }
 
-std::variant<QString, Answer> readPrompt(const QByteArray &body)
+const char *nameForLog(const RequestParser &parser)
 {
-    const auto [request, error] = decode<GeminiGenerateRequest>(body);
+    const Address *address = parser.is_header_done() ? addressOf(parser) : nullptr;
+    return address == nullptr ? "other" : address->path.data();
+}
+
+std::variant<QString, Answer> readPrompt(const std::string &body)
+{
+    const auto [request, error] =
+        decode<GeminiGenerateRequest>(QByteArray::fromRawData(body.data(), static_cast<qsizetype>(body.size())));
     if (!request)
         return malformed(error);
     const QString prompt = textIn(*request);
@@ -75,7 +122,4 @@ std::variant<QString, Answer> readPrompt(const QByteArray &body)
     return prompt;
 }
 
-Answer tooLong()
-{
-    return failure(413, "too_long", QStringLiteral("The request is too long: more than 256 KB."));
-}
+} // namespace tidlo::proxy

@@ -2,27 +2,27 @@
 
 #include "proxy/Answer.h"
 
+#include <optional>
+#include <string>
 #include <variant>
 
-/// Bytes that the body of a request may have.
-inline constexpr qsizetype longestBody = 256 * 1024;
+#include <boost/beast/http/parser.hpp>
+#include <boost/beast/http/string_body.hpp>
 
-/// What the lines in front of a request's body tell, as far as it matters here.
-struct RequestHead
-{
-    QByteArray device;        ///< Who asks; empty if it is not told.
-    QByteArray contentType;   ///< As it was sent.
-    QByteArray encoding;      ///< How the body is packed; empty if it is not.
-    QByteArray contentLength; ///< As it was sent, empty if it was not.
-    bool isChunked = false;   ///< The body comes in chunks, its length is not told.
-};
+namespace tidlo::proxy {
 
-/// Why a request is turned down before its body is read, or nothing. Any bytes are safe.
-std::optional<Answer> refusalOf(const RequestHead &head);
+/// What reads a request. It bounds nothing but the head by itself.
+using RequestParser = boost::beast::http::request_parser<boost::beast::http::string_body>;
+
+/// The answer to whatever is no question, or cannot be one by what its head tells: nothing if its body, of at most
+/// \a longestBody bytes, is to be read. \a parser has read the head. Any bytes are safe.
+std::optional<Answer> answerToHead(const RequestParser &parser, size_t longestBody);
+
+/// The address that was asked if it is one of ours, else "other".
+const char *nameForLog(const RequestParser &parser);
 
 /// The prompt in \a body, its texts as they stand, one to a line; or why there is none. Nothing else is kept, so that
 /// nothing else reaches the model. Any bytes are safe.
-std::variant<QString, Answer> readPrompt(const QByteArray &body);
+std::variant<QString, Answer> readPrompt(const std::string &body);
 
-/// The answer to a body that is too long.
-Answer tooLong();
+} // namespace tidlo::proxy

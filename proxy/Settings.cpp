@@ -4,8 +4,10 @@
 #include <QDir>
 #include <QHostAddress>
 #include <QRegularExpression>
-#include <QUrl>
 
+#include <unistd.h>
+
+namespace tidlo::proxy {
 namespace {
 
 /// Thrown inside this file alone.
@@ -16,9 +18,9 @@ struct Mistake
 
 constexpr const char *help = R"(Usage: tidlo-proxy [options]
 
-Explains what Tidlo found: POST /explain. With the key of a Gemini API it relays
-the question there, without one it answers by itself. GET /healthz tells whether
-it runs.
+Explains what Tidlo found: POST /explain. GET /healthz tells whether it runs.
+Questions go to a model that the environment names, below; without one they go
+nowhere, and explanations are written by the service itself.
 
 Options:
   --address <address>   Listen there instead of on 127.0.0.1.
@@ -30,28 +32,41 @@ Options:
                         for a server in front of it on the same machine.
   --per-minute <count>  How often a device may ask in a minute, instead of 10
                         times; 0 for as often as it likes.
+  --per-address <count> How many connections an address may have at a time, 0
+                        for any number. Unless given, 64, but any number on a
+                        loopback address. A network of IPv6 (/64) is one.
+  --idle-exit <seconds> End after so long without a connection.
+  --offline             Read no key and send nothing anywhere, whatever the
+                        environment says.
   --help                Show this.
   --version             Show the version.
 
-Environment:
-  GEMINI_API_KEY   The key of the API. Without one, nothing is sent anywhere.
+Environment, for a model of the Gemini API:
+  GEMINI_API_KEY   The key of the API.
   GEMINI_MODEL     The model instead of gemini-1.5-flash.
   GEMINI_BASE_URL  Where the API is, instead of at
                    https://generativelanguage.googleapis.com.
+
+Environment, for a model behind chat completions, such as one on this machine:
+  TIDLO_CHAT_URL   What stands in front of /chat/completions, such as
+                   http://localhost:8080/v1. HTTPS, unless on this machine.
+  TIDLO_CHAT_MODEL The model.
+  TIDLO_CHAT_KEY   The key, if one is needed.
+
+Environment, besides:
   STATE_DIRECTORY  The state folder, instead of tidlo-proxy in XDG_STATE_HOME or
                    in ~/.local/state.
+  LISTEN_FDS, LISTEN_PID
+                   A socket that listens already, as systemd hands it over:
+                   instead of an address and a port.
 )";
 
 void addOptions(QCommandLineParser &parser)
 {
-    parser.addOptions({{QStringLiteral("address"), {}, QStringLiteral("address")},
-                       {QStringLiteral("port"), {}, QStringLiteral("number")},
-                       {QStringLiteral("certificate"), {}, QStringLiteral("file")},
-                       {QStringLiteral("key"), {}, QStringLiteral("file")},
-                       {QStringLiteral("plain-http"), {}},
-                       {QStringLiteral("per-minute"), {}, QStringLiteral("count")},
-                       {QStringLiteral("help"), {}},
-                       {QStringLiteral("version"), {}}});
+    for (const char *flag : {"plain-http", "offline", "help", "version"})
+        parser.addOption({QString::fromLatin1(flag), {}});
+    for (const char *name : {"address", "port", "certificate", "key", "per-minute", "per-address", "idle-exit"})
+        parser.addOption({QString::fromLatin1(name), {}, QStringLiteral("value")});
 }
 
 int number(const QCommandLineParser &parser, const char *option, int fallback, int most)
@@ -74,7 +89,7 @@ QString address(const QCommandLineParser &parser, const QString &fallback, bool 
     if (parsed.isNull())
         throw Mistake{QStringLiteral("--address must be an IP address.")};
     if (isPlain && !parsed.isLoopback())
-        throw Mistake{QStringLiteral("--plain-http is for loopback addresses alone: others could read what is sent.")};
+        throw Mistake{plainIsForLoopback};
     return text;
 }
 
@@ -100,25 +115,66 @@ bool isSafeUrl(const QUrl &url)
            url.userInfo().isEmpty();
 }
 
+/// The environment variables that describe the model of one dialect.
+struct Variables
+{
+    Dialect dialect;
+    const char *key;
+    const char *model;
+    const char *url;
+    const char *modelForm;
+};
+
+constexpr Variables gemini{Dialect::gemini, "GEMINI_API_KEY", "GEMINI_MODEL", "GEMINI_BASE_URL",
+                           "\\A[A-Za-z0-9._-]+\\z"}; // It becomes a part of the address.
+constexpr Variables chat{Dialect::chat, "TIDLO_CHAT_KEY", "TIDLO_CHAT_MODEL", "TIDLO_CHAT_URL", "\\A[\\x21-\\x7e]+\\z"};
+
+/// \a unless is what holds for variables that are empty.
+Upstream read(const Variables &variables, const QProcessEnvironment &environment, Upstream unless)
+{
+    static const QRegularExpression keyForm(QStringLiteral("\\A[\\x21-\\x7e]*\\z"));
+    const auto value = [&](const char *name, const QString &otherwise) {
+        const QString text = environment.value(QString::fromLatin1(name)).trimmed();
+        return text.isEmpty() ? otherwise : text;
+    };
+    const Upstream upstream{.dialect = variables.dialect,
+                            .key = value(variables.key, {}),
+                            .model = value(variables.model, unless.model),
+                            .baseUrl = {value(variables.url, unless.baseUrl.toString()), QUrl::StrictMode}};
+    if (!keyForm.match(upstream.key).hasMatch())
+        throw Mistake{QStringLiteral("%1 holds characters that no key has.").arg(QLatin1String(variables.key))};
+    if (!QRegularExpression(QString::fromLatin1(variables.modelForm)).match(upstream.model).hasMatch())
+        throw Mistake{QStringLiteral("%1 must be the name of a model.").arg(QLatin1String(variables.model))};
+    if (!isSafeUrl(upstream.baseUrl))
+        throw Mistake{QStringLiteral("%1 must begin with https:// and name a server; http:// is for this machine.")
+                          .arg(QLatin1String(variables.url))};
+    return upstream;
+}
+
 std::optional<Upstream> upstream(const QProcessEnvironment &environment)
 {
-    static const QRegularExpression keyForm(QStringLiteral("\\A[\\x21-\\x7e]+\\z"));
-    static const QRegularExpression modelForm(QStringLiteral("\\A[A-Za-z0-9._-]+\\z"));
-    const QString key = environment.value(QStringLiteral("GEMINI_API_KEY")).trimmed();
-    if (key.isEmpty())
-        return std::nullopt;
-    Upstream upstream{.key = key};
-    if (const QString model = environment.value(QStringLiteral("GEMINI_MODEL")); !model.isEmpty())
-        upstream.model = model;
-    if (const QString url = environment.value(QStringLiteral("GEMINI_BASE_URL")); !url.isEmpty())
-        upstream.baseUrl = url;
-    if (!keyForm.match(key).hasMatch())
-        throw Mistake{QStringLiteral("GEMINI_API_KEY holds characters that no key has.")};
-    if (!modelForm.match(upstream.model).hasMatch())
-        throw Mistake{QStringLiteral("GEMINI_MODEL must be the name of a model.")};
-    if (!isSafeUrl(QUrl(upstream.baseUrl, QUrl::StrictMode)))
-        throw Mistake{QStringLiteral("GEMINI_BASE_URL must begin with https:// and name a server.")};
-    return upstream;
+    const auto isSet = [&](const char *name) {
+        return !environment.value(QString::fromLatin1(name)).trimmed().isEmpty();
+    };
+    if (isSet(gemini.key) && isSet(chat.url))
+        throw Mistake{QStringLiteral("GEMINI_API_KEY and TIDLO_CHAT_URL name two models: only one can be asked.")};
+    if (isSet(gemini.key))
+        return read(gemini, environment, {});
+    if (isSet(chat.url))
+        return read(chat, environment, {.key = {}, .model = {}, .baseUrl = {}});
+    return std::nullopt;
+}
+
+/// Whether a socket was handed over to this process, and not to one that started it.
+bool isHandedOver(const QCommandLineParser &parser, const QProcessEnvironment &environment)
+{
+    if (environment.value(QStringLiteral("LISTEN_PID")) != QString::number(::getpid()))
+        return false;
+    if (environment.value(QStringLiteral("LISTEN_FDS")) != QStringLiteral("1"))
+        throw Mistake{QStringLiteral("LISTEN_FDS must be 1: one socket that listens.")};
+    if (parser.isSet(QStringLiteral("address")) || parser.isSet(QStringLiteral("port")))
+        throw Mistake{QStringLiteral("--address and --port are of no use with a socket that is handed over.")};
+    return true;
 }
 
 QString stateFolder(const QProcessEnvironment &environment)
@@ -135,19 +191,34 @@ QString stateFolder(const QProcessEnvironment &environment)
 Settings settingsOf(const QCommandLineParser &parser, const QProcessEnvironment &environment)
 {
     constexpr int mostPorts = 65'535;
-    constexpr int mostPerMinute = 1'000'000;
+    constexpr int mostCounted = 1'000'000;
     const Settings defaults;
     const bool isPlain = parser.isSet(QStringLiteral("plain-http"));
-    return {.address = address(parser, defaults.address, isPlain),
+    const auto optional = [&](const char *name) {
+        return parser.isSet(QString::fromLatin1(name)) ? std::optional(number(parser, name, 0, mostCounted))
+                                                       : std::nullopt;
+    };
+    return {.isHandedOver = isHandedOver(parser, environment),
+            .address = address(parser, defaults.address, isPlain),
             .port = number(parser, "port", defaults.port, mostPorts),
             .isPlain = isPlain,
             .certificate = certificate(parser, isPlain),
             .stateFolder = stateFolder(environment),
-            .perMinute = number(parser, "per-minute", defaults.perMinute, mostPerMinute),
-            .upstream = upstream(environment)};
+            .perMinute = number(parser, "per-minute", defaults.perMinute, mostCounted),
+            .perAddress = optional("per-address"),
+            .idleExit = number(parser, "idle-exit", defaults.idleExit, mostCounted),
+            .upstream = parser.isSet(QStringLiteral("offline")) ? std::nullopt : upstream(environment)};
 }
 
 } // namespace
+
+QString whereQuestionsGo(const Settings &settings)
+{
+    if (!settings.upstream)
+        return QStringLiteral("Explanations are written offline; questions go nowhere.");
+    const QString server = settings.upstream->baseUrl.toString(QUrl::FullyEncoded);
+    return QStringLiteral("Questions go to %1 (%2).").arg(server, settings.upstream->model);
+}
 
 std::variant<Settings, Ending> settingsFrom(const QStringList &arguments, const QProcessEnvironment &environment)
 {
@@ -168,3 +239,5 @@ std::variant<Settings, Ending> settingsFrom(const QStringList &arguments, const 
         return Ending{.status = misused, .text = mistake.text + u'\n'};
     }
 }
+
+} // namespace tidlo::proxy

@@ -1,17 +1,22 @@
 #include "proxy/Certificate.h"
 #include "proxy/ExplainServer.h"
-#include "proxy/GeminiRelay.h"
+#include "proxy/Listener.h"
+#include "proxy/ModelRelay.h"
 #include "proxy/OfflineExplanation.h"
-
-#include <QHostAddress>
 
 #include <algorithm>
 #include <csignal>
 #include <cstdio>
-#include <thread>
+#include <cstdlib>
+#include <sstream>
 
+#include <boost/asio/signal_set.hpp>
 #include <sys/resource.h>
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
 
+namespace tidlo::proxy {
 namespace {
 
 int complain(const QString &text)
@@ -20,7 +25,7 @@ int complain(const QString &text)
     return 1;
 }
 
-/// Each connection takes a descriptor, and systems allow few of them unless asked.
+/// Each connection takes a descriptor, one more while a model is asked, and systems allow few of them unless asked.
 void allowManyConnections()
 {
     constexpr rlim_t wanted = 8'192;
@@ -31,22 +36,31 @@ void allowManyConnections()
     ::setrlimit(RLIMIT_NOFILE, &limit);
 }
 
-/// The signals that ask to stop, which from now on wait until they are fetched.
-sigset_t heldStopSignals()
+void prepareProcess()
 {
-    sigset_t signals;
-    sigemptyset(&signals);
-    for (const int signal : {SIGTERM, SIGINT, SIGHUP})
-        sigaddset(&signals, signal);
-    pthread_sigmask(SIG_BLOCK, &signals, nullptr);
-    return signals;
+    allowManyConnections();
+    std::signal(SIGPIPE, SIG_IGN); // OpenSSL writes to sockets whose other end has gone.
+    for (const char *name : {"LISTEN_FDS", "LISTEN_PID", "LISTEN_FDNAMES"})
+        ::unsetenv(name); // They are meant for this process alone.
+#ifdef __GLIBC__
+    ::mallopt(M_MMAP_THRESHOLD, 128 * 1024); // The memory of bodies goes back to the system.
+#endif
 }
 
-ExplainServer::Explain explainerFor(const Settings &settings)
+Answer explainedOffline(const std::string &body)
 {
-    if (settings.upstream)
-        return [upstream = *settings.upstream](const QString &prompt) { return relay(prompt, upstream); };
-    return [](const QString &prompt) { return explanation(offlineExplanation(prompt)); };
+    const auto prompt = readPrompt(body);
+    const auto *refused = std::get_if<Answer>(&prompt);
+    return refused != nullptr ? *refused : explanation(offlineExplanation(std::get<QString>(prompt)));
+}
+
+Explain explainerFor(const Settings &settings, asio::thread_pool *pool)
+{
+    if (!settings.upstream)
+        return
+            [pool](std::string body) { return on(pool, [body = std::move(body)] { return explainedOffline(body); }); };
+    const auto relay = std::make_shared<ModelRelay>(pool, *settings.upstream, tlsOfAClient());
+    return [relay](std::string body) { return relay->answer(std::move(body)); };
 }
 
 OrReason<std::shared_ptr<SSL_CTX>> tlsFor(const Settings &settings)
@@ -61,42 +75,59 @@ OrReason<std::shared_ptr<SSL_CTX>> tlsFor(const Settings &settings)
     return tlsFrom(files.value);
 }
 
-/// Where it is, on standard output, so that whoever started it knows that it is ready.
-void announce(const Settings &settings, int port)
+Limits limitsFor(const Settings &settings, const tcp::endpoint &listening)
 {
-    const bool isBracketed = QHostAddress(settings.address).protocol() == QAbstractSocket::IPv6Protocol;
-    const QString host = isBracketed ? u'[' + settings.address + u']' : settings.address;
-    std::printf("%s://%s:%d\n", settings.isPlain ? "http" : "https", qPrintable(host), port);
+    constexpr int ofAddress = 64;
+    Limits limits;
+    limits.idle = std::chrono::seconds(settings.idleExit);
+    limits.perMinute = settings.perMinute;
+    // What comes by a loopback address comes from this machine, or from many through a server in front.
+    limits.connectionsOfAddress =
+        static_cast<size_t>(settings.perAddress.value_or(listening.address().is_loopback() ? 0 : ofAddress));
+    return limits;
+}
+
+/// Where it is, on standard output, so that whoever started it knows that it is ready, and where questions go.
+void announce(const Settings &settings, const tcp::endpoint &listening)
+{
+    std::ostringstream where;
+    where << listening;
+    std::printf("%s://%s\n%s\n", settings.isPlain ? "http" : "https", where.str().c_str(),
+                qUtf8Printable(whereQuestionsGo(settings)));
     std::fflush(stdout);
 }
 
 int run(const Settings &settings)
 {
-    sigset_t signals = heldStopSignals();
-    allowManyConnections();
+    prepareProcess();
     const auto tls = tlsFor(settings);
     if (!tls.reason.isEmpty())
         return complain(tls.reason);
-    ExplainServer server(explainerFor(settings), settings.perMinute, tls.value);
-    const int port = server.bind(settings.address.toStdString(), settings.port);
-    if (port == -1)
-        return complain(QStringLiteral("Port %1 of %2 is not to be had.").arg(settings.port).arg(settings.address));
-    announce(settings, port);
-    std::jthread stopper([&] {
-        int signal = 0;
-        sigwait(&signals, &signal);
-        server.askToStop();
+    asio::thread_pool pool(1); // Decoding takes memory, many times what is decoded: once at a time.
+    asio::io_context loop(1);
+    auto acceptor = listenAs(settings, loop);
+    if (!acceptor.reason.isEmpty())
+        return complain(acceptor.reason);
+    const tcp::endpoint listening = acceptor.value->local_endpoint();
+    asio::signal_set signals(loop, SIGTERM, SIGINT, SIGHUP);
+    ExplainServer server(std::move(*acceptor.value), tls.value, explainerFor(settings, &pool),
+                         limitsFor(settings, listening));
+    announce(settings, listening);
+    signals.async_wait([&server](error_code error, int) {
+        if (!error)
+            server.stop();
     });
-    if (server.serve())
-        return 0;
-    pthread_kill(stopper.native_handle(), SIGTERM);
-    return complain(QStringLiteral("No more connections are accepted."));
+    while (!server.hasEnded())
+        loop.run_one();
+    return 0;
 }
 
 } // namespace
+} // namespace tidlo::proxy
 
 int main(int argc, char *argv[])
 {
+    using namespace tidlo::proxy;
     QStringList arguments;
     for (int i = 1; i < argc; ++i)
         arguments.append(QString::fromLocal8Bit(argv[i]));

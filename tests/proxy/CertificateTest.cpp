@@ -1,16 +1,23 @@
 #include "proxy/Certificate.h"
 
+#include "proxy/SmallFile.h"
 #include "support/PrintQt.h"
 #include "support/TemporaryHome.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QSslCertificate>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <openssl/x509v3.h>
+#include <sys/stat.h>
+
 using testing::HasSubstr;
 
+namespace tidlo::proxy {
 namespace {
 
 const QDateTime now = QDateTime::currentDateTimeUtc();
@@ -54,6 +61,58 @@ TEST_F(LocalhostCertificate, NamesThisMachineAlone)
     EXPECT_TRUE(made.isSelfSigned());
     EXPECT_LT(made.effectiveDate(), now);
     EXPECT_EQ(made.expiryDate().date(), now.addDays(365).date());
+}
+
+TEST_F(LocalhostCertificate, VouchesForNobodyElse)
+{
+    const auto tls = tlsFrom(make()).value;
+    ASSERT_TRUE(tls);
+
+    X509 *made = SSL_CTX_get0_certificate(tls.get());
+    EXPECT_EQ(X509_get_extension_flags(made) & (EXFLAG_BCONS | EXFLAG_CA), static_cast<uint32_t>(EXFLAG_BCONS));
+    EXPECT_EQ(X509_check_ca(made), 0);
+}
+
+TEST_F(LocalhostCertificate, IsShownByTlsThatIsNotOld)
+{
+    const auto tls = tlsFrom(make()).value;
+    ASSERT_TRUE(tls);
+
+    EXPECT_EQ(SSL_CTX_get_min_proto_version(tls.get()), TLS1_2_VERSION);
+    EXPECT_TRUE(SSL_CTX_get_options(tls.get()) & SSL_OP_NO_RENEGOTIATION);
+    EXPECT_EQ(SSL_CTX_get_min_proto_version(tlsOfAClient().get()), TLS1_2_VERSION);
+}
+
+TEST_F(LocalhostCertificate, IsNeitherReadNorWrittenThroughALink)
+{
+    const QString target = QString::fromUtf8(home.file("target", 100));
+    QDir().mkpath(folder);
+    for (const char *name : {"key.pem", "certificate.pem"}) {
+        const QString link = folder + u'/' + QString::fromLatin1(name);
+        ASSERT_TRUE(QFile::link(target, link));
+        EXPECT_EQ(localhostCertificate(folder, now).reason,
+                  QStringLiteral("%1 cannot be used: it is a link.").arg(link));
+        QFile::remove(link);
+    }
+    const QString link = folder + QStringLiteral("/link");
+    ASSERT_TRUE(QFile::link(target, link));
+    EXPECT_TRUE(replaceFile(link, "new"));
+
+    EXPECT_FALSE(QFileInfo(link).isSymLink());
+    EXPECT_EQ(QFileInfo(target).size(), 100);
+}
+
+TEST_F(LocalhostCertificate, MustBeARegularFile)
+{
+    QDir().mkpath(folder);
+    const QString key = folder + QStringLiteral("/key.pem");
+    ASSERT_EQ(mkfifo(QFile::encodeName(key).constData(), 0600), 0);
+    const QString refused = QStringLiteral("%1 cannot be used: it is no regular file.").arg(key);
+
+    EXPECT_EQ(localhostCertificate(folder, now).reason, refused);
+    QFile::remove(key);
+    QDir().mkpath(key);
+    EXPECT_EQ(localhostCertificate(folder, now).reason, refused);
 }
 
 TEST_F(LocalhostCertificate, HasAKeyForItsOwnerAlone)
@@ -124,6 +183,31 @@ TEST_F(LocalhostCertificate, IsRefusedWithAKeyThatIsNotItsOwn)
     EXPECT_THAT(tls.reason.toStdString(), HasSubstr(others.key.toStdString() + " cannot be used: "));
 }
 
+TEST_F(LocalhostCertificate, MayBeGivenByLinksAndWithItsChain)
+{
+    const CertificateFiles files = make();
+    QFile certificateFile(files.certificate);
+    ASSERT_TRUE(certificateFile.open(QFile::ReadOnly));
+    const QByteArray text = certificateFile.readAll();
+    const CertificateFiles given{.certificate = QString::fromUtf8(home / "chain"),
+                                 .key = QString::fromUtf8(home / "key")};
+    const QString chain = QString::fromUtf8(home / "chain.pem");
+    ASSERT_TRUE(replaceFile(chain, text + text + text));
+    ASSERT_TRUE(QFile::link(chain, given.certificate) && QFile::link(files.key, given.key));
+
+    const auto tls = tlsFrom(given);
+    ASSERT_TRUE(tls.value) << tls.reason.toStdString();
+    STACK_OF(X509) *issuers = nullptr;
+    SSL_CTX_get0_chain_certs(tls.value.get(), &issuers);
+    EXPECT_EQ(sk_X509_num(issuers), 2);
+
+    ASSERT_TRUE(replaceFile(chain, text + QByteArray(64 * 1024 - text.size(), '\n')));
+    EXPECT_TRUE(tlsFrom(given).value);
+    ASSERT_TRUE(replaceFile(chain, text + QByteArray(64 * 1024 + 1 - text.size(), '\n')));
+    EXPECT_EQ(tlsFrom(given).reason,
+              QStringLiteral("%1 cannot be used: it has more than 64 KB.").arg(given.certificate));
+}
+
 TEST(TlsFiles, ThatAreMissingOrNonsenseSayWhichAndWhy)
 {
     const TemporaryHome home;
@@ -135,3 +219,5 @@ TEST(TlsFiles, ThatAreMissingOrNonsenseSayWhichAndWhy)
     EXPECT_THAT(tlsFrom({.certificate = nonsense, .key = nonsense}).reason.toStdString(),
                 HasSubstr(nonsense.toStdString() + " cannot be used: "));
 }
+
+} // namespace tidlo::proxy

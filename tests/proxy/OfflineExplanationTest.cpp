@@ -14,6 +14,7 @@ using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
 
+namespace tidlo::proxy {
 namespace {
 
 const std::string origin = "Written without an AI model, from the scan's categories and sizes alone. ";
@@ -146,6 +147,13 @@ TEST(OfflineExplanation, BelievesARiskThatIsMoreCareful)
     EXPECT_THAT(explain({caches}), HasSubstr("Leave these alone: app caches."));
 }
 
+TEST(OfflineExplanation, LeavesAloneWhateverIsProtected)
+{
+    CleanupCandidate caches = everyFinding()[5];
+    caches.category = CleanupCategory::protected_;
+    EXPECT_THAT(explain({caches}), HasSubstr("Leave these alone: app caches."));
+}
+
 TEST(OfflineExplanation, FindsTheLargestInAnyOrder)
 {
     const QList<CleanupCandidate> all = everyFinding();
@@ -184,3 +192,5 @@ TEST(OfflineExplanation, OfAForgedFindingConsistsOfKnownWordsAllTheSame)
     EXPECT_THAT(text, Not(HasSubstr("evil")));
     EXPECT_THAT(text, HasSubstr("Look at these before you decide: other downloads."));
 }
+
+} // namespace tidlo::proxy

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+namespace tidlo::proxy {
 namespace {
 
 QString promptOf(const QString &metadata)
@@ -79,3 +80,5 @@ TEST(PromptFindings, OutliveLinesBetweenThem)
 {
     EXPECT_EQ(countIn(block("1 KB") + QStringLiteral("\nline\n- id: 2\n\n") + block("2 KB")), 2);
 }
+
+} // namespace tidlo::proxy

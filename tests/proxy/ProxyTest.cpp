@@ -7,11 +7,13 @@
 #include <QCoro/QCoroTask>
 #include <QFile>
 #include <QNetworkProxy>
+#include <QTcpServer>
 
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
 
 #include <sys/resource.h>
+#include <unistd.h>
 
 using testing::AllOf;
 using testing::EndsWith;
@@ -206,6 +208,65 @@ TEST_F(Proxy, AnswersWhileAThousandConnectionsDoNothing)
         idle.push_back(std::make_unique<RawConnection>(proxy.port()));
 
     EXPECT_THAT(explainBy(proxy), StartsWith(offline));
+}
+
+TEST_F(Proxy, AsksAServerOfChatCompletions)
+{
+    const ScriptedServer model(localhost(), sending(reply(200, R"({"choices":[{"message":{"content":"Caches."}}]})")));
+    QStringList environment = modelAt(model).filter(QStringLiteral("SSL_CERT_FILE"));
+    environment += {QStringLiteral("TIDLO_CHAT_URL=https://") + model.host() + QStringLiteral("/v1"),
+                    QStringLiteral("TIDLO_CHAT_MODEL=m")};
+    const ProxyProcess proxy({}, environment);
+
+    EXPECT_EQ(explainBy(proxy, {caches()}), "Caches.");
+    ASSERT_EQ(model.requests().size(), 1);
+    EXPECT_EQ(model.requests().first().target, "/v1/chat/completions");
+}
+
+TEST_F(Proxy, SendsNothingAnywhereWhenItIsToBeOffline)
+{
+    const ScriptedServer model(localhost(), sending(answer("Some caches.")));
+    const ProxyProcess proxy({QStringLiteral("--offline")}, modelAt(model));
+
+    EXPECT_THAT(explainBy(proxy), StartsWith(offline));
+    EXPECT_EQ(model.connections(), 0);
+}
+
+TEST_F(Proxy, ServesTheSocketThatItIsHanded)
+{
+    QTcpServer listening;
+    ASSERT_TRUE(listening.listen(QHostAddress::LocalHost));
+    QProcess process;
+    process.setChildProcessModifier([&] { ::dup2(static_cast<int>(listening.socketDescriptor()), 3); });
+    const auto start = [&](const QString &arguments) { // By a shell that becomes the service: the number is its own.
+        process.start(QStringLiteral("/bin/sh"),
+                      {QStringLiteral("-c"),
+                       QStringLiteral("LISTEN_FDS=1 LISTEN_PID=$$ exec " TIDLO_PROXY " --plain-http --idle-exit 1 ") +
+                           arguments});
+    };
+
+    start({});
+    EXPECT_THAT(RawConnection(listening.serverPort()).send("GET /healthz HTTP/1.1\r\n\r\n").toEnd().toStdString(),
+                EndsWith(R"({"status":"ok"})"));
+    ASSERT_TRUE(process.waitForFinished(120'000));
+    EXPECT_EQ(process.exitCode(), 0) << "it ends when nobody asks any more";
+    EXPECT_THAT(process.readAllStandardOutput().toStdString(),
+                StartsWith("http://127.0.0.1:" + std::to_string(listening.serverPort()) + '\n'));
+    start(QStringLiteral("--port 1"));
+    ASSERT_TRUE(process.waitForFinished(120'000));
+    EXPECT_EQ(process.exitCode(), 2);
+}
+
+TEST_F(Proxy, TakesNothingButASocketThatListens)
+{
+    QProcess process;
+    process.start(QStringLiteral("/bin/sh"),
+                  {QStringLiteral("-c"),
+                   QStringLiteral("LISTEN_FDS=1 LISTEN_PID=$$ exec " TIDLO_PROXY " --plain-http 3< /dev/null")});
+    ASSERT_TRUE(process.waitForFinished(120'000));
+
+    EXPECT_EQ(process.exitCode(), 1);
+    EXPECT_EQ(process.readAllStandardError(), "tidlo-proxy: What was handed over is no TCP socket that listens.\n");
 }
 
 TEST_F(Proxy, FinishesWhatIsUnderWayWhenItIsTerminated)

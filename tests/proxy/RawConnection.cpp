@@ -25,6 +25,12 @@ RawConnection &RawConnection::send(const QByteArray &bytes)
     return *this;
 }
 
+QByteArray RawConnection::next()
+{
+    EXPECT_TRUE(socket.waitForReadyRead(patience));
+    return socket.readAll();
+}
+
 QByteArray RawConnection::toEnd()
 {
     while (socket.state() == QAbstractSocket::ConnectedState && socket.waitForReadyRead(patience)) {

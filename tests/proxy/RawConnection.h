@@ -11,6 +11,8 @@ public:
     explicit RawConnection(int port);
 
     RawConnection &send(const QByteArray &bytes);
+    /// What the server says next.
+    QByteArray next();
     /// All that the server says until it ends the connection. One that does not is a failure.
     QByteArray toEnd();
 

@@ -156,7 +156,8 @@ TEST(Run, OpensTheWindowBesideAProxyAndStopsTheProxy)
     EXPECT_EQ(tree.run({}, display), 0) << tree.errors;
 
     EXPECT_EQ(tree.log(), "build release tidlo tidlo-proxy\nwindow trusts 1\n");
-    EXPECT_EQ(tree.errors, "run: explanations come from https://127.0.0.1:" + std::to_string(port) + "\n");
+    EXPECT_EQ(tree.errors, "run: explanations come from https://127.0.0.1:" + std::to_string(port) +
+                               ". Explanations are written offline; questions go nowhere.\n");
     EXPECT_FALSE(isListening(port));
 }
 

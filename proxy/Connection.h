@@ -1,0 +1,68 @@
+#pragma once
+
+#include "proxy/BodyBudget.h"
+#include "proxy/Limits.h"
+#include "proxy/Places.h"
+#include "proxy/RateLimiter.h"
+#include "proxy/RequestReader.h"
+#include "proxy/Stream.h"
+
+#include <functional>
+#include <set>
+
+namespace tidlo::proxy {
+
+/// Answers the question in a body. Called on the loop, for many questions at a time; whatever takes long must not run
+/// there. May throw.
+using Explain = std::function<Task<Answer>(std::string body)>;
+
+/// What all connections share.
+struct Service
+{
+    const Explain explain;
+    const std::shared_ptr<SSL_CTX> tls; ///< Nothing for plain HTTP.
+    const Limits limits;
+    RateLimiter limiter{limits.perMinute};
+    BodyBudget bodies{limits.allBodiesBytes};
+    std::set<Stream *> silent = {}; ///< On which nothing has been asked yet.
+    bool isStopping = false;
+};
+
+/// One connection: it carries one request, and ends. A client asks once after a scan, so keeping connections would save
+/// nothing, and a refused body can never be taken for the next request.
+class Connection final
+{
+public:
+    /// \a service must outlive it.
+    Connection(Service *service, tcp::socket socket, Places::Place place);
+    ~Connection() { service.silent.erase(&stream); }
+    Connection(const Connection &) = delete;
+    Connection &operator=(const Connection &) = delete;
+
+    /// From the first byte to the good-bye. What it logs on standard error is what was asked and what became of it;
+    /// never who asked, or what.
+    static Task<void> run(std::unique_ptr<Connection> connection);
+
+private:
+    /// Each gives the answer, if it is known by then.
+    Task<std::optional<Answer>> answer();
+    Task<std::optional<Answer>> readHead();
+    Task<std::optional<Answer>> readBody();
+
+    Task<void> send(Answer answer);
+    Task<void> finish();
+    Task<bool> readMore();
+    error_code parse();
+    uint64_t unsent() const;
+
+    const Places::Place place;
+    Service &service;
+    const Limits &limits;
+    Stream stream;
+    BodyBudget::Share share;
+    RequestParser parser;
+    std::string pending; ///< Bytes that are not parsed yet.
+    size_t received = 0; ///< Bytes of the request.
+};
+
+} // namespace tidlo::proxy

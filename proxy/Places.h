@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <map>
+#include <memory>
+
+#include <boost/asio/ip/address.hpp>
+
+namespace tidlo::proxy {
+
+/// Counts connections, all of them and those of each address. Who has many addresses of IPv6 has them in one network of
+/// 64 bits, which counts as one; an address of IPv4 that comes as one of IPv6 is the same.
+class Places final
+{
+public:
+    /// Whoever holds a place lets go of it when it ends; the places must still be there then.
+    using Place = std::shared_ptr<void>;
+
+    /// \a mostOfAddress may be 0: then addresses do not count. \a left is called when a place was left.
+    Places(size_t most, size_t mostOfAddress, std::function<void()> left);
+
+    /// Nothing if there is none for \a address. Whether there is one at all is to be asked before.
+    Place take(const boost::asio::ip::address &address);
+    bool isFull() const { return taken >= most; }
+    bool isEmpty() const { return taken == 0; }
+
+private:
+    void leave(const boost::asio::ip::address &counted);
+
+    const size_t most;
+    const size_t mostOfAddress;
+    const std::function<void()> left;
+    size_t taken = 0;
+    std::map<boost::asio::ip::address, size_t> ofAddress;
+};
+
+} // namespace tidlo::proxy
