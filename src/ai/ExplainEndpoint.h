@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ai/TrustedCertificates.h"
 #include "platform/MachineIdentity.h"
 
 #include <QString>
@@ -14,7 +15,8 @@ struct ExplainEndpoint
 {
     QString host = builtInHost();                                   ///< A name, and a port where it is not 443.
     std::chrono::milliseconds timeLimit = std::chrono::seconds(60); ///< Of the whole exchange.
-    qint64 replyLimit = 1024 * 1024;                                ///< Bytes of the reply, decompressed.
+    qint64 replyLimit = 1024 * 1024;                                ///< Bytes of the reply's body.
+    std::function<QByteArray()> authorities = trustedCertificates;  ///< Called on another thread.
     std::function<std::optional<QString>()> identity = machineIdentity;
 
     /// TIDLO_AI_PROXY_HOST as the program was built with it.

@@ -4,9 +4,19 @@
 #include "ai/HttpsPost.h"
 #include "ai/Prompt.h"
 
+#include <QCoreApplication>
+#include <QCoro/QCoroFuture>
+#include <QPromise>
 #include <QStringList>
+#include <QTimer>
+
+#include <semaphore>
+#include <system_error>
+#include <thread>
 
 namespace {
+
+using Explanation = std::optional<QString>;
 
 /// A warning sign in its colourful form, and a space.
 constexpr QStringView warning = u"\u26A0\uFE0F ";
@@ -22,7 +32,7 @@ QString requestFailed(const QString &reason)
 }
 
 /// The text of the first candidate's parts, one to a line.
-std::optional<QString> answer(const QByteArray &body)
+Explanation answer(const QByteArray &body)
 {
     const auto [response, error] = decode<GeminiGenerateResponse>(body);
     if (!response)
@@ -35,7 +45,7 @@ std::optional<QString> answer(const QByteArray &body)
             texts.append(*part.text);
     }
     const QString text = texts.join(QLatin1Char('\n'));
-    return text.isEmpty() ? std::nullopt : std::optional(text);
+    return text.isEmpty() ? std::nullopt : Explanation(text);
 }
 
 QString proxyError(int status, const QByteArray &body)
@@ -47,7 +57,7 @@ QString proxyError(int status, const QByteArray &body)
         QStringLiteral("AI service unavailable (HTTP %1). Please check your internet connection.").arg(status));
 }
 
-std::optional<QString> explanation(const HttpsReply &reply)
+Explanation explanation(const HttpsReply &reply)
 {
     if (!reply.failure.isEmpty())
         return requestFailed(reply.failure);
@@ -76,8 +86,72 @@ HttpsRequest requestFor(const QList<CleanupCandidate> &candidates, const Explain
         .url = QUrl(QStringLiteral("https://%1/explain").arg(endpoint.host), QUrl::StrictMode),
         .headers = {{"Content-Type", "application/json"}, {"X-Device-UUID", orUnknown(endpoint.identity()).toUtf8()}},
         .body = requestBody(candidates),
-        .deadline = QDeadlineTimer(endpoint.timeLimit),
         .replyLimit = endpoint.replyLimit};
+}
+
+/// A question that one thread asks and the main thread waits for, or gives up.
+class Inquiry final
+{
+public:
+    Inquiry(HttpsRequest question, ExplainEndpoint asked)
+        : request(std::move(question))
+        , endpoint(std::move(asked))
+    {}
+
+    QFuture<Explanation> answer() { return promise.future(); }
+
+    /// Asks and waits. To be called once.
+    void ask()
+    {
+        request.authorities = endpoint.authorities();
+        settle(explanation(httpsPost(request, exchange)));
+        ended.release();
+    }
+
+    void giveUp(const QString &reason)
+    {
+        settle(requestFailed(reason));
+        exchange.stop();
+    }
+
+    /// Whether ask() has nothing left to do. If it was given up that may take a moment, or as long as the system holds
+    /// it; this waits for the moment alone.
+    bool hasEnded() { return ended.try_acquire_for(std::chrono::milliseconds(100)); }
+
+private:
+    /// The first answer counts.
+    void settle(const Explanation &text)
+    {
+        promise.addResult(text);
+        promise.finish();
+    }
+
+    HttpsRequest request;
+    ExplainEndpoint endpoint;
+    HttpsExchange exchange;
+    QPromise<Explanation> promise;
+    std::binary_semaphore ended{0};
+};
+
+/// The thread that asks. Where the system starts none, that is the answer.
+std::thread start(const std::shared_ptr<Inquiry> &inquiry)
+{
+    try {
+        return std::thread([inquiry] { inquiry->ask(); });
+    } catch (const std::system_error &error) {
+        inquiry->giveUp(QString::fromLocal8Bit(error.what()));
+        return {};
+    }
+}
+
+void end(std::thread &thread, Inquiry &inquiry)
+{
+    if (!thread.joinable())
+        return;
+    if (inquiry.hasEnded())
+        thread.join();
+    else
+        thread.detach();
 }
 
 } // namespace
@@ -94,9 +168,21 @@ QString GeminiClient::deviceUUID()
 
 QCoro::Task<std::optional<QString>> GeminiClient::explain(QList<CleanupCandidate> candidates, ExplainEndpoint endpoint)
 {
-    const HttpsRequest request = requestFor(candidates, endpoint);
+    HttpsRequest request = requestFor(candidates, endpoint);
     if (!request.url.isValid() || request.url.host().isEmpty())
         co_return std::nullopt;
-    const HttpsReply reply = co_await httpsPost(request);
-    co_return explanation(reply);
+    const auto inquiry = std::make_shared<Inquiry>(std::move(request), endpoint);
+    QTimer limit;
+    QObject::connect(&limit, &QTimer::timeout, &limit,
+                     [inquiry] { inquiry->giveUp(QStringLiteral("The request timed out.")); });
+    QObject::connect(qApp, &QCoreApplication::aboutToQuit, &limit, [inquiry] {
+        inquiry->giveUp(QStringLiteral("The application quit."));
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::FutureCallOut); // No event loop is left that would.
+    });
+    limit.setTimerType(Qt::PreciseTimer);
+    limit.start(endpoint.timeLimit);
+    std::thread thread = start(inquiry);
+    const Explanation text = co_await inquiry->answer();
+    end(thread, *inquiry);
+    co_return text;
 }

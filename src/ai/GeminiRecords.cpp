@@ -1,10 +1,15 @@
 #include "ai/GeminiRecords.h"
 
-#include <nlohmann/json.hpp>
+#include "ai/BoundedJson.h"
+
+#include <array>
 
 namespace {
 
-using Json = nlohmann::ordered_json;
+using Json = nlohmann::json;
+
+constexpr std::array<std::string_view, 7> keys{"candidates", "content", "contents", "error",
+                                               "message",    "parts",   "text"};
 
 /// Thrown inside this file alone; the reason is a sentence for a person.
 struct DecodingError
@@ -150,12 +155,12 @@ QByteArray encode(const ProxyErrorResponse &response)
 template <typename Record>
 Decoded<Record> decode(const QByteArray &json)
 {
-    const Json parsed = Json::parse(json.begin(), json.end(), nullptr, false);
-    if (parsed.is_discarded())
-        return {.record = std::nullopt, .error = QStringLiteral("The data is not valid JSON.")};
+    const auto [document, refusal] = readBoundedJson(json, keys);
+    if (!refusal.isEmpty())
+        return {.record = std::nullopt, .error = refusal};
     try {
         Record record;
-        read(parsed, record);
+        read(document, record);
         return {.record = std::move(record), .error = {}};
     } catch (const DecodingError &error) {
         return {.record = std::nullopt, .error = error.reason};

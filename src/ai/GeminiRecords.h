@@ -59,7 +59,8 @@ QByteArray encode(const GeminiGenerateRequest &request);
 QByteArray encode(const GeminiGenerateResponse &response);
 QByteArray encode(const ProxyErrorResponse &response);
 
-/// Reads \a json, which must be UTF-8 and hold nothing besides the record. Any input is safe, however deep.
+/// Reads \a json, which must be UTF-8 and hold nothing besides the record. Any input is safe, however deep or full: see
+/// BoundedJson.h. From any thread.
 template <typename Record>
 Decoded<Record> decode(const QByteArray &json);
 

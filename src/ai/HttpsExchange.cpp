@@ -1,122 +1,168 @@
 #include "ai/HttpsExchange.h"
 
-#include "ai/OneTimeBody.h"
-
-#include <QCoreApplication>
-#include <QCoro/QCoroNetworkReply>
-#include <QNetworkAccessManager>
-#include <QNetworkReply>
-#include <QTimer>
-
-#include <memory>
+#include <array>
 
 namespace {
 
-/// Whether \a error only says what the status of a complete reply says already.
-bool isToldByStatus(QNetworkReply::NetworkError error, int status)
+constexpr qint64 mostAroundTheBody = 256 * 1024;
+
+struct Setting
 {
-    if (status >= 300 && status <= 399) // A redirect that asks for the body again, which is not Qt's to send.
-        return error == QNetworkReply::ContentReSendError;
-    return status >= 400 &&
-           (error >= QNetworkReply::ContentAccessDenied || error == QNetworkReply::ProxyAuthenticationRequiredError);
-}
-
-/// Gathers the body of a reply, and ends it when it takes too long or grows too large. Belongs to the reply.
-class BoundedReply final : public QObject
-{
-public:
-    BoundedReply(QNetworkReply *watched, QDeadlineTimer deadline, qint64 limit)
-        : QObject(watched)
-        , reply(watched)
-        , replyLimit(limit)
-    {
-        reply->setReadBufferSize(64 * 1024);
-        connect(reply, &QNetworkReply::readyRead, this, &BoundedReply::gather);
-        connect(qApp, &QCoreApplication::aboutToQuit, this, [this] { end(QStringLiteral("The application quit.")); });
-        QTimer::singleShot(std::chrono::milliseconds(deadline.remainingTime()), Qt::PreciseTimer, this,
-                           [this] { end(QStringLiteral("The request timed out.")); });
-    }
-
-    /// What came back. To be called once, when the reply has finished.
-    HttpsReply result()
-    {
-        gather();
-        const int status = reply->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-        const QNetworkReply::NetworkError error = reply->error();
-        if (failure.isEmpty() && error == QNetworkReply::ContentReSendError && status == 0)
-            failure = QStringLiteral("The connection was closed before an answer arrived.");
-        if (failure.isEmpty() && error != QNetworkReply::NoError && !isToldByStatus(error, status))
-            failure = reply->errorString();
-        const QUrl target = reply->attribute(QNetworkRequest::RedirectionTargetAttribute).toUrl();
-        return {.status = status,
-                .body = body,
-                .redirect = target.isEmpty() ? QUrl() : reply->url().resolved(target),
-                .failure = failure};
-    }
-
-private:
-    void gather()
-    {
-        if (!failure.isEmpty())
-            return;
-        body += reply->read(replyLimit + 1 - body.size()); // What is not read is not decompressed either.
-        if (body.size() > replyLimit)
-            end(QStringLiteral("The reply is too large."));
-    }
-
-    /// Finishes the reply, which resumes whoever waits for it.
-    void end(const QString &reason)
-    {
-        if (failure.isEmpty())
-            failure = reason;
-        reply->abort();
-    }
-
-    QNetworkReply *reply;
-    qint64 replyLimit;
-    QByteArray body;
-    QString failure;
+    CURLoption option;
+    long value;
 };
 
-QNetworkRequest networkRequest(const HttpsRequest &request, const QSslConfiguration &certificates)
-{
-    QNetworkRequest network(request.url);
-    network.setSslConfiguration(certificates);
-    network.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
-    network.setAttribute(QNetworkRequest::AuthenticationReuseAttribute, QNetworkRequest::Manual);
-    network.setAttribute(QNetworkRequest::Http2AllowedAttribute, false);
-    for (const auto &[name, value] : request.headers)
-        network.setRawHeader(name, value);
-    return network;
-}
-
-QNetworkReply *send(QNetworkAccessManager &manager, const HttpsRequest &request, QNetworkRequest network)
-{
-    if (!request.body)
-        return manager.get(network);
-    network.setAttribute(QNetworkRequest::DoNotBufferUploadDataAttribute, true);
-    network.setHeader(QNetworkRequest::ContentLengthHeader, request.body->size());
-    auto *body = new OneTimeBody(*request.body);
-    QNetworkReply *reply = manager.post(network, body);
-    body->setParent(reply);
-    return reply;
-}
-
-struct LaterDeleter
-{
-    void operator()(QObject *object) const { object->deleteLater(); }
+constexpr std::array settings{
+    Setting{CURLOPT_HTTP_VERSION, CURL_HTTP_VERSION_1_1},
+    Setting{CURLOPT_HTTPAUTH, CURLAUTH_NONE},
+    Setting{CURLOPT_SSLVERSION, CURL_SSLVERSION_TLSv1_2},
+    Setting{CURLOPT_FORBID_REUSE, 1}, // A request is sent again when a connection that was kept turns out to be closed.
+    Setting{CURLOPT_NOSIGNAL, 1},
+    Setting{CURLOPT_QUICK_EXIT, 1}, // A resolver that takes its time is not waited for.
+    Setting{CURLOPT_VERBOSE, 1},    // Tells of every byte.
 };
+
+template <auto release>
+struct Release
+{
+    void operator()(auto *handle) const { release(handle); }
+};
+
+using Transfer = std::unique_ptr<CURL, Release<curl_easy_cleanup>>;
+using HeaderLines = std::unique_ptr<curl_slist, Release<curl_slist_free_all>>;
+
+/// What arrives of a reply, until it is refused.
+struct Arrival
+{
+    qint64 limit;
+    QByteArray body{};
+    qint64 received = 0; ///< Bytes, whatever they are for.
+    const char *refusal = nullptr;
+
+    void refuseIf(bool condition, const char *reason)
+    {
+        if (condition)
+            refusal = reason;
+    }
+    void refuseTooLarge()
+    {
+        refuseIf(body.size() > limit || received > limit + mostAroundTheBody, "The reply is too large.");
+    }
+    /// What libcurl wants to be told after \a size bytes.
+    std::size_t taken(std::size_t size) const { return refusal == nullptr ? size : CURL_WRITEFUNC_ERROR; }
+};
+
+std::size_t takeHeader(char *data, std::size_t, std::size_t size, void *user)
+{
+    auto *arrival = static_cast<Arrival *>(user);
+    const QByteArray line = QByteArray(data, static_cast<qsizetype>(size)).simplified().toLower();
+    arrival->refuseIf(line.startsWith("content-encoding:") ||
+                          (line.startsWith("transfer-encoding:") && line != "transfer-encoding: chunked"),
+                      "The reply is compressed.");
+    return arrival->taken(size);
+}
+
+std::size_t takeBody(char *data, std::size_t, std::size_t size, void *user)
+{
+    auto *arrival = static_cast<Arrival *>(user);
+    arrival->body.append(data, static_cast<qsizetype>(size));
+    arrival->refuseTooLarge();
+    return arrival->taken(size);
+}
+
+/// Sees all that comes, be it encrypted or not; cannot end it by itself.
+int count(CURL *, curl_infotype type, char *, std::size_t size, void *user)
+{
+    auto *arrival = static_cast<Arrival *>(user);
+    if (type == CURLINFO_SSL_DATA_IN || type == CURLINFO_HEADER_IN || type == CURLINFO_DATA_IN)
+        arrival->received += static_cast<qint64>(size);
+    arrival->refuseTooLarge();
+    return 0;
+}
+
+HeaderLines headerLines(const QList<HttpHeader> &headers)
+{
+    HeaderLines lines;
+    const auto append = [&lines](const QByteArray &line) {
+        lines.reset(curl_slist_append(lines.release(), line.constData()));
+    };
+    for (const auto &[name, value] : headers)
+        append(name + ": " + value);
+    append("Accept:"); // Without a value: not sent.
+    append("Expect:");
+    return lines;
+}
+
+QUrl redirectOf(const Transfer &transfer, const QUrl &url)
+{
+    curl_header *location = nullptr;
+    if (curl_easy_header(transfer.get(), "Location", 0, CURLH_HEADER, -1, &location) != CURLHE_OK)
+        return {};
+    const QUrl target = QUrl::fromEncoded(QByteArray(location->value).trimmed());
+    return target.isEmpty() ? QUrl() : url.resolved(target);
+}
 
 } // namespace
 
-QCoro::Task<HttpsReply> httpsExchange(HttpsRequest request, HttpsRoute route)
+HttpsReply HttpsExchange::perform(const HttpsRequest &request)
 {
-    // A manager for one exchange alone keeps no cookie, no password and no connection. The wait below ends inside a
-    // signal of the reply, which must live until it returns.
-    const std::unique_ptr<QNetworkAccessManager, LaterDeleter> manager(new QNetworkAccessManager);
-    manager->setProxy(route.proxy);
-    QNetworkReply *reply = send(*manager, request, networkRequest(request, route.certificates));
-    auto *bounded = new BoundedReply(reply, request.deadline, request.replyLimit);
-    co_await reply;
-    co_return bounded->result();
+    const Transfer transfer(curl_easy_init());
+    const auto set = [&transfer](CURLoption option, auto value) { curl_easy_setopt(transfer.get(), option, value); };
+    for (const auto &[option, value] : settings)
+        set(option, value);
+
+    set(CURLOPT_URL, request.url.toEncoded().constData());
+    set(CURLOPT_PROTOCOLS_STR, "https");
+    const HeaderLines headers = headerLines(request.headers);
+    set(CURLOPT_HTTPHEADER, headers.get());
+    if (request.body) {
+        set(CURLOPT_POSTFIELDSIZE_LARGE, curl_off_t{request.body->size()});
+        set(CURLOPT_POSTFIELDS, request.body->constData());
+    }
+    set(CURLOPT_PROXY, request.proxy.constData());
+    set(CURLOPT_NOPROXY, ""); // Whoever chose the proxy knew the exceptions.
+    curl_blob authorities{.data = const_cast<char *>(request.authorities.constData()),
+                          .len = static_cast<std::size_t>(request.authorities.size()),
+                          .flags = CURL_BLOB_NOCOPY};
+    set(CURLOPT_CAINFO_BLOB, &authorities);
+    set(CURLOPT_CAPATH, static_cast<const char *>(nullptr));
+
+    Arrival arrival{.limit = request.replyLimit};
+    set(CURLOPT_HEADERFUNCTION, takeHeader);
+    set(CURLOPT_HEADERDATA, &arrival);
+    set(CURLOPT_WRITEFUNCTION, takeBody);
+    set(CURLOPT_WRITEDATA, &arrival);
+    set(CURLOPT_DEBUGFUNCTION, count);
+    set(CURLOPT_DEBUGDATA, &arrival);
+    std::array<char, CURL_ERROR_SIZE> words{};
+    set(CURLOPT_ERRORBUFFER, words.data());
+
+    curl_multi_add_handle(multi.get(), transfer.get());
+    for (int running = 1; running > 0 && arrival.refusal == nullptr && !stopped;) {
+        curl_multi_poll(multi.get(), nullptr, 0, 60'000, nullptr);
+        curl_multi_perform(multi.get(), &running);
+    }
+    int others = 0;
+    const CURLMsg *end = curl_multi_info_read(multi.get(), &others);
+    const CURLcode outcome = end == nullptr ? CURLE_ABORTED_BY_CALLBACK : end->data.result;
+    curl_multi_remove_handle(multi.get(), transfer.get());
+
+    long status = 0;
+    curl_easy_getinfo(transfer.get(), CURLINFO_RESPONSE_CODE, &status);
+    const bool isInterim = status >= 100 && status <= 199;
+    HttpsReply reply{.status = static_cast<int>(status),
+                     .body = arrival.body,
+                     .redirect = redirectOf(transfer, request.url),
+                     .failure = {}};
+    if (arrival.refusal != nullptr)
+        reply.failure = QString::fromLatin1(arrival.refusal);
+    else if (outcome != CURLE_OK && !isInterim)
+        reply.failure = QString::fromUtf8(words[0] == '\0' ? curl_easy_strerror(outcome) : words.data());
+    return reply;
+}
+
+void HttpsExchange::stop()
+{
+    stopped = true;
+    curl_multi_wakeup(multi.get());
 }

@@ -1,12 +1,16 @@
 #pragma once
 
 #include <QByteArray>
-#include <QCoro/QCoroTask>
-#include <QDeadlineTimer>
-#include <QNetworkProxy>
-#include <QSslConfiguration>
+#include <QList>
 #include <QString>
 #include <QUrl>
+
+#include <atomic>
+#include <memory>
+#include <optional>
+#include <utility>
+
+#include <curl/curl.h>
 
 /// A header of a request: its name and its value.
 using HttpHeader = std::pair<QByteArray, QByteArray>;
@@ -17,28 +21,40 @@ struct HttpsRequest
     QUrl url; ///< Of the https scheme.
     QList<HttpHeader> headers;
     std::optional<QByteArray> body; ///< POSTed; without one, the request is a GET.
-    QDeadlineTimer deadline;        ///< For the last byte of the reply.
-    qint64 replyLimit = 0;          ///< Bytes of the reply's body, decompressed.
-};
-
-/// Through which proxy servers are reached, and how they are verified.
-struct HttpsRoute
-{
-    QNetworkProxy proxy;
-    QSslConfiguration certificates;
+    qint64 replyLimit = 0;          ///< Bytes of the reply's body.
+    QByteArray authorities{};       ///< The certificates that the server is verified against, as PEM.
+    QByteArray proxy{}; ///< Through which it is reached: a URL of the http or socks5h scheme, empty for none.
 };
 
 /// What came back: a complete reply or a failure.
 struct HttpsReply
 {
-    int status = 0;  ///< 0 if there is none.
-    QByteArray body; ///< Decompressed.
+    int status = 0; ///< 0 if there is none.
+    QByteArray body;
     QUrl redirect;   ///< Where the reply points to, absolute; empty if it does not redirect.
     QString failure; ///< Why there is no complete reply, for a person; empty when there is one.
 };
 
-/// Sends \a request and waits for the end of the reply. Called on the main thread, which it does not block: Qt moves
-/// the bytes on a thread of its own. Nothing is cached, no cookie is kept or sent, no password is offered, no redirect
-/// is followed and a POST is never sent twice. A reply that is cut short is a failure whatever its status. Quitting the
-/// application ends the exchange.
-QCoro::Task<HttpsReply> httpsExchange(HttpsRequest request, HttpsRoute route);
+/// Sends requests, one at a time, from a thread that may wait, until another thread stops it.
+class HttpsExchange final
+{
+public:
+    /// Sends \a request, with its headers and those that HTTP needs, and waits for the end of the reply. Nothing is
+    /// kept or reused, no password is offered to the server, no redirect is followed and a POST is never sent twice.
+    /// Interim replies are passed over; the last of them is the reply if no other follows. A reply that is cut short,
+    /// packed or larger than its limit is a failure whatever its status; so is one that comes with more than 256 KB
+    /// around its body.
+    HttpsReply perform(const HttpsRequest &request);
+
+    /// Ends perform() at once, with a failure, and every further one as it begins. From any thread.
+    void stop();
+
+private:
+    struct Release
+    {
+        void operator()(CURLM *multi) const { curl_multi_cleanup(multi); }
+    };
+
+    std::unique_ptr<CURLM, Release> multi{curl_multi_init()};
+    std::atomic<bool> stopped = false;
+};

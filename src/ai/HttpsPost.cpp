@@ -1,20 +1,31 @@
 #include "ai/HttpsPost.h"
 
-#include "ai/TrustedCertificates.h"
+#include <QNetworkProxyFactory>
 
-#include <QCoro/QCoroFuture>
-#include <QNetworkProxyQuery>
-#include <QtConcurrentRun>
+#include <algorithm>
+#include <array>
 
 namespace {
 
 constexpr int mostRedirects = 20;
+constexpr std::array redirects{301, 302, 303, 307, 308};
 
-/// Asking the system takes its time, so this runs on a thread of the pool.
-HttpsRoute routeTo(const QUrl &url)
+/// Empty for none.
+QByteArray proxyTo(const QUrl &url)
 {
-    const QList<QNetworkProxy> proxies = QNetworkProxyFactory::proxyForQuery(QNetworkProxyQuery(url));
-    return {.proxy = proxies.value(0, QNetworkProxy::NoProxy), .certificates = trustedCertificates()};
+    const QNetworkProxy proxy = QNetworkProxyFactory::proxyForQuery(QNetworkProxyQuery(url)).value(0);
+    QUrl address;
+    if (proxy.type() == QNetworkProxy::HttpProxy || proxy.type() == QNetworkProxy::HttpCachingProxy)
+        address.setScheme(QStringLiteral("http"));
+    else if (proxy.type() == QNetworkProxy::Socks5Proxy)
+        address.setScheme(QStringLiteral("socks5h"));
+    else
+        return {};
+    address.setHost(proxy.hostName());
+    address.setPort(proxy.port());
+    address.setUserName(proxy.user());
+    address.setPassword(proxy.password());
+    return address.toEncoded();
 }
 
 bool isSameOrigin(const QUrl &left, const QUrl &right)
@@ -22,6 +33,12 @@ bool isSameOrigin(const QUrl &left, const QUrl &right)
     constexpr int defaultPort = 443;
     return left.scheme() == right.scheme() && left.host() == right.host() &&
            left.port(defaultPort) == right.port(defaultPort);
+}
+
+bool isToBeFollowed(const HttpsReply &reply, const QUrl &url)
+{
+    return reply.failure.isEmpty() && std::ranges::find(redirects, reply.status) != redirects.end() &&
+           isSameOrigin(reply.redirect, url);
 }
 
 /// The request that follows a redirect. Like everywhere, only 307 and 308 send the body again.
@@ -37,17 +54,16 @@ HttpsRequest redirected(HttpsRequest request, const HttpsReply &reply)
 
 } // namespace
 
-QCoro::Task<HttpsReply> httpsPost(HttpsRequest request)
+HttpsReply httpsPost(HttpsRequest request, HttpsExchange &exchange)
 {
-    const QFuture<HttpsRoute> found = QtConcurrent::run(routeTo, request.url);
-    const HttpsRoute route = co_await found;
-    for (int redirects = 0; redirects <= mostRedirects; ++redirects) {
-        const HttpsReply reply = co_await httpsExchange(request, route);
-        if (!reply.failure.isEmpty() || !isSameOrigin(reply.redirect, request.url))
-            co_return reply;
+    request.proxy = proxyTo(request.url);
+    for (int count = 0; count <= mostRedirects; ++count) {
+        const HttpsReply reply = exchange.perform(request);
+        if (!isToBeFollowed(reply, request.url))
+            return reply;
         request = redirected(std::move(request), reply);
     }
     HttpsReply endless;
     endless.failure = QStringLiteral("There were too many redirects.");
-    co_return endless;
+    return endless;
 }

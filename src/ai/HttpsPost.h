@@ -2,9 +2,8 @@
 
 #include "ai/HttpsExchange.h"
 
-/// Sends \a request, a POST, and gives the final reply. Redirects are followed to the same origin alone, within the
-/// same deadline; any other is the final reply, and its target is told nothing. Servers are reached through the
-/// system's proxies and verified as TrustedCertificates.h says. Asking the system for its proxies counts, but is not
-/// cut short: a system that looks for one in the network may take longer than the deadline allows. Called on the main
-/// thread, which it does not block.
-QCoro::Task<HttpsReply> httpsPost(HttpsRequest request);
+/// Sends \a request, a POST, by \a exchange and gives the final reply. Redirects are followed to the same origin alone;
+/// any other is the final reply, and its target is told nothing. Servers are reached through the system's proxies and
+/// verified as TrustedCertificates.h says. What cannot be stopped is asking the system for its proxies: one that looks
+/// for them in the network may take its time. For a thread that may wait.
+HttpsReply httpsPost(HttpsRequest request, HttpsExchange &exchange);

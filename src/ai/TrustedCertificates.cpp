@@ -1,27 +1,32 @@
 #include "ai/TrustedCertificates.h"
 
 #include <QFile>
+#include <QSslCertificate>
+#include <QSslConfiguration>
 
 namespace {
 
-/// Read once, since it takes a tenth of a second.
-const QList<QSslCertificate> &systemAuthorities()
+QByteArray asPem(const QList<QSslCertificate> &certificates)
 {
-    static const QList<QSslCertificate> authorities = QSslConfiguration::systemCaCertificates();
+    QByteArray pem;
+    for (const QSslCertificate &certificate : certificates)
+        pem += certificate.toPem();
+    return pem;
+}
+
+/// Read once, since it takes a tenth of a second.
+const QByteArray &systemAuthorities()
+{
+    static const QByteArray authorities = asPem(QSslConfiguration::systemCaCertificates());
     return authorities;
 }
 
 } // namespace
 
-QSslConfiguration trustedCertificates()
+QByteArray trustedCertificates()
 {
-    QSslConfiguration configuration = QSslConfiguration::defaultConfiguration();
-    configuration.setPeerVerifyMode(QSslSocket::VerifyPeer);
     const QByteArray name = qgetenv("SSL_CERT_FILE");
-    const QList<QSslCertificate> added =
-        name.isEmpty() ? QList<QSslCertificate>() : QSslCertificate::fromPath(QFile::decodeName(name));
-    // Naming authorities replaces those that are looked up on demand, so the system's are named too.
-    if (!added.isEmpty())
-        configuration.setCaCertificates(systemAuthorities() + added);
-    return configuration;
+    if (name.isEmpty())
+        return systemAuthorities();
+    return systemAuthorities() + asPem(QSslCertificate::fromPath(QFile::decodeName(name)));
 }

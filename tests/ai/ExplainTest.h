@@ -10,8 +10,8 @@
 
 inline const std::string requestFailed = "\u26A0\uFE0F Request failed: ";
 
-/// A test that asks for an explanation over real connections. The environment names an authority of its own as trusted.
-/// Explanations are told as UTF-8, one that is absent as "absent".
+/// A test that asks for an explanation over real connections. The environment names an authority of its own, and what
+/// it names is trusted, nothing else. Explanations are told as UTF-8, one that is absent as "absent".
 class ExplainTest : public testing::Test
 {
 protected:

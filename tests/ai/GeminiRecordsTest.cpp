@@ -70,3 +70,11 @@ TEST(GeminiRecords, TakeTheLastOfAKeyThatComesTwice)
     ASSERT_TRUE(decoded.record);
     EXPECT_EQ(decoded.record->message, QStringLiteral("last"));
 }
+
+TEST(GeminiRecords, ForgetWhatWasWrongWithAKeyThatComesAgain)
+{
+    const auto decoded = decode<GeminiGenerateRequest>(
+        R"({"contents":"text","contents":[{"parts":[{"text":1}],"parts":[{"text":[{"text":"deep"}],"text":"last"}]}]})");
+
+    EXPECT_EQ(decoded.record, requestOf({{QStringLiteral("last")}})) << decoded.error.toStdString();
+}

@@ -1,5 +1,7 @@
 #include "ai/ExplainTest.h"
 
+#include <gmock/gmock.h>
+
 using namespace std::chrono_literals;
 
 namespace {
@@ -136,6 +138,44 @@ TEST_F(Redirect, DoesNotBuyTime)
     endpoint.timeLimit = 500ms;
 
     EXPECT_EQ(explainBy(server), requestFailed + "The request timed out.");
+}
+
+TEST_F(Redirect, IsFollowedForNoOtherStatus)
+{
+    for (const int status : {300, 304, 305, 306, 309, 399}) {
+        const ScriptedServer server(localhost(), redirectingOnce(redirection(status, "/second")));
+
+        EXPECT_EQ(explainBy(server), "absent") << status;
+        EXPECT_EQ(server.requests().size(), 1) << status;
+    }
+}
+
+TEST_F(Redirect, OffersNoPasswordThatItsAddressNames)
+{
+    QByteArray location;
+    const ScriptedServer server(
+        localhost(), [&location](QSslSocket &connection, const ScriptedServer::Request &request) {
+            connection.write(request.target == "/explain" ? redirection(307, location) : answer);
+        });
+    location = "https://user:password@" + server.host().toUtf8() + "/second";
+
+    EXPECT_EQ(explainBy(server), "A");
+
+    ASSERT_EQ(server.requests().size(), 2);
+    EXPECT_EQ(server.requests().at(1).headers, server.requests().at(0).headers);
+}
+
+TEST_F(Redirect, IsAskedForOnceThoughItsConnectionWasKeptAndCloses)
+{
+    const ScriptedServer server(localhost(), [](QSslSocket &connection, const ScriptedServer::Request &request) {
+        if (request.target == "/explain")
+            connection.write(redirection(307, "/second"));
+        else
+            connection.disconnectFromHost();
+    });
+
+    EXPECT_THAT(explainBy(server), testing::StartsWith(requestFailed));
+    EXPECT_EQ(server.requests().size(), 2);
 }
 
 TEST_F(Redirect, CarriesNoCookie)

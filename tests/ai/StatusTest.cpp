@@ -1,5 +1,9 @@
 #include "ai/ExplainTest.h"
 
+#include <gmock/gmock.h>
+
+using testing::StartsWith;
+
 namespace {
 
 std::string unavailable(int status)
@@ -47,17 +51,41 @@ TEST_F(Status, OfAnyOtherKindGivesNoExplanation)
     const QByteArray said = R"({"candidates":[{"content":{"parts":[{"text":"A"}]}}],"error":"e","message":"m"})";
     for (int status = 300; status <= 399; ++status)
         EXPECT_EQ(explainAnswered(reply(status, said)), "absent") << status;
-    for (const int status : {0, 99, 600, 700, 999, 1200, 99999})
+    for (const int status : {600, 700, 999})
         EXPECT_EQ(explainAnswered(reply(status, said)), "absent") << status;
 }
 
-TEST_F(Status, InThe100sIsTheFinalOneWhateverFollows)
+TEST_F(Status, HasThreeDigits)
+{
+    for (const int status : {0, 99, 1200, 99999})
+        EXPECT_THAT(explainAnswered(reply(status, "")), StartsWith(requestFailed)) << status;
+}
+
+TEST_F(Status, InThe100sIsPassedOverForTheFinalOne)
+{
+    const QByteArray final = reply(200, R"({"candidates":[{"content":{"parts":[{"text":"A"}]}}]})");
+    const QByteArray hints = "HTTP/1.1 103 Early Hints\r\nLink: </style.css>; rel=preload\r\n\r\n";
+
+    EXPECT_EQ(explainAnswered("HTTP/1.1 100 Continue\r\n\r\n" + final), "A");
+    EXPECT_EQ(explainAnswered("HTTP/1.1 102 Processing\r\n\r\n" + final), "A");
+    EXPECT_EQ(explainAnswered(hints + hints + final), "A");
+    EXPECT_EQ(explainAnswered(hints + "HTTP/1.1 302 Found\r\nContent-Length: 0\r\n\r\n"), "absent");
+    EXPECT_EQ(explainAnswered(hints + reply(500, R"({"error":"e","message":"m"})")), "\u26A0\uFE0F m");
+}
+
+TEST_F(Status, InThe100sGivesNoExplanationWhereNoOtherFollows)
+{
+    for (int status = 100; status <= 199; ++status) {
+        const QByteArray head = "HTTP/1.1 " + QByteArray::number(status) + " Said\r\n\r\n";
+        EXPECT_EQ(explainAnswered(head), "absent") << status;
+        EXPECT_EQ(explainAnswered(head + "and a body, which it cannot have"), "absent") << status;
+    }
+}
+
+TEST_F(Status, ThatSwitchesToAnotherProtocolIsTheFinalOneWhateverFollows)
 {
     const QByteArray said = R"({"candidates":[{"content":{"parts":[{"text":"A"}]}}]})";
-    for (int status = 101; status <= 199; ++status)
-        EXPECT_EQ(explainAnswered(reply(status, said)), "absent") << status;
-    EXPECT_EQ(explainAnswered("HTTP/1.1 102 Processing\r\n\r\n" + reply(200, said)), "absent");
-    EXPECT_EQ(explainAnswered("HTTP/1.1 100 Continue\r\n\r\n" + reply(200, said)), "A") << "it asks to go on";
+    EXPECT_EQ(explainAnswered("HTTP/1.1 101 Switching Protocols\r\n\r\n" + reply(200, said)), "absent");
 }
 
 TEST_F(Status, ThatAsksForAPasswordIsAnErrorLikeAnyOther)

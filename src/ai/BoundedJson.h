@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+#include <nlohmann/json.hpp>
+
+#include <span>
+#include <string_view>
+
+/// What was asked for of a document, or why the document is refused.
+struct BoundedJson
+{
+    nlohmann::json document;
+    QString refusal; ///< A sentence for a person; empty if nothing is refused.
+};
+
+/// Reads \a bytes, which must be one JSON document in UTF-8. Of its objects the values of \a keys alone are kept, and
+/// of a key that comes twice the last value. Any input is safe: one that is nested more than 64 levels deep or holds
+/// more than 10,000 values is refused, kept or not, so time and memory grow with its size alone. From any thread.
+BoundedJson readBoundedJson(const QByteArray &bytes, std::span<const std::string_view> keys);
