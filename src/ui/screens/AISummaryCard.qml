@@ -7,6 +7,11 @@ ContinuousRectangle {
     id: root
 
     required property string summary
+    /// What is told of the rest, where the summary is only the beginning.
+    property string rest: ""
+
+    /// Everything is to be copied, the rest too.
+    signal wholeCopied
 
     implicitHeight: row.implicitHeight + 28
     radius: 10
@@ -28,14 +33,32 @@ ContinuousRectangle {
             weight: Font.DemiBold
             color: TidloTheme.green
         }
-        SelectableText {
-            objectName: "explanation"
-            Layout.fillWidth: true
-            text: root.summary
-            font: TidloType.body
-            color: TidloTheme.mutedText
-            spacing: 3
-            name: qsTr("Explanation")
+        ColumnLayout {
+            spacing: 8
+
+            SelectableText {
+                objectName: "explanation"
+                Layout.fillWidth: true
+                text: root.summary
+                font: TidloType.body
+                color: TidloTheme.mutedText
+                spacing: 3
+                name: qsTr("Explanation")
+                Keys.onPressed: (event) => {
+                    event.accepted = root.rest !== "" && selectedText.length === length && event.matches(StandardKey.Copy);
+                    if (event.accepted)
+                        root.wholeCopied();
+                }
+            }
+            TidloText {
+                objectName: "rest"
+                Layout.fillWidth: true
+                visible: text !== ""
+                text: root.rest
+                font: TidloType.small
+                color: TidloTheme.mutedText
+                wrapMode: Text.Wrap
+            }
         }
     }
 }

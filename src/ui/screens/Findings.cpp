@@ -2,12 +2,20 @@
 
 #include "platform/ByteCountFormatter.h"
 #include "platform/VisibleText.h"
+#include "ui/screens/Excerpt.h"
 #include "ui/screens/Presentation.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QLocale>
 
 #include <algorithm>
 #include <array>
 
 namespace {
+
+// An explanation has some 800. Showing a million takes the window a quarter of a minute.
+constexpr qsizetype charactersShown = 4'000;
 
 struct FilterRow
 {
@@ -110,9 +118,30 @@ void Findings::setFilter(Filter filter)
         source->setSelectedFilter(row->risk);
 }
 
+QString Findings::wholeSummary() const
+{
+    return source ? source->aiSummary().value_or(QString()) : QString();
+}
+
 QString Findings::summary() const
 {
-    return source ? visibleText(source->aiSummary().value_or(QString())) : QString();
+    return visibleText(excerptOf(wholeSummary(), charactersShown).text);
+}
+
+QString Findings::summaryRest() const
+{
+    const qsizetype more = excerptOf(wholeSummary(), charactersShown).more;
+    if (more == 0)
+        return {};
+    const QLocale english(QLocale::English); // As all figures here are written.
+    return (more == 1 ? QStringLiteral("1 more character is not shown.")
+                      : QStringLiteral("%1 more characters are not shown.").arg(english.toString(more))) +
+           QStringLiteral(" Select all and copy to have the whole text.");
+}
+
+void Findings::copySummary() const
+{
+    QGuiApplication::clipboard()->setText(visibleText(wholeSummary()));
 }
 
 int Findings::rowCount(const QModelIndex &parent) const

@@ -18,6 +18,7 @@ class Findings : public QAbstractListModel
     Q_PROPERTY(bool canMove READ canMove NOTIFY selectionChanged)
     Q_PROPERTY(Filter filter READ filter WRITE setFilter NOTIFY filterChanged)
     Q_PROPERTY(QString summary READ summary NOTIFY summaryChanged)
+    Q_PROPERTY(QString summaryRest READ summaryRest NOTIFY summaryChanged)
     Q_PROPERTY(int count READ count NOTIFY countChanged)
 
 public:
@@ -47,7 +48,8 @@ public:
     bool canMove() const; ///< Whether something is selected and no cleanup is under way.
     Filter filter() const;
     void setFilter(Filter filter);
-    QString summary() const; ///< The explanation; empty if there is none.
+    QString summary() const;     ///< The first 4,000 characters of the explanation; empty if there is none.
+    QString summaryRest() const; ///< How many more there are, as a sentence; empty if there are none.
     int count() const { return static_cast<int>(rows.size()); }
 
     int rowCount(const QModelIndex &parent = {}) const override;
@@ -59,6 +61,9 @@ public:
 
     /// The identifier of a row's candidate; null if out of range.
     Q_INVOKABLE QUuid candidateAt(int row) const;
+
+    /// Puts the whole explanation on the clipboard, as it would be shown.
+    Q_INVOKABLE void copySummary() const;
 
     /// Shows the report of what has been, or would be, moved.
     Q_INVOKABLE void viewReport();
@@ -74,6 +79,7 @@ Q_SIGNALS:
 private:
     void connectToSource();
     void updateRows();
+    QString wholeSummary() const;
 
     QPointer<AppViewModel> source;
     QList<CleanupCandidate> rows;

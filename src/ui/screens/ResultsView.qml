@@ -70,6 +70,8 @@ Item {
                 width: parent.width
                 visible: !root.app.isGeneratingAI && findings.summary !== ""
                 summary: findings.summary
+                rest: findings.summaryRest
+                onWholeCopied: findings.copySummary()
             }
             Repeater {
                 id: rows

@@ -2,9 +2,13 @@
 
 #include "ui/UiTest.h"
 
+#include <QClipboard>
+#include <QGuiApplication>
+
 namespace {
 
 using testing::ElementsAre;
+using testing::StartsWith;
 
 class FindingsTest : public UiTest
 {
@@ -98,6 +102,30 @@ TEST_F(FindingsTest, NothingInATextCanChangeHowItIsDrawn)
     EXPECT_EQ(text(0, Findings::TitleRole), QStringLiteral("photo\\u202egpj.exe"));
     EXPECT_EQ(text(0, Findings::DetailRole), QStringLiteral("safe\\u200b\\x1b[31m"));
     EXPECT_EQ(findings.summary(), QStringLiteral("line\nline\\u202e"));
+}
+
+TEST_F(FindingsTest, OfALongExplanationTheBeginningIsShownAndHowMuchMoreThereIs)
+{
+    app().setAiSummary(QString(4'000, u'\u202E'));
+    EXPECT_EQ(findings.summary(), QStringLiteral("\\u202e").repeated(4'000));
+    EXPECT_EQ(findings.summaryRest(), QString());
+
+    app().setAiSummary(QString(4'001, u'x'));
+    EXPECT_EQ(findings.summary(), QString(4'000, u'x'));
+    EXPECT_THAT(findings.summaryRest().toStdString(), StartsWith("1 more character is not shown. "));
+
+    EXPECT_EQ(times(findings, &Findings::summaryChanged, [&] { app().setAiSummary(QString(1'048'576, u'x')); }), 1);
+    EXPECT_THAT(findings.summaryRest().toStdString(), StartsWith("1,044,576 more characters are not shown. "));
+    EXPECT_EQ(app().aiSummary(), QString(1'048'576, u'x'));
+}
+
+TEST_F(FindingsTest, TheWholeExplanationIsCopiedAsItWouldBeShown)
+{
+    app().setAiSummary(QString(5'000, u'x') + QChar(0x202e));
+
+    findings.copySummary();
+
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), QString(5'000, u'x') + QStringLiteral("\\u202e"));
 }
 
 TEST_F(FindingsTest, TheHeadlineTellsHowMuchWasFound)

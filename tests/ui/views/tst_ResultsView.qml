@@ -280,6 +280,39 @@ ViewCase {
         verify(explanation.selectByMouse && explanation.readOnly);
     }
 
+    function test_of_an_explanation_without_end_the_beginning_is_shown() {
+        show();
+        const explanation = item("explanation"), rest = item("rest");
+        verify(!rest.visible);
+
+        demo.setSummary("x".repeat(1000000));
+
+        compare(explanation.text, "x".repeat(4000));
+        compare(rest.text, "996,000 more characters are not shown. Select all and copy to have the whole text.");
+        laidOut();
+        compare(place(rest).left, place(explanation).left);
+        verify(place(rest).top > place(explanation).bottom);
+        verify(place(rest).bottom < place(item("summaryCard")).bottom);
+        compareFonts([[rest, TidloType.small]]);
+        compareColors([[rest, "color", "mutedText"]]);
+    }
+
+    function test_to_copy_all_that_is_shown_of_an_explanation_copies_the_rest_too() {
+        show();
+        demo.setSummary("beginning " + "x".repeat(1000000));
+        const explanation = item("explanation");
+        explanation.forceActiveFocus(Qt.TabFocusReason);
+        keySequence(StandardKey.SelectAll);
+        compare(copiedBy(() => keySequence(StandardKey.Copy)), "beginning " + "x".repeat(1000000));
+
+        explanation.select(0, 9);
+        compare(copiedBy(() => keySequence(StandardKey.Copy)), "beginning");
+
+        demo.setSummary("short");
+        keySequence(StandardKey.SelectAll);
+        compare(copiedBy(() => keySequence(StandardKey.Copy)), "short");
+    }
+
     function test_a_tap_on_a_row_flips_it_and_keeps_its_place_and_focus() {
         show();
         const row = item("row3");
