@@ -38,6 +38,7 @@ struct Arrival
     QByteArray body{};
     qint64 received = 0; ///< Bytes, whatever they are for.
     const char *refusal = nullptr;
+    std::array<char, CURL_ERROR_SIZE> words{}; ///< What libcurl says of a failure.
 
     void refuseIf(bool condition, const char *reason)
     {
@@ -93,6 +94,50 @@ HeaderLines headerLines(const QList<HttpHeader> &headers)
     return lines;
 }
 
+void set(const Transfer &transfer, CURLoption option, auto value)
+{
+    curl_easy_setopt(transfer.get(), option, value);
+}
+
+/// What is sent, and to whom. The request and the lines must last as long as the transfer.
+void describe(const Transfer &transfer, const HttpsRequest &request, const HeaderLines &headers)
+{
+    for (const auto &[option, value] : settings)
+        set(transfer, option, value);
+    set(transfer, CURLOPT_PROTOCOLS_STR, "https");
+    set(transfer, CURLOPT_URL, request.url.toEncoded().constData());
+    set(transfer, CURLOPT_HTTPHEADER, headers.get());
+    if (request.body) {
+        set(transfer, CURLOPT_POSTFIELDSIZE_LARGE, curl_off_t{request.body->size()});
+        set(transfer, CURLOPT_POSTFIELDS, request.body->constData());
+    }
+    set(transfer, CURLOPT_PROXY, request.proxy.constData());
+    set(transfer, CURLOPT_NOPROXY, ""); // Whoever chose the proxy knew the exceptions.
+    curl_blob authorities{.data = const_cast<char *>(request.authorities.constData()),
+                          .len = static_cast<std::size_t>(request.authorities.size()),
+                          .flags = CURL_BLOB_NOCOPY};
+    set(transfer, CURLOPT_CAINFO_BLOB, &authorities);
+    set(transfer, CURLOPT_CAPATH, static_cast<const char *>(nullptr));
+}
+
+void receive(const Transfer &transfer, Arrival &arrival)
+{
+    set(transfer, CURLOPT_HEADERFUNCTION, takeHeader);
+    set(transfer, CURLOPT_HEADERDATA, &arrival);
+    set(transfer, CURLOPT_WRITEFUNCTION, takeBody);
+    set(transfer, CURLOPT_WRITEDATA, &arrival);
+    set(transfer, CURLOPT_DEBUGFUNCTION, count);
+    set(transfer, CURLOPT_DEBUGDATA, &arrival);
+    set(transfer, CURLOPT_ERRORBUFFER, arrival.words.data());
+}
+
+int statusOf(const Transfer &transfer)
+{
+    long status = 0;
+    curl_easy_getinfo(transfer.get(), CURLINFO_RESPONSE_CODE, &status);
+    return static_cast<int>(status);
+}
+
 QUrl redirectOf(const Transfer &transfer, const QUrl &url)
 {
     curl_header *location = nullptr;
@@ -102,44 +147,30 @@ QUrl redirectOf(const Transfer &transfer, const QUrl &url)
     return target.isEmpty() ? QUrl() : url.resolved(target);
 }
 
+/// Empty if the reply is complete, or if it is an interim one that no other followed.
+QString failureOf(const Arrival &arrival, CURLcode outcome, int status)
+{
+    const bool isInterim = status >= 100 && status <= 199;
+    if (arrival.refusal != nullptr)
+        return QString::fromLatin1(arrival.refusal);
+    if (outcome == CURLE_OK || isInterim)
+        return {};
+    return QString::fromUtf8(arrival.words[0] == '\0' ? curl_easy_strerror(outcome) : arrival.words.data());
+}
+
 } // namespace
 
 HttpsReply HttpsExchange::perform(const HttpsRequest &request)
 {
-    const Transfer transfer(curl_easy_init());
-    const auto set = [&transfer](CURLoption option, auto value) { curl_easy_setopt(transfer.get(), option, value); };
-    for (const auto &[option, value] : settings)
-        set(option, value);
-
-    set(CURLOPT_URL, request.url.toEncoded().constData());
-    set(CURLOPT_PROTOCOLS_STR, "https");
-    const HeaderLines headers = headerLines(request.headers);
-    set(CURLOPT_HTTPHEADER, headers.get());
-    if (request.body) {
-        set(CURLOPT_POSTFIELDSIZE_LARGE, curl_off_t{request.body->size()});
-        set(CURLOPT_POSTFIELDS, request.body->constData());
-    }
-    set(CURLOPT_PROXY, request.proxy.constData());
-    set(CURLOPT_NOPROXY, ""); // Whoever chose the proxy knew the exceptions.
-    curl_blob authorities{.data = const_cast<char *>(request.authorities.constData()),
-                          .len = static_cast<std::size_t>(request.authorities.size()),
-                          .flags = CURL_BLOB_NOCOPY};
-    set(CURLOPT_CAINFO_BLOB, &authorities);
-    set(CURLOPT_CAPATH, static_cast<const char *>(nullptr));
-
     Arrival arrival{.limit = request.replyLimit};
-    set(CURLOPT_HEADERFUNCTION, takeHeader);
-    set(CURLOPT_HEADERDATA, &arrival);
-    set(CURLOPT_WRITEFUNCTION, takeBody);
-    set(CURLOPT_WRITEDATA, &arrival);
-    set(CURLOPT_DEBUGFUNCTION, count);
-    set(CURLOPT_DEBUGDATA, &arrival);
-    std::array<char, CURL_ERROR_SIZE> words{};
-    set(CURLOPT_ERRORBUFFER, words.data());
+    const HeaderLines headers = headerLines(request.headers);
+    const Transfer transfer(curl_easy_init());
+    describe(transfer, request, headers);
+    receive(transfer, arrival);
 
     curl_multi_add_handle(multi.get(), transfer.get());
     for (int running = 1; running > 0 && arrival.refusal == nullptr && !stopped;) {
-        curl_multi_poll(multi.get(), nullptr, 0, 60'000, nullptr);
+        curl_multi_poll(multi.get(), nullptr, 0, 60'000, nullptr); // Not at all at first, when there is work to do.
         curl_multi_perform(multi.get(), &running);
     }
     int others = 0;
@@ -147,18 +178,11 @@ HttpsReply HttpsExchange::perform(const HttpsRequest &request)
     const CURLcode outcome = end == nullptr ? CURLE_ABORTED_BY_CALLBACK : end->data.result;
     curl_multi_remove_handle(multi.get(), transfer.get());
 
-    long status = 0;
-    curl_easy_getinfo(transfer.get(), CURLINFO_RESPONSE_CODE, &status);
-    const bool isInterim = status >= 100 && status <= 199;
-    HttpsReply reply{.status = static_cast<int>(status),
-                     .body = arrival.body,
-                     .redirect = redirectOf(transfer, request.url),
-                     .failure = {}};
-    if (arrival.refusal != nullptr)
-        reply.failure = QString::fromLatin1(arrival.refusal);
-    else if (outcome != CURLE_OK && !isInterim)
-        reply.failure = QString::fromUtf8(words[0] == '\0' ? curl_easy_strerror(outcome) : words.data());
-    return reply;
+    const int status = statusOf(transfer);
+    return {.status = status,
+            .body = arrival.body,
+            .redirect = redirectOf(transfer, request.url),
+            .failure = failureOf(arrival, outcome, status)};
 }
 
 void HttpsExchange::stop()

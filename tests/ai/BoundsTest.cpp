@@ -1,5 +1,6 @@
 #include "ai/ExplainTest.h"
 
+#include <QCoreApplication>
 #include <QTimer>
 
 using namespace std::chrono_literals;
@@ -73,6 +74,18 @@ TEST_F(Bounds, OfTimeEndWhatTheServerDrips)
 
         EXPECT_EQ(explainBy(server), timedOut) << beginning;
     }
+}
+
+TEST_F(Bounds, OfTimeAreReachedWhenTheApplicationQuits)
+{
+    const ScriptedServer server(localhost(), [](QSslSocket &, const ScriptedServer::Request &) { qApp->quit(); });
+    endpoint.host = server.host();
+    std::optional<QString> explanation;
+
+    GeminiClient::explain({}, endpoint).then([&](const std::optional<QString> &text) { explanation = text; });
+    QCoreApplication::exec();
+
+    EXPECT_EQ(explanation.value_or(QString()).toStdString(), requestFailed + "The application quit.");
 }
 
 TEST_F(Bounds, OfSizeAllowAReplyOfAMegabyte)

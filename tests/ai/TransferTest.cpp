@@ -2,13 +2,10 @@
 #include "ai/PlainServer.h"
 #include "support/InChild.h"
 
-#include <QCoreApplication>
-
 #include <gmock/gmock.h>
 
 #include <sys/resource.h>
 
-using namespace std::chrono_literals;
 using testing::StartsWith;
 
 namespace {
@@ -89,18 +86,6 @@ TEST_F(Transfer, IsNotAttemptedWithoutAProperAddress)
         endpoint.host = QString::fromLatin1(host);
         EXPECT_EQ(explain(), "absent") << host;
     }
-}
-
-TEST_F(Transfer, EndsWhenTheApplicationQuits)
-{
-    const ScriptedServer server(localhost(), [](QSslSocket &, const ScriptedServer::Request &) { qApp->quit(); });
-    endpoint.host = server.host();
-    std::optional<QString> explanation;
-
-    GeminiClient::explain({}, endpoint).then([&](const std::optional<QString> &text) { explanation = text; });
-    QCoreApplication::exec();
-
-    EXPECT_EQ(explanation.value_or(QString()).toStdString(), requestFailed + "The application quit.");
 }
 
 TEST_F(Transfer, FailsWhereNoThreadCanBeStarted)
