@@ -104,7 +104,10 @@ Task<std::optional<Answer>> Connection::readBody()
         const size_t length = parser.get().body().size();
         if (length > limits.bodyBytes || received > limits.requestBytes)
             co_return refusal(Refusal::tooLong);
-        if (!co_await share.hold(length, stream.deadline())) {
+        // All of it at once: bodies that each hold a part, and wait for more, would wait for each other.
+        const bool isSmall = length <= BodyBudget::alwaysPasses;
+        const size_t held = isSmall ? length : parser.content_length().value_or(limits.bodyBytes);
+        if (!co_await share.hold(held, stream.deadline())) {
             std::string().swap(parser.get().body());
             co_return refusal(Refusal::busy);
         }

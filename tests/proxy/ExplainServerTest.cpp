@@ -337,6 +337,22 @@ TEST(ExplainServer, HasRoomForSmallBodiesWhenAllTheRestIsTaken)
     EXPECT_THAT(server.say(asked(8'193)), isError(503, "busy"));
 }
 
+TEST(ExplainServer, LetsALongBodyWaitUntilAnotherIsAnswered)
+{
+    const RunningServer server(echo, {.toRead = 10s, .allBodiesBytes = 300'000});
+    const QByteArray request = explainRequest(question + QByteArray(250'000, ' '));
+    RawConnection first(server.port);
+    RawConnection second(server.port);
+    first.send(request.left(200'000));
+    second.send(request.left(200'000));
+
+    first.send(request.mid(200'000));
+    second.send(request.mid(200'000));
+
+    EXPECT_THAT(first.toEnd().toStdString(), StartsWith("HTTP/1.1 200 "));
+    EXPECT_THAT(second.toEnd().toStdString(), StartsWith("HTTP/1.1 200 "));
+}
+
 TEST(ExplainServer, TurnsAwayAnAddressThatHasManyConnections)
 {
     const RunningServer server(echo, {.connectionsOfAddress = 2});
