@@ -10,7 +10,11 @@
 class SerialExecutor final
 {
 public:
-    SerialExecutor() { pool.setMaxThreadCount(1); }
+    SerialExecutor()
+    {
+        pool.setMaxThreadCount(1);
+        pool.setExpiryTimeout(-1); // The thread that was had once is kept: later there may be none to be had.
+    }
 
     /// The future result of \a job, a callable without arguments. It must not be cancelled.
     template <typename Job>

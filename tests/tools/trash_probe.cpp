@@ -1,5 +1,5 @@
 // Moves each argument to the Trash, through the very call that the application makes, and prints one line for each:
-// "moved", "gone", "refused: why" or "failed: why". Exit status 0 only if all were moved.
+// "moved", "gone", "refused: why", "failed: why" or "another moved: why". Exit status 0 only if all were moved.
 
 #include "platform/FileManager.h"
 
@@ -19,6 +19,8 @@ const char *word(TrashOutcome::Kind kind)
         return "refused: ";
     case TrashOutcome::Kind::failed:
         return "failed: ";
+    case TrashOutcome::Kind::anotherMoved:
+        return "another moved: ";
     }
     Q_UNREACHABLE();
 }

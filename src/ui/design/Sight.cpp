@@ -38,8 +38,8 @@ void Sight::follow(QQuickWindow *other)
 
 void Sight::update()
 {
-    const bool isNowSeen = window && window->isVisible() && window->visibility() != QWindow::Minimized &&
-                           window->isExposed();
+    const bool isNowSeen =
+        window && window->isVisible() && window->visibility() != QWindow::Minimized && window->isExposed();
     if (isNowSeen == seen)
         return;
     seen = isNowSeen;

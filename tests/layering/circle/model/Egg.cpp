@@ -1,2 +1,3 @@
-#include "model/Chicken.h"
 #include "model/Egg.h"
+
+#include "model/Chicken.h"
