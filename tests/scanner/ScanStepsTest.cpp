@@ -20,7 +20,7 @@ TEST_F(ScanSteps, HandTheStopOfTheScanToEverySearchAndEveryMeasurement)
     EXPECT_CALL(files, enumerate(_, isStopped)).Times(2);      // Project folders and large files.
     EXPECT_CALL(files, allocatedSizes(_, isStopped)).Times(4); // WhatsApp, caches, downloads and project copies.
 
-    ScanSnapshot snapshot;
+    ScanHarvest harvest;
     for (const ScanStep &step : scanSteps)
-        step.run({.files = files, .home = home.path(), .stop = scan.get_token()}, snapshot);
+        step.run({.files = files, .home = home.path(), .stop = scan.get_token()}, harvest);
 }
