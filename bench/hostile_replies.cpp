@@ -4,6 +4,7 @@
 #include "ai/GeminiClient.h"
 #include "ai/GeminiRecords.h"
 #include "ai/ScriptedServer.h"
+#include "platform/VisibleText.h"
 
 #include <QCoreApplication>
 #include <QCoro/QCoroTask>
@@ -13,6 +14,8 @@
 
 #include <chrono>
 #include <cstdio>
+
+#include <malloc.h>
 
 namespace {
 
@@ -41,6 +44,7 @@ double kilobytes(const QByteArray &figure)
 template <typename Act>
 double megabytesFor(Act act)
 {
+    malloc_trim(0); // What was there before and is free would be used again.
     QFile peak(QStringLiteral("/proc/self/clear_refs"));
     peak.open(QIODevice::WriteOnly);
     peak.write("5"); // The peak is what there is now.
@@ -70,6 +74,12 @@ QByteArray manyKeys()
     return json + "\"candidates\":[]}";
 }
 
+/// An answer that is a text of that alone.
+QByteArray textOf(const QByteArray &unit)
+{
+    return filled(R"({"candidates":[{"content":{"parts":[{"text":")", unit, R"("}]}}]})");
+}
+
 struct Hostile
 {
     const char *what;
@@ -80,8 +90,6 @@ QList<Hostile> replies()
 {
     const QByteArray parts = R"({"candidates":[{"content":{"parts":[)";
     const QByteArray end = "]}}]}";
-    const QByteArray text = parts + R"({"text":")";
-    const QByteArray textEnd = R"("})" + end;
     return {
         {"100,000 levels of lists", QByteArray(100'000, '[')},
         {"180 KB of lists under a key", "{\"x\":" + nested(180'000, "[", "]") + ",\"candidates\":[]}"},
@@ -96,8 +104,8 @@ QList<Hostile> replies()
          parts + (R"({"text":")" + QByteArray(190, 'x') + "\"},").repeated(4'900) + "{}" + end},
         {"numbers that are hard to read", filled("[", "1e-320,", "0]")},
         {"a number", filled("[0.", "7", "]")},
-        {"a text", filled(text, "x", textEnd)},
-        {"a text of escapes", filled(text, "\\u202e", textEnd)},
+        {"a text", textOf("x")},
+        {"a text of escapes", textOf("\\u202e")},
         {"a key", filled("{\"", "x", "\":0}")},
         {"spaces", filled("", " ", "")},
     };
@@ -151,8 +159,8 @@ QList<Endless> streams()
         {"the lines of a header", "HTTP/1.1 200 OK\r\nX: y\r\n", QByteArray(" z\r\n").repeated(16'000)},
         {"a status line", "HTTP/1.1 200 ", block},
         {"interim replies", "", QByteArray("HTTP/1.1 103 Early Hints\r\n\r\n").repeated(2'000)},
-        {"a megabyte of a text", reply(200, replies().at(12).bytes), ""},
-        {"a megabyte of escapes", reply(200, replies().at(13).bytes), ""},
+        {"a megabyte of a text", reply(200, textOf("x")), ""},
+        {"a megabyte of escapes", reply(200, textOf("\\u202e")), ""},
     };
 }
 
@@ -193,7 +201,7 @@ void measureReceiving()
         const double megabytes =
             megabytesFor([&] { explanation = QCoro::waitFor(GeminiClient::explain({}, endpoint)); });
         std::printf("%-34s %5.0f ms %6.1f MB  %s\n", streams().at(number).what, millisecondsSince(begin), megabytes,
-                    qPrintable(explanation.value_or(QStringLiteral("nothing")).left(80)));
+                    qPrintable(visibleText(explanation.value_or(QStringLiteral("nothing")).left(60))));
         server.kill();
         server.waitForFinished();
     }

@@ -117,7 +117,6 @@ void describe(const Transfer &transfer, const HttpsRequest &request, const Heade
                           .len = static_cast<std::size_t>(request.authorities.size()),
                           .flags = CURL_BLOB_NOCOPY};
     set(transfer, CURLOPT_CAINFO_BLOB, &authorities);
-    set(transfer, CURLOPT_CAPATH, static_cast<const char *>(nullptr));
 }
 
 void receive(const Transfer &transfer, Arrival &arrival)

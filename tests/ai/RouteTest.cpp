@@ -195,6 +195,15 @@ TEST_F(Route, IsNotWaitedForWhenTheApplicationQuits)
     waitForThreads();
 }
 
+TEST_F(Route, ToAServerThatStaysSilentHoldsNoThread)
+{
+    const ScriptedServer server(localhost(), [](QSslSocket &, const ScriptedServer::Request &) {});
+    endpoint.timeLimit = 500ms;
+
+    EXPECT_EQ(explainBy(server), timedOut);
+    EXPECT_EQ(threads(), threadsBefore);
+}
+
 TEST_F(Route, OfANameThatIsLongLookedUpHoldsNoThreadButTheSystems)
 {
     endpoint.host = QStringLiteral("slow.example");

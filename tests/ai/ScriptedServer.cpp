@@ -40,6 +40,7 @@ ScriptedServer::ScriptedServer(const TestIdentity &identity, Script answers)
     configuration.setLocalCertificate(identity.certificate);
     configuration.setPrivateKey(identity.key);
     configuration.setPeerVerifyMode(QSslSocket::VerifyNone);
+    configuration.setAllowedNextProtocols({"h2", "http/1.1"}); // Who wants HTTP/2 is not understood.
     server.setSslConfiguration(configuration);
     QObject::connect(&server, &QTcpServer::pendingConnectionAvailable, &server, [this] { accept(); });
     EXPECT_TRUE(server.listen(QHostAddress::LocalHost)) << qPrintable(server.errorString());

@@ -1,4 +1,5 @@
 #include "ai/ExplainTest.h"
+#include "ai/HttpsExchange.h"
 #include "ai/PlainServer.h"
 #include "support/InChild.h"
 
@@ -86,6 +87,15 @@ TEST_F(Transfer, IsNotAttemptedWithoutAProperAddress)
         endpoint.host = QString::fromLatin1(host);
         EXPECT_EQ(explain(), "absent") << host;
     }
+}
+
+TEST_F(Transfer, IsEncryptedOrNone)
+{
+    const QUrl url(QStringLiteral("file:///etc/passwd"));
+
+    const HttpsReply got = HttpsExchange().perform({.url = url, .headers = {}, .body = std::nullopt});
+
+    EXPECT_FALSE(got.failure.isEmpty());
 }
 
 TEST_F(Transfer, FailsWhereNoThreadCanBeStarted)

@@ -45,7 +45,7 @@ ContinuousRectangle {
                 spacing: 3
                 name: qsTr("Explanation")
                 Keys.onPressed: (event) => {
-                    event.accepted = root.rest !== "" && selectedText.length === length && event.matches(StandardKey.Copy);
+                    event.accepted = selectedText.length === length && event.matches(StandardKey.Copy);
                     if (event.accepted)
                         root.wholeCopied();
                 }
