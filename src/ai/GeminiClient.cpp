@@ -5,11 +5,12 @@
 #include "ai/Prompt.h"
 
 #include <QCoreApplication>
-#include <QCoro/QCoroFuture>
+#include <QFutureWatcher>
 #include <QPromise>
 #include <QStringList>
 #include <QTimer>
 
+#include <coroutine>
 #include <semaphore>
 #include <system_error>
 #include <thread>
@@ -144,6 +145,21 @@ std::thread start(const std::shared_ptr<Inquiry> &inquiry)
     }
 }
 
+/// Suspends a coroutine until somebody resumes it.
+struct Suspension
+{
+    std::coroutine_handle<> *suspended; ///< To be resumed.
+
+    bool await_ready() const { return false; }
+    void await_suspend(std::coroutine_handle<> handle) const { *suspended = handle; }
+    void await_resume() const {}
+};
+
+struct LaterDeleter
+{
+    void operator()(QObject *object) const { object->deleteLater(); }
+};
+
 void end(std::thread &thread, Inquiry &inquiry)
 {
     if (!thread.joinable())
@@ -172,17 +188,23 @@ QCoro::Task<std::optional<QString>> GeminiClient::explain(QList<CleanupCandidate
     if (!request.url.isValid() || request.url.host().isEmpty())
         co_return std::nullopt;
     const auto inquiry = std::make_shared<Inquiry>(std::move(request), endpoint);
+    // The wait below ends inside a signal of the watcher, which must live until it returns.
+    const std::unique_ptr<QFutureWatcher<Explanation>, LaterDeleter> watcher(new QFutureWatcher<Explanation>);
+    watcher->setFuture(inquiry->answer());
     QTimer limit;
     QObject::connect(&limit, &QTimer::timeout, &limit,
                      [inquiry] { inquiry->giveUp(QStringLiteral("The request timed out.")); });
-    QObject::connect(qApp, &QCoreApplication::aboutToQuit, &limit, [inquiry] {
+    QObject::connect(qApp, &QCoreApplication::aboutToQuit, &limit, [inquiry, waiting = watcher.get()] {
         inquiry->giveUp(QStringLiteral("The application quit."));
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::FutureCallOut); // No event loop is left that would.
+        QCoreApplication::sendPostedEvents(waiting); // No event loop is left that would.
     });
     limit.setTimerType(Qt::PreciseTimer);
     limit.start(endpoint.timeLimit);
     std::thread thread = start(inquiry);
-    const Explanation text = co_await inquiry->answer();
+    std::coroutine_handle<> waiting;
+    QObject::connect(watcher.get(), &QFutureWatcherBase::finished, watcher.get(), [&waiting] { waiting.resume(); });
+    const Suspension untilAnswered{&waiting};
+    co_await untilAnswered;
     end(thread, *inquiry);
-    co_return text;
+    co_return watcher->result();
 }
