@@ -59,6 +59,8 @@ FocusScope {
             }
             Row {
                 id: tools
+
+                visible: tools.children.length > 0
             }
         }
 
