@@ -183,8 +183,8 @@ QString stateFolder(const QProcessEnvironment &environment)
     if (QDir::isAbsolutePath(given))
         return given;
     const QString states = environment.value(QStringLiteral("XDG_STATE_HOME"));
-    const QString home = environment.value(QStringLiteral("HOME"), QDir::homePath());
-    return (QDir::isAbsolutePath(states) ? states : home + QStringLiteral("/.local/state")) +
+    const QDir home(environment.value(QStringLiteral("HOME"), QDir::homePath()));
+    return (QDir::isAbsolutePath(states) ? states : home.filePath(QStringLiteral(".local/state"))) +
            QStringLiteral("/tidlo-proxy");
 }
 

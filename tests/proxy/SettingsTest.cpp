@@ -134,6 +134,7 @@ TEST(Settings, KeepTheStateWhereTheEnvironmentSays)
 {
     EXPECT_EQ(settings({}, {{"XDG_STATE_HOME", "/s"}}).stateFolder, QStringLiteral("/s/tidlo-proxy"));
     EXPECT_EQ(settings({}, {{"XDG_STATE_HOME", "s"}}).stateFolder, QStringLiteral("/home/me/.local/state/tidlo-proxy"));
+    EXPECT_EQ(settings({}, {{"HOME", "/"}}).stateFolder, QStringLiteral("/.local/state/tidlo-proxy"));
     EXPECT_EQ(settings({}, {{"STATE_DIRECTORY", "/a:/b"}, {"XDG_STATE_HOME", "/s"}}).stateFolder, QStringLiteral("/a"));
 }
 
