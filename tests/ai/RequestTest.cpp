@@ -38,6 +38,12 @@ CleanupCandidate candidate(const QString &title, const QList<FilePath> &paths = 
 
 } // namespace
 
+TEST_F(Request, AsksForNoOtherProtocolWhereOneIsOffered)
+{
+    const ScriptedServer server(localhost(), sending(answer), {"h2", "http/1.1"});
+    EXPECT_EQ(explainBy(server), "A");
+}
+
 TEST_F(Request, IsAPostToExplain)
 {
     const ScriptedServer::Request request = received();

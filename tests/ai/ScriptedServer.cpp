@@ -33,14 +33,14 @@ std::optional<ScriptedServer::Request> takeRequest(QByteArray &bytes)
 
 } // namespace
 
-ScriptedServer::ScriptedServer(const TestIdentity &identity, Script answers)
+ScriptedServer::ScriptedServer(const TestIdentity &identity, Script answers, const QList<QByteArray> &protocols)
     : script(std::move(answers))
 {
     QSslConfiguration configuration;
     configuration.setLocalCertificate(identity.certificate);
     configuration.setPrivateKey(identity.key);
     configuration.setPeerVerifyMode(QSslSocket::VerifyNone);
-    configuration.setAllowedNextProtocols({"h2", "http/1.1"}); // Who wants HTTP/2 is not understood.
+    configuration.setAllowedNextProtocols(protocols);
     server.setSslConfiguration(configuration);
     QObject::connect(&server, &QTcpServer::pendingConnectionAvailable, &server, [this] { accept(); });
     EXPECT_TRUE(server.listen(QHostAddress::LocalHost)) << qPrintable(server.errorString());

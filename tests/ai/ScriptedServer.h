@@ -24,7 +24,8 @@ public:
     /// Called with each whole request; may keep the connection, which belongs to the server.
     using Script = std::function<void(QSslSocket &connection, const Request &request)>;
 
-    ScriptedServer(const TestIdentity &identity, Script script);
+    /// \a protocols are those that it offers to speak inside TLS, in words; it speaks HTTP/1.1 alone.
+    ScriptedServer(const TestIdentity &identity, Script script, const QList<QByteArray> &protocols = {});
 
     /// "localhost" and the port.
     QString host() const;

@@ -170,7 +170,7 @@ TEST_F(ExplainCommand, FailsWhenNobodyListens)
 
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(run.output, "");
-    EXPECT_EQ(run.errors, "tidlo-cli: \u26A0\uFE0F Request failed: Connection refused\n");
+    EXPECT_THAT(run.errors.toStdString(), StartsWith("tidlo-cli: \u26A0\uFE0F Request failed: "));
 }
 
 TEST_F(ExplainCommand, FailsWhenNothingWasSaid)
