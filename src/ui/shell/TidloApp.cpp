@@ -17,7 +17,7 @@ namespace {
 
 /// A scan or a move that a file system holds up for longer is left to it: at every moment an item is whole at its place
 /// or in the Trash.
-constexpr std::chrono::milliseconds quitLimit(900);
+constexpr std::chrono::milliseconds quitLimit(700);
 
 } // namespace
 
@@ -54,6 +54,7 @@ QQuickWindow *TidloApp::window() const
 int runTidlo(int argumentCount, char **arguments)
 {
     settleHome();
+    QuitLimit limit; // Goes after the application, whose end it bounds too.
     QGuiApplication application(argumentCount, arguments);
     QGuiApplication::setApplicationName(QLatin1StringView(applicationIdentifier)); // Names the folder of its cache.
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Tidlo"));
@@ -65,7 +66,7 @@ int runTidlo(int argumentCount, char **arguments)
         operations = tidlo.model().operations();
         if (tidlo.open())
             status = QGuiApplication::exec();
-        endAfter(quitLimit, status);
+        limit.begin(quitLimit, status);
     }
     while (!operations.expired())
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
