@@ -17,6 +17,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <openssl/crypto.h>
+
 using namespace std::chrono_literals;
 using testing::HasSubstr;
 using testing::Not;
@@ -75,7 +77,11 @@ protected:
         QFutureWatcher<Answer> watcher;
         QEventLoop loop;
         QObject::connect(&watcher, &QFutureWatcher<Answer>::finished, &loop, &QEventLoop::quit);
-        watcher.setFuture(QtConcurrent::run([=, this] { return relayed(question, upstream, timeLimit); }));
+        watcher.setFuture(QtConcurrent::run([=, this] {
+            const Answer answer = relayed(question, upstream, timeLimit);
+            OPENSSL_thread_stop(); // The pool's thread may end after the library has.
+            return answer;
+        }));
         loop.exec();
         return watcher.result();
     }
