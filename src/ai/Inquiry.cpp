@@ -41,7 +41,7 @@ public:
 
     /// Whether ask() has nothing left to do. If it was given up that may take a moment, or as long as the system holds
     /// it; this waits for the moment alone.
-    bool hasEnded() { return ended.try_acquire_for(std::chrono::milliseconds(100)); }
+    bool hasEnded() { return ended.try_acquire_for(std::chrono::milliseconds(500)); }
 
 private:
     /// The first answer counts.

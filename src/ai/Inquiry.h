@@ -25,5 +25,5 @@ struct Inquiry
 
 /// Asks, and gives the answer. When the time is over or the application quits, the answer is an excuse, at once; then
 /// the thread is stopped and, if the system holds it all the same, left to itself. Called on the main thread, which it
-/// does not block for longer than a tenth of a second.
+/// does not block for longer than half a second, and for that only where the system holds the thread.
 QCoro::Task<Inquiry::Answer> inquire(Inquiry inquiry);
