@@ -10,6 +10,8 @@
 #include <algorithm>
 #include <random>
 
+namespace tidlo {
+
 namespace {
 
 constexpr int itemCount = 100'000;
@@ -117,8 +119,11 @@ BENCHMARK(ScreenOfRows)->Unit(benchmark::kMillisecond);
 
 } // namespace
 
+} // namespace tidlo
+
 int main(int count, char **arguments)
 {
+    using namespace tidlo;
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QGuiApplication application(count, arguments);
     benchmark::Initialize(&count, arguments);

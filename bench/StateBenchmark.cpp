@@ -8,6 +8,8 @@
 
 #include <benchmark/benchmark.h>
 
+namespace tidlo {
+
 namespace {
 
 constexpr int candidateCount = 100;
@@ -121,8 +123,11 @@ BENCHMARK(Toggle);
 
 } // namespace
 
+} // namespace tidlo
+
 int main(int count, char **arguments)
 {
+    using namespace tidlo;
     const QCoreApplication application(count, arguments);
     benchmark::Initialize(&count, arguments);
     benchmark::RunSpecifiedBenchmarks();

@@ -1,10 +1,12 @@
 // What the walker's parts cost by themselves.
 
 #include "platform/DirectoryWalker.h"
-#include "platform/FileName.h"
+#include "platform/Paths.h"
 #include "support/TemporaryHome.h"
 
 #include <benchmark/benchmark.h>
+
+namespace tidlo {
 
 namespace {
 
@@ -63,5 +65,7 @@ void PackageName(benchmark::State &state)
 BENCHMARK(PackageName);
 
 } // namespace
+
+} // namespace tidlo
 
 BENCHMARK_MAIN();

@@ -15,6 +15,8 @@
 #include <cstdio>
 #include <vector>
 
+namespace tidlo {
+
 /// Times the events that the main thread works on, in milliseconds.
 ///
 /// What counts as work of ours is what the main thread does for one event, less what the renderer draws: how long that
@@ -101,3 +103,5 @@ inline bool openQuietly(TidloApp &tidlo)
     tidlo.model().setShowMoveToApplicationsPrompt(false);
     return true;
 }
+
+} // namespace tidlo

@@ -23,6 +23,8 @@
 #include <sys/stat.h>
 #include <sys/syscall.h>
 
+namespace tidlo {
+
 namespace {
 
 struct Folder
@@ -57,8 +59,11 @@ void read(int parent, const Folder &folder, Buffer &buffer)
 
 } // namespace
 
+} // namespace tidlo
+
 int main(int count, char **arguments)
 {
+    using namespace tidlo;
     if (count != 2) {
         std::fprintf(stderr, "usage: bare_calls <plan>\n");
         return 2;

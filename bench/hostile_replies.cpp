@@ -17,6 +17,8 @@
 
 #include <malloc.h>
 
+namespace tidlo {
+
 namespace {
 
 using Clock = std::chrono::steady_clock;
@@ -209,8 +211,11 @@ void measureReceiving()
 
 } // namespace
 
+} // namespace tidlo
+
 int main(int count, char **arguments)
 {
+    using namespace tidlo;
     const QCoreApplication application(count, arguments);
     if (count == 2)
         return serve(std::atoi(arguments[1]));

@@ -17,6 +17,8 @@
 #include <linux/fs.h>
 #include <sys/syscall.h>
 
+namespace tidlo {
+
 namespace {
 
 constexpr qint64 block = 4096;
@@ -95,8 +97,11 @@ bool checkSwaps()
 
 } // namespace
 
+} // namespace tidlo
+
 int main()
 {
+    using namespace tidlo;
     const bool isTreeRight = checkTree();
     const bool areSwapsRight = checkSwaps();
     return isTreeRight && areSwapsRight ? EXIT_SUCCESS : EXIT_FAILURE;

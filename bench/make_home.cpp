@@ -16,6 +16,8 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+namespace tidlo {
+
 namespace {
 
 constexpr int projects = 60;
@@ -141,8 +143,11 @@ void makeRest(const Folder &home, int files)
 
 } // namespace
 
+} // namespace tidlo
+
 int main(int count, char **arguments)
 {
+    using namespace tidlo;
     const int files = count == 3 ? std::atoi(arguments[2]) : 0;
     if (files <= 0) {
         std::fprintf(stderr, "usage: make_home <folder> <files>\n");

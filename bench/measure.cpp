@@ -7,6 +7,7 @@
 
 int main(int count, char **arguments)
 {
+    using namespace tidlo;
     if (count < 3) {
         std::fprintf(stderr, "usage: measure <workers> <path>...\n");
         return 2;

@@ -12,6 +12,8 @@
 #include <memory>
 #include <vector>
 
+namespace tidlo {
+
 namespace {
 
 /// Milliseconds that quitting takes, so long after the scan has begun.
@@ -34,8 +36,11 @@ double quitAfter(std::chrono::milliseconds delay)
 
 } // namespace
 
+} // namespace tidlo
+
 int main(int count, char **arguments)
 {
+    using namespace tidlo;
     const QCoreApplication application(count, arguments);
     std::vector<double> times;
     for (std::chrono::milliseconds delay{0};; delay += std::chrono::milliseconds(10)) {

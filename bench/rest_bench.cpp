@@ -12,6 +12,8 @@
 
 #include <unistd.h>
 
+namespace tidlo {
+
 namespace {
 
 constexpr int restMilliseconds = 6000;
@@ -48,8 +50,11 @@ void printShare(const char *what)
 
 } // namespace
 
+} // namespace tidlo
+
 int main(int argc, char **argv)
 {
+    using namespace tidlo;
     MeteredApplication application(argc, argv);
     TidloApp tidlo(quietEnvironment());
     if (!openQuietly(tidlo))

@@ -19,6 +19,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+namespace tidlo {
+
 namespace {
 
 struct Disk
@@ -74,8 +76,11 @@ int writeDisk(const char *, const char *buffer, size_t length, off_t offset, fus
 
 } // namespace
 
+} // namespace tidlo
+
 int main(int count, char **arguments)
 {
+    using namespace tidlo;
     struct stat status;
     if (count != 3 || (disk.image = open(arguments[1], O_RDWR | O_CLOEXEC)) < 0 || fstat(disk.image, &status) != 0) {
         std::fprintf(stderr, "usage: rotating_disk <image> <empty folder>\n");

@@ -10,6 +10,7 @@
 
 int main(int count, char **arguments)
 {
+    using namespace tidlo;
     if (count != 2) {
         std::fprintf(stderr, "usage: scan_once <workers>\n");
         return 2;

@@ -20,6 +20,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+namespace tidlo {
+
 namespace {
 
 constexpr int items = 1'000;
@@ -94,8 +96,11 @@ double median(std::array<Round, rounds> all, Milliseconds Round::*part)
 
 } // namespace
 
+} // namespace tidlo
+
 int main(int count, char **arguments)
 {
+    using namespace tidlo;
     const FilePath disk = count > 1 ? FilePath(arguments[1]) : QDir::currentPath().toLocal8Bit();
     std::array<Round, rounds> all;
     std::ranges::generate(all, [&] { return measure(disk); });

@@ -13,6 +13,8 @@
 #include <cstdio>
 #include <cstring>
 
+namespace tidlo {
+
 namespace {
 
 double secondsOfScan(AppViewModel &app)
@@ -102,8 +104,11 @@ void printMemory()
 
 } // namespace
 
+} // namespace tidlo
+
 int main(int argc, char **argv)
 {
+    using namespace tidlo;
     MeteredApplication application(argc, argv);
     TidloApp tidlo(quietEnvironment());
     if (!openQuietly(tidlo))

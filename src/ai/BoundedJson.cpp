@@ -5,6 +5,8 @@
 #include <utility>
 #include <vector>
 
+namespace tidlo {
+
 namespace {
 
 using Json = nlohmann::json;
@@ -105,3 +107,5 @@ BoundedJson readBoundedJson(const QByteArray &bytes, std::span<const std::string
     Json::sax_parse(bytes.begin(), bytes.end(), &reader);
     return reader.take();
 }
+
+} // namespace tidlo

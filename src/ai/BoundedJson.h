@@ -8,6 +8,8 @@
 #include <span>
 #include <string_view>
 
+namespace tidlo {
+
 /// What was asked for of a document, or why the document is refused.
 struct BoundedJson
 {
@@ -19,3 +21,5 @@ struct BoundedJson
 /// of a key that comes twice the last value. Any input is safe: one that is nested more than 64 levels deep or holds
 /// more than 10,000 values is refused, kept or not, so time and memory grow with its size alone. From any thread.
 BoundedJson readBoundedJson(const QByteArray &bytes, std::span<const std::string_view> keys);
+
+} // namespace tidlo

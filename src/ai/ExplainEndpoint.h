@@ -9,6 +9,8 @@
 #include <functional>
 #include <optional>
 
+namespace tidlo {
+
 /// Where explanations come from, how long they may take and be, and who asks. The defaults are the live values: the
 /// host is fixed when the program is built, and nothing changes it later.
 struct ExplainEndpoint
@@ -22,3 +24,5 @@ struct ExplainEndpoint
     /// TIDLO_AI_PROXY_HOST as the program was built with it.
     static QString builtInHost();
 };
+
+} // namespace tidlo

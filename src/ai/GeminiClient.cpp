@@ -7,6 +7,8 @@
 
 #include <QStringList>
 
+namespace tidlo {
+
 namespace {
 
 using Explanation = std::optional<QString>;
@@ -108,3 +110,5 @@ QCoro::Task<std::optional<QString>> GeminiClient::explain(QList<CleanupCandidate
                           .timeLimit = endpoint.timeLimit};
     co_return co_await inquire(inquiry);
 }
+
+} // namespace tidlo

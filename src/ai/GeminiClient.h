@@ -5,6 +5,8 @@
 
 #include <QCoro/QCoroTask>
 
+namespace tidlo {
+
 /// The one network component: asks the AI proxy to explain findings. This is its whole public face; it keeps no state.
 ///
 /// What is sent is what promptFor() (Prompt.h) writes, and an identifier of the machine; never the content of a file.
@@ -29,3 +31,5 @@ public:
     /// every call.
     static QString deviceUUID();
 };
+
+} // namespace tidlo

@@ -4,6 +4,8 @@
 
 #include <array>
 
+namespace tidlo {
+
 namespace {
 
 using Json = nlohmann::json;
@@ -170,3 +172,5 @@ Decoded<Record> decode(const QByteArray &json)
 template Decoded<GeminiGenerateRequest> decode(const QByteArray &json);
 template Decoded<GeminiGenerateResponse> decode(const QByteArray &json);
 template Decoded<ProxyErrorResponse> decode(const QByteArray &json);
+
+} // namespace tidlo

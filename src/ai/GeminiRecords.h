@@ -6,6 +6,8 @@
 
 #include <optional>
 
+namespace tidlo {
+
 /// The messages exchanged with the AI proxy. Keys are the field names; unknown keys are ignored, and a record that
 /// lacks a key fails to decode as a whole. A text part alone may be missing or null.
 
@@ -67,3 +69,5 @@ Decoded<Record> decode(const QByteArray &json);
 extern template Decoded<GeminiGenerateRequest> decode(const QByteArray &json);
 extern template Decoded<GeminiGenerateResponse> decode(const QByteArray &json);
 extern template Decoded<ProxyErrorResponse> decode(const QByteArray &json);
+
+} // namespace tidlo

@@ -2,6 +2,8 @@
 
 #include <array>
 
+namespace tidlo {
+
 namespace {
 
 constexpr qint64 mostAroundTheBody = 256 * 1024;
@@ -189,3 +191,5 @@ void HttpsExchange::stop()
     stopped = true;
     curl_multi_wakeup(multi.get());
 }
+
+} // namespace tidlo

@@ -12,6 +12,8 @@
 
 #include <curl/curl.h>
 
+namespace tidlo {
+
 /// A header of a request: its name and its value.
 using HttpHeader = std::pair<QByteArray, QByteArray>;
 
@@ -58,3 +60,5 @@ private:
     std::unique_ptr<CURLM, Release> multi{curl_multi_init()};
     std::atomic<bool> stopped = false;
 };
+
+} // namespace tidlo

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <array>
 
+namespace tidlo {
+
 namespace {
 
 constexpr int mostRedirects = 20;
@@ -67,3 +69,5 @@ HttpsReply httpsPost(HttpsRequest request, HttpsExchange &exchange)
     endless.failure = QStringLiteral("There were too many redirects.");
     return endless;
 }
+
+} // namespace tidlo

@@ -11,6 +11,8 @@
 #include <system_error>
 #include <thread>
 
+namespace tidlo {
+
 namespace {
 
 using Answer = Inquiry::Answer;
@@ -117,3 +119,5 @@ QCoro::Task<Answer> inquire(Inquiry inquiry)
     end(thread, *asking);
     co_return watcher->result();
 }
+
+} // namespace tidlo

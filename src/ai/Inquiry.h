@@ -9,6 +9,8 @@
 #include <functional>
 #include <optional>
 
+namespace tidlo {
+
 /// What one thread finds out while the main thread waits for it, or gives it up.
 struct Inquiry
 {
@@ -27,3 +29,5 @@ struct Inquiry
 /// the thread is stopped and, if the system holds it all the same, left to itself. Called on the main thread, which it
 /// does not block for longer than half a second, and for that only where the system holds the thread.
 QCoro::Task<Inquiry::Answer> inquire(Inquiry inquiry);
+
+} // namespace tidlo

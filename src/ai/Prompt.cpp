@@ -4,6 +4,8 @@
 
 #include <QStringList>
 
+namespace tidlo {
+
 namespace {
 
 constexpr qsizetype findingsPerPrompt = 8;
@@ -68,3 +70,5 @@ QString promptFor(const QList<CleanupCandidate> &candidates)
         blocks.append(block(candidate));
     return instructions + blocks.join(QLatin1Char('\n'));
 }
+
+} // namespace tidlo

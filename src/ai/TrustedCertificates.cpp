@@ -4,6 +4,8 @@
 #include <QSslCertificate>
 #include <QSslConfiguration>
 
+namespace tidlo {
+
 namespace {
 
 QByteArray asPem(const QList<QSslCertificate> &certificates)
@@ -30,3 +32,5 @@ QByteArray trustedCertificates()
         return systemAuthorities();
     return systemAuthorities() + asPem(QSslCertificate::fromPath(QFile::decodeName(name)));
 }
+
+} // namespace tidlo

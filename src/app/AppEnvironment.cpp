@@ -4,6 +4,8 @@
 
 #include <QDir>
 
+namespace tidlo {
+
 AppEnvironment::Explain AppEnvironment::liveExplain()
 {
     return [](QList<CleanupCandidate> candidates) { return GeminiClient::explain(std::move(candidates)); };
@@ -13,3 +15,5 @@ FilePath AppEnvironment::liveTemporaryFolder()
 {
     return QFile::encodeName(QDir::tempPath());
 }
+
+} // namespace tidlo

@@ -12,6 +12,8 @@
 #include <memory>
 #include <optional>
 
+namespace tidlo {
+
 /// What the state owner depends on. The defaults are the live values; a test passes its own.
 struct AppEnvironment
 {
@@ -29,3 +31,5 @@ struct AppEnvironment
     static Explain liveExplain();
     static FilePath liveTemporaryFolder();
 };
+
+} // namespace tidlo

@@ -10,6 +10,8 @@
 
 #include <optional>
 
+namespace tidlo {
+
 /// Everything that AppViewModel knows, as it stands when the application starts. It publishes all but the last group.
 struct AppState
 {
@@ -35,3 +37,5 @@ struct AppState
     QList<StayedItem> stayed;     ///< What the cleanup of the report could not move.
     bool isMovingToTrash = false; ///< A cleanup is under way.
 };
+
+} // namespace tidlo

@@ -4,6 +4,8 @@
 #include <QPointer>
 #include <QThread>
 
+namespace tidlo {
+
 AppViewModel::AppViewModel(AppEnvironment given, QObject *parent)
     : QObject(parent)
     , environment(std::move(given))
@@ -28,3 +30,5 @@ QCoro::Task<> AppViewModel::readDiskTotals()
     if (self)
         setTotals(totals);
 }
+
+} // namespace tidlo

@@ -9,6 +9,8 @@
 
 #include <stop_token>
 
+namespace tidlo {
+
 /// The one owner of what the application shows, and the operations that screens call. This is its whole public face;
 /// what the properties mean stands in AppState.h.
 ///
@@ -233,3 +235,5 @@ private:
     std::optional<std::stop_source> scanTask;                       ///< Cancels the last scan that was started.
     AppState state;
 };
+
+} // namespace tidlo

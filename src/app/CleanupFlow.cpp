@@ -2,6 +2,8 @@
 
 #include <QPointer>
 
+namespace tidlo {
+
 void AppViewModel::moveSelectedToTrash()
 {
     const QList<CleanupCandidate> selected = selectedCandidates();
@@ -51,3 +53,5 @@ void AppViewModel::setMovingToTrash(bool isMoving)
     state.isMovingToTrash = isMoving;
     Q_EMIT isMovingToTrashChanged();
 }
+
+} // namespace tidlo

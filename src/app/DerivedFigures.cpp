@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <functional>
 
+namespace tidlo {
+
 namespace {
 
 template <typename Condition>
@@ -56,3 +58,5 @@ qsizetype AppViewModel::protectedCount() const
 {
     return std::ranges::count(read(state.candidates), CleanupRisk::never, &CleanupCandidate::risk);
 }
+
+} // namespace tidlo

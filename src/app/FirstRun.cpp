@@ -2,6 +2,8 @@
 
 #include "platform/Containment.h"
 
+namespace tidlo {
+
 namespace {
 
 /// Whether there is a bundle that can be moved, and somewhere to move it to.
@@ -25,3 +27,5 @@ void beginFirstRun(AppViewModel &model)
     else
         model.skipMoveToApplicationsPrompt();
 }
+
+} // namespace tidlo

@@ -4,6 +4,8 @@
 #include <QCoreApplication>
 #include <QPointer>
 
+namespace tidlo {
+
 bool AppViewModel::isSetupNeeded() const
 {
     return !environment.defaults->boolean(UserDefaults::setupCompleted);
@@ -54,3 +56,5 @@ void AppViewModel::reportPlacementFailure(const QString &message)
     setShowMoveToApplicationsError(true);
     setShowSetupWizard(isSetupNeeded());
 }
+
+} // namespace tidlo

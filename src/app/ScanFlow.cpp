@@ -3,6 +3,8 @@
 
 #include <QPointer>
 
+namespace tidlo {
+
 void AppViewModel::startScan()
 {
     requireMainThread();
@@ -57,3 +59,5 @@ QCoro::Task<> AppViewModel::explainWithGemini()
         setAiSummary(explanation);
     setIsGeneratingAI(false);
 }
+
+} // namespace tidlo

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace tidlo {
+
 void AppViewModel::toggleCandidate(const CleanupCandidate &candidate)
 {
     constexpr SpringAnimation spring{.response = 0.24, .dampingFraction = 0.86, .blendDuration = 0};
@@ -16,3 +18,5 @@ void AppViewModel::toggleCandidate(const CleanupCandidate &candidate)
         toggled.selected = !toggled.selected;
     });
 }
+
+} // namespace tidlo

@@ -2,6 +2,8 @@
 
 #include <QMetaType>
 
+namespace tidlo {
+
 /// How views animate a change: a spring, with times in seconds.
 struct SpringAnimation
 {
@@ -17,3 +19,5 @@ public:
 
     bool operator==(const SpringAnimation &) const = default;
 };
+
+} // namespace tidlo

@@ -7,6 +7,8 @@
 
 #include <cstdio>
 
+namespace tidlo {
+
 namespace {
 
 /// Writes the script and starts it. Gives what went wrong, for a person; then nothing has been started.
@@ -39,3 +41,5 @@ void AppViewModel::uninstallTidloCompletely()
     }
     environment.workspace->terminateApplication();
 }
+
+} // namespace tidlo

@@ -17,6 +17,8 @@
 
 #include <unistd.h>
 
+namespace tidlo {
+
 namespace {
 
 struct RiskWord
@@ -148,3 +150,5 @@ Command cleanCommand()
                         {"json", "Print the report as one JSON object, and nothing else."}},
             .run = runClean};
 }
+
+} // namespace tidlo

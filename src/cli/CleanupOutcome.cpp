@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+namespace tidlo {
+
 QString CleanupOutcome::text() const
 {
     const CleanupReport &report = cleanup.report;
@@ -41,3 +43,5 @@ int CleanupOutcome::exitStatus() const
         return 128 + signal;
     return cleanup.stayed.isEmpty() ? succeeded : failed;
 }
+
+} // namespace tidlo

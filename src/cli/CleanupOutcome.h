@@ -2,6 +2,8 @@
 
 #include "scanner/MoveToTrash.h"
 
+namespace tidlo {
+
 /// What came of moving a selection to the Trash.
 struct CleanupOutcome
 {
@@ -15,3 +17,5 @@ struct CleanupOutcome
     QString complaint() const;
     int exitStatus() const;
 };
+
+} // namespace tidlo

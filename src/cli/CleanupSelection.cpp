@@ -6,6 +6,8 @@
 
 #include <QSet>
 
+namespace tidlo {
+
 QString CleanupSelection::text() const
 {
     return QStringLiteral("%1 (%2)").arg(countText(paths.size(), QStringLiteral("item")), byteCountText(bytes));
@@ -29,3 +31,5 @@ CleanupSelection cleanupSelection(const QList<CleanupCandidate> &candidates, con
     }
     return selection;
 }
+
+} // namespace tidlo

@@ -2,6 +2,8 @@
 
 #include "model/CleanupCandidate.h"
 
+namespace tidlo {
+
 /// The findings that are to be moved to the Trash.
 struct CleanupSelection
 {
@@ -15,3 +17,5 @@ struct CleanupSelection
 
 /// Of \a candidates those that are selected, may be touched and have one of \a risks; any risk if none is given.
 CleanupSelection cleanupSelection(const QList<CleanupCandidate> &candidates, const QList<CleanupRisk> &risks);
+
+} // namespace tidlo

@@ -5,6 +5,8 @@
 #include <QCommandLineParser>
 #include <QList>
 
+namespace tidlo {
+
 /// What main makes and commands use.
 struct CommandContext
 {
@@ -45,3 +47,5 @@ struct Command
     int (*run)(const QCommandLineParser &options, CommandContext &context); ///< Returns the exit status.
     bool needsThread = true; ///< It scans, and so can do nothing where the system starts no thread.
 };
+
+} // namespace tidlo

@@ -6,6 +6,8 @@
 
 #include <unistd.h>
 
+namespace tidlo {
+
 namespace {
 
 /// "-h, --help" or "--risk <risk>".
@@ -71,3 +73,5 @@ QString helpText(const Command &command, const QList<Command> &commands)
     return usageLine(command) + u'\n' + QLatin1StringView(command.description) +
            (commands.isEmpty() ? QString() : helpTable("Commands", commandRows)) + helpTable("Options", optionRows);
 }
+
+} // namespace tidlo

@@ -2,6 +2,8 @@
 
 #include "cli/Command.h"
 
+namespace tidlo {
+
 /// The names of an option without dashes, the short one first.
 QStringList optionNames(const CommandOption &option);
 
@@ -13,3 +15,5 @@ int reportMisuse(const Command &command, const QString &complaint);
 
 /// Usage, description and options of a command; of the program itself also the \a commands it has.
 QString helpText(const Command &command, const QList<Command> &commands = {});
+
+} // namespace tidlo

@@ -13,6 +13,8 @@
 #include <system_error>
 #include <thread>
 
+namespace tidlo {
+
 namespace {
 
 /// Those that help tells of.
@@ -96,3 +98,5 @@ int runCommandLine(const QStringList &arguments, CommandContext &context)
     const std::optional<int> status = answered(parser, *command, helpText(*command), arguments.mid(1));
     return status ? *status : run(*command, parser, context);
 }
+
+} // namespace tidlo

@@ -7,6 +7,8 @@
 #include "cli/ScanWithProgress.h"
 #include "platform/VisibleText.h"
 
+namespace tidlo {
+
 namespace {
 
 /// Shown whole, with what could act on the terminal escaped, and ending with its line.
@@ -49,3 +51,5 @@ Command explainCommand()
             .options = {{"prompt", "Show what would be sent, and send nothing."}},
             .run = runExplain};
 }
+
+} // namespace tidlo

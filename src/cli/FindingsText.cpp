@@ -7,6 +7,8 @@
 
 #include <algorithm>
 
+namespace tidlo {
+
 namespace {
 
 Ink inkOf(CleanupRisk risk)
@@ -140,3 +142,5 @@ QString countText(qint64 count, const QString &thing)
 {
     return QStringLiteral("%1 %2%3").arg(QString::number(count), thing, count == 1 ? QString() : QStringLiteral("s"));
 }
+
+} // namespace tidlo

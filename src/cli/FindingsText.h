@@ -3,6 +3,8 @@
 #include "cli/Terminal.h"
 #include "model/ScanSnapshot.h"
 
+namespace tidlo {
+
 /// Whether the paths of a finding are listed beneath it.
 enum class ListedPaths { none, all };
 
@@ -15,3 +17,5 @@ QString totalsText(const ScanTotals &totals, const Terminal &terminal);
 
 /// "1 item", "2 items".
 QString countText(qint64 count, const QString &thing);
+
+} // namespace tidlo

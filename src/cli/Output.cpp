@@ -13,6 +13,8 @@
 #include <poll.h>
 #include <unistd.h>
 
+namespace tidlo {
+
 void holdStandardStreams()
 {
     for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
@@ -58,3 +60,5 @@ void complain(const QString &text)
 {
     writeAll(STDERR_FILENO, (QStringLiteral("tidlo-cli: ") + visibleText(text) + u'\n').toUtf8());
 }
+
+} // namespace tidlo

@@ -5,6 +5,8 @@
 
 #include <nlohmann/json_fwd.hpp>
 
+namespace tidlo {
+
 /// Opens what the caller left closed among the three standard descriptors so that no file opened later takes its place;
 /// reading from or writing to such a stand-in fails. To be called before anything else.
 void holdStandardStreams();
@@ -20,3 +22,5 @@ int print(const nlohmann::ordered_json &json);
 
 /// Writes a line to standard error, with the program's name in front and control characters shown as escapes.
 void complain(const QString &text);
+
+} // namespace tidlo

@@ -8,6 +8,8 @@
 
 #include <unistd.h>
 
+namespace tidlo {
+
 namespace {
 
 constexpr char erasure[] = "\r\x1b[K";
@@ -47,3 +49,5 @@ void ProgressLine::show(const QString &text)
     isShown = true;
     writeAll(STDERR_FILENO, erasure + text.left(terminal.columns - 1).toUtf8());
 }
+
+} // namespace tidlo

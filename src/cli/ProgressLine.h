@@ -4,6 +4,8 @@
 
 #include <QString>
 
+namespace tidlo {
+
 /// One line on standard error that tells what is being done, where that is a terminal. It is gone when this object is,
 /// and also when a signal ends the program. One at a time.
 class ProgressLine final
@@ -20,3 +22,5 @@ public:
 private:
     SignalActions signalActions;
 };
+
+} // namespace tidlo

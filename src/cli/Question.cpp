@@ -8,6 +8,8 @@
 #include <termios.h>
 #include <unistd.h>
 
+namespace tidlo {
+
 bool canAsk()
 {
     return isatty(STDIN_FILENO) != 0 && isatty(STDERR_FILENO) != 0;
@@ -25,3 +27,5 @@ bool agreesTo(const QString &question)
     const QByteArray answer = QByteArray::fromStdString(line).trimmed().toLower();
     return answer == "y" || answer == "yes";
 }
+
+} // namespace tidlo

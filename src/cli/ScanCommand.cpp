@@ -9,6 +9,8 @@
 
 #include <unistd.h>
 
+namespace tidlo {
+
 namespace {
 
 nlohmann::ordered_json jsonOf(const ScanSnapshot &snapshot)
@@ -51,3 +53,5 @@ Command scanCommand()
                         {"json", "Print one JSON object, and nothing else."}},
             .run = runScan};
 }
+
+} // namespace tidlo

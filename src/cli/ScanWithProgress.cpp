@@ -3,6 +3,8 @@
 #include "cli/ProgressLine.h"
 #include "model/TidloPercent.h"
 
+namespace tidlo {
+
 ScanSnapshot scanWithProgress(FileSizeScanner &scanner)
 {
     ProgressLine line;
@@ -11,3 +13,5 @@ ScanSnapshot scanWithProgress(FileSizeScanner &scanner)
     }));
     return result.snapshot;
 }
+
+} // namespace tidlo

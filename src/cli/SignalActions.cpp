@@ -1,5 +1,7 @@
 #include "cli/SignalActions.h"
 
+namespace tidlo {
+
 SignalActions::SignalActions(void (*handler)(int signal))
 {
     struct sigaction action = {};
@@ -17,3 +19,5 @@ SignalActions::~SignalActions()
     for (size_t i = 0; i < signals.size(); ++i)
         sigaction(signals[i], &former[i], nullptr);
 }
+
+} // namespace tidlo

@@ -3,6 +3,8 @@
 #include <array>
 #include <csignal>
 
+namespace tidlo {
+
 /// Handles the signals by which a person or the system asks the program to end, SIGINT, SIGTERM and SIGHUP, while it
 /// exists; then they do again what they did before. What is ignored stays ignored, as nohup wants it.
 class SignalActions final
@@ -20,3 +22,5 @@ private:
 
     std::array<struct sigaction, signals.size()> former{};
 };
+
+} // namespace tidlo

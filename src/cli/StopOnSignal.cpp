@@ -6,6 +6,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+namespace tidlo {
+
 namespace {
 
 static_assert(std::atomic<int>::is_always_lock_free, "A signal handler reads it.");
@@ -52,3 +54,5 @@ void StopOnSignal::receive()
     source.request_stop();
     stopRequested();
 }
+
+} // namespace tidlo

@@ -9,6 +9,8 @@
 #include <optional>
 #include <stop_token>
 
+namespace tidlo {
+
 /// While it exists, the first Ctrl-C (or SIGTERM, SIGHUP) requests a stop instead of ending the program; the same again
 /// ends it. The event loop of the thread that made it must run. One at a time.
 class StopOnSignal final
@@ -41,3 +43,5 @@ private:
     int received = 0;
     std::optional<SignalActions> signalActions; ///< From when the handler can write to the pipe.
 };
+
+} // namespace tidlo

@@ -5,6 +5,8 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
+namespace tidlo {
+
 namespace {
 
 struct InkRow
@@ -47,3 +49,5 @@ QString inked(Ink ink, const QString &text, bool colour)
     }
     return text;
 }
+
+} // namespace tidlo

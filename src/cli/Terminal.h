@@ -2,6 +2,8 @@
 
 #include <QString>
 
+namespace tidlo {
+
 /// What can be shown behind a descriptor.
 struct Terminal
 {
@@ -17,3 +19,5 @@ enum class Ink { plain, strong, faint, green, blue, yellow, red };
 
 /// \a text, in that ink where \a colour is set.
 QString inked(Ink ink, const QString &text, bool colour);
+
+} // namespace tidlo

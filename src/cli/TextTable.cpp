@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace tidlo {
+
 namespace {
 
 constexpr int gap = 2;
@@ -43,3 +45,5 @@ QStringList TextTable::lines(bool colour) const
     }
     return lines;
 }
+
+} // namespace tidlo

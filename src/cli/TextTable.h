@@ -5,6 +5,8 @@
 #include <QList>
 #include <QStringList>
 
+namespace tidlo {
+
 struct TableCell
 {
     QString text;
@@ -29,3 +31,5 @@ struct TextTable
     /// The headings and then a line for each row, without line feeds.
     QStringList lines(bool colour) const;
 };
+
+} // namespace tidlo

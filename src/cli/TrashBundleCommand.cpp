@@ -4,6 +4,8 @@
 #include "cli/Output.h"
 #include "platform/Bundle.h"
 
+namespace tidlo {
+
 namespace {
 
 int runTrashBundle(const QCommandLineParser &options, CommandContext &context)
@@ -45,3 +47,5 @@ Command trashBundleCommand()
             .run = runTrashBundle,
             .needsThread = false};
 }
+
+} // namespace tidlo

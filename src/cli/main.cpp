@@ -9,6 +9,8 @@
 
 #include <langinfo.h>
 
+namespace tidlo {
+
 /// Qt wants a locale with UTF-8 and says so on standard error where there is none, as in many containers.
 static void chooseUtf8()
 {
@@ -17,8 +19,11 @@ static void chooseUtf8()
         qputenv("LC_ALL", "C.UTF-8");
 }
 
+} // namespace tidlo
+
 int main(int argc, char *argv[])
 {
+    using namespace tidlo;
     holdStandardStreams();
     chooseUtf8();
     if (const auto ignored = settleHome())

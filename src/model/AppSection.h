@@ -2,6 +2,8 @@
 
 #include "model/RawValue.h"
 
+namespace tidlo {
+
 /// The sections of the main window, identified by their raw values.
 enum class AppSection { scan, results, report, settings };
 
@@ -12,3 +14,5 @@ inline constexpr std::array rawValues<AppSection>{
     RawValueRow{AppSection::report, QLatin1StringView("report")},
     RawValueRow{AppSection::settings, QLatin1StringView("settings")},
 };
+
+} // namespace tidlo

@@ -2,6 +2,8 @@
 
 #include <QtGlobal>
 
+namespace tidlo {
+
 /// The sum of two byte counts. A sum that does not fit stops the program: a wrong figure must never be shown.
 inline qint64 checkedSum(qint64 left, qint64 right)
 {
@@ -10,3 +12,5 @@ inline qint64 checkedSum(qint64 left, qint64 right)
         qFatal("The sum of two byte counts does not fit 64 bits: %lld + %lld", left, right);
     return sum;
 }
+
+} // namespace tidlo

@@ -11,6 +11,8 @@
 
 #include <optional>
 
+namespace tidlo {
+
 /// One cleanup proposal: many paths under one title. A value; the identifier is its identity in lists.
 struct CleanupCandidate
 {
@@ -39,3 +41,5 @@ public:
 
 /// Combines all nine fields, in order.
 size_t qHash(const CleanupCandidate &candidate, size_t seed = 0) noexcept;
+
+} // namespace tidlo

@@ -2,6 +2,8 @@
 
 #include "model/RawValue.h"
 
+namespace tidlo {
+
 /// What kind of thing a finding is. The raw value is the title shown and the identity when encoded.
 enum class CleanupCategory {
     devProjects,
@@ -21,3 +23,5 @@ inline constexpr std::array rawValues<CleanupCategory>{
     RawValueRow{CleanupCategory::oldLargeFiles, QLatin1StringView("Large & old files")},
     RawValueRow{CleanupCategory::protected_, QLatin1StringView("Protected")},
 };
+
+} // namespace tidlo

@@ -5,6 +5,8 @@
 
 #include <optional>
 
+namespace tidlo {
+
 /// The outcome of moving candidates to the Trash.
 struct CleanupReport
 {
@@ -23,3 +25,5 @@ public:
 
     bool operator==(const CleanupReport &) const = default;
 };
+
+} // namespace tidlo

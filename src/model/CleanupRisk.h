@@ -2,6 +2,8 @@
 
 #include "model/RawValue.h"
 
+namespace tidlo {
+
 /// How safe it is to move a finding to the Trash. The raw value is the title shown and the identity when encoded.
 enum class CleanupRisk { safe, rebuildable, review, never };
 
@@ -12,3 +14,5 @@ inline constexpr std::array rawValues<CleanupRisk>{
     RawValueRow{CleanupRisk::review, QLatin1StringView("Review first")},
     RawValueRow{CleanupRisk::never, QLatin1StringView("Never touch")},
 };
+
+} // namespace tidlo

@@ -2,6 +2,10 @@
 
 #include <QByteArray>
 
+namespace tidlo {
+
 /// An absolute path as the file system's own bytes. It is decoded only to be shown, so that a file of any name can be
 /// found again and moved: a name that is not valid UTF-8 would not survive the way to text and back.
 using FilePath = QByteArray;
+
+} // namespace tidlo

@@ -4,6 +4,8 @@
 
 #include <limits>
 
+namespace tidlo {
+
 using Json = nlohmann::ordered_json;
 
 namespace {
@@ -181,3 +183,5 @@ std::optional<CleanupCandidate> candidateFromJson(const Json &json, QString *err
         *error = reader.error;
     return reader.error.isEmpty() ? std::optional(std::move(candidate)) : std::nullopt;
 }
+
+} // namespace tidlo

@@ -7,6 +7,8 @@
 #include <array>
 #include <optional>
 
+namespace tidlo {
+
 /// One case of an enumeration with its text form.
 template <typename Enum>
 struct RawValueRow
@@ -49,3 +51,5 @@ constexpr auto allCases()
     std::ranges::transform(rawValues<Enum>, cases.begin(), &RawValueRow<Enum>::value);
     return cases;
 }
+
+} // namespace tidlo

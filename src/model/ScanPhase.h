@@ -1,5 +1,7 @@
 #pragma once
 
+namespace tidlo {
+
 /// Where the main flow stands. It has no text form.
 enum class ScanPhase {
     ready,    ///< Nothing scanned yet, or back at the start.
@@ -7,3 +9,5 @@ enum class ScanPhase {
     results,  ///< A snapshot is shown.
     report,   ///< A cleanup report is shown.
 };
+
+} // namespace tidlo

@@ -3,6 +3,8 @@
 #include "model/CleanupCandidate.h"
 #include "model/ScanTotals.h"
 
+namespace tidlo {
+
 /// The outcome of one scan, handed over whole when the scan ends.
 struct ScanSnapshot
 {
@@ -11,3 +13,5 @@ struct ScanSnapshot
 
     bool operator==(const ScanSnapshot &) const = default;
 };
+
+} // namespace tidlo

@@ -2,6 +2,8 @@
 
 #include <QMetaType>
 
+namespace tidlo {
+
 /// Disk and scan figures. Fields ending in Percent hold fractions from 0 to 1; the others are bytes.
 struct ScanTotals
 {
@@ -23,3 +25,5 @@ public:
 
     bool operator==(const ScanTotals &) const = default;
 };
+
+} // namespace tidlo

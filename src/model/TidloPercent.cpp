@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+namespace tidlo {
+
 QString tidloPercent(double fraction)
 {
     const double percentage = std::round(fraction * 100);
@@ -10,3 +12,5 @@ QString tidloPercent(double fraction)
         qFatal("Not a fraction that can be shown as a percentage: %g", fraction);
     return QString::number(static_cast<qint64>(percentage)) + QLatin1Char('%');
 }
+
+} // namespace tidlo

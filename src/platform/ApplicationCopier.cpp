@@ -13,6 +13,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+namespace tidlo {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -122,3 +124,5 @@ std::optional<QString> copyApplication(const FilePath &source, const FilePath &d
     removeLeftOvers(destination, steps);
     return errorOfRemoval == 0 ? std::nullopt : std::optional(qt_error_string(errorOfRemoval));
 }
+
+} // namespace tidlo

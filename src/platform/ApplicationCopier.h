@@ -6,6 +6,8 @@
 
 #include <optional>
 
+namespace tidlo {
+
 /// Replaces whatever lies at \a destination, a link not followed, by a copy of the application at \a source, with its
 /// permissions, links and times. Gives nothing, or the system's own words for what went wrong.
 ///
@@ -19,3 +21,5 @@
 /// that holds a mounted volume. Blocks while it copies.
 std::optional<QString> copyApplication(const FilePath &source, const FilePath &destination,
                                        const PlacementSteps &steps = livePlacementSteps());
+
+} // namespace tidlo

@@ -11,6 +11,8 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+namespace tidlo {
+
 namespace {
 
 int writeAll(int descriptor, const QByteArray &content)
@@ -49,3 +51,5 @@ int writeAtomically(const FilePath &path, const QByteArray &content, mode_t perm
         unlink(pending.constData());
     return error;
 }
+
+} // namespace tidlo

@@ -4,6 +4,8 @@
 #include "platform/ExecutablePath.h"
 #include "platform/InfoPlist.h"
 
+namespace tidlo {
+
 namespace {
 
 constexpr QByteArrayView extension(".app");
@@ -65,3 +67,5 @@ Bundle mainBundle()
 {
     return bundleOf(executablePath());
 }
+
+} // namespace tidlo

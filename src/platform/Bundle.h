@@ -4,6 +4,8 @@
 
 #include <optional>
 
+namespace tidlo {
+
 /// An application as it lies on the disk: a folder that ends in ".app" and holds all it needs, or a lone executable
 /// outside any such folder, which stands for itself.
 struct Bundle
@@ -30,3 +32,5 @@ Bundle bundleAt(const FilePath &path);
 
 /// The bundle of the running program.
 Bundle mainBundle();
+
+} // namespace tidlo

@@ -4,6 +4,8 @@
 
 #include <array>
 
+namespace tidlo {
+
 namespace {
 
 struct Unit
@@ -56,3 +58,5 @@ QString byteCountText(qint64 bytes)
     const quint64 magnitude = bytes < 0 ? ~static_cast<quint64>(bytes) + 1 : static_cast<quint64>(bytes);
     return (bytes < 0 ? QStringLiteral("-") : QString()) + magnitudeText(magnitude);
 }
+
+} // namespace tidlo

@@ -2,6 +2,8 @@
 
 #include <filesystem>
 
+namespace tidlo {
+
 namespace fs = std::filesystem;
 
 bool isSameOrWithin(const FilePath &path, const FilePath &container)
@@ -20,3 +22,5 @@ bool isSameOrWithin(const FilePath &path, const FilePath &container)
     }
     return static_cast<bool>(error);
 }
+
+} // namespace tidlo

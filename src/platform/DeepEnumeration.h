@@ -7,6 +7,8 @@
 
 #include <functional>
 
+namespace tidlo {
+
 /// An entry as a visitor meets it, valid during the call only.
 class EnumeratedEntry
 {
@@ -57,3 +59,5 @@ struct CollectedItem
     int group = 0;
     qint64 allocatedSize = 0; ///< As FileManager::allocatedSizes defines it.
 };
+
+} // namespace tidlo

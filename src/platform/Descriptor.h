@@ -4,6 +4,8 @@
 
 #include <unistd.h>
 
+namespace tidlo {
+
 /// Owns one file descriptor and closes it; -1 owns none.
 class Descriptor final
 {
@@ -36,3 +38,5 @@ public:
 private:
     int number = -1;
 };
+
+} // namespace tidlo

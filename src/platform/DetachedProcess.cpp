@@ -15,6 +15,8 @@
 
 extern char **environ; // Not every system declares it.
 
+namespace tidlo {
+
 namespace {
 
 /// As a list of arguments that ends where the system expects it. Points into what it was given.
@@ -61,3 +63,5 @@ std::optional<QString> startDetached(const FilePath &program, const QByteArrayLi
     }
     return std::nullopt;
 }
+
+} // namespace tidlo

@@ -7,6 +7,8 @@
 
 #include <sys/resource.h>
 
+namespace tidlo {
+
 namespace {
 
 /// More than there are processors, since most of the time a worker waits for the disk. More than eight gained nothing.
@@ -61,3 +63,5 @@ QList<qint64> DirectoryWalker::allocatedSizes(const QList<FilePath> &paths, std:
         sizes.append(item.bytes);
     return sizes;
 }
+
+} // namespace tidlo

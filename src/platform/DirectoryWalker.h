@@ -6,6 +6,8 @@
 
 #include <stop_token>
 
+namespace tidlo {
+
 /// Reads whole trees: finds items in them, and measures what they hold on the disk. Several workers read at once, since
 /// most disks answer many questions in the time of one; a disk that rotates does not, and gets one worker.
 ///
@@ -29,3 +31,5 @@ public:
 private:
     int workers;
 };
+
+} // namespace tidlo

@@ -7,6 +7,8 @@
 #include <chrono>
 #include <optional>
 
+namespace tidlo {
+
 /// A moment as file systems tell it.
 using FileTime = std::chrono::sys_time<std::chrono::nanoseconds>;
 
@@ -40,3 +42,5 @@ struct VolumeCapacity
     std::optional<qint64> total{};
     std::optional<qint64> available{}; ///< To the user, not to root.
 };
+
+} // namespace tidlo

@@ -10,6 +10,8 @@
 #include <optional>
 #include <stop_token>
 
+namespace tidlo {
+
 /// The seam through which every existence test, listing, enumeration, measurement and Trash move goes. Nothing here
 /// throws, and nothing but trashItem changes anything on the disk, access times included where the system allows.
 /// Every operation may be called from any thread.
@@ -52,3 +54,5 @@ public:
 
 /// The file manager of this system.
 std::unique_ptr<FileManager> makeFileManager();
+
+} // namespace tidlo

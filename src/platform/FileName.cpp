@@ -4,6 +4,8 @@
 #include <array>
 #include <string_view>
 
+namespace tidlo {
+
 namespace {
 
 /// What macOS and its own programs declare as packages. Sorted, to be searched by halves.
@@ -56,3 +58,5 @@ bool isPackageName(QByteArrayView name)
     std::ranges::transform(extension, lower.begin(), lowerCased);
     return std::ranges::binary_search(packageExtensions, std::string_view(lower.data(), length));
 }
+
+} // namespace tidlo

@@ -4,6 +4,8 @@
 
 #include <QByteArrayView>
 
+namespace tidlo {
+
 /// \a folder and \a name as one path, with no slash too many where the folder is "/".
 FilePath joined(const FilePath &folder, const FilePath &name);
 
@@ -18,3 +20,5 @@ bool isHiddenName(QByteArrayView name);
 
 /// Whether a folder of this name is a package, which looks like one file to people: by its extension, without case.
 bool isPackageName(QByteArrayView name);
+
+} // namespace tidlo

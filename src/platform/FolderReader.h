@@ -8,6 +8,8 @@
 #include <memory>
 #include <optional>
 
+namespace tidlo {
+
 /// What a file system tells of an entry in one question, links not followed.
 struct EntryStatus
 {
@@ -83,3 +85,5 @@ std::optional<EntryStatus> statusOf(int folder, const char *name, StatusDetail d
 
 /// The identity of an open folder; nothing if the system does not tell.
 std::optional<FolderIdentity> identityOf(int folder);
+
+} // namespace tidlo

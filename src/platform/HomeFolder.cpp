@@ -6,6 +6,8 @@
 
 #include <unistd.h>
 
+namespace tidlo {
+
 namespace {
 
 bool isAbsolute(const FilePath &path)
@@ -52,3 +54,5 @@ std::optional<FilePath> settleHome()
     qputenv("HOME", homeFolder());
     return given.isEmpty() || isAbsolute(given) ? std::nullopt : std::optional(given);
 }
+
+} // namespace tidlo

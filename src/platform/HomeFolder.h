@@ -6,6 +6,8 @@
 
 #include <pwd.h>
 
+namespace tidlo {
+
 /// The home folder of the current user: $HOME where that is absolute, or what the user database says, or "/". Without
 /// slashes at its end. The database is asked by each call that needs it, so that who needs the answer often keeps it.
 FilePath homeFolder();
@@ -17,3 +19,5 @@ std::optional<FilePath> settleHome();
 /// What the user database says is the home folder of \a user; empty where it says nothing, or nothing of a sensible
 /// size. \a ask: getpwuid_r, or what stands for it in a test.
 FilePath homeInDatabase(uid_t user, decltype(getpwuid_r) *ask = getpwuid_r);
+
+} // namespace tidlo

@@ -7,6 +7,8 @@
 
 #include <fcntl.h>
 
+namespace tidlo {
+
 QHash<QString, QString> readInfoPlist(const FilePath &file)
 {
     const Descriptor descriptor(open(file.constData(), O_RDONLY | O_CLOEXEC)); // The name need not be a text.
@@ -28,3 +30,5 @@ QHash<QString, QString> readInfoPlist(const FilePath &file)
     }
     return xml.hasError() ? QHash<QString, QString>() : texts;
 }
+
+} // namespace tidlo

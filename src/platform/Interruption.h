@@ -2,6 +2,8 @@
 
 #include <cerrno>
 
+namespace tidlo {
+
 /// Makes a \a call of the system, which tells a failure by a negative number and errno, again when a signal interrupted
 /// it; a hundred times at most, since a broken file system may say so for ever. Not meant for close(), which closes
 /// even so.
@@ -13,3 +15,5 @@ auto uninterrupted(Call call)
         result = call();
     return result;
 }
+
+} // namespace tidlo

@@ -10,6 +10,8 @@
 #include <algorithm>
 #include <new>
 
+namespace tidlo {
+
 namespace {
 
 /// As FileManager::contentsOfDirectory; throws without memory.
@@ -94,3 +96,5 @@ TrashOutcome LiveFileManager::trashItem(const FilePath &path)
 {
     return moveToTrash(path, home);
 }
+
+} // namespace tidlo

@@ -4,6 +4,8 @@
 #include "platform/FileManager.h"
 #include "platform/HomeFolder.h"
 
+namespace tidlo {
+
 /// The file manager of this system, built on descriptors.
 class LiveFileManager final : public FileManager
 {
@@ -26,3 +28,5 @@ private:
     const FilePath home = homeFolder(); ///< Asked for once: the user database may be far away.
     DirectoryWalker walker;
 };
+
+} // namespace tidlo

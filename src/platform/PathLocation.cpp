@@ -5,6 +5,8 @@
 #include <cerrno>
 #include <climits>
 
+namespace tidlo {
+
 namespace {
 
 #ifdef O_PATH
@@ -40,3 +42,5 @@ PathLocation::PathLocation(const FilePath &path)
     }
     valid = true;
 }
+
+} // namespace tidlo

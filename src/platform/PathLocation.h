@@ -5,6 +5,8 @@
 
 #include <fcntl.h>
 
+namespace tidlo {
+
 /// A path as the *at() calls take it, whatever its length: what is beyond PATH_MAX is reached through an open folder.
 class PathLocation final
 {
@@ -23,3 +25,5 @@ private:
     FilePath rest;
     bool valid = false;
 };
+
+} // namespace tidlo

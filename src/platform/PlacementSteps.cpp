@@ -7,6 +7,8 @@
 #include <cstdio>
 #include <filesystem>
 
+namespace tidlo {
+
 namespace {
 
 int renameItem(const FilePath &from, const FilePath &to)
@@ -27,3 +29,5 @@ PlacementSteps livePlacementSteps()
 {
     return {.copy = copyTree, .exchange = exchangeItems, .rename = renameItem, .remove = removeItem};
 }
+
+} // namespace tidlo

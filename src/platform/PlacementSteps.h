@@ -4,6 +4,8 @@
 
 #include <functional>
 
+namespace tidlo {
+
 /// What a placement does to the disk, step by step, so that a test can make each step fail. Each gives 0, or the errno
 /// of what went wrong.
 struct PlacementSteps
@@ -18,3 +20,5 @@ struct PlacementSteps
 
 /// The steps as the system takes them.
 PlacementSteps livePlacementSteps();
+
+} // namespace tidlo

@@ -5,6 +5,8 @@
 #include <sys/time.h>
 #include <unistd.h>
 
+namespace tidlo {
+
 namespace {
 
 volatile std::sig_atomic_t statusAtLimit = 0;
@@ -40,3 +42,5 @@ void QuitLimit::begin(std::chrono::milliseconds limit, int status)
     sigaction(SIGALRM, &action, nullptr);
     setTimer(limit);
 }
+
+} // namespace tidlo

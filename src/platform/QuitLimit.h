@@ -2,6 +2,8 @@
 
 #include <chrono>
 
+namespace tidlo {
+
 /// Bounds the time that the end of the program may take: for a quit that a file system, or a question of the system's
 /// that nobody answers, would hold up. One at a time; it starts no thread. Meanwhile the process must not use SIGALRM
 /// or the real-time interval timer for anything else.
@@ -18,3 +20,5 @@ public:
     /// are by then.
     void begin(std::chrono::milliseconds limit, int status);
 };
+
+} // namespace tidlo

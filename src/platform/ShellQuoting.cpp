@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace tidlo {
+
 std::optional<FilePath> firstUnquotable(const QList<FilePath> &paths, QByteArrayView characters)
 {
     const auto found = std::ranges::find_if(paths, [=](const FilePath &path) {
@@ -9,3 +11,5 @@ std::optional<FilePath> firstUnquotable(const QList<FilePath> &paths, QByteArray
     });
     return found == paths.end() ? std::nullopt : std::optional(*found);
 }
+
+} // namespace tidlo

@@ -2,6 +2,8 @@
 
 #include <QString>
 
+namespace tidlo {
+
 /// What became of an item that was to be moved to the Trash.
 struct TrashOutcome
 {
@@ -19,3 +21,5 @@ struct TrashOutcome
 
     bool operator==(const TrashOutcome &) const = default;
 };
+
+} // namespace tidlo

@@ -2,6 +2,8 @@
 
 #include "platform/TrashOutcome.h"
 
+namespace tidlo {
+
 // The outcomes of a move, in few words where they are told.
 
 /// It is in the Trash, with its record.
@@ -29,3 +31,5 @@ inline TrashOutcome failed(const QString &what, int error)
             .reason = what + QStringLiteral(": ") + qt_error_string(error),
             .error = error};
 }
+
+} // namespace tidlo

@@ -3,6 +3,8 @@
 #include "platform/FileName.h"
 #include "platform/TrashOutcomes.h"
 
+namespace tidlo {
+
 FilePath pathOfItself(FilePath path)
 {
     while (path.size() > 1 && path.endsWith('/'))
@@ -23,3 +25,5 @@ std::optional<TrashOutcome> refusalOfPath(const FilePath &path)
         return gone();
     return std::nullopt;
 }
+
+} // namespace tidlo

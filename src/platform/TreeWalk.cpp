@@ -11,6 +11,8 @@
 #include <ranges>
 #include <thread>
 
+namespace tidlo {
+
 namespace {
 
 class VisitedEntry final : public EnumeratedEntry
@@ -287,3 +289,5 @@ void TreeWalk::run()
         }
     });
 }
+
+} // namespace tidlo

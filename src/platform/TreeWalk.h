@@ -8,6 +8,8 @@
 #include <mutex>
 #include <stop_token>
 
+namespace tidlo {
+
 /// An item that is measured; workers add to its bytes what they meet in it.
 struct CountedItem
 {
@@ -55,3 +57,5 @@ private:
     std::mutex itemsMutex;                   ///< Guards the list; an item counts for itself.
     std::deque<CountedItem> items;
 };
+
+} // namespace tidlo

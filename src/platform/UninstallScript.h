@@ -4,6 +4,8 @@
 
 #include <optional>
 
+namespace tidlo {
+
 /// What uninstalls the application, or why there is no such script.
 struct UninstallScript
 {
@@ -18,3 +20,5 @@ UninstallScript uninstallScript(const FilePath &application, const QByteArray &i
 
 /// The one for macOS, wherever it is asked for.
 UninstallScript uninstallScriptForMacOS(const FilePath &application, const QByteArray &identifier);
+
+} // namespace tidlo

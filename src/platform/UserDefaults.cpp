@@ -6,6 +6,8 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 
+namespace tidlo {
+
 namespace {
 
 constexpr QSettings::Format format = QSettings::NativeFormat;
@@ -75,3 +77,5 @@ void UserDefaults::store()
     writeAtomically(QFile::encodeName(place), content);
     stored.sync();
 }
+
+} // namespace tidlo

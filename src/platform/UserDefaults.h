@@ -3,6 +3,8 @@
 #include <QObject>
 #include <QSettings>
 
+namespace tidlo {
+
 /// The preferences of the user, kept in the system's own place for them. What is set holds from then on, and is stored
 /// at once: the file is the old or the new one, whole, whenever the program is killed. A file that is missing, empty or
 /// damaged means the defaults; where it cannot be read or written, what was set holds until the program ends. Main
@@ -38,3 +40,5 @@ private:
     QSettings stored; ///< Only read from.
     QVariantMap own;  ///< What was set here.
 };
+
+} // namespace tidlo

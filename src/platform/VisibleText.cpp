@@ -4,6 +4,8 @@
 #include <array>
 #include <bit>
 
+namespace tidlo {
+
 namespace {
 
 struct CodePointRange
@@ -121,3 +123,5 @@ QString visibleText(const QString &text)
     }
     return result;
 }
+
+} // namespace tidlo

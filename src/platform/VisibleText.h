@@ -4,6 +4,8 @@
 
 #include <QString>
 
+namespace tidlo {
+
 /// A path or name as text that shows everything it holds and cannot change how the text around it is drawn. Printable
 /// characters stay, combining marks among them. Everything else is written as an escape: control characters ("\n",
 /// "\x1b", "\u0085"), characters that change the direction of text, take no room or are drawn as nothing ("\u202e",
@@ -13,3 +15,5 @@ QString visibleText(const FilePath &path);
 
 /// The same for a text that may run over several lines: line feeds and tabs stay.
 QString visibleText(const QString &text);
+
+} // namespace tidlo

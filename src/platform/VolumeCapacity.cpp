@@ -4,6 +4,8 @@
 
 #include <sys/statvfs.h>
 
+namespace tidlo {
+
 namespace {
 
 /// A figure that does not fit is as good as none.
@@ -23,3 +25,5 @@ std::optional<VolumeCapacity> fileSystemCapacityOf(const FilePath &path)
     return VolumeCapacity{.total = product(figures.f_blocks, figures.f_frsize),
                           .available = product(figures.f_bavail, figures.f_frsize)};
 }
+
+} // namespace tidlo

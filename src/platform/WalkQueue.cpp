@@ -9,6 +9,8 @@
 #include <span>
 #include <utility>
 
+namespace tidlo {
+
 namespace {
 
 /// A way back of more levels than this gets a folder half-way that stays open for the next ones to start from.
@@ -264,3 +266,5 @@ void WalkQueue::settle(WalkFolder *folder)
             --folder->counts.children;
     }
 }
+
+} // namespace tidlo

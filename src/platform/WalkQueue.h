@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+namespace tidlo {
+
 struct CountedItem;
 
 /// A folder that waits to be read, is being read, or has folders beneath it that do. What stands under "counts" belongs
@@ -102,3 +104,5 @@ private:
     int idleWorkers = 0;
     quint64 uses = 0;
 };
+
+} // namespace tidlo

@@ -9,6 +9,8 @@
 #include <sys/file.h>
 #include <sys/stat.h>
 
+namespace tidlo {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -59,3 +61,5 @@ std::optional<Workshop> Workshop::locked(const FilePath &folder)
         return std::nullopt;
     return Workshop(folder, std::move(lock));
 }
+
+} // namespace tidlo

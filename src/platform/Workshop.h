@@ -6,6 +6,8 @@
 #include <optional>
 #include <vector>
 
+namespace tidlo {
+
 /// A hidden folder beside a destination, in which a placement makes its copy and keeps what it replaces. It is locked
 /// for as long as this object exists, so that no other placement takes it for one that was left over.
 class Workshop final
@@ -32,3 +34,5 @@ private:
     FilePath folder;
     Descriptor lock;
 };
+
+} // namespace tidlo

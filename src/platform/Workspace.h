@@ -9,6 +9,8 @@
 #include <memory>
 #include <optional>
 
+namespace tidlo {
+
 /// What the application asks of the desktop. Called on the main thread. Errors are in the system's own words.
 class Workspace
 {
@@ -38,3 +40,5 @@ public:
 
 /// The desktop of this system.
 std::unique_ptr<Workspace> makeWorkspace();
+
+} // namespace tidlo

@@ -6,6 +6,8 @@
 #include <array>
 #include <utility>
 
+namespace tidlo {
+
 namespace {
 
 constexpr FindingTemplate caches{
@@ -35,3 +37,5 @@ QList<Finding> cacheCandidates(const FileManager &files, const FilePath &home, s
     const QList<FilePath> paths = existingPaths(files, home, cacheFolders);
     return {makeFinding(caches, paths, files.allocatedSizes(paths, std::move(stop)))};
 }
+
+} // namespace tidlo

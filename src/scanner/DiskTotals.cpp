@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace tidlo {
+
 namespace {
 
 VolumeCapacity capacityOfVolume(const FileManager &files, const FilePath &home)
@@ -25,3 +27,5 @@ ScanTotals diskTotals(const FileManager &files, const FilePath &home)
     }
     return totals;
 }
+
+} // namespace tidlo

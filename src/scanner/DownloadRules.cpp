@@ -7,6 +7,8 @@
 #include <array>
 #include <utility>
 
+namespace tidlo {
+
 namespace {
 
 constexpr FindingTemplate downloads{
@@ -42,3 +44,5 @@ QList<Finding> downloadCandidates(const FileManager &files, const FilePath &home
     }
     return {makeFinding(downloads, paths, files.allocatedSizes(paths, std::move(stop)))};
 }
+
+} // namespace tidlo

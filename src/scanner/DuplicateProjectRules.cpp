@@ -10,6 +10,8 @@
 #include <array>
 #include <utility>
 
+namespace tidlo {
+
 namespace {
 
 constexpr FindingTemplate olderCopies{
@@ -115,3 +117,5 @@ QList<Finding> duplicateProjectCandidates(const FileManager &files, const FilePa
     }
     return {makeFinding(olderCopies, paths, files.allocatedSizes(paths, std::move(stop)))};
 }
+
+} // namespace tidlo

@@ -3,6 +3,8 @@
 #include "platform/FileManager.h"
 #include "scanner/Finding.h"
 
+namespace tidlo {
+
 /// The name that a project folder has in common with its copies: lower-cased, without what copies, backups, dates and
 /// numbers append. A \a name that is not valid UTF-8 keeps each of its foreign bytes apart from every other.
 QString normalizedProjectName(QByteArrayView name);
@@ -12,3 +14,5 @@ QString normalizedProjectName(QByteArrayView name);
 /// are equal, the one listed first counts as newer, and a folder without a date is the oldest. Groups come in the order
 /// in which their first folder is listed.
 QList<Finding> duplicateProjectCandidates(const FileManager &files, const FilePath &home, std::stop_token stop = {});
+
+} // namespace tidlo

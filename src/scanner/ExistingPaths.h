@@ -5,6 +5,8 @@
 
 #include <span>
 
+namespace tidlo {
+
 /// Those of the \a relative paths that exist beneath \a home, absolute and in their order.
 inline QList<FilePath> existingPaths(const FileManager &files, const FilePath &home,
                                      std::span<const char *const> relative)
@@ -17,3 +19,5 @@ inline QList<FilePath> existingPaths(const FileManager &files, const FilePath &h
     }
     return paths;
 }
+
+} // namespace tidlo

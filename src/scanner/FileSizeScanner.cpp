@@ -8,6 +8,8 @@
 #include <QCoro/QCoroFuture>
 #include <QCoro/QCoroTimer>
 
+namespace tidlo {
+
 using namespace std::chrono_literals;
 
 namespace {
@@ -84,13 +86,15 @@ QCoro::Task<Cleanup> FileSizeScanner::moveToTrash(QList<CleanupCandidate> candid
 {
     const auto job = [files = core->files, candidates = std::move(candidates), stop = std::move(stop),
                       end = core->stop.get_token()] {
-        return ::moveToTrash(*files, candidates, [&] { return stop.stop_requested() || end.stop_requested(); });
+        return tidlo::moveToTrash(*files, candidates, [&] { return stop.stop_requested() || end.stop_requested(); });
     };
     return later(core->executor.run(job));
 }
 
 QCoro::Task<ScanTotals> FileSizeScanner::diskTotals(FilePath home)
 {
-    const auto job = [files = core->files, home = std::move(home)] { return ::diskTotals(*files, home); };
+    const auto job = [files = core->files, home = std::move(home)] { return tidlo::diskTotals(*files, home); };
     return later(core->executor.run(job));
 }
+
+} // namespace tidlo

@@ -11,6 +11,8 @@
 #include <memory>
 #include <stop_token>
 
+namespace tidlo {
+
 /// The one component that reads the file system for a scan and moves things to the Trash. This is its whole public
 /// face.
 ///
@@ -45,3 +47,5 @@ private:
     struct Core;
     std::shared_ptr<Core> core; ///< Shared with the coroutines, which may outlive the scanner.
 };
+
+} // namespace tidlo

@@ -4,6 +4,8 @@
 
 #include <numeric>
 
+namespace tidlo {
+
 Finding makeFinding(const FindingTemplate &fixed, const QList<FilePath> &paths, const QList<qint64> &sizes)
 {
     CleanupCandidate candidate;
@@ -29,3 +31,5 @@ Finding makeFinding(const FindingTemplate &fixed, const QList<CollectedItem> &it
     }
     return makeFinding(fixed, paths, sizes);
 }
+
+} // namespace tidlo

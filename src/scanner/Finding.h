@@ -5,6 +5,8 @@
 
 #include <QLatin1StringView>
 
+namespace tidlo {
+
 /// What a rule found: the record, and beside it what a closer look at the record needs.
 struct Finding
 {
@@ -28,3 +30,5 @@ Finding makeFinding(const FindingTemplate &fixed, const QList<FilePath> &paths, 
 
 /// The finding of those of \a items that were collected in \a group, in their order.
 Finding makeFinding(const FindingTemplate &fixed, const QList<CollectedItem> &items, int group);
+
+} // namespace tidlo

@@ -6,6 +6,8 @@
 #include <array>
 #include <utility>
 
+namespace tidlo {
+
 namespace {
 
 constexpr FindingTemplate largeFiles{
@@ -67,3 +69,5 @@ QList<Finding> oldLargeFilesCandidates(const FileManager &files, const FilePath 
     };
     return {makeFinding(largeFiles, files.enumerate(enumeration, std::move(stop)), 0)};
 }
+
+} // namespace tidlo

@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+namespace tidlo {
+
 namespace {
 
 FilePath tildeExpanded(const FilePath &path, const FilePath &home)
@@ -69,3 +71,5 @@ Cleanup moveToTrash(FileManager &files, const QList<CleanupCandidate> &candidate
     report.finalDiskUsedPercent = diskTotals(files, home).diskUsedPercent;
     return cleanup;
 }
+
+} // namespace tidlo

@@ -6,6 +6,8 @@
 
 #include <functional>
 
+namespace tidlo {
+
 /// An item that was to be moved to the Trash and was not.
 struct StayedItem
 {
@@ -29,3 +31,5 @@ struct Cleanup
 /// before each path.
 Cleanup moveToTrash(FileManager &files, const QList<CleanupCandidate> &candidates,
                     const std::function<bool()> &stopRequested);
+
+} // namespace tidlo

@@ -6,6 +6,8 @@
 #include <array>
 #include <utility>
 
+namespace tidlo {
+
 namespace {
 
 enum Group { rebuildableFolders, composerFolders, buildOutputs };
@@ -96,3 +98,5 @@ QList<Finding> developerCandidates(const FileManager &files, const FilePath &hom
         findings.append(makeFinding(groups.at(group), items, group));
     return findings;
 }
+
+} // namespace tidlo

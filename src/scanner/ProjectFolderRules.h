@@ -3,6 +3,8 @@
 #include "platform/FileManager.h"
 #include "scanner/Finding.h"
 
+namespace tidlo {
+
 /// The folders beneath which web and app projects are kept, in the order they are searched.
 QList<FilePath> projectRoots(const FilePath &home);
 
@@ -13,3 +15,5 @@ bool looksLikeProject(const EnumeratedEntry &entry);
 /// rebuildable folders, Composer's vendor folders, build outputs. Of nested matches the outermost alone is found. A
 /// requested stop ends the search soon, with what was found until then.
 QList<Finding> developerCandidates(const FileManager &files, const FilePath &home, std::stop_token stop = {});
+
+} // namespace tidlo

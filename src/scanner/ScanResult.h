@@ -4,6 +4,8 @@
 
 #include <QHash>
 
+namespace tidlo {
+
 /// Bytes on the disk of each path of a candidate, in the order of its paths, by the candidate's identifier.
 using PathSizes = QHash<QUuid, QList<qint64>>;
 
@@ -13,3 +15,5 @@ struct ScanResult
     ScanSnapshot snapshot;
     PathSizes sizes; ///< Of every candidate of the snapshot.
 };
+
+} // namespace tidlo

@@ -8,6 +8,8 @@
 #include "scanner/ProjectFolderRules.h"
 #include "scanner/WhatsAppRules.h"
 
+namespace tidlo {
+
 namespace {
 
 void readDiskUsage(const ScanContext &context, ScanHarvest &harvest)
@@ -52,3 +54,5 @@ const std::array<ScanStep, 6> scanSteps{{
     {0.72, QLatin1StringView("Checking old downloads & large untouched files"), checkOldFiles},
     {0.86, QLatin1StringView("Finding older project copies"), findProjectCopies},
 }};
+
+} // namespace tidlo

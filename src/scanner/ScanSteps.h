@@ -9,6 +9,8 @@
 #include <array>
 #include <stop_token>
 
+namespace tidlo {
+
 /// What the steps of one scan work with.
 struct ScanContext
 {
@@ -41,3 +43,5 @@ struct ScanEnd
     double fraction = 1;
     QLatin1StringView label{"Ready"};
 };
+
+} // namespace tidlo

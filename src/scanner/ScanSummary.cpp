@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+namespace tidlo {
+
 namespace {
 
 bool isNothing(const CleanupCandidate &candidate)
@@ -46,3 +48,5 @@ ScanResult summarized(const ScanTotals &disk, const QList<Finding> &findings)
             static_cast<double>(totals.recoverableBytes) / static_cast<double>(totals.volumeBytes);
     return result;
 }
+
+} // namespace tidlo

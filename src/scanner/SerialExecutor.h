@@ -5,6 +5,8 @@
 #include <QThreadPool>
 #include <QtConcurrentRun>
 
+namespace tidlo {
+
 /// Runs one job at a time, in order, off the caller's thread, which goes first where both want a processor. The
 /// destructor waits for all jobs.
 class SerialExecutor final
@@ -32,3 +34,5 @@ public:
 private:
     QThreadPool pool;
 };
+
+} // namespace tidlo

@@ -6,6 +6,8 @@
 #include <array>
 #include <utility>
 
+namespace tidlo {
+
 namespace {
 
 constexpr FindingTemplate media{
@@ -42,3 +44,5 @@ QList<Finding> whatsAppCandidates(const FileManager &files, const FilePath &home
         findings.append(found);
     return findings;
 }
+
+} // namespace tidlo

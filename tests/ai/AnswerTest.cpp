@@ -1,5 +1,7 @@
 #include "ai/ExplainTest.h"
 
+namespace tidlo {
+
 namespace {
 
 /// A successful reply whose first candidate has these parts.
@@ -127,3 +129,5 @@ TEST_F(Answer, ThatIsNestedOrFilledBeyondAllMeasureIsAnErrorThatSaysSo)
     EXPECT_EQ(explainAnswered(parts("{}" + QByteArray(",{}").repeated(300'000))),
               requestFailed + "The data holds too many values.");
 }
+
+} // namespace tidlo

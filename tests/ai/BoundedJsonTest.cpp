@@ -4,6 +4,8 @@
 
 #include <array>
 
+namespace tidlo {
+
 namespace {
 
 constexpr std::array<std::string_view, 2> keys{"a", "b"};
@@ -87,3 +89,5 @@ TEST(BoundedJson, RefusesWhatIsNoJson)
         EXPECT_EQ(read(bytes), noJson) << bytes;
     EXPECT_EQ(read("\"\xff\""), noJson);
 }
+
+} // namespace tidlo

@@ -3,6 +3,8 @@
 #include <QCoreApplication>
 #include <QTimer>
 
+namespace tidlo {
+
 using namespace std::chrono_literals;
 
 namespace {
@@ -180,3 +182,5 @@ TEST_F(Bounds, RefuseWhateverIsCompressed)
         EXPECT_EQ(explainAnswered(reply(500, answerOfA, header + "\r\n")), compressed) << header.constData();
     }
 }
+
+} // namespace tidlo

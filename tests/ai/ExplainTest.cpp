@@ -4,6 +4,8 @@
 #include <QCoro/QCoroTask>
 #include <QFile>
 
+namespace tidlo {
+
 namespace {
 
 /// Those that the environment names; the system's take longer to read than all the rest.
@@ -68,3 +70,5 @@ std::string ExplainTest::explainAnswered(const QByteArray &bytes)
     const ScriptedServer server(localhost(), sending(bytes));
     return explainBy(server);
 }
+
+} // namespace tidlo

@@ -8,6 +8,8 @@
 
 #include <string>
 
+namespace tidlo {
+
 inline const std::string requestFailed = "\u26A0\uFE0F Request failed: ";
 
 /// A test that asks for an explanation over real connections. The environment names an authority of its own, and what
@@ -33,3 +35,5 @@ protected:
     ExplainEndpoint endpoint;
     TemporaryHome folder;
 };
+
+} // namespace tidlo

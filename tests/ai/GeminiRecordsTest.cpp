@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tidlo {
+
 namespace {
 
 GeminiGenerateRequest requestOf(const QList<GeminiPart> &parts)
@@ -78,3 +80,5 @@ TEST(GeminiRecords, ForgetWhatWasWrongWithAKeyThatComesAgain)
 
     EXPECT_EQ(decoded.record, requestOf({{QStringLiteral("last")}})) << decoded.error.toStdString();
 }
+
+} // namespace tidlo

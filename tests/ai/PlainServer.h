@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tidlo {
+
 /// Answers what it receives without TLS: each time with the next of its answers, and closes the connection after the
 /// last.
 class PlainServer final
@@ -38,3 +40,5 @@ private:
     QByteArrayList pending;
     QByteArray bytes;
 };
+
+} // namespace tidlo

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tidlo {
+
 namespace {
 
 std::string golden(const char *name)
@@ -138,3 +140,5 @@ TEST(ExplainedCandidates, AreTheFirstEightOrAllIfThereAreFewer)
     const QList<CleanupCandidate> twenty = findings(20);
     EXPECT_EQ(explainedCandidates(twenty), twenty.first(8));
 }
+
+} // namespace tidlo

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+namespace tidlo {
+
 using namespace std::chrono_literals;
 
 namespace {
@@ -190,3 +192,5 @@ TEST_F(Redirect, CarriesNoCookie)
     for (const ScriptedServer::Request &request : server.requests())
         EXPECT_FALSE(request.headers.contains("Cookie")) << request.target.constData();
 }
+
+} // namespace tidlo

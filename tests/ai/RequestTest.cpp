@@ -5,6 +5,8 @@
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>
 
+namespace tidlo {
+
 using testing::Contains;
 using testing::Key;
 using testing::Not;
@@ -118,3 +120,5 @@ TEST_F(Request, MayBeLong)
     const auto json = nlohmann::json::parse(request.body.toStdString());
     EXPECT_EQ(json["contents"][0]["parts"][0]["text"], promptFor(candidates).toStdString());
 }
+
+} // namespace tidlo

@@ -15,6 +15,8 @@
 #include <dlfcn.h>
 #include <netdb.h>
 
+namespace tidlo {
+
 using namespace std::chrono_literals;
 using testing::HasSubstr;
 using testing::Not;
@@ -222,3 +224,5 @@ TEST_F(Route, OfANameThatIsLongLookedUpHoldsNoThreadButTheSystems)
     slowResolver().open();
     waitForThreads();
 }
+
+} // namespace tidlo

@@ -4,6 +4,8 @@
 
 #include <memory>
 
+namespace tidlo {
+
 namespace {
 
 /// Takes a whole request off the front of \a bytes, or nothing if it is not whole yet.
@@ -85,3 +87,5 @@ QByteArray reply(int status, const QByteArray &body, const QByteArray &headers)
     return "HTTP/1.1 " + QByteArray::number(status) + " Said\r\nContent-Length: " + QByteArray::number(body.size()) +
            "\r\n" + headers + "\r\n" + body;
 }
+
+} // namespace tidlo

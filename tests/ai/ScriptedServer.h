@@ -9,6 +9,8 @@
 #include <functional>
 #include <map>
 
+namespace tidlo {
+
 /// A TLS server on this machine that answers requests as it is told, byte by byte. It lives on the event loop of the
 /// test.
 class ScriptedServer final
@@ -50,3 +52,5 @@ ScriptedServer::Script sending(const QByteArray &bytes);
 
 /// A whole reply with a length.
 QByteArray reply(int status, const QByteArray &body, const QByteArray &headers = {});
+
+} // namespace tidlo

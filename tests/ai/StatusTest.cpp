@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+namespace tidlo {
+
 using testing::StartsWith;
 
 namespace {
@@ -102,3 +104,5 @@ TEST_F(Status, ThatAsksForAPasswordIsAnErrorLikeAnyOther)
         }
     }
 }
+
+} // namespace tidlo

@@ -8,6 +8,8 @@
 #include <openssl/pem.h>
 #include <openssl/x509v3.h>
 
+namespace tidlo {
+
 namespace {
 
 template <auto release>
@@ -109,3 +111,5 @@ TestIdentity TestAuthority::issue(const QByteArray &name, const QDateTime &end) 
     return {.certificate = QSslCertificate(pem(certificate.get()), QSsl::Pem),
             .key = QSslKey(pem(key.get()), QSsl::Ec, QSsl::Pem)};
 }
+
+} // namespace tidlo

@@ -7,6 +7,8 @@
 
 #include <memory>
 
+namespace tidlo {
+
 /// What a server shows to prove its name.
 struct TestIdentity
 {
@@ -34,3 +36,5 @@ private:
     struct Pair;
     std::unique_ptr<Pair> own;
 };
+
+} // namespace tidlo

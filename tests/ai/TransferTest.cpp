@@ -7,6 +7,8 @@
 
 #include <sys/resource.h>
 
+namespace tidlo {
+
 using testing::StartsWith;
 
 namespace {
@@ -142,3 +144,5 @@ TEST_F(Transfer, FailsAndIsNotTriedAgainWhenNoAnswerCame)
     const ScriptedServer garbage(localhost(), sending(QByteArray(4096, '\0')));
     EXPECT_THAT(explainBy(garbage), StartsWith(requestFailed));
 }
+
+} // namespace tidlo

@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tidlo {
+
 namespace {
 
 class TrustedCertificates : public testing::Test
@@ -71,3 +73,5 @@ TEST_F(TrustedCertificates, AreTheSystemsAloneWhenTheFileIsOfNoUse)
     qputenv("SSL_CERT_FILE", "");
     EXPECT_EQ(trustedCertificates(), system);
 }
+
+} // namespace tidlo

@@ -3,6 +3,8 @@
 #include <QCoreApplication>
 #include <QEventLoop>
 
+namespace tidlo {
+
 AppTest::AppTest() = default;
 
 AppTest::~AppTest()
@@ -65,3 +67,5 @@ CleanupCandidate candidate(const char *title, CleanupRisk risk, qint64 bytes, Cl
     candidate.selected = risk != CleanupRisk::never;
     return candidate;
 }
+
+} // namespace tidlo

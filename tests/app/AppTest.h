@@ -11,6 +11,8 @@
 
 #include <functional>
 
+namespace tidlo {
+
 /// A state owner with a real scanner on a real home, and an explainer that the test answers for.
 class AppTest : public testing::Test
 {
@@ -59,3 +61,5 @@ private:
 /// A candidate of that title, selected unless it is never to be touched.
 CleanupCandidate candidate(const char *title, CleanupRisk risk = CleanupRisk::safe, qint64 bytes = 1,
                            CleanupCategory category = CleanupCategory::caches);
+
+} // namespace tidlo

@@ -6,6 +6,8 @@
 
 #include <sys/stat.h>
 
+namespace tidlo {
+
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::IsSupersetOf;
@@ -340,3 +342,5 @@ TEST_F(CleanupFlow, MayEndWithTheWindowWhileTheDiskIsRead)
     waitUntil([&] { return isClosed; });
     letAllEnd();
 }
+
+} // namespace tidlo

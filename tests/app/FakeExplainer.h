@@ -6,6 +6,8 @@
 #include <memory>
 #include <vector>
 
+namespace tidlo {
+
 /// Keeps whoever asks for an explanation waiting until the test answers.
 class FakeExplainer final
 {
@@ -64,3 +66,5 @@ private:
 
     std::vector<std::shared_ptr<Request>> requests;
 };
+
+} // namespace tidlo

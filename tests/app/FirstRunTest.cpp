@@ -2,6 +2,8 @@
 
 #include "app/AppTest.h"
 
+namespace tidlo {
+
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -82,3 +84,5 @@ TEST_F(FirstRun, GoesOnAsIfDeclinedWhereItRunsFromNoBundle)
             << running.executable.constData();
     }
 }
+
+} // namespace tidlo

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tidlo {
+
 namespace {
 
 std::vector<QMetaProperty> publishedProperties()
@@ -107,3 +109,5 @@ std::string inWords(const QVariant &value)
     }
     return value.toString().toStdString();
 }
+
+} // namespace tidlo

@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+namespace tidlo {
+
 /// Writes down every change of a state owner, in order, as "phase: results". A change that is not announced by
 /// objectWillChange() while the old value still stands, or that alters anything else, is a failure of the test.
 class NotificationLog final : public QObject
@@ -36,3 +38,5 @@ private:
 
 /// A value of a property in words: "absent", the case of an enumeration by number, the titles of candidates.
 std::string inWords(const QVariant &value);
+
+} // namespace tidlo

@@ -6,6 +6,8 @@
 #include <cstring>
 #include <thread>
 
+namespace tidlo {
+
 using testing::_;
 using testing::ElementsAre;
 using testing::InSequence;
@@ -270,3 +272,5 @@ TEST_F(PlacementFlow, CanBeTriedAgain)
     EXPECT_TRUE(isCopied());
     EXPECT_FALSE(model().showMoveToApplicationsError());
 }
+
+} // namespace tidlo

@@ -4,6 +4,8 @@
 
 #include <semaphore>
 
+namespace tidlo {
+
 using testing::ElementsAre;
 using testing::ElementsAreArray;
 using testing::IsEmpty;
@@ -288,3 +290,5 @@ TEST_F(ScanFlow, ExplainsTheFirstEightOfMoreFindings)
 
     EXPECT_EQ(explainer.candidates(1), many.first(8));
 }
+
+} // namespace tidlo

@@ -3,6 +3,8 @@
 #include <limits>
 #include <thread>
 
+namespace tidlo {
+
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -257,3 +259,5 @@ TEST_F(StateDeathTest, AnyUseOnAnotherThreadStopsTheProgram)
         EXPECT_DEATH(std::thread(use).join(), "AppViewModel was used on another thread than the main one");
     formerly.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", formerly);
 }
+
+} // namespace tidlo

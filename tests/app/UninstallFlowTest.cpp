@@ -8,6 +8,8 @@
 
 #include <sys/syscall.h>
 
+namespace tidlo {
+
 using testing::_;
 using testing::ElementsAre;
 using testing::EndsWith;
@@ -239,3 +241,5 @@ TEST_F(UninstallFlow, RefusesAPathThatAShellWouldReadAndNamesIt)
     expectRefused(bundleAtPath(home / "from/Tidlo.app"), reason + "/a$b/com.tidlo.storagecleaner.conf");
     unsetenv("XDG_CONFIG_HOME");
 }
+
+} // namespace tidlo

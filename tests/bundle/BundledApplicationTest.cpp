@@ -21,6 +21,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+namespace tidlo {
+
 using testing::AllOf;
 using testing::Contains;
 using testing::HasSubstr;
@@ -295,3 +297,5 @@ TEST_F(BundledApplication, WritesAScriptThatShellcheckAccepts)
 
     EXPECT_EQ(std::system(("shellcheck '" + home.path() + "/tmp/uninstall_tidlo.sh'").constData()), 0);
 }
+
+} // namespace tidlo

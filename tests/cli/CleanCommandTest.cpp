@@ -9,6 +9,8 @@
 
 #include <unistd.h>
 
+namespace tidlo {
+
 using Json = nlohmann::ordered_json;
 using testing::ContainsRegex;
 using testing::ElementsAre;
@@ -272,3 +274,5 @@ TEST(CleanCommand, ReportsFailureWhenItsReportCannotBeWritten)
     EXPECT_EQ(runCli(*home, {"clean", "--yes", "--json"}, fullDisk).status, 1);
     EXPECT_THAT(trashed(*home), testing::SizeIs(4)) << "it had nothing to show before";
 }
+
+} // namespace tidlo

@@ -4,6 +4,8 @@
 
 #include <gmock/gmock.h>
 
+namespace tidlo {
+
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -40,3 +42,5 @@ TEST(CleanupSelection, HoldsWhatIsSelectedAndAskedForEachPathOnce)
 
     EXPECT_THAT(cleanupSelection(all, {CleanupRisk::review}).paths, ElementsAre("/c", "/a"));
 }
+
+} // namespace tidlo

@@ -7,6 +7,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+namespace tidlo {
+
 namespace {
 
 /// Far longer than anything takes: only a program that hangs comes to it.
@@ -83,3 +85,5 @@ CliRun runCli(const TemporaryHome &home, const QByteArrayList &arguments, const 
     run.errors = process.readAllStandardError();
     return run;
 }
+
+} // namespace tidlo

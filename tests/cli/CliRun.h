@@ -8,6 +8,8 @@
 
 #include <functional>
 
+namespace tidlo {
+
 /// What became of a run of tidlo-cli.
 struct CliRun
 {
@@ -38,3 +40,5 @@ CliRun endOf(const QProcess &process);
 
 /// Runs tidlo-cli to its end without a terminal and with nothing to read.
 CliRun runCli(const TemporaryHome &home, const QByteArrayList &arguments, const CliSetup &setup = {});
+
+} // namespace tidlo

@@ -13,6 +13,8 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
+namespace tidlo {
+
 using testing::EndsWith;
 using testing::HasSubstr;
 using testing::Not;
@@ -217,3 +219,5 @@ TEST(CommandLine, MovesNoOtherBundleThanTheOneItRunsFrom)
     EXPECT_EQ(home.inventory(), before);
     EXPECT_THAT(runCli(home, {"--help"}).output.toStdString(), Not(HasSubstr("trash-bundle")));
 }
+
+} // namespace tidlo

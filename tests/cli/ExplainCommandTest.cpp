@@ -11,6 +11,8 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+namespace tidlo {
+
 using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
@@ -202,3 +204,5 @@ TEST_F(ExplainCommand, ShowsWhatWouldBeSentOfTheEightLargestFindingsAlone)
 
     EXPECT_EQ(runCli(home, {"explain", "--prompt"}).output.count("\n- id: "), 8);
 }
+
+} // namespace tidlo

@@ -4,6 +4,8 @@
 
 #include <sys/stat.h>
 
+namespace tidlo {
+
 using namespace std::chrono_literals;
 
 std::unique_ptr<TemporaryHome> homeToClean()
@@ -44,3 +46,5 @@ QByteArrayList trashed(const TemporaryHome &home)
     std::ranges::sort(names);
     return names;
 }
+
+} // namespace tidlo

@@ -7,6 +7,8 @@
 
 #include <memory>
 
+namespace tidlo {
+
 /// A private home with something of four kinds to clean, the largest first:
 ///   41 KB  Rebuildable project folders               two paths
 ///   20 KB  WhatsApp / Chat Media & Attachments       one path, not selected
@@ -22,3 +24,5 @@ QByteArrayList existing(const QByteArrayList &paths);
 
 /// The names in the home's Trash, in byte order; none if there is no Trash.
 QByteArrayList trashed(const TemporaryHome &home);
+
+} // namespace tidlo

@@ -11,6 +11,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+namespace tidlo {
+
 using testing::AnyOf;
 using testing::HasSubstr;
 using testing::Not;
@@ -130,3 +132,5 @@ TEST(Interruption, StopsACleanupBetweenTwoItemsAndTheReportTellsWhatWasDone)
         EXPECT_THAT(screen, Not(HasSubstr("could not be moved")));
     }
 }
+
+} // namespace tidlo

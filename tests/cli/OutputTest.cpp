@@ -14,6 +14,8 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+namespace tidlo {
+
 namespace {
 
 /// Far more than a pipe holds, so that whoever writes must wait for the reader again and again.
@@ -84,3 +86,5 @@ TEST(Output, IsWrittenWholeThoughSignalsInterruptIt)
 
     sigaction(SIGUSR1, &former, nullptr);
 }
+
+} // namespace tidlo

@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+namespace tidlo {
+
 using Json = nlohmann::ordered_json;
 using testing::ElementsAre;
 using testing::EndsWith;
@@ -170,3 +172,5 @@ TEST(ScanCommand, ChangesNothing)
     EXPECT_EQ(runCli(*home, {"scan", "--json"}).status, 0);
     EXPECT_EQ(home->inventory(), before);
 }
+
+} // namespace tidlo

@@ -10,6 +10,8 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
+namespace tidlo {
+
 namespace {
 
 /// Far longer than anything takes: only a program that hangs comes to it.
@@ -115,3 +117,5 @@ QByteArray screenOf(const QByteArray &written)
     }
     return lines.join('\n');
 }
+
+} // namespace tidlo

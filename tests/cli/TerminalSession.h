@@ -3,6 +3,8 @@
 #include "cli/CliRun.h"
 #include "platform/Descriptor.h"
 
+namespace tidlo {
+
 /// tidlo-cli at a terminal of its own, where a test types and reads.
 class TerminalSession final
 {
@@ -32,3 +34,5 @@ private:
 
 /// What a person sees of what was written to a terminal: lines rewritten, colours left out.
 QByteArray screenOf(const QByteArray &written);
+
+} // namespace tidlo

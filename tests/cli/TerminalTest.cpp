@@ -6,6 +6,8 @@
 
 #include <unistd.h>
 
+namespace tidlo {
+
 using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
@@ -129,3 +131,5 @@ TEST(Terminal, ErrorsThatGoToAFileHaveNoProgress)
     const CliRun run = TerminalSession(*home, {"scan"}, 120, redirected(STDERR_FILENO, "/dev/null")).end();
     EXPECT_THAT(run.output.toStdString(), Not(HasSubstr("Finding project")));
 }
+
+} // namespace tidlo

@@ -2,6 +2,8 @@
 
 #include "platform/DeepEnumeration.h"
 
+namespace tidlo {
+
 /// An entry to show to a visitor, with any attributes; remembers which siblings it was asked for.
 class FakeEntry final : public EnumeratedEntry
 {
@@ -29,3 +31,5 @@ private:
     QList<FilePath> siblings;
     mutable QList<FilePath> asked;
 };
+
+} // namespace tidlo

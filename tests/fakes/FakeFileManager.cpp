@@ -7,6 +7,8 @@
 
 #include <sys/stat.h>
 
+namespace tidlo {
+
 namespace {
 
 /// Numbered, so that things of the same name lie side by side.
@@ -51,3 +53,5 @@ FakeFileManager::FakeFileManager(const FilePath &home)
         return moveToFolder(home + "/.trash", path);
     });
 }
+
+} // namespace tidlo

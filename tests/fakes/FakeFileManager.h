@@ -4,6 +4,8 @@
 
 #include <gmock/gmock.h>
 
+namespace tidlo {
+
 /// A file manager for one home folder. It does what the live one does except where a test says otherwise with ON_CALL
 /// or EXPECT_CALL, so that any call can be made to fail, be watched or be held up. Two things differ from the start:
 /// nothing outside the home is searched, and the Trash is the folder ".trash" in the home.
@@ -29,3 +31,5 @@ public:
 private:
     std::unique_ptr<FileManager> liveFiles = makeFileManager();
 };
+
+} // namespace tidlo

@@ -4,6 +4,8 @@
 
 #include <gmock/gmock.h>
 
+namespace tidlo {
+
 /// A desktop that does nothing. Whether an application opens is told when the test says so.
 class FakeWorkspace : public Workspace
 {
@@ -19,3 +21,5 @@ public:
 
     Opened opened; ///< Of the last call.
 };
+
+} // namespace tidlo

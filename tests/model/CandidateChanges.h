@@ -4,6 +4,8 @@
 
 #include <array>
 
+namespace tidlo {
+
 /// A candidate with a value in every field.
 inline CleanupCandidate fullCandidate()
 {
@@ -38,3 +40,5 @@ inline constexpr std::array candidateChanges{
     CandidateChange{"selected", [](CleanupCandidate &candidate) { candidate.selected = false; }},
     CandidateChange{"aiExplanation", [](CleanupCandidate &candidate) { candidate.aiExplanation.reset(); }},
 };
+
+} // namespace tidlo

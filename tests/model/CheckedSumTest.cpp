@@ -4,6 +4,8 @@
 
 #include <limits>
 
+namespace tidlo {
+
 constexpr qint64 largest = std::numeric_limits<qint64>::max();
 constexpr qint64 smallest = std::numeric_limits<qint64>::min();
 
@@ -19,3 +21,5 @@ TEST(CheckedSumDeathTest, StopsTheProgramBeyondThem)
     EXPECT_DEATH(checkedSum(largest, 1), "does not fit 64 bits");
     EXPECT_DEATH(checkedSum(smallest, -1), "does not fit 64 bits");
 }
+
+} // namespace tidlo

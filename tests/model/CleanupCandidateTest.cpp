@@ -5,6 +5,8 @@
 
 #include <gmock/gmock.h>
 
+namespace tidlo {
+
 using testing::IsEmpty;
 
 TEST(CleanupCandidate, StartsSelectedWithoutExplanationPathsOrBytes)
@@ -56,3 +58,5 @@ TEST(CleanupCandidate, CanBeKeptInASet)
     QSet<CleanupCandidate> set{fullCandidate(), fullCandidate(), CleanupCandidate()};
     EXPECT_EQ(set.size(), 2);
 }
+
+} // namespace tidlo

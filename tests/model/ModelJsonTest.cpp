@@ -8,6 +8,8 @@
 
 #include <array>
 
+namespace tidlo {
+
 using Json = nlohmann::ordered_json;
 using testing::HasSubstr;
 
@@ -185,3 +187,5 @@ TEST(ModelJson, WritesAReportWithItsKeysInOrderAndAnAbsentSummaryLeftOut)
               R"({"recoveredBytes":7,"removedItems":2,"protectedItems":1,"finalDiskUsedPercent":0.5,)"
               R"("aiSummary":"Done."})");
 }
+
+} // namespace tidlo

@@ -8,6 +8,8 @@
 
 #include <gmock/gmock.h>
 
+namespace tidlo {
+
 using testing::ElementsAre;
 
 namespace {
@@ -81,3 +83,5 @@ TEST(ScanPhase, HasFourCasesThatCanBeHashed)
     EXPECT_LT(ScanPhase::scanning, ScanPhase::results);
     EXPECT_LT(ScanPhase::results, ScanPhase::report);
 }
+
+} // namespace tidlo

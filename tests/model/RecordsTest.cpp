@@ -7,6 +7,8 @@
 
 #include <array>
 
+namespace tidlo {
+
 TEST(ScanTotals, StartAtZeroWhichIsShownAsZeroPercent)
 {
     const ScanTotals totals;
@@ -55,3 +57,5 @@ TEST(ScanSnapshot, DiffersByItsTotalsAndByItsCandidatesInOrder)
     EXPECT_NE((ScanSnapshot{totals, {a, b}}), (ScanSnapshot{totals, {b, a}}));
     EXPECT_NE((ScanSnapshot{totals, {}}), (ScanSnapshot{{.freeBytes = 1}, {}}));
 }
+
+} // namespace tidlo

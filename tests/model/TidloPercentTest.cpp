@@ -4,6 +4,8 @@
 
 #include <limits>
 
+namespace tidlo {
+
 TEST(TidloPercent, RoundsToWholePercentsAndHalvesAwayFromZero)
 {
     EXPECT_EQ(tidloPercent(0.424), QStringLiteral("42%"));
@@ -31,3 +33,5 @@ TEST(TidloPercentDeathTest, APercentageBeyond64BitsStopsTheProgram)
     EXPECT_DEATH(tidloPercent(92'233'720'368'547'758.08), "Not a fraction");
     EXPECT_EQ(tidloPercent(-92'233'720'368'547'758.08), QStringLiteral("-9223372036854775808%"));
 }
+
+} // namespace tidlo

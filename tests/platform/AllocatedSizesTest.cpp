@@ -11,6 +11,8 @@
 #include <sys/stat.h>
 #include <sys/un.h>
 
+namespace tidlo {
+
 using testing::ElementsAre;
 
 namespace {
@@ -163,3 +165,5 @@ TEST(AllocatedSizes, AStopThatWasRequestedEndsTheCounting)
     EXPECT_THAT(DirectoryWalker().allocatedSizes({home / "folder", home / "folder"}, stop.get_token()),
                 ElementsAre(0, 0));
 }
+
+} // namespace tidlo

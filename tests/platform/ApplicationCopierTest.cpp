@@ -20,6 +20,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+namespace tidlo {
+
 using testing::Key;
 using testing::UnorderedElementsAre;
 
@@ -560,3 +562,5 @@ TEST_F(Placement, RemovesNoWorkshopThatAnotherOneUses)
 
     EXPECT_EQ(workshops(), QList{workshop->path()});
 }
+
+} // namespace tidlo

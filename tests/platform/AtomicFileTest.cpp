@@ -11,6 +11,8 @@
 
 #include <cerrno>
 
+namespace tidlo {
+
 using testing::Key;
 using testing::UnorderedElementsAre;
 
@@ -102,3 +104,5 @@ TEST_F(AtomicFile, StaysTheOldOneWhenThereIsNoRoom)
         EXPECT_THAT(home.inventory(), UnorderedElementsAre(Key("."), Key("folder"), Key("folder/file")));
     });
 }
+
+} // namespace tidlo

@@ -9,6 +9,8 @@
 
 #include <gmock/gmock.h>
 
+namespace tidlo {
+
 namespace {
 
 constexpr char plist[] = R"(<?xml version="1.0" encoding="UTF-8"?>
@@ -117,3 +119,5 @@ TEST_F(BundleTest, OfTheRunningProgramIsKnown)
     EXPECT_TRUE(executablePath().endsWith("/platform_tests")) << executablePath().constData();
     EXPECT_EQ(mainBundle(), bundleOf(executablePath()));
 }
+
+} // namespace tidlo

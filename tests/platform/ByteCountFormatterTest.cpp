@@ -4,6 +4,8 @@
 
 #include <limits>
 
+namespace tidlo {
+
 struct Row
 {
     qint64 bytes;
@@ -42,3 +44,5 @@ TEST(ByteCountText, IsWrittenInFileStyle)
     for (const Row &row : rows)
         EXPECT_EQ(byteCountText(row.bytes).toStdString(), row.text) << row.bytes;
 }
+
+} // namespace tidlo

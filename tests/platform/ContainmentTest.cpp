@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tidlo {
+
 TEST(Containment, IsToldByWhereThingsAre)
 {
     const TemporaryHome home;
@@ -52,3 +54,5 @@ TEST(Containment, IsTakenForGrantedWhereNobodyCanTell)
     });
     EXPECT_TRUE(result.succeeded) << result.output;
 }
+
+} // namespace tidlo

@@ -4,6 +4,8 @@
 
 #include <gmock/gmock.h>
 
+namespace tidlo {
+
 using testing::HasSubstr;
 
 TEST(DesktopEntry, ShowsAndStartsTheApplication)
@@ -32,3 +34,5 @@ TEST(DesktopEntry, StartsAnExecutableOfAnyName)
     EXPECT_THAT(entry("/a\nExec=b\t\r"), HasSubstr("\nExec=\"/a\\nExec=b\\t\\r\"\nTryExec=/a\\nExec=b\\t\\r\n"));
     EXPECT_THAT(entry("/a'b;c"), HasSubstr("\nExec=\"/a'b;c\"\nTryExec=/a'b;c\n"));
 }
+
+} // namespace tidlo

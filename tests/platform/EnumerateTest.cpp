@@ -9,6 +9,8 @@
 
 #include <sys/stat.h>
 
+namespace tidlo {
+
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::UnorderedElementsAre;
@@ -229,3 +231,5 @@ TEST(Enumerate, AStopInTheMiddleEndsTheWalkWithWhatWasFound)
         ASSERT_LT(shown, 100); // Each worker may be in the middle of one entry.
     }
 }
+
+} // namespace tidlo

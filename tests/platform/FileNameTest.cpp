@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tidlo {
+
 TEST(FileName, ThePathsLastComponentIsItsName)
 {
     EXPECT_EQ(lastPathComponent("/home/u/a.txt"), "a.txt");
@@ -54,3 +56,5 @@ TEST(FileName, IsJoinedToItsFolderByOneSlash)
     EXPECT_EQ(joined("/", ".cache"), "/.cache");
     EXPECT_EQ(joined("/home/me/", "file"), "/home/me/file");
 }
+
+} // namespace tidlo

@@ -12,6 +12,8 @@
 #include <cerrno>
 #include <cstring>
 
+namespace tidlo {
+
 namespace {
 
 /// What \a work says in a process whose $HOME is \a home, or that has none.
@@ -120,3 +122,5 @@ TEST(HomeFolder, HasNoSlashTooManyInFrontOfWhatLiesInIt)
     EXPECT_EQ(inHome("/", preferencesFile), "/.config/com.tidlo.storagecleaner.conf");
     EXPECT_EQ(inHome("/home/me/", preferencesFile), "/home/me/.config/com.tidlo.storagecleaner.conf");
 }
+
+} // namespace tidlo

@@ -21,6 +21,8 @@
 #include <sys/stat.h>
 #include <sys/syscall.h>
 
+namespace tidlo {
+
 using testing::ElementsAre;
 
 namespace {
@@ -294,3 +296,5 @@ TEST(HostileTrees, WalkingChangesNothingNotEvenAccessTimes)
 
     EXPECT_EQ(home.inventory(), before);
 }
+
+} // namespace tidlo

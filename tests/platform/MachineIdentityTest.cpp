@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tidlo {
+
 namespace {
 
 /// What systemd-id128 prints for the machine-id 0123456789abcdef0123456789abcdef and this application's identifier.
@@ -138,3 +140,5 @@ TEST_F(MachineIdentity, OfThisMachineIsReadAfreshByEveryCallToo)
         EXPECT_EQ(machineIdentity(), derived.toString(QUuid::WithoutBraces).toUpper());
     });
 }
+
+} // namespace tidlo

@@ -8,6 +8,8 @@
 #include <sys/time.h>
 #include <unistd.h>
 
+namespace tidlo {
+
 using namespace std::chrono_literals;
 
 TEST(QuitLimitDeathTest, EndsAProcessThatWaitsForever)
@@ -45,3 +47,5 @@ TEST(QuitLimit, LeavesAloneWhatEndsInTime)
     EXPECT_EQ(timer.it_value.tv_sec, 0);
     EXPECT_EQ(timer.it_value.tv_usec, 0);
 }
+
+} // namespace tidlo

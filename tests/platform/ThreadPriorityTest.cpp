@@ -7,6 +7,8 @@
 
 #include <sys/resource.h>
 
+namespace tidlo {
+
 namespace {
 
 constexpr int most = 19;
@@ -52,3 +54,5 @@ TEST(ThreadPriority, AThreadStandsBackFromWhereItWasStartedAndOnlyOnce)
         EXPECT_EQ(again, once) << start;
     }
 }
+
+} // namespace tidlo

@@ -13,6 +13,8 @@
 
 #include <sys/stat.h>
 
+namespace tidlo {
+
 using testing::HasSubstr;
 using testing::Not;
 
@@ -193,3 +195,5 @@ TEST_F(UninstallScriptTest, RemovesExactlyWhatItNamesWhateverElseItsNameHolds)
             EXPECT_TRUE(remaining.contains(kept)) << kept;
     }
 }
+
+} // namespace tidlo

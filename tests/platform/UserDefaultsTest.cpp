@@ -16,6 +16,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+namespace tidlo {
+
 using testing::AnyOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -374,3 +376,5 @@ TEST_F(UserDefaultsTest, ReplacesNoFileThatItCannotRead)
     EXPECT_TRUE(result.succeeded) << result.output;
     EXPECT_EQ(content(), "other=kept\n");
 }
+
+} // namespace tidlo

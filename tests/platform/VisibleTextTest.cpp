@@ -4,6 +4,8 @@
 
 #include <random>
 
+namespace tidlo {
+
 struct Row
 {
     const char *given;
@@ -212,3 +214,5 @@ TEST(VisibleText, ReadsNothingBeyondACharacterThatIsCutOff)
         EXPECT_EQ(unescaped(visibleText(name)), name);
     }
 }
+
+} // namespace tidlo

@@ -20,6 +20,8 @@
 #include <sys/stat.h>
 #include <sys/syscall.h>
 
+namespace tidlo {
+
 namespace {
 
 constexpr qint64 block = 4096;
@@ -224,3 +226,5 @@ TEST_F(WalkLimitsTest, AFolderWhoseListingFailsHasNoContents)
         [&] { return denySystemCall(SYS_getdents64, EIO) && !LiveFileManager().contentsOfDirectory(home / "tree"); });
     EXPECT_TRUE(result.succeeded) << result.output;
 }
+
+} // namespace tidlo

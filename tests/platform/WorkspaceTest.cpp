@@ -10,6 +10,8 @@
 
 #include <sys/stat.h>
 
+namespace tidlo {
+
 using testing::HasSubstr;
 
 namespace {
@@ -210,3 +212,5 @@ TEST_F(WorkspaceTest, WritesAnEntryThatTheDesktopAccepts)
     const FilePath entry = home / "data/applications/com.tidlo.storagecleaner.desktop";
     EXPECT_EQ(std::system(("desktop-file-validate " + entry).constData()), 0);
 }
+
+} // namespace tidlo

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tidlo {
+
 namespace {
 
 constexpr int patience = 120'000;
@@ -36,3 +38,5 @@ int ProxyProcess::waitForEnd()
         loop.exec();
     return process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
 }
+
+} // namespace tidlo

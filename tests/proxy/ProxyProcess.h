@@ -4,6 +4,8 @@
 
 #include <QProcess>
 
+namespace tidlo {
+
 /// A tidlo-proxy that runs, with a private state folder, on a port of its own. It is ended with the test.
 class ProxyProcess final
 {
@@ -29,3 +31,5 @@ private:
     QProcess process;
     QString announced;
 };
+
+} // namespace tidlo

@@ -15,6 +15,8 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
+namespace tidlo {
+
 using testing::AllOf;
 using testing::EndsWith;
 using testing::HasSubstr;
@@ -307,3 +309,5 @@ TEST_F(Proxy, EndsWithAReasonWhenItCannotRun)
     EXPECT_EQ(other.readAllStandardError().toStdString(),
               "tidlo-proxy: Port " + std::to_string(proxy.port()) + " of 127.0.0.1 is not to be had.\n");
 }
+
+} // namespace tidlo

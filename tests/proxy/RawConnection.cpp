@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tidlo {
+
 namespace {
 
 constexpr int patience = 120'000;
@@ -44,3 +46,5 @@ QByteArray explainRequest(const QByteArray &body, const QByteArray &headers)
     return "POST /explain HTTP/1.1\r\nHost: localhost\r\nContent-Type: application/json\r\n" + headers +
            "Content-Length: " + QByteArray::number(body.size()) + "\r\n\r\n" + body;
 }
+
+} // namespace tidlo

@@ -3,6 +3,8 @@
 #include <QByteArray>
 #include <QTcpSocket>
 
+namespace tidlo {
+
 /// A connection to a server on this machine, on which a test sends what it likes. Waits for events alone; only a server
 /// that hangs makes it give up.
 class RawConnection final
@@ -22,3 +24,5 @@ private:
 
 /// A whole request of the kind that the client sends.
 QByteArray explainRequest(const QByteArray &body, const QByteArray &headers = "X-Device-UUID: A\r\n");
+
+} // namespace tidlo

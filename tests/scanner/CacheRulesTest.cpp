@@ -2,6 +2,8 @@
 
 #include "scanner/RuleTest.h"
 
+namespace tidlo {
+
 using testing::_;
 using testing::ElementsAre;
 using testing::ElementsAreArray;
@@ -94,3 +96,5 @@ TEST_F(CacheRules, CountNothingOfACacheThatVanishesWhileItIsRead)
     EXPECT_THAT(found().paths, ElementsAre(home / ".cache"));
     EXPECT_EQ(found().bytes, 0);
 }
+
+} // namespace tidlo

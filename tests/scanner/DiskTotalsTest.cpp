@@ -4,6 +4,8 @@
 
 #include <sys/statvfs.h>
 
+namespace tidlo {
+
 using testing::Return;
 
 namespace {
@@ -80,3 +82,5 @@ TEST_F(DiskTotals, AreZeroForAHomeThatDoesNotExist)
 {
     EXPECT_EQ(diskTotals(files, home / "nowhere"), ScanTotals());
 }
+
+} // namespace tidlo

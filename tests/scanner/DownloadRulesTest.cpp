@@ -2,6 +2,8 @@
 
 #include "scanner/RuleTest.h"
 
+namespace tidlo {
+
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Return;
@@ -156,3 +158,5 @@ TEST_F(DownloadRules, CountNothingOfAFileThatVanishesWhileItIsRead)
     EXPECT_THAT(candidate.paths, ElementsAre(gone, stays));
     EXPECT_EQ(candidate.bytes, onDisk(stays));
 }
+
+} // namespace tidlo

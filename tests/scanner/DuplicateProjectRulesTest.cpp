@@ -4,6 +4,8 @@
 
 #include <array>
 
+namespace tidlo {
+
 using testing::_;
 using testing::ElementsAre;
 using testing::ElementsAreArray;
@@ -285,3 +287,5 @@ TEST_F(DuplicateProjectRules, KeepAnyNameByteForByte)
     }
     EXPECT_THAT(found().paths, testing::UnorderedElementsAreArray(expected));
 }
+
+} // namespace tidlo

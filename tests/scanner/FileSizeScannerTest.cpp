@@ -11,6 +11,8 @@
 
 #include <sys/resource.h>
 
+namespace tidlo {
+
 using testing::ElementsAre;
 using testing::Pair;
 using testing::Return;
@@ -264,3 +266,5 @@ TEST_F(FileSizeScannerTest, TellsTheTotalsOfAnyHome)
     EXPECT_EQ(QCoro::waitFor(scanner->diskTotals("/elsewhere")),
               (ScanTotals{.diskUsedPercent = 0.75, .freeBytes = 250, .volumeBytes = 1'000}));
 }
+
+} // namespace tidlo

@@ -4,6 +4,8 @@
 
 #include <limits>
 
+namespace tidlo {
+
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -45,3 +47,5 @@ TEST(FindingDeathTest, StopsTheProgramWhereTheSumDoesNotFit)
     const QList<qint64> sizes{std::numeric_limits<qint64>::max(), 1};
     EXPECT_DEATH(makeFinding(fixed, {"/a", "/b"}, sizes), "does not fit 64 bits");
 }
+
+} // namespace tidlo

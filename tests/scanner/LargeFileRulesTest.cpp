@@ -3,6 +3,8 @@
 #include "fakes/FakeEntry.h"
 #include "scanner/RuleTest.h"
 
+namespace tidlo {
+
 using testing::_;
 using testing::AllOf;
 using testing::ElementsAre;
@@ -229,3 +231,5 @@ TEST_F(LargeFileRules, EndEarlyWhenAskedToStop)
     stop.request_stop();
     EXPECT_THAT(oldLargeFilesCandidates(files, home.path(), now, stop.get_token()).at(0).candidate.paths, IsEmpty());
 }
+
+} // namespace tidlo

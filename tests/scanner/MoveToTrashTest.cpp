@@ -4,6 +4,8 @@
 
 #include <limits>
 
+namespace tidlo {
+
 using testing::_;
 using testing::ElementsAre;
 using testing::InSequence;
@@ -270,3 +272,5 @@ TEST_F(MoveToTrash, StopsTheProgramWhereASumDoesNotFit)
                                              candidate({home.file("b")}, 1)};
     EXPECT_DEATH(move(candidates), "does not fit 64 bits");
 }
+
+} // namespace tidlo

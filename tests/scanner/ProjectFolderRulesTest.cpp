@@ -5,6 +5,8 @@
 
 #include <array>
 
+namespace tidlo {
+
 using testing::_;
 using testing::AllOf;
 using testing::ElementsAre;
@@ -333,3 +335,5 @@ TEST_F(ProjectFolderRules, EndEarlyWhenAskedToStop)
     stop.request_stop();
     EXPECT_THAT(developerCandidates(files, home.path(), stop.get_token()).at(rebuildable).candidate.paths, IsEmpty());
 }
+
+} // namespace tidlo

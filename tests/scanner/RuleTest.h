@@ -10,6 +10,8 @@
 
 #include <unistd.h>
 
+namespace tidlo {
+
 /// What is fixed of a candidate, to be compared at once.
 struct FixedFields
 {
@@ -80,3 +82,5 @@ protected:
     TemporaryHome home;
     testing::NiceMock<FakeFileManager> files{home.path()};
 };
+
+} // namespace tidlo

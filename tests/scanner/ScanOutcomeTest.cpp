@@ -6,6 +6,8 @@
 #include <functional>
 #include <numeric>
 
+namespace tidlo {
+
 using testing::AllOf;
 using testing::ElementsAre;
 using testing::Field;
@@ -160,3 +162,5 @@ TEST_F(ScanOutcome, OfAHomeThatCannotBeReadAtAllIsEmpty)
     ON_CALL(files, fileSystemAttributes).WillByDefault(Return(std::nullopt));
     EXPECT_EQ(scanned(), ScanSnapshot());
 }
+
+} // namespace tidlo

@@ -2,6 +2,8 @@
 
 #include "scanner/RuleTest.h"
 
+namespace tidlo {
+
 using testing::_;
 using testing::Property;
 
@@ -24,3 +26,5 @@ TEST_F(ScanSteps, HandTheStopOfTheScanToEverySearchAndEveryMeasurement)
     for (const ScanStep &step : scanSteps)
         step.run({.files = files, .home = home.path(), .stop = scan.get_token()}, harvest);
 }
+
+} // namespace tidlo

@@ -7,6 +7,8 @@
 
 #include <limits>
 
+namespace tidlo {
+
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -141,3 +143,5 @@ TEST(ScanSummaryDeathTest, StopsTheProgramWhereASumDoesNotFit)
     EXPECT_EQ(snapshotOf({candidate("a", largest)}).totals.totalBytes, largest);
     EXPECT_DEATH(snapshotOf({candidate("a", largest), candidate("b", 1)}), "does not fit 64 bits");
 }
+
+} // namespace tidlo

@@ -7,6 +7,8 @@
 
 #include <semaphore>
 
+namespace tidlo {
+
 /// A scanner on a real home, with the event loop that its coroutines need.
 class ScannerTest : public RuleTest
 {
@@ -80,3 +82,5 @@ protected:
     QCoreApplication application{argumentCount, arguments};
     std::unique_ptr<FileSizeScanner> scanner = std::make_unique<FileSizeScanner>(sharedFiles());
 };
+
+} // namespace tidlo

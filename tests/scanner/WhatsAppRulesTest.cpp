@@ -2,6 +2,8 @@
 
 #include "scanner/RuleTest.h"
 
+namespace tidlo {
+
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
@@ -99,3 +101,5 @@ TEST_F(WhatsAppRules, CountNothingOfAFolderThatCannotBeRead)
     EXPECT_THAT(candidates(), SizeIs(2));
     withoutAccessTo(home / cacheFolder, [this] { EXPECT_THAT(candidates(), SizeIs(1)); });
 }
+
+} // namespace tidlo

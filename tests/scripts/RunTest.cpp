@@ -11,6 +11,8 @@
 
 #include <algorithm>
 
+namespace tidlo {
+
 using testing::HasSubstr;
 using testing::StartsWith;
 using testing::UnorderedElementsAre;
@@ -337,3 +339,5 @@ TEST(Run, TakesNoOptions)
     EXPECT_EQ(tree.log(), "");
     EXPECT_EQ(tree.errors, "run: takes no options; build/release/tidlo-cli --help tells those of the program.\n");
 }
+
+} // namespace tidlo

@@ -8,6 +8,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+namespace tidlo {
+
 using testing::HasSubstr;
 using testing::Not;
 using testing::StartsWith;
@@ -193,3 +195,5 @@ TEST(Build, WithoutCMakeItSaysWhatInstallsIt)
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(run.errors, "build: cmake is missing; scripts/bootstrap installs it.\n");
 }
+
+} // namespace tidlo

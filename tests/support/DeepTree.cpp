@@ -12,6 +12,8 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+namespace tidlo {
+
 namespace {
 
 void require(bool succeeded, const char *what, const char *name)
@@ -56,3 +58,5 @@ void makeChain(const FilePath &top, const char *name, int levels, const AtLevel 
     if (atLevel)
         atLevel(folder.get(), levels);
 }
+
+} // namespace tidlo

@@ -4,6 +4,8 @@
 
 #include <functional>
 
+namespace tidlo {
+
 /// Called with the descriptor of a folder and its level; the top is level 0.
 using AtLevel = std::function<void(int folder, int level)>;
 
@@ -16,3 +18,5 @@ void makeFolder(int folder, const char *name);
 
 /// Makes a file of \a bytes in an open folder.
 void makeFile(int folder, const char *name, qint64 bytes = 0);
+
+} // namespace tidlo

@@ -4,6 +4,8 @@
 
 #include <unistd.h>
 
+namespace tidlo {
+
 void addEveryFinding(const TemporaryHome &home)
 {
     const FileTime old =
@@ -25,3 +27,5 @@ void addEveryFinding(const TemporaryHome &home)
     home.file("Sites/localhost/shop copy/x");
     home.setModified("Sites/localhost/shop copy", old);
 }
+
+} // namespace tidlo

@@ -18,6 +18,8 @@
 #include <sys/resource.h>
 #include <sys/wait.h>
 
+namespace tidlo {
+
 namespace {
 
 bool writeLine(const char *path, const std::string &line)
@@ -97,3 +99,5 @@ bool denySystemCall(long number, int error)
     const sock_fprog filter{.len = program.size(), .filter = const_cast<sock_filter *>(program.data())};
     return prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0) == 0 && prctl(PR_SET_SECCOMP, SECCOMP_MODE_FILTER, &filter) == 0;
 }
+
+} // namespace tidlo

@@ -3,6 +3,8 @@
 #include <functional>
 #include <string>
 
+namespace tidlo {
+
 /// What a child process made of its work.
 struct ChildResult
 {
@@ -19,3 +21,5 @@ bool enterMountNamespace();                  ///< Mounts made afterwards are see
 bool limitDescriptors(int count);            ///< How many files the process may have open.
 bool becomeNobody();                         ///< Drops root's rights for good; others have none to drop.
 bool denySystemCall(long number, int error); ///< From now on the call fails with \a error.
+
+} // namespace tidlo

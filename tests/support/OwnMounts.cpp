@@ -9,6 +9,8 @@
 
 #include <sys/mount.h>
 
+namespace tidlo {
+
 void inOwnMounts(const std::function<void()> &work)
 {
     const std::string skipped = "(skipped)";
@@ -31,3 +33,5 @@ void mountMemory(const FilePath &folder, const char *options)
 {
     ASSERT_EQ(mount("memory", folder.constData(), "tmpfs", 0, options), 0) << std::strerror(errno);
 }
+
+} // namespace tidlo

@@ -16,6 +16,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+namespace tidlo {
+
 namespace {
 
 void require(bool succeeded, const char *what, const FilePath &path)
@@ -176,3 +178,5 @@ std::map<std::string, TemporaryHome::Entry> TemporaryHome::inventory() const
     record(AT_FDCWD, root.constData(), ".", entries);
     return entries;
 }
+
+} // namespace tidlo

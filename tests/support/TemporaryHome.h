@@ -8,6 +8,8 @@
 
 #include <sys/stat.h>
 
+namespace tidlo {
+
 /// A private home folder that a test made, removed with everything in it afterwards. Paths given are relative to it and
 /// are raw bytes; parent folders are made as needed. A failing call of the system ends the test program.
 class TemporaryHome final
@@ -55,3 +57,5 @@ private:
 
     FilePath root;
 };
+
+} // namespace tidlo

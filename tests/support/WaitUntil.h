@@ -4,6 +4,8 @@
 
 #include <functional>
 
+namespace tidlo {
+
 /// Runs the event loop until \a condition holds.
 inline void waitUntil(const std::function<bool()> &condition)
 {
@@ -11,3 +13,5 @@ inline void waitUntil(const std::function<bool()> &condition)
     while (!condition())
         loop.processEvents(QEventLoop::WaitForMoreEvents);
 }
+
+} // namespace tidlo

@@ -8,6 +8,7 @@
 
 int main(int count, char **arguments)
 {
+    using namespace tidlo;
     const QCoreApplication application(count, arguments);
     const bool isPlacing = count == 3;
     AppEnvironment environment;

@@ -10,6 +10,8 @@
 
 #include <array>
 
+namespace tidlo {
+
 namespace {
 
 struct Scheme
@@ -75,8 +77,11 @@ QImage sheet(const Scheme &scheme, int ratio)
 
 } // namespace
 
+} // namespace tidlo
+
 int main(int argc, char **argv)
 {
+    using namespace tidlo;
     qputenv("QT_QPA_PLATFORM", "offscreen");
     const QGuiApplication application(argc, argv);
     if (argc != 2)

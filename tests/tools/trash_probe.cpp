@@ -6,6 +6,8 @@
 #include <cstdio>
 #include <span>
 
+namespace tidlo {
+
 namespace {
 
 const char *word(TrashOutcome::Kind kind)
@@ -27,8 +29,11 @@ const char *word(TrashOutcome::Kind kind)
 
 } // namespace
 
+} // namespace tidlo
+
 int main(int count, char **arguments)
 {
+    using namespace tidlo;
     const std::unique_ptr<FileManager> files = makeFileManager();
     bool allMoved = true;
     for (const char *path : std::span(arguments, static_cast<size_t>(count)).subspan(1)) {

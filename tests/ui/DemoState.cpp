@@ -8,6 +8,8 @@
 
 #include <array>
 
+namespace tidlo {
+
 namespace {
 
 struct DemoFinding
@@ -137,3 +139,5 @@ AppEnvironment demoEnvironment(const FilePath &folder)
             .applicationPath = folder + "/Applications/Tidlo.app",
             .temporaryFolder = folder};
 }
+
+} // namespace tidlo

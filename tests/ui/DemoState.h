@@ -2,6 +2,8 @@
 
 #include "app/AppViewModel.h"
 
+namespace tidlo {
+
 /// Nine findings, one from each rule, as a developer's home may have them. Always the same.
 QList<CleanupCandidate> demoFindings();
 
@@ -20,3 +22,5 @@ QCoro::Task<std::optional<QString>> explainNothing(QList<CleanupCandidate>);
 /// An environment that finds nothing and explains nothing. Its desktop does
 /// nothing; the application, its preferences and whatever it would write lie in \a folder.
 AppEnvironment demoEnvironment(const FilePath &folder);
+
+} // namespace tidlo

@@ -2,6 +2,8 @@
 
 #include <QCoreApplication>
 
+namespace tidlo {
+
 UiTest::UiTest() = default;
 
 UiTest::~UiTest()
@@ -43,3 +45,5 @@ CleanupCandidate candidate(CleanupRisk risk, qint64 bytes, CleanupCategory categ
     candidate.selected = risk != CleanupRisk::never;
     return candidate;
 }
+
+} // namespace tidlo

@@ -9,6 +9,8 @@
 
 #include <gmock/gmock.h>
 
+namespace tidlo {
+
 /// A state owner with a home, a desktop and preferences of its own, for what shows it. Nobody explains anything.
 class UiTest : public testing::Test
 {
@@ -47,3 +49,5 @@ private:
 
 /// A candidate of that risk, selected unless it is never to be touched.
 CleanupCandidate candidate(CleanupRisk risk, qint64 bytes = 1, CleanupCategory category = CleanupCategory::caches);
+
+} // namespace tidlo

@@ -1,5 +1,7 @@
 #include "platform/linux/DesktopEntry.h"
 
+namespace tidlo {
+
 namespace {
 
 /// As one argument of a command line: quoted, and "%" doubled, since it begins a field.
@@ -45,3 +47,5 @@ QByteArray desktopEntry(const FilePath &executable, const QByteArray &icon)
            "StartupWMClass=" +
            icon + "\n";
 }
+
+} // namespace tidlo

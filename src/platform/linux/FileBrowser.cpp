@@ -8,6 +8,8 @@
 #include <QDBusPendingReply>
 #include <QStandardPaths>
 
+namespace tidlo {
+
 namespace {
 
 QString uriOf(const FilePath &path)
@@ -37,3 +39,5 @@ void showInFiles(const FilePath &item)
             openFolderOf(item);
     });
 }
+
+} // namespace tidlo

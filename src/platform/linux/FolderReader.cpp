@@ -20,6 +20,8 @@
 #include <sys/sysmacros.h>
 #include <unistd.h>
 
+namespace tidlo {
+
 namespace {
 
 constexpr int listingFlags = O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK;
@@ -207,3 +209,5 @@ std::optional<FolderIdentity> identityOf(int folder)
         return std::nullopt;
     return FolderIdentity{.device = status.st_dev, .inode = status.st_ino};
 }
+
+} // namespace tidlo

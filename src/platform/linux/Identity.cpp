@@ -2,6 +2,8 @@
 
 #include <cerrno>
 
+namespace tidlo {
+
 Identity identityAt(const SystemCalls &calls, int held, int folder, const char *name)
 {
     // Both are asked anew: on layered file systems a number may change when a thing is moved.
@@ -15,3 +17,5 @@ Identity identityAt(const SystemCalls &calls, int held, int folder, const char *
                       one.stx_dev_minor == other.stx_dev_minor;
     return same ? Identity::same : Identity::different;
 }
+
+} // namespace tidlo

@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+namespace tidlo {
+
 namespace {
 
 // Changing it changes every machine's identifier.
@@ -61,3 +63,5 @@ std::optional<QString> machineIdentity()
     const std::optional<QUuid> id = applicationMachineId({"/etc/machine-id", "/var/lib/dbus/machine-id"});
     return id ? std::optional(id->toString(QUuid::WithoutBraces).toUpper()) : std::nullopt;
 }
+
+} // namespace tidlo

@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <cerrno>
 
+namespace tidlo {
+
 int mountObstacle(const FilePath &path)
 {
     const SystemCalls calls = uninterrupted(SystemCalls());
@@ -21,3 +23,5 @@ int mountObstacle(const FilePath &path)
     const std::optional<FileSystemPlace> place = mounts.place(folder->mount, joined(folder->path, path.mid(slash + 1)));
     return !place || mounts.hasMountWithin(*place) ? EBUSY : 0;
 }
+
+} // namespace tidlo

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace tidlo {
+
 namespace {
 
 /// The kernel writes white space and backslashes as three octal digits.
@@ -73,3 +75,5 @@ bool MountTable::hasMountWithin(const FileSystemPlace &folder) const
         return point && folder.contains(*point);
     });
 }
+
+} // namespace tidlo

@@ -6,6 +6,8 @@
 
 #include <optional>
 
+namespace tidlo {
+
 /// Where something lies inside its file system, the same whichever mount it is reached through.
 struct FileSystemPlace
 {
@@ -51,3 +53,5 @@ private:
 
 /// Whether \a path is \a folder or lies beneath it; both absolute, without links, doubled or trailing slashes.
 bool isAtOrBelow(const FilePath &path, const FilePath &folder);
+
+} // namespace tidlo

@@ -8,6 +8,8 @@
 #include <cerrno>
 #include <climits>
 
+namespace tidlo {
+
 namespace {
 
 constexpr int asFolder = O_PATH | O_DIRECTORY | O_CLOEXEC;
@@ -142,3 +144,5 @@ std::optional<QByteArray> readSystemFile(const SystemCalls &calls, const QByteAr
         text.append(part.data(), size);
     }
 }
+
+} // namespace tidlo

@@ -8,6 +8,8 @@
 
 #include <optional>
 
+namespace tidlo {
+
 /// A folder that is held open, so that it stays the same one whatever becomes of its path.
 struct OpenFolder
 {
@@ -38,3 +40,5 @@ std::optional<quint64> mountOf(const SystemCalls &calls, int descriptor);
 
 /// All that a file of /proc holds; nothing on failure, and errno tells why.
 std::optional<QByteArray> readSystemFile(const SystemCalls &calls, const QByteArray &path);
+
+} // namespace tidlo

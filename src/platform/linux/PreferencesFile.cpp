@@ -3,7 +3,11 @@
 #include "platform/ApplicationIdentifier.h"
 #include "platform/linux/UserFiles.h"
 
+namespace tidlo {
+
 FilePath preferencesFile()
 {
     return userFilesOf(applicationIdentifier).preferences;
 }
+
+} // namespace tidlo

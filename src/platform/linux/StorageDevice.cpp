@@ -11,6 +11,8 @@
 #include <sys/stat.h>
 #include <sys/sysmacros.h>
 
+namespace tidlo {
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -92,3 +94,5 @@ bool anyDiskRotates(const QList<FilePath> &paths)
     }
     return false;
 }
+
+} // namespace tidlo

@@ -2,13 +2,15 @@
 
 #include "platform/Interruption.h"
 
+namespace tidlo {
+
 namespace {
 
 template <typename Result, typename... Arguments>
 void repeat(std::function<Result(Arguments...)> &call)
 {
     call = [once = std::move(call)](Arguments... arguments) {
-        return ::uninterrupted([&] { return once(arguments...); });
+        return tidlo::uninterrupted([&] { return once(arguments...); });
     };
 }
 
@@ -28,3 +30,5 @@ SystemCalls uninterrupted(SystemCalls calls)
     repeat(calls.unlinkat);
     return calls;
 }
+
+} // namespace tidlo

@@ -8,6 +8,8 @@
 #include <sys/statvfs.h>
 #include <unistd.h>
 
+namespace tidlo {
+
 /// Every call of the system that a move to the Trash makes, so that a test can make each of them fail. They are named
 /// and used as in the manual: what fails returns a negative number and sets errno.
 struct SystemCalls
@@ -29,3 +31,5 @@ struct SystemCalls
 
 /// The same \a calls, each made again when a signal interrupted it, but for close, which closes even so.
 SystemCalls uninterrupted(SystemCalls calls);
+
+} // namespace tidlo

@@ -5,6 +5,8 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
+namespace tidlo {
+
 namespace {
 
 bool stepBack()
@@ -24,3 +26,5 @@ void standBack()
     thread_local const bool isDone = stepBack(); // Further from where it was started, and so only once.
     static_cast<void>(isDone);
 }
+
+} // namespace tidlo

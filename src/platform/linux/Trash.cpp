@@ -8,6 +8,8 @@
 
 #include <cerrno>
 
+namespace tidlo {
+
 TrashOutcome moveToTrash(const FilePath &path, const FilePath &home)
 {
     return Trash(home, dataHomeIn(home, qgetenv("XDG_DATA_HOME"))).move(path, std::time(nullptr));
@@ -36,3 +38,5 @@ TrashOutcome Trash::move(const FilePath &path, std::time_t now) const
         return *outcome;
     return TrashMove(calls, item, trash).run(trashRecord(trash.recordedPath(item.path()), now));
 }
+
+} // namespace tidlo

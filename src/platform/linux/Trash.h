@@ -6,6 +6,8 @@
 
 #include <ctime>
 
+namespace tidlo {
+
 /// The Trash of the freedesktop.org Trash specification 1.0: that of the home for what is on the home's mount, and else
 /// the one at the top of the item's own mount. Keeps nothing between moves, so any thread may use it.
 class Trash final
@@ -27,3 +29,5 @@ private:
     FilePath dataHome;
     SystemCalls calls;
 };
+
+} // namespace tidlo

@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cerrno>
 
+namespace tidlo {
+
 namespace {
 
 constexpr int asFolder = O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
@@ -94,3 +96,5 @@ FilePath TrashFolder::recordedPath(const FilePath &path) const
 {
     return base.isEmpty() ? path : path.mid(joined(base, {}).size());
 }
+
+} // namespace tidlo

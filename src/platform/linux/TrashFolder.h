@@ -4,6 +4,8 @@
 #include "platform/linux/MountTable.h"
 #include "platform/linux/OpenFolder.h"
 
+namespace tidlo {
+
 /// A Trash that is held open: its folder of items and its folder of records, both the user's own.
 class TrashFolder final
 {
@@ -30,3 +32,5 @@ private:
     FilePath base; ///< Where recorded paths begin; empty when they are absolute.
     qsizetype nameLimit = NAME_MAX;
 };
+
+} // namespace tidlo

@@ -5,6 +5,8 @@
 
 #include <cerrno>
 
+namespace tidlo {
+
 namespace {
 
 FilePath folderOf(const FilePath &path)
@@ -43,3 +45,5 @@ std::optional<TrashOutcome> TrashItem::learn(const SystemCalls &calls)
     ownMount = *found;
     return std::nullopt;
 }
+
+} // namespace tidlo

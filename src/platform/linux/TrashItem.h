@@ -6,6 +6,8 @@
 #include "platform/linux/MountTable.h"
 #include "platform/linux/OpenFolder.h"
 
+namespace tidlo {
+
 /// An item that is to be moved, held open together with its folder: both stay the same ones from here on, whatever is
 /// done to their paths meanwhile.
 class TrashItem final
@@ -32,3 +34,5 @@ private:
     quint64 ownMount = 0;
     mode_t kind = 0;
 };
+
+} // namespace tidlo

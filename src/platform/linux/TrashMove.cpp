@@ -9,6 +9,8 @@
 #include <array>
 #include <cerrno>
 
+namespace tidlo {
+
 namespace {
 
 constexpr int mostNames = 50;
@@ -154,3 +156,5 @@ TrashOutcome TrashMove::checked(const FilePath &name) const
             .reason = QStringLiteral("Something else took its place meanwhile, and is in the Trash now."),
             .error = ESTALE};
 }
+
+} // namespace tidlo

@@ -3,6 +3,8 @@
 #include "platform/linux/TrashFolder.h"
 #include "platform/linux/TrashItem.h"
 
+namespace tidlo {
+
 /// Moves one item into one Trash: first its record, whole and on the disk, then the item itself, by one rename.
 class TrashMove final
 {
@@ -40,3 +42,5 @@ private:
     const TrashItem &item;
     const TrashFolder &trash;
 };
+
+} // namespace tidlo

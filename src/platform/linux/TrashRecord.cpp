@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+namespace tidlo {
+
 namespace {
 
 constexpr QLatin1StringView recordSuffix(".trashinfo");
@@ -50,3 +52,5 @@ FilePath trashName(const FilePath &name, quint32 number, qsizetype limit)
     const qsizetype room = limit - recordSuffix.size() - ending.size();
     return cut(name.left(dot), std::max<qsizetype>(room, 1)) + ending;
 }
+
+} // namespace tidlo

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cerrno>
 
+namespace tidlo {
+
 namespace {
 
 /// Whether a folder of this name at the top of a mount is a Trash, whoever's it is.
@@ -64,3 +66,5 @@ std::optional<TrashOutcome> refusal(const SystemCalls &calls, const TrashItem &i
         return refused(QStringLiteral("It holds a Trash."));
     return std::nullopt;
 }
+
+} // namespace tidlo

@@ -13,6 +13,8 @@
 #include <sys/sendfile.h>
 #include <sys/stat.h>
 
+namespace tidlo {
+
 namespace fs = std::filesystem;
 
 namespace {
@@ -128,3 +130,5 @@ int copyTree(const FilePath &source, const FilePath &destination)
         error = type == fs::file_type::directory ? copyFolder(top) : copyItem(top, type);
     return error.value();
 }
+
+} // namespace tidlo

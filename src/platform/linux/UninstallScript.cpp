@@ -3,6 +3,8 @@
 #include "platform/ShellQuoting.h"
 #include "platform/linux/UserFiles.h"
 
+namespace tidlo {
+
 namespace {
 
 QByteArray quoted(const FilePath &path)
@@ -39,3 +41,5 @@ UninstallScript uninstallScript(const FilePath &application, const QByteArray &i
                     "rm -rf " +
                     quoted(files.cacheFolder)};
 }
+
+} // namespace tidlo

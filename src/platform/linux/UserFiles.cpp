@@ -4,6 +4,8 @@
 #include "platform/HomeFolder.h"
 #include "platform/linux/UserFolders.h"
 
+namespace tidlo {
+
 UserFiles userFilesOf(const QByteArray &identifier)
 {
     const FilePath home = homeFolder();
@@ -15,3 +17,5 @@ UserFiles userFilesOf(const QByteArray &identifier)
             .preferences = joined(configuration, identifier + ".conf"),
             .cacheFolder = joined(caches, identifier)};
 }
+
+} // namespace tidlo

@@ -2,6 +2,8 @@
 
 #include "model/FilePath.h"
 
+namespace tidlo {
+
 /// Where files of the application lie in the folders of the user. All absolute.
 struct UserFiles
 {
@@ -13,3 +15,5 @@ struct UserFiles
 
 /// Those of the application known by \a identifier. Read from the environment each time.
 UserFiles userFilesOf(const QByteArray &identifier);
+
+} // namespace tidlo

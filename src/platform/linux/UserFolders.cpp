@@ -4,6 +4,8 @@
 
 #include <cerrno>
 
+namespace tidlo {
+
 namespace {
 
 std::optional<UserFolders::Kept> find(const SystemCalls &calls, const MountTable &mounts, const FilePath &path)
@@ -48,3 +50,5 @@ std::optional<UserFolders> findUserFolders(const SystemCalls &calls, const Mount
     }
     return folders;
 }
+
+} // namespace tidlo

@@ -5,6 +5,8 @@
 
 #include <vector>
 
+namespace tidlo {
+
 /// The folders of the user that no move may touch.
 struct UserFolders
 {
@@ -29,3 +31,5 @@ FilePath folderInHome(const FilePath &home, const char *usual, const FilePath &c
 
 /// Where programs keep the user's data: \a configured, which is what XDG_DATA_HOME says, if that is absolute.
 FilePath dataHomeIn(const FilePath &home, const FilePath &configured);
+
+} // namespace tidlo

@@ -11,6 +11,8 @@
 
 #include <QCoreApplication>
 
+namespace tidlo {
+
 namespace {
 
 class LinuxWorkspace final : public Workspace
@@ -31,7 +33,7 @@ public:
         opened(startDetached(bundleAt(application).executable, {}));
     }
 
-    void showInFiles(const FilePath &item) override { ::showInFiles(item); }
+    void showInFiles(const FilePath &item) override { tidlo::showInFiles(item); }
 
     std::optional<QString> start(const FilePath &program, const QByteArrayList &arguments) override
     {
@@ -47,3 +49,5 @@ std::unique_ptr<Workspace> makeWorkspace()
 {
     return std::make_unique<LinuxWorkspace>();
 }
+
+} // namespace tidlo

@@ -7,6 +7,8 @@
 
 #include <mach-o/dyld.h>
 
+namespace tidlo {
+
 FilePath executablePath()
 {
     std::array<char, PATH_MAX> given{};
@@ -16,3 +18,5 @@ FilePath executablePath()
         return {};
     return truth.data();
 }
+
+} // namespace tidlo

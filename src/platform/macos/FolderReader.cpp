@@ -14,6 +14,8 @@
 #include <sys/vnode.h>
 #include <unistd.h>
 
+namespace tidlo {
+
 namespace {
 
 constexpr int listingFlags = O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK;
@@ -170,3 +172,5 @@ std::optional<FolderIdentity> identityOf(int folder)
         return std::nullopt;
     return FolderIdentity{.device = static_cast<quint64>(status.st_dev), .inode = status.st_ino};
 }
+
+} // namespace tidlo

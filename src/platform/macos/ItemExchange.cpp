@@ -4,6 +4,8 @@
 
 #include <stdio.h>
 
+namespace tidlo {
+
 int exchangeItems(const FilePath &one, const FilePath &other)
 {
     return renamex_np(one.constData(), other.constData(), RENAME_SWAP) == 0 ? 0 : errno;
@@ -13,3 +15,5 @@ bool isExchangeUnknown(int error)
 {
     return error == ENOTSUP || error == EINVAL || error == ENOSYS;
 }
+
+} // namespace tidlo

@@ -3,6 +3,8 @@
 #include <CoreFoundation/CoreFoundation.h>
 #include <IOKit/IOKitLib.h>
 
+namespace tidlo {
+
 std::optional<QString> machineIdentity()
 {
     const io_service_t service =
@@ -20,3 +22,5 @@ std::optional<QString> machineIdentity()
     CFRelease(property);
     return identity;
 }
+
+} // namespace tidlo

@@ -5,6 +5,8 @@
 
 #include <sys/mount.h>
 
+namespace tidlo {
+
 int mountObstacle(const FilePath &path)
 {
     std::error_code error;
@@ -22,3 +24,5 @@ int mountObstacle(const FilePath &path)
     }
     return count == 0 ? errno : 0;
 }
+
+} // namespace tidlo

@@ -4,7 +4,11 @@
 #include "platform/FileName.h"
 #include "platform/HomeFolder.h"
 
+namespace tidlo {
+
 FilePath preferencesFile()
 {
     return joined(homeFolder(), "Library/Preferences") + '/' + applicationIdentifier + ".plist";
 }
+
+} // namespace tidlo

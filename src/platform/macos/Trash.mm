@@ -12,6 +12,8 @@
 
 #import <Foundation/Foundation.h>
 
+namespace tidlo {
+
 namespace {
 
 /// Whether the item is the home folder or one above it, or a link that the home is reached through.
@@ -73,3 +75,5 @@ TrashOutcome moveToTrash(const FilePath &givenPath, const FilePath &home)
         return isMoved ? moved() : failedWith(error);
     }
 }
+
+} // namespace tidlo

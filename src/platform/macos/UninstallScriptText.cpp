@@ -1,6 +1,8 @@
 #include "platform/ShellQuoting.h"
 #include "platform/UninstallScript.h"
 
+namespace tidlo {
+
 UninstallScript uninstallScriptForMacOS(const FilePath &application, const QByteArray &identifier)
 {
     // The path stands between double quotes, once more inside single ones.
@@ -20,3 +22,5 @@ UninstallScript uninstallScriptForMacOS(const FilePath &application, const QByte
                     "rm -rf \"$HOME/Library/Caches/" +
                     identifier + "\""};
 }
+
+} // namespace tidlo

@@ -2,6 +2,8 @@
 
 #import <Foundation/Foundation.h>
 
+namespace tidlo {
+
 namespace {
 
 std::optional<qint64> figure(NSDictionary *values, NSURLResourceKey key)
@@ -24,3 +26,5 @@ std::optional<VolumeCapacity> volumeCapacityOf(const FilePath &path)
                               .available = figure(values, NSURLVolumeAvailableCapacityForImportantUsageKey)};
     }
 }
+
+} // namespace tidlo

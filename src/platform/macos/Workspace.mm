@@ -6,6 +6,8 @@
 
 #import <AppKit/AppKit.h>
 
+namespace tidlo {
+
 namespace {
 
 NSURL *urlOf(const FilePath &path)
@@ -50,3 +52,5 @@ std::unique_ptr<Workspace> makeWorkspace()
 {
     return std::make_unique<MacWorkspace>();
 }
+
+} // namespace tidlo

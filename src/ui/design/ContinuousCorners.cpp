@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <array>
 
+namespace tidlo {
+
 namespace {
 
 constexpr double reach = 1.528665;
@@ -50,3 +52,5 @@ QPainterPath continuousRectangle(const QRectF &rectangle, double radius, Qt::Edg
     path.closeSubpath();
     return path;
 }
+
+} // namespace tidlo

@@ -4,6 +4,8 @@
 
 #include <QPainter>
 
+namespace tidlo {
+
 ContinuousRectangle::ContinuousRectangle(QQuickItem *parent)
     : QQuickPaintedItem(parent)
 {
@@ -21,3 +23,5 @@ void ContinuousRectangle::paint(QPainter *painter)
     painter->setClipPath(outline);
     painter->strokePath(outline, QPen(line, 2 * lineWidth));
 }
+
+} // namespace tidlo

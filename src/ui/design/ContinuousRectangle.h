@@ -3,6 +3,8 @@
 #include <QColor>
 #include <QQuickPaintedItem>
 
+namespace tidlo {
+
 /// A filled rectangle with continuous corners, and a line inside its edge if it is given a width. Drawn anew only when
 /// one of its properties or its size changes.
 class ContinuousRectangle : public QQuickPaintedItem
@@ -30,3 +32,5 @@ private:
     QColor line = Qt::transparent;
     double lineWidth = 0;
 };
+
+} // namespace tidlo

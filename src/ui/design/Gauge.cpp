@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+namespace tidlo {
+
 Gauge::Gauge(QQuickItem *parent)
     : PictureItem(parent)
 {
@@ -70,3 +72,5 @@ QImage Gauge::picture(double pixelRatio)
     painter.strokePath(line(), pen);
     return drawn;
 }
+
+} // namespace tidlo

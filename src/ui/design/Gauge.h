@@ -6,6 +6,8 @@
 
 class QPainterPath;
 
+namespace tidlo {
+
 /// A part of a circle's line, as wide as the item. It begins at three o'clock and runs clockwise; whoever wants another
 /// beginning rotates the item, and with it the gradient, if there is one. Drawn anew only when one of its properties
 /// changes, and only where its line is: turning a short arc moves few pixels.
@@ -48,3 +50,5 @@ private:
     QColor topTrailing = Qt::black;
     QColor bottomLeading;
 };
+
+} // namespace tidlo

@@ -3,6 +3,8 @@
 #include <QTextCursor>
 #include <QTextDocument>
 
+namespace tidlo {
+
 void LineSpacing::setDocument(QQuickTextDocument *document)
 {
     target = document;
@@ -31,3 +33,5 @@ void LineSpacing::apply()
         everything.blockFormat().lineHeightType() != QTextBlockFormat::LineDistanceHeight)
         everything.mergeBlockFormat(format);
 }
+
+} // namespace tidlo

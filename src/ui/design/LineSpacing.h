@@ -5,6 +5,8 @@
 #include <QQuickTextDocument>
 #include <QtQml/qqmlregistration.h>
 
+namespace tidlo {
+
 /// Gives the lines of a text edit, which has no property for it, room between them beyond what the font has. Main
 /// thread.
 class LineSpacing : public QObject
@@ -32,3 +34,5 @@ private:
     QPointer<QQuickTextDocument> target;
     double room = 0;
 };
+
+} // namespace tidlo

@@ -11,6 +11,8 @@
 
 #include <cmath>
 
+namespace tidlo {
+
 namespace {
 
 // Shares of the logo's size.
@@ -69,3 +71,5 @@ QImage drawLogo(const QImage &picture, double size, double pixelRatio)
     logo.setDevicePixelRatio(pixelRatio);
     return logo;
 }
+
+} // namespace tidlo

@@ -6,6 +6,8 @@
 
 #include <cmath>
 
+namespace tidlo {
+
 namespace {
 
 constexpr Spring toggleSpring{.response = 0.24, .dampingFraction = 0.86};
@@ -56,3 +58,5 @@ QEasingCurve Motion::easeInOut()
     curve.addCubicBezierSegment({0.42, 0}, {0.58, 1}, {1, 1});
     return curve;
 }
+
+} // namespace tidlo

@@ -4,6 +4,8 @@
 #include <QObject>
 #include <QtQml/qqmlregistration.h>
 
+namespace tidlo {
+
 /// A spring as an animation of QML takes it.
 struct SpringMotion
 {
@@ -38,3 +40,5 @@ public:
     /// The platform's curve that begins and ends gently: a cubic Bezier with the control points (0.42, 0), (0.58, 1).
     static QEasingCurve easeInOut();
 };
+
+} // namespace tidlo

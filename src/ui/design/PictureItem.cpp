@@ -6,6 +6,8 @@
 #include <cmath>
 #include <memory>
 
+namespace tidlo {
+
 PictureItem::PictureItem(QQuickItem *parent)
     : QQuickItem(parent)
 {
@@ -52,3 +54,5 @@ QSGNode *PictureItem::updatePaintNode(QSGNode *node, UpdatePaintNodeData *)
     shown->setFiltering(QSGTexture::Linear);
     return shown.release();
 }
+
+} // namespace tidlo

@@ -3,6 +3,8 @@
 #include <QImage>
 #include <QQuickItem>
 
+namespace tidlo {
+
 /// An item that shows one picture, pixel for pixel of the screen. The picture is made only when the item
 /// is about to be seen, and again only when it is asked for or the screen's pixels change.
 class PictureItem : public QQuickItem
@@ -29,3 +31,5 @@ protected:
 private:
     bool isPictureOld = true;
 };
+
+} // namespace tidlo

@@ -2,6 +2,8 @@
 
 #include <QEvent>
 
+namespace tidlo {
+
 Sight::Sight(QQuickItem &item)
     : QObject(&item)
 {
@@ -45,3 +47,5 @@ void Sight::update()
     seen = isNowSeen;
     Q_EMIT isSeenChanged();
 }
+
+} // namespace tidlo

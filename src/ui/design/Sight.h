@@ -4,6 +4,8 @@
 #include <QQuickItem>
 #include <QQuickWindow>
 
+namespace tidlo {
+
 /// Whether the window of an item can be seen: it is shown, not minimised, and exposed as the system tells. Endless
 /// animations pause while it cannot. Attached to items; an item in no window cannot be seen. Main thread.
 class Sight : public QObject
@@ -34,3 +36,5 @@ private:
     QPointer<QQuickWindow> window;
     bool seen = false;
 };
+
+} // namespace tidlo

@@ -3,6 +3,8 @@
 #include <cmath>
 #include <numbers>
 
+namespace tidlo {
+
 namespace {
 
 constexpr double thousandth = 0.001;
@@ -64,3 +66,5 @@ double Spring::settlingTime() const
         return timeOfCreeping(*this);
     return -std::log(thousandth * swing(*this)) / (dampingFraction * angularFrequency(*this));
 }
+
+} // namespace tidlo

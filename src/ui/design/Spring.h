@@ -1,5 +1,7 @@
 #pragma once
 
+namespace tidlo {
+
 /// The motion of a mass of 1 on a damped spring, from 0, at rest, to 1: stiffness (2 pi / response)^2, damping
 /// 4 pi dampingFraction / response.
 struct Spring
@@ -13,3 +15,5 @@ struct Spring
     /// Seconds after which it stays within a thousandth of 1.
     double settlingTime() const;
 };
+
+} // namespace tidlo

@@ -4,6 +4,8 @@
 
 #include <QtQml/qqmlinfo.h>
 
+namespace tidlo {
+
 Symbol::Symbol(QQuickItem *parent)
     : PictureItem(parent)
 {
@@ -61,3 +63,5 @@ QImage Symbol::picture(double pixelRatio)
         ink = symbolInk(symbolName, fontSize, fontWeight, pixelRatio);
     return ink.isNull() ? ink : inColor(ink, inkColor);
 }
+
+} // namespace tidlo

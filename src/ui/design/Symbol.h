@@ -4,6 +4,8 @@
 
 #include <QColor>
 
+namespace tidlo {
+
 /// A symbol, as large and heavy as text of the same font. A name without a drawing shows nothing, and is warned of. A
 /// new colour costs no new drawing.
 class Symbol : public PictureItem
@@ -42,3 +44,5 @@ private:
     QColor inkColor = Qt::black;
     QImage ink; ///< Kept from one colour to the next; null when it has to be drawn.
 };
+
+} // namespace tidlo

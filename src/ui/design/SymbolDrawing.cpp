@@ -10,6 +10,8 @@
 #include <array>
 #include <cmath>
 
+namespace tidlo {
+
 namespace {
 
 constexpr double gridToFont = 1.2; ///< The grid's side for a font of size 1.
@@ -117,3 +119,5 @@ QImage inColor(const QImage &ink, const QColor &color)
     painter.fillRect(colored.rect(), color);
     return colored;
 }
+
+} // namespace tidlo

@@ -5,6 +5,8 @@
 #include <QImage>
 #include <QStringList>
 
+namespace tidlo {
+
 // The symbols: one drawing for each name, in symbols/<name>.svg, black on a grid of 24 by 24. White in a drawing takes
 // ink away. The widths of the strokes in the files are those of the regular weight.
 
@@ -33,3 +35,5 @@ QImage symbolInk(const QString &name, double size, int weight, double pixelRatio
 
 /// \a ink in \a color.
 QImage inColor(const QImage &ink, const QColor &color);
+
+} // namespace tidlo

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <array>
 
+namespace tidlo {
+
 namespace {
 
 struct Theme
@@ -57,3 +59,5 @@ QString themeAfter(const QString &theme)
 {
     return themeStoredAs(theme).next;
 }
+
+} // namespace tidlo

@@ -4,6 +4,8 @@
 
 #include <optional>
 
+namespace tidlo {
+
 /// The two ways the interface is coloured.
 enum class ColorScheme { dark, light };
 
@@ -24,3 +26,5 @@ QString themeSymbol(const QString &theme);
 
 /// The preference that follows when a person switches on: dark, light, system, and dark again.
 QString themeAfter(const QString &theme);
+
+} // namespace tidlo

@@ -2,6 +2,8 @@
 
 #include "ui/design/LogoDrawing.h"
 
+namespace tidlo {
+
 TidloLogo::TidloLogo(QQuickItem *parent)
     : PictureItem(parent)
     , found(findLogo(mainBundle()))
@@ -23,3 +25,5 @@ QImage TidloLogo::picture(double pixelRatio)
 {
     return drawLogo(found, side, pixelRatio);
 }
+
+} // namespace tidlo

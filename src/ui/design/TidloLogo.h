@@ -2,6 +2,8 @@
 
 #include "ui/design/PictureItem.h"
 
+namespace tidlo {
+
 /// The logo, a square. Each one looks for its picture when it is made: logo.png among the resources of the bundle, then
 /// the application's icon; if there is neither, the logo is drawn.
 class TidloLogo : public PictureItem
@@ -25,3 +27,5 @@ private:
     QImage found;
     double side = 16;
 };
+
+} // namespace tidlo

@@ -9,6 +9,8 @@
 #include <algorithm>
 #include <utility>
 
+namespace tidlo {
+
 namespace {
 
 /// Components from 0 to 1.
@@ -184,3 +186,5 @@ TIDLO_COLOR(secondaryLabel, whiteAt(0.55), blackAt(0.5))
 TIDLO_COLOR(divider, whiteAt(0.1), blackAt(0.1))
 
 #undef TIDLO_COLOR
+
+} // namespace tidlo

@@ -7,6 +7,8 @@
 #include <QVariantAnimation>
 #include <QtQml/qqmlregistration.h>
 
+namespace tidlo {
+
 /// The colours of the interface, and the theme that chooses them. All are sRGB. Main thread.
 ///
 /// While the scheme changes, every colour moves on a spring from the one scheme's to the other's; what is drawn is only
@@ -115,3 +117,5 @@ private:
     bool isChosen = false; ///< A preference has been set.
     QVariantAnimation change;
 };
+
+} // namespace tidlo

@@ -5,6 +5,8 @@
 #include <QGuiApplication>
 #include <QScreen>
 
+namespace tidlo {
+
 namespace {
 
 QFont fontOf(const QString &family, double points, int weight)
@@ -50,3 +52,5 @@ QFont TidloType::tracked(const QFont &font, double points)
     tracked.setLetterSpacing(QFont::AbsoluteSpacing, points);
     return tracked;
 }
+
+} // namespace tidlo

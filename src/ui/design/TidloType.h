@@ -4,6 +4,8 @@
 #include <QObject>
 #include <QtQml/qqmlregistration.h>
 
+namespace tidlo {
+
 /// The type scale. Sizes are points, and one point is one device-independent pixel. Main thread.
 class TidloType : public QObject
 {
@@ -56,3 +58,5 @@ public:
     static QFont subheadline() { return system(11, QFont::Normal); }
     static QFont caption() { return system(10, QFont::Normal); }
 };
+
+} // namespace tidlo

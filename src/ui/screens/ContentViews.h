@@ -5,5 +5,9 @@
 
 #include "ui/screens/Presentation.h"
 
+namespace tidlo {
+
 /// Makes the module known to QML, after the design system. Needs an application object.
 void useContentViews();
+
+} // namespace tidlo

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+namespace tidlo {
+
 namespace {
 
 bool isPair(QStringView text, qsizetype index)
@@ -40,3 +42,5 @@ Excerpt excerptOf(const QString &text, qsizetype most)
     const qsizetype size = cut > 0 ? cut : end; // All of it may be drawn as one.
     return {.text = text.first(size), .more = charactersIn(QStringView(text).sliced(size))};
 }
+
+} // namespace tidlo

@@ -2,6 +2,8 @@
 
 #include <QString>
 
+namespace tidlo {
+
 /// The beginning of a text, and how much of it there is besides. A character is what Unicode calls a code point.
 struct Excerpt
 {
@@ -13,3 +15,5 @@ struct Excerpt
 /// The first \a most characters of \a text, or a few less, so that what is drawn as one is not cut apart. Takes time by
 /// \a most, but for counting what is left out.
 Excerpt excerptOf(const QString &text, qsizetype most);
+
+} // namespace tidlo

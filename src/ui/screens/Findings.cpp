@@ -12,6 +12,8 @@
 #include <algorithm>
 #include <array>
 
+namespace tidlo {
+
 namespace {
 
 // An explanation has some 800. Showing a million takes the window a quarter of a minute.
@@ -219,3 +221,5 @@ void Findings::viewReport()
     source->setSection(AppSection::report);
     source->setPhase(ScanPhase::report);
 }
+
+} // namespace tidlo

@@ -6,6 +6,8 @@
 #include <QPointer>
 #include <QtQml/qqmlregistration.h>
 
+namespace tidlo {
+
 /// What the results screen shows: the candidates that pass the filter, one a row, and the figures around them. A change
 /// that leaves the rows what they are, such as a toggle, keeps their views alive. Main thread.
 class Findings : public QAbstractListModel
@@ -85,3 +87,5 @@ private:
     QList<CleanupCandidate> rows;
     qint64 maxBytes = 1; ///< Of all candidates, whether or not they pass the filter.
 };
+
+} // namespace tidlo

@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <numeric>
 
+namespace tidlo {
+
 void FoundItems::inspect(const QUuid &id)
 {
     const QList<CleanupCandidate> candidates = app() ? app()->candidates() : QList<CleanupCandidate>();
@@ -48,3 +50,5 @@ void FoundItems::order(QList<int> &shown) const
     if (sorted)
         std::ranges::stable_sort(shown, std::greater(), [this](int item) { return sizes.at(item); });
 }
+
+} // namespace tidlo

@@ -2,6 +2,8 @@
 
 #include "ui/screens/ItemList.h"
 
+namespace tidlo {
+
 /// What one finding consists of, each item with the size that the scan found.
 class FoundItems : public ItemList
 {
@@ -30,3 +32,5 @@ private:
     bool sorted = false;
     QList<qint64> sizes; ///< Of each item, in bytes on the disk.
 };
+
+} // namespace tidlo

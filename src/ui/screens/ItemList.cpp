@@ -8,6 +8,8 @@
 #include <QLocale>
 #include <QtConcurrentRun>
 
+namespace tidlo {
+
 namespace {
 
 QList<QByteArray> searchableTexts(const QList<FilePath> &paths, const std::stop_token &stop)
@@ -139,3 +141,5 @@ void ItemList::copyPath(int row)
     const FilePath copied = isText ? *path : "file://" + path->toPercentEncoding("/");
     QGuiApplication::clipboard()->setText(QString::fromUtf8(copied));
 }
+
+} // namespace tidlo

@@ -7,6 +7,8 @@
 #include <QPointer>
 #include <QtQml/qqmlregistration.h>
 
+namespace tidlo {
+
 /// Items of the disk, to be searched, shown in the file browser and copied: a row for each path that contains what is
 /// searched for, with a detail beside it. Rows stay where they are unless the person searches or sorts. Changes nothing
 /// on the disk. Main thread.
@@ -83,3 +85,5 @@ private:
     QFutureWatcher<QList<QByteArray>> preparation; ///< Of the texts, beside the main thread.
     std::stop_source preparationStop;
 };
+
+} // namespace tidlo

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <string_view>
 
+namespace tidlo {
+
 namespace {
 
 /// Whether it is shown as itself and is one byte.
@@ -56,3 +58,5 @@ bool PathSearch::finds(const FilePath &path, const QByteArray &text)
     std::ranges::transform(path, lowered.begin(), lowerCase);
     return contains(lowered, wanted);
 }
+
+} // namespace tidlo

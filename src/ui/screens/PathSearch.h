@@ -4,6 +4,8 @@
 
 #include <QString>
 
+namespace tidlo {
+
 /// What is searched of a path: its text as it is shown, in UTF-8, without a difference of case. Any thread. Takes some
 /// microseconds, so many are better made before anyone waits.
 QByteArray searchableText(const FilePath &path);
@@ -24,3 +26,5 @@ private:
     QByteArray wanted; ///< As in a searchable text.
     FilePath lowered;  ///< Kept between two searches, for its memory.
 };
+
+} // namespace tidlo

@@ -1,5 +1,7 @@
 #include "ui/screens/Preferences.h"
 
+namespace tidlo {
+
 Preferences::Preferences(UserDefaults &given, QObject *parent)
     : QObject(parent)
     , defaults(given)
@@ -31,3 +33,5 @@ void Preferences::setSetupCompleted(bool completed)
 {
     defaults.set(UserDefaults::setupCompleted, completed);
 }
+
+} // namespace tidlo

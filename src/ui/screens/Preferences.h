@@ -4,6 +4,8 @@
 
 #include <QtQml/qqmlregistration.h>
 
+namespace tidlo {
+
 /// The stored preferences, for views that show and change them. A change reaches every reader at once. Main thread.
 class Preferences : public QObject
 {
@@ -30,3 +32,5 @@ Q_SIGNALS:
 private:
     UserDefaults &defaults;
 };
+
+} // namespace tidlo

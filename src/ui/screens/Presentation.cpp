@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <array>
 
+namespace tidlo {
+
 namespace {
 
 constexpr std::array categories{
@@ -42,3 +44,5 @@ QString byteCountOrDash(qint64 bytes)
 {
     return bytes < 1 ? QStringLiteral("—") : byteCountText(bytes);
 }
+
+} // namespace tidlo

@@ -5,6 +5,8 @@
 
 #include <QStringView>
 
+namespace tidlo {
+
 // How the cases of the model look. Colours are the names of properties of TidloTheme, so that views follow the theme.
 
 struct CategoryPresentation
@@ -28,3 +30,5 @@ const RiskPresentation &presentationOf(CleanupRisk risk);
 
 /// A byte count in file style, and an em dash where there is nothing.
 QString byteCountOrDash(qint64 bytes);
+
+} // namespace tidlo

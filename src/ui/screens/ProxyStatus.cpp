@@ -4,6 +4,8 @@
 
 #include <QUrl>
 
+namespace tidlo {
+
 QString ProxyStatus::sentence()
 {
     QUrl proxy;
@@ -11,3 +13,5 @@ QString ProxyStatus::sentence()
     return QStringLiteral("All AI requests are processed securely via %1. No local API key setup required.")
         .arg(proxy.host());
 }
+
+} // namespace tidlo

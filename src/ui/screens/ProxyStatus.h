@@ -3,6 +3,8 @@
 #include <QObject>
 #include <QtQml/qqmlregistration.h>
 
+namespace tidlo {
+
 /// What the settings say about the AI proxy. It asks nobody: the text is the same whatever the proxy does.
 class ProxyStatus : public QObject
 {
@@ -15,3 +17,5 @@ public:
 
     static QString sentence();
 };
+
+} // namespace tidlo

@@ -4,6 +4,8 @@
 
 #include <qqml.h>
 
+namespace tidlo {
+
 /// Lets views take the state owner as a property.
 struct AppViewModelForQml
 {
@@ -12,3 +14,5 @@ struct AppViewModelForQml
     QML_NAMED_ELEMENT(AppViewModel)
     QML_UNCREATABLE("There is one, and it is given.")
 };
+
+} // namespace tidlo

@@ -4,6 +4,8 @@
 
 #include <array>
 
+namespace tidlo {
+
 namespace {
 
 struct Step
@@ -77,3 +79,5 @@ void ScanProgress::update()
     shownSteps = steps;
     Q_EMIT stepsChanged();
 }
+
+} // namespace tidlo

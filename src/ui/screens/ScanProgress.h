@@ -5,6 +5,8 @@
 #include <QPointer>
 #include <QtQml/qqmlregistration.h>
 
+namespace tidlo {
+
 /// One row of the list of what a scan does.
 struct PipelineStep
 {
@@ -58,3 +60,5 @@ private:
     QPointer<AppViewModel> source;
     QList<PipelineStep> shownSteps = stepsAt(0);
 };
+
+} // namespace tidlo

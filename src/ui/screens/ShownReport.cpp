@@ -5,6 +5,8 @@
 
 #include <algorithm>
 
+namespace tidlo {
+
 void ShownReport::setApp(AppViewModel *app)
 {
     if (app == source)
@@ -81,3 +83,5 @@ QList<ReportFigure> ShownReport::figures() const
          .color = QStringLiteral("red")},
     };
 }
+
+} // namespace tidlo

@@ -5,6 +5,8 @@
 #include <QPointer>
 #include <QtQml/qqmlregistration.h>
 
+namespace tidlo {
+
 /// One figure of the report.
 struct ReportFigure
 {
@@ -62,3 +64,5 @@ private:
 
     QPointer<AppViewModel> source;
 };
+
+} // namespace tidlo

@@ -2,6 +2,8 @@
 
 #include "platform/VisibleText.h"
 
+namespace tidlo {
+
 void StayedItems::inspect()
 {
     QList<FilePath> paths;
@@ -28,3 +30,5 @@ QString StayedItems::detailOf(int item) const
 {
     return reasons.at(item);
 }
+
+} // namespace tidlo

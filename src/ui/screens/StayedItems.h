@@ -2,6 +2,8 @@
 
 #include "ui/screens/ItemList.h"
 
+namespace tidlo {
+
 /// What the last cleanup could not move, each item with the reason.
 class StayedItems : public ItemList
 {
@@ -23,3 +25,5 @@ private:
 
     QList<QString> reasons; ///< For each item.
 };
+
+} // namespace tidlo

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+namespace tidlo {
+
 namespace {
 
 struct RailRow
@@ -80,3 +82,5 @@ void Navigation::press(int item)
     if (row.follow)
         row.follow(*source);
 }
+
+} // namespace tidlo

@@ -5,6 +5,8 @@
 #include <QPointer>
 #include <QtQml/qqmlregistration.h>
 
+namespace tidlo {
+
 /// A button of the rail.
 struct RailItem
 {
@@ -49,3 +51,5 @@ Q_SIGNALS:
 private:
     QPointer<AppViewModel> source;
 };
+
+} // namespace tidlo

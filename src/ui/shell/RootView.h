@@ -6,5 +6,9 @@
 #include "ui/shell/Navigation.h"
 #include "ui/shell/StorageFigures.h"
 
+namespace tidlo {
+
 /// Makes the module known to QML, after the screens. Needs an application object.
 void useShell();
+
+} // namespace tidlo

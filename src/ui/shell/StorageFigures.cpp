@@ -5,6 +5,8 @@
 
 #include <array>
 
+namespace tidlo {
+
 namespace {
 
 constexpr std::array shownCategories{CleanupCategory::devProjects, CleanupCategory::whatsApp, CleanupCategory::caches,
@@ -75,3 +77,5 @@ void StorageFigures::updateCategories()
     figures = updated;
     Q_EMIT categoriesChanged();
 }
+
+} // namespace tidlo

@@ -5,6 +5,8 @@
 #include <QPointer>
 #include <QtQml/qqmlregistration.h>
 
+namespace tidlo {
+
 /// A category and what the last scan found of it.
 struct CategoryFigure
 {
@@ -64,3 +66,5 @@ private:
     QPointer<AppViewModel> source;
     QList<CategoryFigure> figures;
 };
+
+} // namespace tidlo

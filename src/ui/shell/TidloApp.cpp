@@ -13,6 +13,8 @@
 #include <QQuickWindow>
 #include <QScreen>
 
+namespace tidlo {
+
 namespace {
 
 /// A scan or a move that a file system holds up for longer is left to it: at every moment an item is whole at its place
@@ -72,3 +74,5 @@ int runTidlo(int argumentCount, char **arguments)
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     return status;
 }
+
+} // namespace tidlo

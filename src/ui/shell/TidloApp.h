@@ -7,6 +7,8 @@
 
 class QQuickWindow;
 
+namespace tidlo {
+
 /// The application: makes what there is one of, and opens the window on it. Main thread.
 class TidloApp final
 {
@@ -31,3 +33,5 @@ private:
 /// Starts the application and runs it until it quits. Returns the program's exit status; what has not ended within a
 /// second of quitting is cut short, and the process with it.
 int runTidlo(int argumentCount, char **arguments);
+
+} // namespace tidlo

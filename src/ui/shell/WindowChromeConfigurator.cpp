@@ -1,5 +1,7 @@
 #include "ui/shell/WindowChromeConfigurator.h"
 
+namespace tidlo {
+
 WindowChromeConfigurator::WindowChromeConfigurator(QQuickItem *parent)
     : QQuickItem(parent)
 {
@@ -31,3 +33,5 @@ void WindowChromeConfigurator::watch(QQuickWindow *window)
         connect(watched, &QWindow::windowStateChanged, this, &WindowChromeConfigurator::refresh);
     refresh();
 }
+
+} // namespace tidlo

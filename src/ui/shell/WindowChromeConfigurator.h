@@ -4,6 +4,8 @@
 #include <QQuickItem>
 #include <QQuickWindow>
 
+namespace tidlo {
+
 /// Takes no room and shows nothing: it reaches the window that it is put into and makes its content run to the edges,
 /// without a title, on a clear background. Applied one turn of the event loop after it is put there and again whenever
 /// the window's state or the theme changes, so that the chrome outlives what the platform does then. Without a window
@@ -32,3 +34,5 @@ private:
 
     QPointer<QQuickWindow> watched;
 };
+
+} // namespace tidlo

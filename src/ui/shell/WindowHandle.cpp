@@ -4,6 +4,8 @@
 #include <QQuickWindow>
 #include <QStyleHints>
 
+namespace tidlo {
+
 WindowHandle::WindowHandle(QQuickItem *parent)
     : QQuickItem(parent)
 {
@@ -34,3 +36,5 @@ void WindowHandle::mouseDoubleClickEvent(QMouseEvent *)
     isHeld = false;
     Q_EMIT doubleClicked();
 }
+
+} // namespace tidlo

@@ -2,6 +2,8 @@
 
 #include <QQuickItem>
 
+namespace tidlo {
+
 /// A place by which the window is held: a drag of it moves the window or, at an edge or corner, makes it larger or
 /// smaller. The system carries that out, once for each press of the left button. What lies on it and takes presses
 /// leaves it none.
@@ -28,3 +30,5 @@ private:
     QPointF pressedAt;
     bool isHeld = false; ///< And the system has not taken over.
 };
+
+} // namespace tidlo

@@ -2,5 +2,5 @@
 
 int main(int argumentCount, char **arguments)
 {
-    return runTidlo(argumentCount, arguments);
+    return tidlo::runTidlo(argumentCount, arguments);
 }

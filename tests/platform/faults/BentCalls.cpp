@@ -16,6 +16,8 @@
 #include <sys/types.h>
 #include <unistd.h>
 
+namespace tidlo {
+
 Bends bends;
 
 namespace {
@@ -99,14 +101,16 @@ void Bends::straighten()
     batchesRead = 0;
 }
 
+} // namespace tidlo
+
 void *operator new(size_t size) // NOLINT: it is ours alone here.
 {
-    return allocated(size);
+    return tidlo::allocated(size);
 }
 
 void *operator new[](size_t size)
 {
-    return allocated(size);
+    return tidlo::allocated(size);
 }
 
 void operator delete(void *memory) noexcept
@@ -128,6 +132,8 @@ void operator delete[](void *memory, size_t) noexcept
 {
     std::free(memory);
 }
+
+namespace tidlo {
 
 extern "C" {
 
@@ -245,3 +251,5 @@ int pthread_create(pthread_t *thread, const pthread_attr_t *attributes, void *(*
     return take(bends.threads) ? real(thread, attributes, start, argument) : EAGAIN;
 }
 }
+
+} // namespace tidlo

@@ -4,6 +4,8 @@
 #include <atomic>
 #include <initializer_list>
 
+namespace tidlo {
+
 /// How calls of the system, and of the C and C++ libraries, are bent in this program, for all of its threads.
 struct Bends
 {
@@ -50,3 +52,5 @@ struct Straightener
 {
     ~Straightener() { bends.straighten(); }
 };
+
+} // namespace tidlo

@@ -10,6 +10,8 @@
 
 #include <cerrno>
 
+namespace tidlo {
+
 using Call = Bends::Call;
 
 TEST(CopyFaults, AnInterruptedCopyGoesOn)
@@ -40,3 +42,5 @@ TEST(CopyFaults, AnInterruptedFileIsWrittenWhole)
         EXPECT_EQ(home.inventory().at("file").size, 10'000);
     }
 }
+
+} // namespace tidlo

@@ -20,6 +20,8 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+namespace tidlo {
+
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -262,3 +264,5 @@ TEST_F(WalkFaults, WhatIsFreeForRootAloneIsNotAvailable)
     EXPECT_EQ(files.volumeCapacity(home.path())->available, 1'000 * 4'096);
     EXPECT_EQ(files.fileSystemAttributes(home.path())->available, 1'000 * 4'096);
 }
+
+} // namespace tidlo

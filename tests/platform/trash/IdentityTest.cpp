@@ -8,6 +8,8 @@
 #include <array>
 #include <cerrno>
 
+namespace tidlo {
+
 namespace {
 
 class IdentityTest : public testing::Test
@@ -81,3 +83,5 @@ TEST_F(IdentityTest, IsUnknownWhereTheSystemDoesNotTellOfWhatIsHeld)
     };
     EXPECT_EQ(identity(file), Identity::unknown);
 }
+
+} // namespace tidlo

@@ -2,6 +2,8 @@
 
 #include <memory>
 
+namespace tidlo {
+
 namespace {
 
 struct Counter
@@ -57,3 +59,5 @@ SystemCalls instrumented(const Around &around, const SystemCalls &real)
     instrument(calls.unlinkat, "unlinkat", counter);
     return calls;
 }
+
+} // namespace tidlo

@@ -4,6 +4,8 @@
 
 #include <string>
 
+namespace tidlo {
+
 /// One call of the system that is about to be made.
 struct Call
 {
@@ -17,3 +19,5 @@ using Around = std::function<long(const Call &call, const std::function<long()> 
 
 /// The calls of \a real, each of which goes through \a around.
 SystemCalls instrumented(const Around &around, const SystemCalls &real = {});
+
+} // namespace tidlo

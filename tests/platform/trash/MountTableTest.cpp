@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tidlo {
+
 namespace {
 
 /// A disk at "/", a second one at "/data" of which one folder is seen at "/home/u/films" as well, a stick beneath it
@@ -93,3 +95,5 @@ TEST(FileSystemPlace, ContainsItselfAndWhatLiesBeneath)
     EXPECT_FALSE(secondDisk("/a/b").contains(secondDisk("/a")));
     EXPECT_FALSE(secondDisk("/a").contains({.device = "8:2", .path = "/a"}));
 }
+
+} // namespace tidlo

@@ -7,6 +7,8 @@
 
 #include <climits>
 
+namespace tidlo {
+
 TEST(OpenFolder, IsOpenedWhateverTheLengthOfItsPathIs)
 {
     const TemporaryHome home;
@@ -21,3 +23,5 @@ TEST(OpenFolder, IsOpenedWhateverTheLengthOfItsPathIs)
         EXPECT_EQ(opened->path, folder) << length;
     }
 }
+
+} // namespace tidlo

@@ -10,6 +10,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+namespace tidlo {
+
 namespace {
 
 /// Becomes the probe; returns only if that fails.
@@ -86,3 +88,5 @@ void giveAway(const TemporaryHome &home)
             std::abort();
     }
 }
+
+} // namespace tidlo

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+namespace tidlo {
+
 /// One run of trash_probe.
 struct ProbeRun
 {
@@ -30,3 +32,5 @@ std::vector<ProbeResult> probeAtOnce(const std::vector<ProbeRun> &runs);
 
 /// Gives a home, with all that is in it, to the user that a probe without rights runs as.
 void giveAway(const TemporaryHome &home);
+
+} // namespace tidlo

@@ -8,6 +8,8 @@
 
 #include <sys/stat.h>
 
+namespace tidlo {
+
 namespace {
 
 constexpr std::time_t now = 1'700'000'000;
@@ -88,3 +90,5 @@ Scene::State Scene::stateOf(const FilePath &path)
     struct stat status;
     return lstat(path.constData(), &status) == 0 ? State{.inode = status.st_ino, .size = status.st_size} : State{};
 }
+
+} // namespace tidlo

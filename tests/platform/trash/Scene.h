@@ -5,6 +5,8 @@
 
 #include <map>
 
+namespace tidlo {
+
 /// What a move finds.
 struct SceneSetup
 {
@@ -53,3 +55,5 @@ private:
     State inner;
     size_t inTrashBefore = 0;
 };
+
+} // namespace tidlo

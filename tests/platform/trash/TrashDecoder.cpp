@@ -12,6 +12,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+namespace tidlo {
+
 namespace {
 
 const std::string recordEnding = ".trashinfo";
@@ -129,3 +131,5 @@ bool restore(const FilePath &trash, const TrashedItem &item)
     return renameat2(AT_FDCWD, from.constData(), AT_FDCWD, item.originalPath.constData(), RENAME_NOREPLACE) == 0 &&
            unlink(record.constData()) == 0;
 }
+
+} // namespace tidlo

@@ -8,6 +8,8 @@
 
 #include <sys/types.h>
 
+namespace tidlo {
+
 /// One record of a Trash, read by nothing but what the freedesktop.org Trash specification says.
 struct TrashedItem
 {
@@ -31,3 +33,5 @@ DecodedTrash decodeTrash(const FilePath &trash, const FilePath &top = {});
 
 /// Puts the item back to where its record says it was, as a desktop does. Returns whether that went well.
 bool restore(const FilePath &trash, const TrashedItem &item);
+
+} // namespace tidlo

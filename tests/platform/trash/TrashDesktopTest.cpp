@@ -16,6 +16,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+namespace tidlo {
+
 using testing::Each;
 using testing::IsEmpty;
 
@@ -158,3 +160,5 @@ TEST(TrashOnTheDesktop, GioListsAndRestoresWhatWasMovedOnAnotherDisk)
         expectAllComeBack(home, desktop, {home.file("disk/in/a file", 1), home.folder("disk/100%")});
     });
 }
+
+} // namespace tidlo

@@ -19,6 +19,8 @@
 
 #include <sys/wait.h>
 
+namespace tidlo {
+
 namespace {
 
 using Kind = TrashOutcome::Kind;
@@ -280,3 +282,5 @@ TEST(TrashFaults, NothingIsLostAtAnyCallOfAMoveOnAnotherMount)
         EXPECT_EQ(tally.lost, 0);
     });
 }
+
+} // namespace tidlo

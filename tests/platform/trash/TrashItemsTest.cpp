@@ -17,6 +17,8 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
+namespace tidlo {
+
 using testing::ElementsAre;
 using testing::Field;
 using testing::IsEmpty;
@@ -284,3 +286,5 @@ TEST(TrashItems, ThingsThatAreNeitherFileNorFolderAreMovedToo)
 
     EXPECT_THAT(witness.complaints(), IsEmpty());
 }
+
+} // namespace tidlo

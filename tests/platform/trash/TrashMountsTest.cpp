@@ -15,6 +15,8 @@
 #include <sys/mount.h>
 #include <unistd.h>
 
+namespace tidlo {
+
 using testing::AllOf;
 using testing::Each;
 using testing::ElementsAre;
@@ -370,3 +372,5 @@ TEST(TrashOnMounts, AVolumeThatAnotherOneCoversMeanwhileKeepsTheItem)
         EXPECT_EQ(access(item.constData(), F_OK), 0);
     });
 }
+
+} // namespace tidlo

@@ -13,6 +13,8 @@
 
 #include <unistd.h>
 
+namespace tidlo {
+
 using testing::AllOf;
 using testing::Each;
 using testing::Field;
@@ -222,3 +224,5 @@ TEST(TrashNames, AnotherNameOfTheItemItselfInTheTrashIsNotTakenForIt)
     EXPECT_THAT(trash.items, testing::ElementsAre(AllOf(Field(&TrashedItem::name, FilePath("a 2.txt")),
                                                         Field(&TrashedItem::originalPath, item))));
 }
+
+} // namespace tidlo

@@ -18,6 +18,8 @@
 #include <stdio.h>
 #include <unistd.h>
 
+namespace tidlo {
+
 using testing::Each;
 using testing::IsEmpty;
 using testing::SizeIs;
@@ -344,3 +346,5 @@ TEST(TrashRaces, AFolderThatIsSwappedAllTheTimeLosesNothing)
     EXPECT_THAT(placesOf(home, linkItself), SizeIs(1));
     EXPECT_EQ(home.inventory().at("outside/precious"), before.at("outside/precious"));
 }
+
+} // namespace tidlo

@@ -7,6 +7,8 @@
 #include <cstdlib>
 #include <ctime>
 
+namespace tidlo {
+
 namespace {
 
 constexpr std::time_t moved = 1'700'000'000; // 2023-11-14 22:13:20 UTC
@@ -113,3 +115,5 @@ TEST(TrashName, IsNotCutWithinACharacter)
     EXPECT_EQ(trashName('a' + euro.repeated(84), 1, longest), 'a' + euro.repeated(81));
     EXPECT_EQ(trashName(FilePath(255, '\x80'), 1, longest), FilePath(245, '\x80')) << "no UTF-8 at all";
 }
+
+} // namespace tidlo

@@ -9,6 +9,8 @@
 
 #include <unistd.h>
 
+namespace tidlo {
+
 using testing::AllOf;
 using testing::Each;
 using testing::ElementsAre;
@@ -263,3 +265,5 @@ TEST(TrashRefusals, WhatHoldsTheUsualTrashWhileProgramsKeepTheirDataElsewhere)
                    {.paths = {home / ".local", home / ".local/share"}, .home = home.path(), .dataHome = home / "data"},
                    "refused: It holds a Trash.");
 }
+
+} // namespace tidlo

@@ -12,6 +12,8 @@
 #include <cerrno>
 #include <cstdlib>
 
+namespace tidlo {
+
 using testing::ElementsAre;
 using testing::Field;
 using testing::IsEmpty;
@@ -341,3 +343,5 @@ TEST(TrashOfLinks, ALinkIsKeptThatMayLeadToTheHome)
 
     EXPECT_EQ(Trash(own, own + "/.local/share").move(link, 0).kind, Kind::moved) << "where the system tells of it";
 }
+
+} // namespace tidlo

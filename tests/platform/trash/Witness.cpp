@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+namespace tidlo {
+
 namespace {
 
 bool isAtOrBeneath(const std::string &path, const std::string &folder)
@@ -101,3 +103,5 @@ bool Witness::isThroughway(const std::string &path) const
         return true;
     return throughways.contains(path);
 }
+
+} // namespace tidlo

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+namespace tidlo {
+
 /// Remembers everything beneath a home, and tells afterwards what changed although it was not meant to.
 class Witness final
 {
@@ -36,3 +38,5 @@ private:
     std::string trash;
     Inventory before;
 };
+
+} // namespace tidlo

@@ -6,6 +6,8 @@
 
 #include <array>
 
+namespace tidlo {
+
 namespace {
 
 constexpr double reach = 1.528665; ///< Of a corner along its edges, for a radius of 1.
@@ -131,3 +133,5 @@ TEST(ContinuousCorners, AnEmptyRectangleHasNoInside)
 {
     EXPECT_TRUE(continuousRectangle({10, 20, 0, 0}, 10).boundingRect().isEmpty());
 }
+
+} // namespace tidlo

@@ -8,6 +8,8 @@
 
 #include <map>
 
+namespace tidlo {
+
 namespace {
 
 constexpr int width = 120;
@@ -117,3 +119,5 @@ TEST(ContinuousRectangle, IsPaintedAnewWhenItsLooksChange)
     give(rectangle, {{"borderWidth", 3}});
     EXPECT_EQ(window.grabWindow().pixelColor(1, height / 2), fill);
 }
+
+} // namespace tidlo

@@ -9,6 +9,8 @@
 #include <map>
 #include <numbers>
 
+namespace tidlo {
+
 namespace {
 
 constexpr int side = 200;
@@ -162,3 +164,5 @@ TEST(Gauge, ItsPictureIsNoLargerThanItsLineNeeds)
     EXPECT_EQ(gauge.picture(1).size(), gauge.inkedRect().size());
     EXPECT_EQ(gauge.picture(2).size(), 2 * gauge.inkedRect().size());
 }
+
+} // namespace tidlo

@@ -10,6 +10,8 @@
 
 #include <gmock/gmock.h>
 
+namespace tidlo {
+
 namespace {
 
 class LineSpacingTest : public testing::Test
@@ -93,3 +95,5 @@ TEST_F(LineSpacingTest, OutlivesTheTextItIsGivenTo)
     EXPECT_EQ(spacing.document(), nullptr);
     EXPECT_EQ(spacing.spacing(), 4);
 }
+
+} // namespace tidlo

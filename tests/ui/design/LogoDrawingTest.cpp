@@ -10,6 +10,8 @@
 
 #include <gmock/gmock.h>
 
+namespace tidlo {
+
 namespace {
 
 QImage plain(const QSize &size, const QColor &color)
@@ -190,3 +192,5 @@ TEST(LogoDrawing, TheApplicationsOwnPictureIsInItsResources)
     EXPECT_EQ(qAlpha(logo.pixel(0, 0)), 0);
     EXPECT_EQ(qAlpha(logo.pixel(256, 20)), 255);
 }
+
+} // namespace tidlo

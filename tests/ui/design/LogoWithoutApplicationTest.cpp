@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tidlo {
+
 // A program without an application object.
 
 TEST(LogoWithoutApplication, LookingForAnIconIsFatal)
@@ -22,3 +24,5 @@ TEST(LogoWithoutApplication, APictureInTheBundleIsEnough)
 
     EXPECT_FALSE(findLogo({.path = home / "Tidlo.app", .executable = {}, .identifier = {}}).isNull());
 }
+
+} // namespace tidlo

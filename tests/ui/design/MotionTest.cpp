@@ -7,6 +7,8 @@
 #include <array>
 #include <cmath>
 
+namespace tidlo {
+
 namespace {
 
 struct NamedMotion
@@ -81,3 +83,5 @@ TEST(Motion, EaseInOutIsThePlatformsCurve)
     for (int i = 0; i <= 20; ++i)
         EXPECT_NEAR(curve.valueForProgress(i / 20.0), gentle(i / 20.0), 0.001) << i / 20.0;
 }
+
+} // namespace tidlo

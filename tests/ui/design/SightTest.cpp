@@ -6,6 +6,8 @@
 
 #include <gmock/gmock.h>
 
+namespace tidlo {
+
 namespace {
 
 class SightTest : public testing::Test
@@ -95,3 +97,5 @@ TEST_F(SightTest, WhatIsNoItemHasNone)
     QObject object;
     EXPECT_EQ(Sight::qmlAttachedProperties(&object), nullptr);
 }
+
+} // namespace tidlo

@@ -6,6 +6,8 @@
 #include <cmath>
 #include <numbers>
 
+namespace tidlo {
+
 namespace {
 
 struct Motion
@@ -114,3 +116,5 @@ TEST(Spring, TakesTwiceAsLongForTwiceTheResponse)
     EXPECT_DOUBLE_EQ(slow.settlingTime(), 2 * quick.settlingTime());
     EXPECT_DOUBLE_EQ(slow.position(0.3), quick.position(0.15));
 }
+
+} // namespace tidlo

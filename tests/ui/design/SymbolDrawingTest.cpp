@@ -12,6 +12,8 @@
 #include <array>
 #include <numeric>
 
+namespace tidlo {
+
 namespace {
 
 constexpr int finePixels = 10; ///< In a unit of the grid.
@@ -176,3 +178,5 @@ TEST(SymbolDrawing, AnUnknownNameHasNoDrawing)
     EXPECT_TRUE(symbolInk(QStringLiteral("unheard.of"), 16, QFont::Normal, 1).isNull());
     EXPECT_TRUE(symbolInk(QString(), 16, QFont::Normal, 1).isNull());
 }
+
+} // namespace tidlo

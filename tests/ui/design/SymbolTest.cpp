@@ -12,6 +12,8 @@
 #include <string>
 #include <vector>
 
+namespace tidlo {
+
 namespace {
 
 /// A symbol of 16 points in the middle of a black window of 40 by 40.
@@ -154,3 +156,5 @@ TEST_F(SymbolTest, ShowsAgainAfterAnUnknownName)
     symbol->setName(QStringLiteral("house"));
     EXPECT_EQ(seen(), expected(QPoint(10, 10)));
 }
+
+} // namespace tidlo

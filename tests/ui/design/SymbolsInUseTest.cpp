@@ -9,6 +9,8 @@
 
 #include <gmock/gmock.h>
 
+namespace tidlo {
+
 using testing::Contains;
 using testing::IsSupersetOf;
 
@@ -66,3 +68,5 @@ TEST(SymbolsInUse, EveryThemeHasADrawing)
     for (const char *theme : {"dark", "light", "system"})
         EXPECT_THAT(symbolNames(), Contains(themeSymbol(QString::fromLatin1(theme))));
 }
+
+} // namespace tidlo

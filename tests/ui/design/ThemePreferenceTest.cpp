@@ -4,6 +4,8 @@
 
 #include <gmock/gmock.h>
 
+namespace tidlo {
+
 namespace {
 
 struct Meaning
@@ -68,3 +70,5 @@ TEST(ThemePreference, IsTheSameAgainAfterThree)
 {
     EXPECT_EQ(themeAfter(themeAfter(themeAfter(QStringLiteral("dark")))), QStringLiteral("dark"));
 }
+
+} // namespace tidlo

@@ -9,6 +9,8 @@
 
 #include <gmock/gmock.h>
 
+namespace tidlo {
+
 namespace {
 
 class TidloLogoTest : public testing::Test
@@ -79,3 +81,5 @@ TEST_F(TidloLogoTest, IsDrawnWhereThereIsNoPictureAtAll)
     EXPECT_NEAR(corner.redF(), 0.388 + (0.502 - 0.388) * 7 / 48, 0.01);
     EXPECT_NEAR(corner.greenF(), 0.682 + (0.741 - 0.682) * 7 / 48, 0.01);
 }
+
+} // namespace tidlo

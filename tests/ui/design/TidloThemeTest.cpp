@@ -11,6 +11,8 @@
 
 #include <array>
 
+namespace tidlo {
+
 namespace {
 
 /// Components and opacity from 0 to 1.
@@ -284,3 +286,5 @@ TEST(TidloTheme, NumbersMixAsTheSchemesDo)
     EXPECT_EQ(TidloTheme::mixed(0, 0.2, 0.15), 0.15);
     EXPECT_DOUBLE_EQ(TidloTheme::mixed(0.5, 0.2, 0.1), 0.15);
 }
+
+} // namespace tidlo

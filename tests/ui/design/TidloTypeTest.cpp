@@ -12,6 +12,8 @@
 
 #include <array>
 
+namespace tidlo {
+
 namespace {
 
 struct NamedFont
@@ -120,3 +122,5 @@ TEST(TidloType, TrackingAddsPointsBetweenLettersAndNothingElse)
     tracked.setLetterSpacing(plain.letterSpacingType(), plain.letterSpacing());
     EXPECT_EQ(tracked, plain);
 }
+
+} // namespace tidlo

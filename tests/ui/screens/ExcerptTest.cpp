@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace tidlo {
+
 namespace {
 
 const QString thumb = QStringLiteral("\U0001F44D\U0001F3FD"); // In a skin tone: two characters, four units.
@@ -64,3 +66,5 @@ TEST(Excerpt, TakesBrokenTextAsItIs)
     expectExcerpt(QString(5, lone), 3, QString(3, lone), 2);
     expectExcerpt(QString(5, QChar(0xde00)), 3, QString(3, QChar(0xde00)), 2);
 }
+
+} // namespace tidlo

@@ -5,6 +5,8 @@
 #include <QClipboard>
 #include <QGuiApplication>
 
+namespace tidlo {
+
 namespace {
 
 using testing::ElementsAre;
@@ -318,3 +320,5 @@ TEST_F(FindingsTest, AreEmptyOnceTheStateOwnerIsGone)
     EXPECT_EQ(findings.selectionText(), QStringLiteral("Zero KB selected"));
     findings.toggle(0);
 }
+
+} // namespace tidlo

@@ -7,6 +7,8 @@
 #include <QGuiApplication>
 #include <QThreadPool>
 
+namespace tidlo {
+
 namespace {
 
 using testing::ElementsAre;
@@ -258,3 +260,5 @@ TEST_F(FoundItemsTest, ViewsReadTheRolesByTheseNames)
 {
     EXPECT_THAT(items->roleNames().values(), testing::UnorderedElementsAre("pathText", "detailText"));
 }
+
+} // namespace tidlo

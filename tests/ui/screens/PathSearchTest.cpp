@@ -7,6 +7,8 @@
 
 #include <gmock/gmock.h>
 
+namespace tidlo {
+
 namespace {
 
 bool finds(const char *wanted, const FilePath &path)
@@ -74,3 +76,5 @@ TEST(PathSearch, LooksIntoATextThatWasMadeBefore)
     EXPECT_FALSE(PathSearch(QStringLiteral("нет")).finds(path, searchableText(path)));
     EXPECT_FALSE(needsSearchableText("/home/me/Documents"));
 }
+
+} // namespace tidlo

@@ -7,6 +7,8 @@
 
 #include <gmock/gmock.h>
 
+namespace tidlo {
+
 namespace {
 
 class PreferencesTest : public testing::Test
@@ -85,3 +87,5 @@ TEST_F(PreferencesTest, OtherKeysAreNoThemes)
 {
     EXPECT_EQ(changesWhile([this] { defaults.set(UserDefaults::setupCompleted, true); }), 0);
 }
+
+} // namespace tidlo

@@ -5,6 +5,8 @@
 
 #include <gmock/gmock.h>
 
+namespace tidlo {
+
 namespace {
 
 bool isColorOfTheTheme(QStringView name)
@@ -72,3 +74,5 @@ TEST(Presentation, ACountFromOneByteOnIsWritten)
     EXPECT_EQ(byteCountOrDash(1), QStringLiteral("1 byte"));
     EXPECT_EQ(byteCountOrDash(4'200'000'000), QStringLiteral("4.2 GB"));
 }
+
+} // namespace tidlo

@@ -5,6 +5,8 @@
 
 #include <gmock/gmock.h>
 
+namespace tidlo {
+
 TEST(ProxyStatus, NamesTheHostThatTheApplicationWasBuiltFor)
 {
     const QString host = ExplainEndpoint::builtInHost().section(u':', 0, 0);
@@ -12,3 +14,5 @@ TEST(ProxyStatus, NamesTheHostThatTheApplicationWasBuiltFor)
     EXPECT_EQ(ProxyStatus::sentence(), QStringLiteral("All AI requests are processed securely via ") + host +
                                            QStringLiteral(". No local API key setup required."));
 }
+
+} // namespace tidlo

@@ -4,6 +4,8 @@
 
 #include <cmath>
 
+namespace tidlo {
+
 namespace {
 
 using testing::ElementsAre;
@@ -127,3 +129,5 @@ TEST_F(ScanProgressTest, ShowsTheBeginningWithoutAStateOwner)
     EXPECT_EQ(progress.steps(), ScanProgress::stepsAt(0));
     EXPECT_EQ(times(progress, &ScanProgress::progressChanged, [this] { app().setScanProgress(0.9); }), 0);
 }
+
+} // namespace tidlo

@@ -2,6 +2,8 @@
 
 #include "ui/UiTest.h"
 
+namespace tidlo {
+
 namespace {
 
 CleanupCandidate withPaths(CleanupCandidate candidate, int count)
@@ -164,3 +166,5 @@ TEST_F(ShownReportTest, IsEmptyWithoutAStateOwner)
     EXPECT_EQ(report.diskText(), QStringLiteral("Disk now 0% full"));
     EXPECT_EQ(valueOf(2), QStringLiteral("0"));
 }
+
+} // namespace tidlo

@@ -5,6 +5,8 @@
 #include <QClipboard>
 #include <QGuiApplication>
 
+namespace tidlo {
+
 using testing::Return;
 
 namespace {
@@ -64,3 +66,5 @@ TEST_F(StayedItemsTest, ClearingShowsNothingAnyMore)
     items.clear();
     EXPECT_EQ(items.count(), 0);
 }
+
+} // namespace tidlo

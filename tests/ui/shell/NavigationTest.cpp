@@ -4,6 +4,8 @@
 
 #include <array>
 
+namespace tidlo {
+
 namespace {
 
 enum Item { scanItem, resultsItem, reportItem, settingsItem };
@@ -144,3 +146,5 @@ TEST_F(NavigationTest, ShowsTheBeginningWithoutAStateOwner)
     navigation.press(resultsItem);
     EXPECT_EQ(app().section(), AppSection::settings);
 }
+
+} // namespace tidlo

@@ -2,6 +2,8 @@
 
 #include "ui/UiTest.h"
 
+namespace tidlo {
+
 namespace {
 
 using testing::Each;
@@ -137,3 +139,5 @@ TEST_F(StorageFiguresTest, AreEmptyWithoutAStateOwner)
     EXPECT_EQ(figures.diskStatus(), QStringLiteral("Ready"));
     EXPECT_THAT(texts(&CategoryFigure::bytesText), Each(QStringLiteral("—")));
 }
+
+} // namespace tidlo

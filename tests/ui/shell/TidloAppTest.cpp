@@ -7,6 +7,8 @@
 
 #include <latch>
 
+namespace tidlo {
+
 namespace {
 
 class TidloAppTest : public UiTest
@@ -150,3 +152,5 @@ TEST_F(TidloAppTest, CanBeOpenedAgainInTheSameProcess)
     opened.reset();
     EXPECT_NE(tidlo().window(), nullptr);
 }
+
+} // namespace tidlo

@@ -6,6 +6,8 @@
 
 #include <memory>
 
+namespace tidlo {
+
 namespace {
 
 /// A window that has what the chrome takes away.
@@ -135,3 +137,5 @@ TEST_F(WindowChromeConfiguratorTest, GoingAwayBeforeItsTurnDoesNothing)
     oneTurn();
     EXPECT_TRUE(isPlain());
 }
+
+} // namespace tidlo

@@ -15,6 +15,8 @@
 #include <array>
 #include <cstdio>
 
+namespace tidlo {
+
 namespace {
 
 void showResults(AppViewModel &app)
@@ -162,8 +164,11 @@ void settle()
 
 } // namespace
 
+} // namespace tidlo
+
 int main(int argc, char **argv)
 {
+    using namespace tidlo;
     QGuiApplication application(argc, argv);
     if (argc != 5) {
         std::fputs("usage: screenshots <folder> <theme> <width> <height>\n", stderr);

@@ -8,6 +8,8 @@
 
 #include <algorithm>
 
+namespace tidlo {
+
 Demo::Demo()
 {
     reset();
@@ -229,6 +231,8 @@ QVariantList Demo::named(QQuickItem *item, const QString &name) const
 QStringList Demo::symbols(QQuickItem *item) const
 {
     QStringList result;
-    collect(*item, "name", "Symbol", result);
+    collect(*item, "name", "tidlo::Symbol", result);
     return result;
 }
+
+} // namespace tidlo

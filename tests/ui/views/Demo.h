@@ -7,6 +7,8 @@
 #include <QQuickItem>
 #include <QTemporaryDir>
 
+namespace tidlo {
+
 /// What tests of views drive: a state owner over a fake home and a fake desktop, preferences in a file of their own,
 /// and ways to put either into any state. QML reads it as "demo".
 class Demo : public QObject
@@ -81,3 +83,5 @@ private:
     Preferences storedPreferences{*given.defaults};
     AppViewModel model{given};
 };
+
+} // namespace tidlo

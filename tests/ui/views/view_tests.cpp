@@ -7,6 +7,8 @@
 #include <QQmlEngine>
 #include <QtQuickTest>
 
+namespace tidlo {
+
 /// Gives every file of tests an engine with the application's modules and a "demo" of its own.
 class Setup : public QObject
 {
@@ -29,6 +31,8 @@ private:
     std::unique_ptr<Demo> demo;
 };
 
-QUICK_TEST_MAIN_WITH_SETUP(views, Setup)
+} // namespace tidlo
+
+QUICK_TEST_MAIN_WITH_SETUP(views, tidlo::Setup)
 
 #include "view_tests.moc"

@@ -1,5 +1,7 @@
 #include "ui/shell/WindowChromeConfigurator.h"
 
+namespace tidlo {
+
 bool WindowChromeConfigurator::isNative()
 {
     return false;
@@ -11,3 +13,5 @@ void WindowChromeConfigurator::adjust(QQuickWindow &window)
     window.setFlag(Qt::FramelessWindowHint);
     window.setColor(Qt::transparent);
 }
+
+} // namespace tidlo

@@ -2,6 +2,8 @@
 
 #import <AppKit/AppKit.h>
 
+namespace tidlo {
+
 bool WindowChromeConfigurator::isNative()
 {
     return true;
@@ -20,3 +22,5 @@ void WindowChromeConfigurator::adjust(QQuickWindow &window)
     native.movableByWindowBackground = YES;
     native.backgroundColor = NSColor.clearColor;
 }
+
+} // namespace tidlo
