@@ -11,18 +11,21 @@
 
 namespace tidlo {
 
-/// Where explanations come from, how long they may take and be, and who asks. The defaults are the live values: the
-/// host is fixed when the program is built, and nothing changes it later.
+/// Where explanations come from, how long they may take and be, and who asks. The defaults are the live values.
 struct ExplainEndpoint
 {
-    QString host = builtInHost();                                   ///< A name, and a port where it is not 443.
+    QString host = liveHost(); ///< A name or address, and a port where it is not 443. Empty: nobody is asked.
     std::chrono::milliseconds timeLimit = std::chrono::seconds(60); ///< Of the whole exchange.
     qint64 replyLimit = 1024 * 1024;                                ///< Bytes of the reply's body.
     std::function<QByteArray()> authorities = trustedCertificates;  ///< Called on another thread.
     std::function<std::optional<QString>()> identity = machineIdentity;
 
-    /// TIDLO_AI_PROXY_HOST as the program was built with it.
-    static QString builtInHost();
+    /// What the variable TIDLO_AI_PROXY_HOST of the environment names, for one run; else the host that the program was
+    /// built with. A variable that holds anything else than a host is told on standard error once, and nobody is asked.
+    static QString liveHost();
+
+    /// The host that \a text names, "host" or "host:port"; nothing if it is neither. An empty text stays empty.
+    static std::optional<QString> hostFrom(const QString &text);
 };
 
 } // namespace tidlo

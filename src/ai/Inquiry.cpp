@@ -1,13 +1,13 @@
 #include "ai/Inquiry.h"
 
+#include "platform/QuitLimit.h"
+
 #include <QCoreApplication>
-#include <QFutureWatcher>
+#include <QCoro/QCoroFuture>
 #include <QPromise>
 #include <QTimer>
 
-#include <coroutine>
 #include <memory>
-#include <semaphore>
 #include <system_error>
 #include <thread>
 
@@ -16,7 +16,6 @@ namespace tidlo {
 namespace {
 
 using Answer = Inquiry::Answer;
-using Watcher = QFutureWatcher<Answer>;
 
 /// An inquiry under way, shared by its thread and the main thread.
 class Asking final
@@ -29,21 +28,16 @@ public:
     QFuture<Answer> answer() { return promise.future(); }
 
     /// To be called once.
-    void ask()
-    {
-        settle(inquiry.ask(exchange));
-        ended.release();
-    }
+    void ask() { settle(inquiry.ask(exchange)); }
 
     void giveUp(const QString &reason)
     {
+        givenUp = true;
         settle(inquiry.excuse(reason));
         exchange.stop();
     }
 
-    /// Whether ask() has nothing left to do. If it was given up that may take a moment, or as long as the system holds
-    /// it; this waits for the moment alone.
-    bool hasEnded() { return ended.try_acquire_for(std::chrono::milliseconds(500)); }
+    bool isGivenUp() const { return givenUp; }
 
 private:
     /// The first answer counts.
@@ -56,7 +50,7 @@ private:
     Inquiry inquiry;
     HttpsExchange exchange;
     QPromise<Answer> promise;
-    std::binary_semaphore ended{0};
+    bool givenUp = false; ///< Of the main thread alone.
 };
 
 std::thread start(const std::shared_ptr<Asking> &asking)
@@ -69,55 +63,32 @@ std::thread start(const std::shared_ptr<Asking> &asking)
     }
 }
 
-void end(std::thread &thread, Asking &asking)
+void end(std::thread thread, const Asking &asking)
 {
     if (!thread.joinable())
         return;
-    if (asking.hasEnded())
-        thread.join();
+    if (asking.isGivenUp())
+        leaveToSystem(std::move(thread));
     else
-        thread.detach();
+        thread.join();
 }
-
-/// Suspends a coroutine until somebody resumes it.
-struct Suspension
-{
-    std::coroutine_handle<> *suspended; ///< To be resumed.
-
-    bool await_ready() const { return false; }
-    void await_suspend(std::coroutine_handle<> handle) const { *suspended = handle; }
-    void await_resume() const {}
-};
-
-struct LaterDeleter
-{
-    void operator()(QObject *object) const { object->deleteLater(); }
-};
 
 } // namespace
 
 QCoro::Task<Answer> inquire(Inquiry inquiry)
 {
     const auto asking = std::make_shared<Asking>(inquiry);
-    // The wait below ends inside a signal of the watcher, which must live until it returns.
-    const std::unique_ptr<Watcher, LaterDeleter> watcher(new Watcher);
     QTimer limit; // Whatever is connected here ends with it.
-    std::coroutine_handle<> waiting;
-    QObject::connect(watcher.get(), &Watcher::finished, &limit, [&waiting] { waiting.resume(); });
     QObject::connect(&limit, &QTimer::timeout, &limit,
                      [asking] { asking->giveUp(QStringLiteral("The request timed out.")); });
-    QObject::connect(qApp, &QCoreApplication::aboutToQuit, &limit, [asking, receiver = watcher.get()] {
-        asking->giveUp(QStringLiteral("The application quit."));
-        QCoreApplication::sendPostedEvents(receiver); // No event loop is left that would.
-    });
-    watcher->setFuture(asking->answer());
+    QObject::connect(qApp, &QCoreApplication::aboutToQuit, &limit,
+                     [asking] { asking->giveUp(QStringLiteral("The application quit.")); });
     limit.setTimerType(Qt::PreciseTimer);
     limit.start(inquiry.timeLimit);
     std::thread thread = start(asking);
-    const Suspension untilAnswered{&waiting};
-    co_await untilAnswered;
-    end(thread, *asking);
-    co_return watcher->result();
+    const Answer answer = co_await asking->answer();
+    end(std::move(thread), *asking);
+    co_return answer;
 }
 
 } // namespace tidlo

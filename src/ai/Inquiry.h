@@ -26,8 +26,8 @@ struct Inquiry
 };
 
 /// Asks, and gives the answer. When the time is over or the application quits, the answer is an excuse, at once; then
-/// the thread is stopped and, if the system holds it all the same, left to itself. Called on the main thread, which it
-/// does not block for longer than half a second, and for that only where the system holds the thread.
+/// the thread is stopped and, since the system may hold it all the same, left to it as QuitLimit.h explains. Called on
+/// the main thread, which it does not block. The coroutine goes on in a turn of the event loop.
 QCoro::Task<Inquiry::Answer> inquire(Inquiry inquiry);
 
 } // namespace tidlo

@@ -1,6 +1,7 @@
 #include "cli/CommandLine.h"
 #include "cli/Output.h"
 #include "platform/HomeFolder.h"
+#include "platform/QuitLimit.h"
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -32,6 +33,7 @@ int main(int argc, char *argv[])
     for (int i = 1; i < argc; ++i)
         arguments.append(QString::fromLocal8Bit(argv[i]));
 
+    QuitLimit limit; // Goes after the application, whose end it bounds too.
     const QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationVersion(QStringLiteral(TIDLO_VERSION));
 
@@ -39,6 +41,7 @@ int main(int argc, char *argv[])
     FileSizeScanner scanner(files);
     CommandContext context{.files = *files, .scanner = scanner};
     const int status = runCommandLine(arguments, context);
+    limit.begin(quitLimit, status);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // No event loop is left that would.
     return status;
 }

@@ -1,6 +1,8 @@
 #include "platform/QuitLimit.h"
 
 #include <csignal>
+#include <utility>
+#include <vector>
 
 #include <sys/time.h>
 #include <unistd.h>
@@ -27,10 +29,40 @@ void setTimer(std::chrono::milliseconds limit)
     setitimer(ITIMER_REAL, &timer, nullptr);
 }
 
+/// Threads that are waited for at the latest when the program ends.
+class LeftThreads final
+{
+public:
+    ~LeftThreads() { join(); }
+
+    void add(std::thread thread) { threads.push_back(std::move(thread)); }
+
+    void join()
+    {
+        for (std::thread &thread : std::exchange(threads, {}))
+            thread.join();
+    }
+
+private:
+    std::vector<std::thread> threads;
+};
+
+LeftThreads &leftThreads()
+{
+    static LeftThreads threads;
+    return threads;
+}
+
 } // namespace
+
+void leaveToSystem(std::thread thread)
+{
+    leftThreads().add(std::move(thread));
+}
 
 QuitLimit::~QuitLimit()
 {
+    leftThreads().join();
     setTimer(std::chrono::milliseconds::zero());
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <thread>
 
 namespace tidlo {
 
@@ -11,7 +12,7 @@ class QuitLimit final
 {
 public:
     QuitLimit() = default;
-    /// What had to be bounded has ended in time.
+    /// Waits for the threads that were left to the system. Then what had to be bounded has ended in time.
     ~QuitLimit();
     QuitLimit(const QuitLimit &) = delete;
     QuitLimit &operator=(const QuitLimit &) = delete;
@@ -20,5 +21,13 @@ public:
     /// are by then.
     void begin(std::chrono::milliseconds limit, int status);
 };
+
+/// How long a quit may take. What the system holds up for longer is left to it: at every moment an item is whole at its
+/// place or in the Trash.
+inline constexpr std::chrono::milliseconds quitLimit(700);
+
+/// Takes a thread that nobody waits for any more, since the system may hold it for long. The end of the program waits
+/// for it: what the thread uses must not be taken down beside it. Main thread.
+void leaveToSystem(std::thread thread);
 
 } // namespace tidlo

@@ -1,4 +1,5 @@
 #include "ai/ExplainTest.h"
+#include "support/WaitUntil.h"
 
 #include <QCoreApplication>
 #include <QTimer>
@@ -86,6 +87,7 @@ TEST_F(Bounds, OfTimeAreReachedWhenTheApplicationQuits)
 
     GeminiClient::explain({}, endpoint).then([&](const std::optional<QString> &text) { explanation = text; });
     QCoreApplication::exec();
+    waitUntil([&] { return explanation.has_value(); });
 
     EXPECT_EQ(explanation.value_or(QString()).toStdString(), requestFailed + "The application quit.");
 }

@@ -24,6 +24,19 @@ TEST_F(Transfer, GoesWhereTheApplicationWasBuiltToAsk)
     EXPECT_EQ(ExplainEndpoint().host.toStdString(), TIDLO_AI_PROXY_HOST);
 }
 
+TEST(ExplainEndpoint, TakesAHostWithOrWithoutAPort)
+{
+    for (const char *host : {"explain.example", "explain.example:8443", "127.0.0.1:1", "[::1]:65535", ""})
+        EXPECT_EQ(ExplainEndpoint::hostFrom(QLatin1StringView(host)), std::optional<QString>(QLatin1StringView(host)));
+}
+
+TEST(ExplainEndpoint, TakesNothingElseForAHost)
+{
+    for (const char *other : {"https://explain.example", "explain.example/path", "user@explain.example", "@", ":8443",
+                              "explain.example:0", "explain.example:65536", "explain example", "a:b:c", "host:port"})
+        EXPECT_FALSE(ExplainEndpoint::hostFrom(QLatin1StringView(other))) << other;
+}
+
 TEST_F(Transfer, NeedsAnAuthorityThatIsTrusted)
 {
     const TestAuthority stranger;

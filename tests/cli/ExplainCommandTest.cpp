@@ -32,9 +32,9 @@ protected:
         file.close();
 
         QProcess process;
-        prepareCli(
-            process, home, arguments,
-            {.environment = {"TIDLO_TEST_PROXY=" + server.host().toUtf8(), "SSL_CERT_FILE=" + trusted}, .inChild = {}});
+        prepareCli(process, home, arguments,
+                   {.environment = {"TIDLO_AI_PROXY_HOST=" + server.host().toUtf8(), "SSL_CERT_FILE=" + trusted},
+                    .inChild = {}});
         QEventLoop loop;
         QObject::connect(&process, &QProcess::finished, &loop, &QEventLoop::quit);
         process.start();

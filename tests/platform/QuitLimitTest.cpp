@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <future>
 #include <thread>
 
 #include <sys/time.h>
@@ -34,6 +35,35 @@ TEST(QuitLimitDeathTest, EndsAProcessWhoseMainThreadWaitsForAnother)
         }).join();
     };
     EXPECT_EXIT(waitForAThread(), testing::ExitedWithCode(0), "");
+}
+
+TEST(QuitLimitDeathTest, EndsAProcessWhoseLeftThreadTheSystemHolds)
+{
+    const auto leaveAThread = [] {
+        QuitLimit limit;
+        limit.begin(1ms, 7);
+        leaveToSystem(std::thread([] {
+            while (true)
+                pause();
+        }));
+    };
+    EXPECT_EXIT(leaveAThread(), testing::ExitedWithCode(7), "");
+}
+
+TEST(QuitLimit, WaitsForAThreadThatWasLeft)
+{
+    bool hasEnded = false; // The thread sanitizer sees whether it is waited for.
+    std::promise<void> gate;
+    leaveToSystem(std::thread([&] {
+        gate.get_future().wait();
+        hasEnded = true;
+    }));
+    {
+        QuitLimit limit;
+        limit.begin(1h, 7);
+        gate.set_value();
+    }
+    EXPECT_TRUE(hasEnded);
 }
 
 TEST(QuitLimit, LeavesAloneWhatEndsInTime)

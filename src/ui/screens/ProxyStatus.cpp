@@ -9,7 +9,9 @@ namespace tidlo {
 QString ProxyStatus::sentence()
 {
     QUrl proxy;
-    proxy.setAuthority(ExplainEndpoint::builtInHost());
+    proxy.setAuthority(ExplainEndpoint::liveHost());
+    if (proxy.host().isEmpty())
+        return QStringLiteral("Nobody is asked for explanations.");
     return QStringLiteral("All AI requests are processed securely via %1. No local API key setup required.")
         .arg(proxy.host());
 }

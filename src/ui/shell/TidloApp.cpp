@@ -15,14 +15,6 @@
 
 namespace tidlo {
 
-namespace {
-
-/// A scan or a move that a file system holds up for longer is left to it: at every moment an item is whole at its place
-/// or in the Trash.
-constexpr std::chrono::milliseconds quitLimit(700);
-
-} // namespace
-
 TidloApp::TidloApp(AppEnvironment given)
     : environment(std::move(given))
 {
@@ -61,14 +53,14 @@ int runTidlo(int argumentCount, char **arguments)
     QGuiApplication::setApplicationName(QLatin1StringView(applicationIdentifier)); // Names the folder of its cache.
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Tidlo"));
     QGuiApplication::setDesktopFileName(QLatin1StringView(applicationIdentifier));
-    int status = 1;
+    QObject::connect(&application, &QCoreApplication::aboutToQuit, [&limit] { limit.begin(quitLimit, EXIT_SUCCESS); });
+    int status = EXIT_FAILURE;
     std::weak_ptr<const void> operations;
     {
         TidloApp tidlo;
         operations = tidlo.model().operations();
         if (tidlo.open())
             status = QGuiApplication::exec();
-        limit.begin(quitLimit, status);
     }
     while (!operations.expired())
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);

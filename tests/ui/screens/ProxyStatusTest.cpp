@@ -9,7 +9,7 @@ namespace tidlo {
 
 TEST(ProxyStatus, NamesTheHostThatTheApplicationWasBuiltFor)
 {
-    const QString host = ExplainEndpoint::builtInHost().section(u':', 0, 0);
+    const QString host = ExplainEndpoint::liveHost().section(u':', 0, 0);
     ASSERT_FALSE(host.isEmpty());
     EXPECT_EQ(ProxyStatus::sentence(), QStringLiteral("All AI requests are processed securely via ") + host +
                                            QStringLiteral(". No local API key setup required."));

@@ -28,6 +28,7 @@ class Explainer:
         self.may_reply = threading.Event()
         self.may_reply.set()
         self.requests = []
+        self.asked = threading.Event()
         self.certificate = Path(folder, "certificate.pem")
         key = Path(folder, "key.pem")
         subprocess.run(["openssl", "req", "-x509", "-newkey", "ec", "-pkeyopt", "ec_paramgen_curve:prime256v1", "-nodes",
@@ -48,6 +49,7 @@ class Explainer:
             def do_POST(self):
                 body = self.rfile.read(int(self.headers["Content-Length"]))
                 explainer.requests.append((self.path, json.loads(body)))
+                explainer.asked.set()
                 explainer.may_reply.wait()
                 status, record = explainer.reply
                 reply = json.dumps(record).encode()

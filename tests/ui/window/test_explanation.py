@@ -17,7 +17,7 @@ class Explanation(unittest.TestCase):
     def setUpClass(cls):
         home.fill()
         cls.service = Explainer(cls.enterClassContext(tempfile.TemporaryDirectory()))
-        cls.window = cls.enterClassContext(Window(PROGRAM, TIDLO_TEST_PROXY=cls.service.host,
+        cls.window = cls.enterClassContext(Window(PROGRAM, TIDLO_AI_PROXY_HOST=cls.service.host,
                                                   SSL_CERT_FILE=str(cls.service.certificate)))
 
     def scan(self, reply):

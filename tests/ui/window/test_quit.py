@@ -3,13 +3,16 @@
 import ctypes
 import os
 import sys
+import tempfile
 import unittest
 from contextlib import contextmanager
 
 import home
-from window import Window, xdotool
+from explainer import Explainer
+from window import PATIENCE, Window
 
 PROGRAM = sys.argv.pop()
+FUSE = os.access("/dev/fuse", os.R_OK | os.W_OK)
 DETACH = 2  # MNT_DETACH
 libc = ctypes.CDLL(None, use_errno=True)
 
@@ -30,31 +33,68 @@ def hung(folder):
         os.close(channel)  # Whoever still waits gets an error.
 
 
-@unittest.skipUnless(os.access("/dev/fuse", os.R_OK | os.W_OK), "There are no file systems in user space here.")
-class Quit(unittest.TestCase):
+def scan(window):
+    window.click("push button", "SCAN MY MAC")
+
+
+class QuitAmidAnExplanation(unittest.TestCase):
+    def setUp(self):
+        home.fill()
+        self.service = Explainer(self.enterContext(tempfile.TemporaryDirectory()))
+        self.service.may_reply.clear()
+        self.addCleanup(self.service.may_reply.set)
+
+    def quit_when(self, happened, **environment):
+        self.service.asked.clear()
+        with Window(PROGRAM, TIDLO_AI_PROXY_HOST=self.service.host, **environment) as window:
+            scan(window)
+            happened(window)
+            window.click("push button", "Close")
+            self.assertEqual(window.ended(), 0)
+
+    def test_is_a_normal_end_whenever_it_comes(self):
+        def results(window):
+            window.wait("heading", "AI-assisted results — .* found")
+
+        def request(window):
+            results(window)
+            self.assertTrue(self.service.asked.wait(PATIENCE))
+
+        for _ in range(4):  # The thread that asks is somewhere else each time.
+            self.quit_when(results)
+            self.quit_when(request, SSL_CERT_FILE=str(self.service.certificate))
+
+    @unittest.skipUnless(FUSE, "There are no file systems in user space here.")
+    def test_leaves_a_question_that_a_file_system_holds_up_to_it(self):
+        folder = home.HOME / "Authorities"
+        folder.mkdir()
+        with hung(folder):
+            self.quit_when(lambda window: window.wait("label", "AI Storage Analysis in progress..."),
+                           SSL_CERT_FILE=str(folder / "authority.pem"))
+
+
+@unittest.skipUnless(FUSE, "There are no file systems in user space here.")
+class QuitAmidWork(unittest.TestCase):
     def setUp(self):
         home.fill()
         self.before = home.inventory()
         self.window = self.enterContext(Window(PROGRAM))
 
-    def click(self, name):
-        xdotool("mousemove", *self.window.wait("push button", name).center, "click", 1)
-
     def test_a_scan_that_a_file_system_holds_up_is_left_to_it(self):
         with hung(home.HOME / "Downloads"):
-            self.click("SCAN MY MAC")
+            scan(self.window)
             self.window.wait("label", "Checking old downloads & large untouched files")
-            self.click("Close")
+            self.window.click("push button", "Close")
             self.assertEqual(self.window.ended(), 0)
         self.assertEqual(home.inventory(), self.before)
 
     def test_a_move_that_a_file_system_holds_up_is_left_to_it(self):
-        self.click("SCAN MY MAC")
+        scan(self.window)
         self.window.wait("heading", "AI-assisted results — .* found")
         with hung(home.HOME / "Downloads"):
-            self.click("Move to Trash")
+            self.window.click("push button", "Move to Trash")
             self.window.wait("label", "Moving selected files to Trash")
-            self.click("Close")
+            self.window.click("push button", "Close")
             self.assertEqual(self.window.ended(), 0)
         kept = home.inventory()
         self.assertEqual(kept["Downloads/setup.zip"], self.before["Downloads/setup.zip"])
