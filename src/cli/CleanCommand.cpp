@@ -1,14 +1,12 @@
-#include "cli/CleanCommand.h"
-
 #include "cli/CleanupOutcome.h"
 #include "cli/CleanupSelection.h"
 #include "cli/CommandHelp.h"
+#include "cli/Commands.h"
 #include "cli/FindingsText.h"
 #include "cli/Output.h"
 #include "cli/ProgressLine.h"
-#include "cli/Question.h"
-#include "cli/ScanWithProgress.h"
 #include "cli/StopOnSignal.h"
+#include "cli/Terminal.h"
 #include "model/ModelJson.h"
 
 #include <nlohmann/json.hpp>
@@ -70,13 +68,13 @@ QString selectionText(const CleanupSelection &selection, const Wishes &wishes, c
 }
 
 /// Standard output is the report's alone where that is JSON, and what belongs to a question stands beside it.
-int showSelection(const CleanupSelection &selection, const Wishes &wishes)
+ExitStatus showSelection(const CleanupSelection &selection, const Wishes &wishes)
 {
     if (!wishes.question && !wishes.json)
         return print(selectionText(selection, wishes, terminalAt(STDOUT_FILENO)));
     if (wishes.question || wishes.dryRun)
         writeAll(STDERR_FILENO, selectionText(selection, wishes, terminalAt(STDERR_FILENO)).toUtf8());
-    return succeeded;
+    return ExitStatus::succeeded;
 }
 
 bool mayBeMoved(const CleanupSelection &selection, const Wishes &wishes)
@@ -107,25 +105,25 @@ nlohmann::ordered_json jsonOf(const Cleanup &cleanup)
     return json;
 }
 
-int printOutcome(const CleanupOutcome &outcome, const Wishes &wishes)
+ExitStatus printOutcome(const CleanupOutcome &outcome, const Wishes &wishes)
 {
-    const int printed = wishes.json ? print(jsonOf(outcome.cleanup)) : print(outcome.text());
+    const ExitStatus printed = wishes.json ? print(jsonOf(outcome.cleanup)) : print(outcome.text());
     writeAll(STDERR_FILENO, outcome.complaint().toUtf8());
-    return printed == succeeded ? outcome.exitStatus() : printed;
+    return printed == ExitStatus::succeeded ? outcome.exitStatus() : printed;
 }
 
-int runClean(const QCommandLineParser &options, CommandContext &context)
+ExitStatus runClean(const QCommandLineParser &options, CommandContext &context)
 {
     const std::optional<Wishes> wishes = wishesFrom(options);
     if (!wishes)
         return reportMisuse(cleanCommand(), QStringLiteral("A risk is safe, rebuildable or review."));
     if (wishes->question && !canAsk()) {
         complain(QStringLiteral("There is no terminal to ask on. Add --yes to move without a question, or --dry-run."));
-        return misused;
+        return ExitStatus::misused;
     }
     const ScanSnapshot snapshot = scanWithProgress(context.scanner);
     const CleanupSelection selection = cleanupSelection(snapshot.candidates, wishes->risks);
-    if (const int status = showSelection(selection, *wishes); status != succeeded)
+    if (const ExitStatus status = showSelection(selection, *wishes); status != ExitStatus::succeeded)
         return status;
     const bool agreed = mayBeMoved(selection, *wishes);
     return printOutcome(moveToTrash(agreed ? selection : CleanupSelection(), context), *wishes);

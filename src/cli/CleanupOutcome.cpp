@@ -40,8 +40,8 @@ QString CleanupOutcome::complaint() const
 int CleanupOutcome::exitStatus() const
 {
     if (signal != 0)
-        return 128 + signal;
-    return cleanup.stayed.isEmpty() ? succeeded : failed;
+        return static_cast<ExitStatus>(128 + signal);
+    return cleanup.stayed.isEmpty() ? ExitStatus::succeeded : ExitStatus::failed;
 }
 
 } // namespace tidlo

@@ -15,7 +15,7 @@ struct CleanupOutcome
     QString text() const;
     /// For a person, in whole lines: what stayed, and why. Empty if nothing did.
     QString complaint() const;
-    int exitStatus() const;
+    ExitStatus exitStatus() const;
 };
 
 } // namespace tidlo

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cli/Output.h"
 #include "scanner/FileSizeScanner.h"
 
 #include <QCommandLineParser>
@@ -12,14 +13,6 @@ struct CommandContext
 {
     FileManager &files;
     FileSizeScanner &scanner;
-};
-
-/// What a command's run returns, besides 128 and the number of the signal that interrupted it.
-enum ExitStatus : int {
-    succeeded = 0,
-    failed = 1,  ///< Output could not be written, or something that was asked for was not done.
-    misused = 2, ///< The command line is wrong; nothing was done.
-    refused = 3, ///< What was asked for was left undone on purpose.
 };
 
 /// A long option of a command.
@@ -44,7 +37,7 @@ struct Command
     const char *summary;     ///< A sentence for the list of commands.
     const char *description; ///< What it does and what its exit status tells, in lines of 80 columns at most.
     QList<CommandOption> options;
-    int (*run)(const QCommandLineParser &options, CommandContext &context); ///< Returns the exit status.
+    ExitStatus (*run)(const QCommandLineParser &options, CommandContext &context);
     bool needsThread = true; ///< It scans, and so can do nothing where the system starts no thread.
 };
 

@@ -55,11 +55,11 @@ QString usageLine(const Command &command)
     return line + u'\n';
 }
 
-int reportMisuse(const Command &command, const QString &complaint)
+ExitStatus reportMisuse(const Command &command, const QString &complaint)
 {
     complain(complaint);
     writeAll(STDERR_FILENO, usageLine(command).toUtf8());
-    return misused;
+    return ExitStatus::misused;
 }
 
 QString helpText(const Command &command, const QList<Command> &commands)

@@ -11,7 +11,7 @@ QStringList optionNames(const CommandOption &option);
 QString usageLine(const Command &command);
 
 /// Complains about an option's value and shows how the command is used; returns the exit status for that.
-int reportMisuse(const Command &command, const QString &complaint);
+ExitStatus reportMisuse(const Command &command, const QString &complaint);
 
 /// Usage, description and options of a command; of the program itself also the \a commands it has.
 QString helpText(const Command &command, const QList<Command> &commands = {});

@@ -1,11 +1,8 @@
 #include "cli/CommandLine.h"
 
-#include "cli/CleanCommand.h"
 #include "cli/CommandHelp.h"
-#include "cli/ExplainCommand.h"
+#include "cli/Commands.h"
 #include "cli/Output.h"
-#include "cli/ScanCommand.h"
-#include "cli/TrashBundleCommand.h"
 
 #include <QCoreApplication>
 
@@ -34,11 +31,11 @@ std::optional<QString> threadObstacle()
     }
 }
 
-int run(const Command &command, const QCommandLineParser &options, CommandContext &context)
+ExitStatus run(const Command &command, const QCommandLineParser &options, CommandContext &context)
 {
     if (const auto obstacle = command.needsThread ? threadObstacle() : std::nullopt) {
         complain(QStringLiteral("No thread can be started: %1.").arg(*obstacle));
-        return failed;
+        return ExitStatus::failed;
     }
     return command.run(options, context);
 }
@@ -57,8 +54,8 @@ Command programItself()
 }
 
 /// The exit status of a command line that needs no command to run; nothing if one is to be run.
-std::optional<int> answered(QCommandLineParser &parser, const Command &command, const QString &help,
-                            const QStringList &arguments)
+std::optional<ExitStatus> answered(QCommandLineParser &parser, const Command &command, const QString &help,
+                                   const QStringList &arguments)
 {
     for (const CommandOption &option : command.options + commonOptions()) {
         parser.addOption(QCommandLineOption(optionNames(option), QString::fromLatin1(option.meaning),
@@ -75,16 +72,16 @@ std::optional<int> answered(QCommandLineParser &parser, const Command &command, 
     return std::nullopt;
 }
 
-int runWithoutCommand(QCommandLineParser &parser, const QStringList &arguments)
+ExitStatus runWithoutCommand(QCommandLineParser &parser, const QStringList &arguments)
 {
     const Command program = programItself();
-    const std::optional<int> status = answered(parser, program, helpText(program, commands()), arguments);
+    const std::optional<ExitStatus> status = answered(parser, program, helpText(program, commands()), arguments);
     return status ? *status : reportMisuse(program, QStringLiteral("No command was given."));
 }
 
 } // namespace
 
-int runCommandLine(const QStringList &arguments, CommandContext &context)
+ExitStatus runCommandLine(const QStringList &arguments, CommandContext &context)
 {
     QCommandLineParser parser;
     if (arguments.isEmpty() || arguments.first().startsWith(u'-'))
@@ -95,7 +92,7 @@ int runCommandLine(const QStringList &arguments, CommandContext &context)
         known, [&](const Command &candidate) { return arguments.first() == QLatin1StringView(candidate.name); });
     if (command == known.end())
         return reportMisuse(programItself(), QStringLiteral("Unknown command '%1'.").arg(arguments.first()));
-    const std::optional<int> status = answered(parser, *command, helpText(*command), arguments.mid(1));
+    const std::optional<ExitStatus> status = answered(parser, *command, helpText(*command), arguments.mid(1));
     return status ? *status : run(*command, parser, context);
 }
 

@@ -1,10 +1,8 @@
-#include "cli/ExplainCommand.h"
-
 #include "ai/GeminiClient.h"
 #include "ai/Prompt.h"
+#include "cli/Commands.h"
 #include "cli/Output.h"
 #include "cli/ProgressLine.h"
-#include "cli/ScanWithProgress.h"
 #include "platform/VisibleText.h"
 
 namespace tidlo {
@@ -12,7 +10,7 @@ namespace tidlo {
 namespace {
 
 /// Shown whole, with what could act on the terminal escaped, and ending with its line.
-int printText(const QString &text)
+ExitStatus printText(const QString &text)
 {
     const QString visible = visibleText(text);
     return print(visible.endsWith(u'\n') ? visible : visible + u'\n');
@@ -25,7 +23,7 @@ std::optional<QString> explanationOf(const QList<CleanupCandidate> &candidates)
     return QCoro::waitFor(GeminiClient::explain(candidates));
 }
 
-int runExplain(const QCommandLineParser &options, CommandContext &context)
+ExitStatus runExplain(const QCommandLineParser &options, CommandContext &context)
 {
     const QList<CleanupCandidate> candidates = explainedCandidates(scanWithProgress(context.scanner).candidates);
     if (options.isSet(QStringLiteral("prompt")))
@@ -34,7 +32,7 @@ int runExplain(const QCommandLineParser &options, CommandContext &context)
     if (explanation && !GeminiClient::isError(*explanation))
         return printText(*explanation);
     complain(explanation.value_or(QStringLiteral("No explanation came back.")));
-    return failed;
+    return ExitStatus::failed;
 }
 
 } // namespace

@@ -1,6 +1,5 @@
 #include "cli/Output.h"
 
-#include "cli/Command.h"
 #include "platform/VisibleText.h"
 
 #include <nlohmann/json.hpp>
@@ -40,15 +39,15 @@ bool writeAll(int descriptor, const QByteArray &bytes)
     return true;
 }
 
-int print(const QString &text)
+ExitStatus print(const QString &text)
 {
     if (writeAll(STDOUT_FILENO, text.toUtf8()))
-        return succeeded;
+        return ExitStatus::succeeded;
     complain(QStringLiteral("The output could not be written: %1.").arg(QString::fromLocal8Bit(std::strerror(errno))));
-    return failed;
+    return ExitStatus::failed;
 }
 
-int print(const nlohmann::ordered_json &json)
+ExitStatus print(const nlohmann::ordered_json &json)
 {
     constexpr int indent = 2;
     constexpr bool ascii = true;

@@ -2,6 +2,7 @@
 
 #include "cli/Output.h"
 #include "cli/Terminal.h"
+#include "model/TidloPercent.h"
 
 #include <atomic>
 #include <csignal>
@@ -48,6 +49,15 @@ void ProgressLine::show(const QString &text)
         return;
     isShown = true;
     writeAll(STDERR_FILENO, erasure + text.left(terminal.columns - 1).toUtf8());
+}
+
+ScanSnapshot scanWithProgress(FileSizeScanner &scanner)
+{
+    ProgressLine line;
+    const ScanResult result = QCoro::waitFor(scanner.scan([&line](double fraction, const QString &label) {
+        line.show(tidloPercent(fraction).rightJustified(4) + QStringLiteral("  ") + label);
+    }));
+    return result.snapshot;
 }
 
 } // namespace tidlo

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "cli/SignalActions.h"
+#include "cli/StopOnSignal.h"
+#include "scanner/FileSizeScanner.h"
 
 #include <QString>
 
@@ -22,5 +23,9 @@ public:
 private:
     SignalActions signalActions;
 };
+
+/// Scans and tells on standard error, where that is a terminal, which step is under way. An interruption ends the
+/// program by the signal: a scan changes nothing.
+ScanSnapshot scanWithProgress(FileSizeScanner &scanner);
 
 } // namespace tidlo

@@ -1,8 +1,7 @@
-#include "cli/ScanCommand.h"
-
+#include "cli/Commands.h"
 #include "cli/FindingsText.h"
 #include "cli/Output.h"
-#include "cli/ScanWithProgress.h"
+#include "cli/ProgressLine.h"
 #include "model/ModelJson.h"
 
 #include <nlohmann/json.hpp>
@@ -33,7 +32,7 @@ QString textOf(const ScanSnapshot &snapshot, ListedPaths paths)
     return findings + u'\n' + totalsText(snapshot.totals, terminal);
 }
 
-int runScan(const QCommandLineParser &options, CommandContext &context)
+ExitStatus runScan(const QCommandLineParser &options, CommandContext &context)
 {
     const ScanSnapshot snapshot = scanWithProgress(context.scanner);
     if (options.isSet(QStringLiteral("json")))

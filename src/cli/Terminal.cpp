@@ -1,8 +1,13 @@
 #include "cli/Terminal.h"
 
+#include "cli/Output.h"
+
 #include <array>
+#include <iostream>
+#include <string>
 
 #include <sys/ioctl.h>
+#include <termios.h>
 #include <unistd.h>
 
 namespace tidlo {
@@ -48,6 +53,24 @@ QString inked(Ink ink, const QString &text, bool colour)
             return QStringLiteral("\x1b[%1m%2\x1b[0m").arg(QLatin1StringView(row.code), text);
     }
     return text;
+}
+
+bool canAsk()
+{
+    return isatty(STDIN_FILENO) != 0 && isatty(STDERR_FILENO) != 0;
+}
+
+bool agreesTo(const QString &question)
+{
+    tcflush(STDIN_FILENO, TCIFLUSH);
+    writeAll(STDERR_FILENO, (question + QStringLiteral(" [y/N] ")).toUtf8());
+    std::string line;
+    if (!std::getline(std::cin, line)) {
+        writeAll(STDERR_FILENO, "\n"); // Nobody pressed Return.
+        return false;
+    }
+    const QByteArray answer = QByteArray::fromStdString(line).trimmed().toLower();
+    return answer == "y" || answer == "yes";
 }
 
 } // namespace tidlo

@@ -20,4 +20,11 @@ enum class Ink { plain, strong, faint, green, blue, yellow, red };
 /// \a text, in that ink where \a colour is set.
 QString inked(Ink ink, const QString &text, bool colour);
 
+/// Whether a person can be asked: standard input and standard error are terminals.
+bool canAsk();
+
+/// Asks on standard error and waits for a line. True only for "y" or "yes"; what was typed before the question was
+/// shown does not count.
+bool agreesTo(const QString &question);
+
 } // namespace tidlo

@@ -1,6 +1,5 @@
-#include "cli/TrashBundleCommand.h"
-
 #include "cli/CommandHelp.h"
+#include "cli/Commands.h"
 #include "cli/Output.h"
 #include "platform/Bundle.h"
 
@@ -8,7 +7,7 @@ namespace tidlo {
 
 namespace {
 
-int runTrashBundle(const QCommandLineParser &options, CommandContext &context)
+ExitStatus runTrashBundle(const QCommandLineParser &options, CommandContext &context)
 {
     const Bundle bundle = mainBundle();
     // Both have come the same way from bytes to text, which tells all paths apart that matter here.
@@ -22,12 +21,12 @@ int runTrashBundle(const QCommandLineParser &options, CommandContext &context)
     switch (outcome.kind) {
     case TrashOutcome::Kind::moved:
     case TrashOutcome::Kind::gone:
-        return succeeded;
+        return ExitStatus::succeeded;
     case TrashOutcome::Kind::refused:
     case TrashOutcome::Kind::anotherMoved: // The bundle has left its place; what lies there now is not to be deleted.
-        return refused;
+        return ExitStatus::refused;
     case TrashOutcome::Kind::failed:
-        return failed;
+        return ExitStatus::failed;
     }
     Q_UNREACHABLE();
 }

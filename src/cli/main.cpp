@@ -40,7 +40,7 @@ int main(int argc, char *argv[])
     const std::shared_ptr<FileManager> files = makeFileManager();
     FileSizeScanner scanner(files);
     CommandContext context{.files = *files, .scanner = scanner};
-    const int status = runCommandLine(arguments, context);
+    const int status = static_cast<int>(runCommandLine(arguments, context));
     limit.begin(quitLimit, status);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // No event loop is left that would.
     return status;
