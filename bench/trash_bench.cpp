@@ -4,7 +4,7 @@
 //
 // trash_bench [folder to work in, on the disk to be measured]
 
-#include "platform/linux/Trash.h"
+#include "platform/linux/XdgTrash.h"
 #include "support/TemporaryHome.h"
 
 #include <QDir>
@@ -65,7 +65,7 @@ Round measure(const FilePath &disk)
     const FilePath bareTrash = home.folder("bare");
     home.folder("bare/files");
     home.folder("bare/info");
-    const Trash trash(home.path(), home / ".local/share");
+    const XdgTrash trash(home.path(), home / ".local/share");
     std::vector<std::array<FilePath, 2>> pairs;
     for (int item = 0; item < items; ++item) {
         const FilePath number = FilePath::number(item);

@@ -1,6 +1,6 @@
 #include "app/FirstRun.h"
 
-#include "platform/Containment.h"
+#include "platform/Paths.h"
 
 namespace tidlo {
 

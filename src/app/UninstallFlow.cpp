@@ -1,7 +1,7 @@
 #include "app/AppViewModel.h"
-#include "platform/ApplicationIdentifier.h"
 #include "platform/AtomicFile.h"
-#include "platform/Containment.h"
+#include "platform/Bundle.h"
+#include "platform/Paths.h"
 #include "platform/UninstallScript.h"
 #include "platform/VisibleText.h"
 

@@ -1,13 +1,13 @@
 #include "platform/ApplicationCopier.h"
 
-#include "platform/Containment.h"
-#include "platform/Interruption.h"
-#include "platform/ItemExchange.h"
-#include "platform/MountObstacle.h"
+#include "platform/Descriptor.h"
+#include "platform/Paths.h"
 #include "platform/VisibleText.h"
+#include "platform/Volume.h"
 #include "platform/Workshop.h"
 
 #include <cerrno>
+#include <cstdio>
 #include <filesystem>
 
 #include <sys/stat.h>
@@ -15,9 +15,21 @@
 
 namespace tidlo {
 
-namespace fs = std::filesystem;
-
 namespace {
+
+int renameItem(const FilePath &from, const FilePath &to)
+{
+    return std::rename(from.constData(), to.constData()) == 0 ? 0 : errno;
+}
+
+int removeItem(const FilePath &path)
+{
+    std::error_code error;
+    std::filesystem::remove_all(path.toStdString(), error);
+    return error.value();
+}
+
+namespace fs = std::filesystem;
 
 // Each gives the errno of what went wrong, or 0.
 
@@ -106,13 +118,18 @@ void removeLeftOvers(const FilePath &destination, const PlacementSteps &steps)
 
 } // namespace
 
+PlacementSteps livePlacementSteps()
+{
+    return {.copy = copyTree, .exchange = exchangeItems, .rename = renameItem, .remove = removeItem};
+}
+
 std::optional<QString> copyApplication(const FilePath &source, const FilePath &destination, const PlacementSteps &steps)
 {
     if (const int error = obstacle(source, destination))
         return qt_error_string(error);
-    const std::optional<Workshop> workshop = Workshop::make(destination);
+    const OrError<Workshop> workshop = Workshop::make(destination);
     if (!workshop)
-        return qt_error_string(errno);
+        return qt_error_string(workshop.error());
     const int error = replaceFrom(*workshop, source, destination, steps);
     if (error != 0 && !isThere(destination) && mayBeThere(workshop->former())) {
         return qt_error_string(error) + QStringLiteral("\nWhat was there before lies in ") +

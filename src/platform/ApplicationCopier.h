@@ -1,12 +1,40 @@
 #pragma once
 
-#include "platform/PlacementSteps.h"
+#include "model/FilePath.h"
 
 #include <QString>
 
+#include <functional>
 #include <optional>
 
 namespace tidlo {
+
+/// Copies the item at \a source with everything beneath it, no link followed, to \a destination, where nothing may lie
+/// yet. Permissions and modification times are kept, and links lead where they led. Gives 0, or the errno of the first
+/// failure, which ends it and leaves what had been copied until then.
+int copyTree(const FilePath &source, const FilePath &destination);
+
+/// Lets the items at two paths of one file system change places, of whatever kind they are, at one moment: at no time
+/// is there nothing at either. Gives 0, or the errno of what went wrong; see isExchangeUnknown().
+int exchangeItems(const FilePath &one, const FilePath &other);
+
+/// Whether an \a error of exchangeItems tells that the system or the file system cannot do that at all.
+bool isExchangeUnknown(int error);
+
+/// What a placement does to the disk, step by step, so that a test can make each step fail. Each gives 0, or the errno
+/// of what went wrong.
+struct PlacementSteps
+{
+    using OnTwo = std::function<int(const FilePath &from, const FilePath &to)>;
+
+    OnTwo copy;     ///< As copyTree.
+    OnTwo exchange; ///< As exchangeItems.
+    OnTwo rename;
+    std::function<int(const FilePath &path)> remove; ///< With all that is in it.
+};
+
+/// The steps as the system takes them.
+PlacementSteps livePlacementSteps();
 
 /// Replaces whatever lies at \a destination, a link not followed, by a copy of the application at \a source, with its
 /// permissions, links and times. Gives nothing, or the system's own words for what went wrong.

@@ -1,7 +1,6 @@
 #include "platform/AtomicFile.h"
 
 #include "platform/Descriptor.h"
-#include "platform/Interruption.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -42,7 +41,7 @@ int writeAtomically(const FilePath &path, const QByteArray &content, mode_t perm
         return mkostemp(pending.data(), O_CLOEXEC); // Made for the user alone.
     }));
     if (!file.isValid())
-        return errno;
+        return file.error();
     int error =
         uninterrupted([&] { return fchmod(file.get(), permissions); }) == 0 ? writeAll(file.get(), content) : errno;
     if (error == 0 && uninterrupted([&] { return std::rename(pending.constData(), path.constData()); }) != 0)

@@ -2,9 +2,19 @@
 
 #include "model/FilePath.h"
 
+#include <QHash>
+#include <QString>
+
 #include <optional>
 
 namespace tidlo {
+
+/// By which systems know the application: its bundle, its desktop entry, its preferences and its cache are named so.
+inline constexpr const char *applicationIdentifier = "com.tidlo.storagecleaner";
+
+/// The texts that a bundle says about itself, by their keys: what stands in the property list at \a file, an XML file.
+/// Values of other kinds are left out. Empty if the file cannot be read or is none.
+QHash<QString, QString> readInfoPlist(const FilePath &file);
 
 /// An application as it lies on the disk: a folder that ends in ".app" and holds all it needs, or a lone executable
 /// outside any such folder, which stands for itself.

@@ -1,42 +1,88 @@
 #pragma once
 
+#include "model/FilePath.h"
+
+#include <cerrno>
 #include <utility>
 
+#include <fcntl.h>
 #include <unistd.h>
 
 namespace tidlo {
 
-/// Owns one file descriptor and closes it; -1 owns none.
+/// Makes a \a call of the system, which tells a failure by a negative number and errno, again when a signal interrupted
+/// it; a hundred times at most, since a broken file system may say so for ever. Not meant for close(), which closes
+/// even so.
+template <typename Call>
+auto uninterrupted(Call call)
+{
+    auto result = call();
+    for (int triesLeft = 100; result < 0 && errno == EINTR && triesLeft > 0; --triesLeft)
+        result = call();
+    return result;
+}
+
+/// Owns one file descriptor and closes it, or none.
 class Descriptor final
 {
 public:
     Descriptor() = default;
+    /// Takes what a call of the system gave: a descriptor, or -1, and errno why.
     explicit Descriptor(int descriptor)
         : number(descriptor)
+        , failure(descriptor < 0 ? errno : 0)
     {}
     Descriptor(Descriptor &&other) noexcept
-        : number(other.release())
+        : number(std::exchange(other.number, -1))
+        , failure(other.failure)
     {}
     Descriptor &operator=(Descriptor &&other) noexcept
     {
-        reset(other.release());
+        std::swap(number, other.number);
+        std::swap(failure, other.failure);
         return *this;
     }
-    ~Descriptor() { reset(); }
+    ~Descriptor()
+    {
+        if (isValid())
+            ::close(number);
+    }
+
+    /// None, for the reason \a error.
+    static Descriptor failed(int error)
+    {
+        Descriptor none;
+        none.failure = error;
+        return none;
+    }
 
     int get() const { return number; }
     bool isValid() const { return number >= 0; }
-    /// Gives the descriptor away.
-    int release() { return std::exchange(number, -1); }
-    void reset(int descriptor = -1)
-    {
-        if (number >= 0)
-            ::close(number);
-        number = descriptor;
-    }
+    int error() const { return failure; } ///< The errno of why it owns none, where one was told; else 0.
 
 private:
     int number = -1;
+    int failure = 0;
+};
+
+/// A path as the *at() calls take it, whatever its length: what is beyond PATH_MAX is reached through an open folder.
+class PathLocation final
+{
+public:
+    /// Resolves as much of \a path as does not fit into one call, links followed as in any path. It is not
+    /// valid when that fails or the path holds a NUL.
+    explicit PathLocation(const FilePath &path);
+
+    bool isValid() const { return failure == 0; }
+    int error() const { return failure; } ///< The errno of why it is not valid; 0 if it is.
+    /// The folder that name() is relative to, AT_FDCWD for a path of ordinary length.
+    int folder() const { return holder.isValid() ? holder.get() : AT_FDCWD; }
+    const char *name() const { return rest.constData(); }
+
+private:
+    Descriptor holder;
+    FilePath rest;
+    int failure = 0;
 };
 
 } // namespace tidlo

@@ -1,7 +1,7 @@
 #include "platform/DirectoryWalker.h"
 
-#include "platform/StorageDevice.h"
 #include "platform/TreeWalk.h"
+#include "platform/Volume.h"
 
 #include <algorithm>
 

@@ -2,7 +2,7 @@
 
 #include "platform/DeepEnumeration.h"
 #include "platform/FileAttributes.h"
-#include "platform/TrashOutcome.h"
+#include "platform/Trash.h"
 
 #include <QList>
 

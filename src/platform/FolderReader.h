@@ -37,7 +37,7 @@ public:
     Descriptor openRoot(const FilePath &path, bool followsLink) const;
 
     /// The folder \a name beneath \a parent, on the same mount; \a name may have several components. No link is
-    /// followed, wherever it stands. Not valid, with errno set, if there is none.
+    /// followed, wherever it stands. Not valid if there is none.
     Descriptor openBeneath(int parent, const char *name) const;
 
 private:

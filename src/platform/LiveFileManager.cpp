@@ -1,11 +1,10 @@
 #include "platform/LiveFileManager.h"
 
-#include "platform/FileName.h"
+#include "platform/Descriptor.h"
 #include "platform/FolderReader.h"
-#include "platform/Interruption.h"
-#include "platform/PathLocation.h"
+#include "platform/Paths.h"
 #include "platform/Trash.h"
-#include "platform/VolumeCapacity.h"
+#include "platform/Volume.h"
 
 #include <algorithm>
 #include <new>

@@ -1,9 +1,8 @@
 #include "platform/TreeWalk.h"
 
 #include "model/CheckedSum.h"
-#include "platform/FileName.h"
-#include "platform/Interruption.h"
-#include "platform/PathLocation.h"
+#include "platform/Descriptor.h"
+#include "platform/Paths.h"
 
 #include <cerrno>
 #include <exception>
@@ -117,17 +116,18 @@ bool TreeWalk::Worker::open(WalkFolder &folder, int parent)
 bool TreeWalk::Worker::openBeneath(WalkFolder &folder, int parent)
 {
     const auto attempt = [&] {
-        const int from = parent >= 0 ? parent : walk.queue.reopenParent(folder, walk.opener);
-        if (from >= 0)
-            folder.descriptor = walk.opener.openBeneath(from, folder.name.c_str());
-        return folder.isOpen();
+        const OrError<int> from = parent >= 0 ? parent : walk.queue.reopenParent(folder, walk.opener);
+        if (!from)
+            return from.error();
+        folder.descriptor = walk.opener.openBeneath(*from, folder.name.c_str());
+        return folder.descriptor.error();
     };
-    if (attempt())
-        return true;
-    if (errno != EMFILE && errno != ENFILE)
-        return false;
-    walk.queue.closeSpare();
-    return attempt();
+    const int error = attempt();
+    if (error == EMFILE || error == ENFILE) {
+        walk.queue.closeSpare();
+        attempt();
+    }
+    return folder.isOpen();
 }
 
 /// Measuring starts with the path itself, which may be a file and is not followed when it is a link.

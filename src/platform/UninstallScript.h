@@ -2,6 +2,8 @@
 
 #include "model/FilePath.h"
 
+#include <QList>
+
 #include <optional>
 
 namespace tidlo {
@@ -20,5 +22,11 @@ UninstallScript uninstallScript(const FilePath &application, const QByteArray &i
 
 /// The one for macOS, wherever it is asked for.
 UninstallScript uninstallScriptForMacOS(const FilePath &application, const QByteArray &identifier);
+
+/// What a shell reads as its own between double quotes.
+inline constexpr QByteArrayView readByShell("\"$`\\");
+
+/// The first of \a paths that holds one of \a characters and so does not mean itself where it is quoted.
+std::optional<FilePath> firstUnquotable(const QList<FilePath> &paths, QByteArrayView characters = readByShell);
 
 } // namespace tidlo

@@ -1,7 +1,6 @@
 #include "platform/UserDefaults.h"
 
 #include "platform/AtomicFile.h"
-#include "platform/PreferencesFile.h"
 
 #include <QFileInfo>
 #include <QTemporaryDir>

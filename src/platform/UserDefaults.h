@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/FilePath.h"
+
 #include <QObject>
 #include <QSettings>
 
@@ -40,5 +42,8 @@ private:
     QSettings stored; ///< Only read from.
     QVariantMap own;  ///< What was set here.
 };
+
+/// Where the preferences of this user lie, as the system has it. Read from the environment each time.
+FilePath preferencesFile();
 
 } // namespace tidlo

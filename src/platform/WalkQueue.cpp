@@ -28,8 +28,8 @@ bool isAppended(std::vector<Value> &list, Value &&value)
     }
 }
 
-/// Opens folder after folder beneath \a start, as many levels at a time as one path can name. Not valid, with errno
-/// set, if that fails.
+/// Opens folder after folder beneath \a start, as many levels at a time as one path can name. Not valid if
+/// that fails.
 Descriptor openLevels(int start, std::span<WalkFolder *const> downwards, const FolderOpener &opener)
 try {
     Descriptor folder;
@@ -48,8 +48,7 @@ try {
     }
     return folder;
 } catch (const std::bad_alloc &) {
-    errno = ENOMEM;
-    return {};
+    return Descriptor::failed(ENOMEM);
 }
 
 } // namespace
@@ -108,7 +107,7 @@ WalkQueue::Taken WalkQueue::take()
     return taken;
 }
 
-int WalkQueue::reopenParent(const WalkFolder &folder, const FolderOpener &opener)
+OrError<int> WalkQueue::reopenParent(const WalkFolder &folder, const FolderOpener &opener)
 {
     WalkFolder &parent = *folder.parent;
     std::unique_lock lock(mutex);
@@ -121,7 +120,7 @@ int WalkQueue::reopenParent(const WalkFolder &folder, const FolderOpener &opener
     Descriptor stop = openLevels(route.start->descriptor.get(), route.toStop, opener);
     const bool lost = !route.toStop.empty() && !stop.isValid();
     Descriptor goal =
-        lost ? Descriptor()
+        lost ? Descriptor::failed(stop.error())
              : openLevels(stop.isValid() ? stop.get() : route.start->descriptor.get(), route.toGoal, opener);
     const bool same = goal.isValid() && identityOf(goal.get()) == parent.counts.identity;
 
@@ -136,7 +135,9 @@ int WalkQueue::reopenParent(const WalkFolder &folder, const FolderOpener &opener
         parent.descriptor = std::move(goal);
         keep(parent);
     }
-    return parent.descriptor.get();
+    if (parent.isOpen())
+        return parent.descriptor.get();
+    return Errno{goal.isValid() ? ESTALE : goal.error()};
 }
 
 WalkQueue::Route WalkQueue::routeTo(WalkFolder &folder)
@@ -230,7 +231,7 @@ bool WalkQueue::closeLeastRecent()
     if (oldest == nullptr)
         return false;
     oldest->counts.identity = identityOf(oldest->descriptor.get()).value_or(FolderIdentity());
-    oldest->descriptor.reset();
+    oldest->descriptor = Descriptor();
     forget(*oldest);
     return true;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/FolderReader.h"
+#include "platform/OrError.h"
 
 #include <condition_variable>
 #include <memory>
@@ -68,9 +69,9 @@ public:
     /// is done. Whatever is taken must be finished.
     Taken take();
 
-    /// Opens the parent of a taken \a folder again; -1 if there is no way to it any more. Throws without memory, having
-    /// done nothing.
-    int reopenParent(const WalkFolder &folder, const FolderOpener &opener);
+    /// Opens the parent of a taken \a folder again; an error if there is no way to it any more. Throws without memory,
+    /// having done nothing.
+    OrError<int> reopenParent(const WalkFolder &folder, const FolderOpener &opener);
 
     /// Lets another worker read on in the listing of \a folder, which is open, while its taker is busy with a batch.
     /// False if that would keep too many descriptors open: then the taker reads on itself.

@@ -1,6 +1,6 @@
 #include "platform/Workshop.h"
 
-#include "platform/Interruption.h"
+#include "platform/Descriptor.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -26,11 +26,11 @@ FilePath beginning(const FilePath &destination)
 
 } // namespace
 
-std::optional<Workshop> Workshop::make(const FilePath &destination)
+OrError<Workshop> Workshop::make(const FilePath &destination)
 {
     FilePath folder = beginning(destination) + placeholder.toByteArray();
     if (mkdtemp(folder.data()) == nullptr)
-        return std::nullopt;
+        return Errno{errno};
     return locked(folder);
 }
 
@@ -44,21 +44,25 @@ std::vector<Workshop> Workshop::leftOver(const FilePath &destination)
         const FilePath path = FilePath::fromStdString(entry->path().native());
         if (!path.startsWith(start) || path.size() != start.size() + placeholder.size())
             continue;
-        if (std::optional<Workshop> workshop = locked(path))
+        if (OrError<Workshop> workshop = locked(path))
             found.push_back(std::move(*workshop));
     }
     return found;
 }
 
-std::optional<Workshop> Workshop::locked(const FilePath &folder)
+OrError<Workshop> Workshop::locked(const FilePath &folder)
 {
     constexpr int asFolder = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
     Descriptor lock(uninterrupted([&] { return open(folder.constData(), asFolder); }));
     struct stat status;
-    if (!lock.isValid() || fstat(lock.get(), &status) != 0)
-        return std::nullopt;
-    if (status.st_uid != geteuid() || flock(lock.get(), LOCK_EX | LOCK_NB) != 0)
-        return std::nullopt;
+    if (!lock.isValid())
+        return Errno{lock.error()};
+    if (fstat(lock.get(), &status) != 0)
+        return Errno{errno};
+    if (status.st_uid != geteuid())
+        return Errno{EACCES};
+    if (flock(lock.get(), LOCK_EX | LOCK_NB) != 0)
+        return Errno{errno};
     return Workshop(folder, std::move(lock));
 }
 

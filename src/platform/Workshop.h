@@ -2,8 +2,8 @@
 
 #include "model/FilePath.h"
 #include "platform/Descriptor.h"
+#include "platform/OrError.h"
 
-#include <optional>
 #include <vector>
 
 namespace tidlo {
@@ -13,8 +13,8 @@ namespace tidlo {
 class Workshop final
 {
 public:
-    /// Makes an empty one; nothing, with errno set, if that fails.
-    static std::optional<Workshop> make(const FilePath &destination);
+    /// Makes an empty one.
+    static OrError<Workshop> make(const FilePath &destination);
 
     /// Those that earlier placements left beside \a destination: named as ours are, folders and no links, owned by this
     /// user, and in use by nobody.
@@ -29,7 +29,7 @@ private:
         : folder(std::move(folder))
         , lock(std::move(lock))
     {}
-    static std::optional<Workshop> locked(const FilePath &folder);
+    static OrError<Workshop> locked(const FilePath &folder);
 
     FilePath folder;
     Descriptor lock;

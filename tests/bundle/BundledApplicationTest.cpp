@@ -1,6 +1,5 @@
 #include "platform/ApplicationCopier.h"
 #include "platform/Bundle.h"
-#include "platform/InfoPlist.h"
 #include "support/InChild.h"
 #include "support/PrintQt.h"
 #include "support/TemporaryHome.h"

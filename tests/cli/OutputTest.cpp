@@ -27,8 +27,8 @@ struct Pipe
     {
         std::array<int, 2> ends{-1, -1};
         EXPECT_EQ(pipe2(ends.data(), O_CLOEXEC), 0);
-        readEnd.reset(ends[0]);
-        writeEnd.reset(ends[1]);
+        readEnd = Descriptor(ends[0]);
+        writeEnd = Descriptor(ends[1]);
     }
 
     Descriptor readEnd;
@@ -50,7 +50,7 @@ bool isWrittenWhole(Pipe &pipe, const std::function<void()> &between)
         } while (count > 0);
     });
     EXPECT_TRUE(writeAll(pipe.writeEnd.get(), text));
-    pipe.writeEnd.reset();
+    pipe.writeEnd = Descriptor();
     reader.join();
     return received == text;
 }

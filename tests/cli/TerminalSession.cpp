@@ -27,7 +27,7 @@ TerminalSession::TerminalSession(const TemporaryHome &home, const QByteArrayList
     const winsize size{.ws_row = 50, .ws_col = static_cast<unsigned short>(columns), .ws_xpixel = 0, .ws_ypixel = 0};
     if (openpty(&ours, &theirs, nullptr, nullptr, &size) != 0)
         qFatal("There is no terminal to be had.");
-    terminal.reset(ours);
+    terminal = Descriptor(ours);
     const Descriptor otherEnd(theirs);
     setup.inChild = [theirs, ours, more = setup.inChild] {
         ::close(ours);

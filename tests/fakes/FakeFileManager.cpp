@@ -1,6 +1,6 @@
 #include "fakes/FakeFileManager.h"
 
-#include "platform/FileName.h"
+#include "platform/Paths.h"
 
 #include <cerrno>
 #include <cstdio>

@@ -1,7 +1,6 @@
 #include "platform/Bundle.h"
 
-#include "platform/ExecutablePath.h"
-#include "platform/InfoPlist.h"
+#include "platform/Process.h"
 #include "support/PrintQt.h"
 #include "support/TemporaryHome.h"
 

@@ -1,5 +1,4 @@
-#include "platform/Containment.h"
-
+#include "platform/Paths.h"
 #include "support/InChild.h"
 #include "support/TemporaryHome.h"
 

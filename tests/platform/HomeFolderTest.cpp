@@ -1,7 +1,7 @@
 #include "platform/HomeFolder.h"
 
 #include "platform/LiveFileManager.h"
-#include "platform/PreferencesFile.h"
+#include "platform/UserDefaults.h"
 #include "support/InChild.h"
 #include "support/PrintQt.h"
 

@@ -1,4 +1,4 @@
-#include "platform/ThreadPriority.h"
+#include "platform/Process.h"
 
 #include <gtest/gtest.h>
 

@@ -43,7 +43,7 @@ qint64 makeComb(const FilePath &top, int levels)
     Descriptor folder(open(top.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     for (int level = 0; level <= levels; ++level) {
         withToothAndFile(folder.get(), "z");
-        folder.reset(openat(folder.get(), "d", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+        folder = Descriptor(openat(folder.get(), "d", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     }
     return 2 * (levels + 1) * block;
 }
@@ -74,7 +74,7 @@ void makeEntriesAfterTheNextFolder(const FilePath &top, int levels)
     for (int level = 0; level < levels; ++level) {
         for (int number = 0; number < 1'500; ++number)
             makeFile(folder.get(), ("after " + FilePath::number(number)).constData());
-        folder.reset(openat(folder.get(), "d", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+        folder = Descriptor(openat(folder.get(), "d", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     }
 }
 
@@ -176,7 +176,7 @@ TEST_F(WalkLimitsTest, AFolderThatTookThePlaceOfOneThatWasClosedIsNotEntered)
                       0);
         }
 
-        EXPECT_EQ(queue.reopenParent(*taken.folder, opener) >= 0, !isSwapped);
+        EXPECT_EQ(static_cast<bool>(queue.reopenParent(*taken.folder, opener)), !isSwapped);
 
         finish(taken, nullptr);
     }

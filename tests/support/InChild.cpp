@@ -49,15 +49,15 @@ ChildResult inChild(const std::function<bool()> &work)
     std::fflush(nullptr);
     const pid_t child = fork();
     if (child == 0) {
-        reading.reset();
+        reading = Descriptor();
         dup2(writing.get(), STDOUT_FILENO);
         dup2(writing.get(), STDERR_FILENO);
-        writing.reset();
+        writing = Descriptor();
         const bool succeeded = work();
         std::fflush(nullptr);
         _exit(succeeded ? EXIT_SUCCESS : EXIT_FAILURE);
     }
-    writing.reset();
+    writing = Descriptor();
     ChildResult result;
     std::array<char, 4096> part{};
     for (ssize_t count = 0; (count = read(reading.get(), part.data(), part.size())) > 0;)

@@ -1,7 +1,6 @@
 #include "platform/FolderReader.h"
 
-#include "platform/Interruption.h"
-#include "platform/PathLocation.h"
+#include "platform/Descriptor.h"
 
 #include <algorithm>
 #include <array>
@@ -30,9 +29,8 @@ constexpr int listingFlags = O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK;
 template <typename Open>
 Descriptor withoutAccessTime(Open open)
 {
-    const int descriptor = uninterrupted([&] { return open(O_NOATIME); });
-    const bool isRefused = descriptor < 0 && errno == EPERM;
-    return Descriptor(isRefused ? uninterrupted([&] { return open(0); }) : descriptor);
+    Descriptor opened(uninterrupted([&] { return open(O_NOATIME); }));
+    return opened.error() == EPERM ? Descriptor(uninterrupted([&] { return open(0); })) : std::move(opened);
 }
 
 /// Names come from listings, so none climbs with "..". RESOLVE_BENEATH would only ask that again, under a lock that the
@@ -89,14 +87,14 @@ FileTime fileTime(const statx_timestamp &time)
 FolderOpener::FolderOpener()
 {
     const Descriptor probe(openConfined(AT_FDCWD, ".", O_PATH | O_DIRECTORY | O_CLOEXEC));
-    confined = probe.isValid() || (errno != ENOSYS && errno != EPERM);
+    confined = probe.error() != ENOSYS && probe.error() != EPERM;
 }
 
 Descriptor FolderOpener::openRoot(const FilePath &path, bool followsLink) const
 {
     const PathLocation location(path);
     if (!location.isValid())
-        return {};
+        return Descriptor::failed(location.error());
     const int linkFlag = followsLink ? 0 : O_NOFOLLOW;
     return withoutAccessTime(
         [&](int flags) { return openat(location.folder(), location.name(), listingFlags | linkFlag | flags); });
@@ -121,10 +119,8 @@ Descriptor FolderOpener::openStepwise(int parent, const char *name) const
             [&](int flags) { return openat(from, component.c_str(), listingFlags | O_NOFOLLOW | flags); });
         if (!folder.isValid())
             return folder;
-        if (mountOf(folder.get()) != mount) {
-            errno = EXDEV;
-            return {};
-        }
+        if (mountOf(folder.get()) != mount)
+            return Descriptor::failed(EXDEV);
         begin = *end == '/' ? end + 1 : end;
     }
     return folder;

@@ -44,13 +44,15 @@ MountTable::MountTable(const QByteArray &mountinfo)
 {
     for (const QByteArray &line : mountinfo.split('\n')) {
         const QList<QByteArray> fields = line.split(' ');
+        const qsizetype end = fields.indexOf("-", 5); // Of the optional fields: see proc(5).
         if (fields.size() < 5)
             continue;
         mounts.append({.id = fields[0].toULongLong(),
                        .parent = fields[1].toULongLong(),
                        .device = fields[2],
                        .root = unescaped(fields[3]),
-                       .point = unescaped(fields[4])});
+                       .point = unescaped(fields[4]),
+                       .source = end < 0 ? FilePath() : unescaped(fields.value(end + 2))});
     }
 }
 
@@ -58,6 +60,16 @@ Mount MountTable::mount(quint64 id) const
 {
     const auto found = std::ranges::find(mounts, id, &Mount::id);
     return found == mounts.end() ? Mount{.id = id} : *found;
+}
+
+QList<FilePath> MountTable::sourcesOf(const FilePath &device) const
+{
+    QList<FilePath> sources;
+    for (const Mount &mount : mounts) {
+        if (mount.device == device)
+            sources.append(mount.source);
+    }
+    return sources;
 }
 
 std::optional<FileSystemPlace> MountTable::place(quint64 id, const FilePath &path) const

@@ -28,6 +28,7 @@ struct Mount
     FilePath device{};    ///< "major:minor" of the file system. On Btrfs not what stat tells.
     FilePath root = "/";  ///< The folder of the file system that is mounted: more than "/" for a bind mount.
     FilePath point = "/"; ///< Where it is mounted.
+    FilePath source{};    ///< What the file system was mounted from, often a block device.
 };
 
 /// The mounts that this process sees, at one moment.
@@ -40,6 +41,9 @@ public:
     /// The mount with this number. One that is not listed (it begins outside this process's root folder, as in a
     /// changed root) is taken for a file system of its own that is mounted at "/".
     Mount mount(quint64 id) const;
+
+    /// What the file system with the number \a device ("major:minor") was mounted from, wherever.
+    QList<FilePath> sourcesOf(const FilePath &device) const;
 
     /// Where \a path lies, that has no links in it and is on the mount \a id; nothing if the mount is not there.
     std::optional<FileSystemPlace> place(quint64 id, const FilePath &path) const;

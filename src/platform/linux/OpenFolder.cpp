@@ -1,7 +1,6 @@
 #include "platform/linux/OpenFolder.h"
 
-#include "platform/FileName.h"
-#include "platform/linux/Identity.h"
+#include "platform/Paths.h"
 
 #include <algorithm>
 #include <array>
@@ -22,69 +21,77 @@ FilePath firstStretch(const FilePath &path)
 
 /// The kernel's own word for where a descriptor is. It is believed only if the folder is found there again: the word
 /// for one that was removed is a path that was never there.
-std::optional<FilePath> truePath(const SystemCalls &calls, int folder)
+OrError<FilePath> truePath(const SystemCalls &calls, int folder)
 {
     FilePath path(PATH_MAX, '\0');
     const QByteArray entry = "/proc/self/fd/" + QByteArray::number(folder);
     const ssize_t size = calls.readlinkat(AT_FDCWD, entry.constData(), path.data(), path.size());
     if (size < 0)
-        return std::nullopt;
+        return Errno{errno};
     path.truncate(size);
-    const Identity there = identityAt(calls, folder, AT_FDCWD, path.constData());
-    if (there == Identity::same)
-        return path;
-    errno = there == Identity::unknown ? errno : ESTALE;
-    return std::nullopt;
+    const OrError<Identity> there = identityAt(calls, folder, AT_FDCWD, path.constData());
+    if (!there)
+        return Errno{there.error()};
+    return *there == Identity::same ? OrError(path) : Errno{ESTALE};
 }
 
-/// After a folder was opened, no error means that it does not exist.
-bool exists(bool succeeded)
+/// After a folder was opened, no \a error means that it does not exist.
+int thoughItExists(int error)
 {
-    if (!succeeded && (errno == ENOENT || errno == ENOTDIR))
-        errno = ESTALE;
-    return succeeded;
+    return error == ENOENT || error == ENOTDIR ? ESTALE : error;
 }
 
-bool learnPath(const SystemCalls &calls, OpenFolder &folder)
-{
-    std::optional<FilePath> path = truePath(calls, folder.descriptor.get());
-    folder.path = path.value_or(FilePath());
-    return exists(path.has_value());
-}
-
-bool learnMount(const SystemCalls &calls, OpenFolder &folder)
-{
-    const std::optional<quint64> mount = mountOf(calls, folder.descriptor.get());
-    folder.mount = mount.value_or(0);
-    return exists(mount.has_value());
-}
-
-/// Opens what \a names lead to from \a folder on, one after another, so that the path stays known.
-bool stepDown(const SystemCalls &calls, OpenFolder &folder, const FilePath &names)
+/// Opens what \a names lead to from \a folder on, one after another, so that the path stays known. Gives 0 or the
+/// errno.
+int stepDown(const SystemCalls &calls, OpenFolder &folder, const FilePath &names)
 {
     for (const FilePath &name : names.split('/')) {
         if (name.isEmpty() || name == ".")
             continue;
         Descriptor next(calls.openat(folder.descriptor.get(), name.constData(), asFolder | O_NOFOLLOW, 0));
-        if (!next.isValid() || name == "..") { // A link or ".." may lead out of what is known.
-            errno = next.isValid() || errno == ENOTDIR ? ELOOP : errno;
-            return false;
-        }
+        if (next.isValid() ? name == ".." : next.error() == ENOTDIR)
+            return ELOOP; // A link or ".." may lead out of what is known.
+        if (!next.isValid())
+            return next.error();
         folder.descriptor = std::move(next);
         folder.path = joined(folder.path, name);
     }
-    return true;
+    return 0;
 }
 
 } // namespace
 
-std::optional<OpenFolder> openFolder(const SystemCalls &calls, const FilePath &path)
+OrError<Identity> identityAt(const SystemCalls &calls, int held, int folder, const char *name)
+{
+    // Both are asked anew: on layered file systems a number may change when a thing is moved.
+    struct statx one;
+    struct statx other;
+    if (calls.statx(held, "", AT_EMPTY_PATH, STATX_INO, &one) != 0)
+        return Errno{errno};
+    if (calls.statx(folder, name, AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT, STATX_INO, &other) != 0)
+        return errno == ENOENT ? OrError(Identity::absent) : Errno{errno};
+    const bool same = one.stx_ino == other.stx_ino && one.stx_dev_major == other.stx_dev_major &&
+                      one.stx_dev_minor == other.stx_dev_minor;
+    return same ? Identity::same : Identity::different;
+}
+
+OrError<OpenFolder> openFolder(const SystemCalls &calls, const FilePath &path)
 {
     const FilePath start = firstStretch(path);
     OpenFolder folder{.descriptor = Descriptor(calls.openat(AT_FDCWD, start.constData(), asFolder, 0)), .path = {}};
-    const bool succeeded = folder.descriptor.isValid() && learnPath(calls, folder) &&
-                           stepDown(calls, folder, path.mid(start.size())) && learnMount(calls, folder);
-    return succeeded ? std::optional(std::move(folder)) : std::nullopt;
+    if (!folder.descriptor.isValid())
+        return Errno{folder.descriptor.error()};
+    OrError<FilePath> truth = truePath(calls, folder.descriptor.get());
+    if (!truth)
+        return Errno{thoughItExists(truth.error())};
+    folder.path = std::move(*truth);
+    if (const int error = stepDown(calls, folder, path.mid(start.size())))
+        return Errno{error};
+    const OrError<quint64> mount = mountOf(calls, folder.descriptor.get());
+    if (!mount)
+        return Errno{thoughItExists(mount.error())};
+    folder.mount = *mount;
+    return folder;
 }
 
 FilePath PlannedFolder::path() const
@@ -95,52 +102,53 @@ FilePath PlannedFolder::path() const
     return whole;
 }
 
-std::optional<PlannedFolder> planFolder(const SystemCalls &calls, FilePath path)
+OrError<PlannedFolder> planFolder(const SystemCalls &calls, FilePath path)
 {
     QList<FilePath> missing;
     while (true) {
-        std::optional<OpenFolder> folder = openFolder(calls, path.isEmpty() ? FilePath("/") : path);
+        OrError<OpenFolder> folder = openFolder(calls, path.isEmpty() ? FilePath("/") : path);
         if (folder)
             return PlannedFolder{.nearest = std::move(*folder), .missing = missing};
         const qsizetype slash = path.lastIndexOf('/');
-        if (errno != ENOENT || slash < 0)
-            return std::nullopt;
+        if (folder.error() != ENOENT || slash < 0)
+            return Errno{folder.error()};
         missing.prepend(path.mid(slash + 1));
         path.truncate(slash);
     }
 }
 
-std::optional<quint64> mountOf(const SystemCalls &calls, int descriptor)
+OrError<quint64> mountOf(const SystemCalls &calls, int descriptor)
 {
     struct statx status;
     if (calls.statx(descriptor, "", AT_EMPTY_PATH, STATX_MNT_ID, &status) != 0)
-        return std::nullopt;
+        return Errno{errno};
     if ((status.stx_mask & STATX_MNT_ID) != 0)
-        return status.stx_mnt_id;
+        return quint64(status.stx_mnt_id);
     // Kernels before 5.8 tell it here alone.
     const auto text = readSystemFile(calls, "/proc/self/fdinfo/" + QByteArray::number(descriptor));
     if (!text)
-        return std::nullopt;
+        return Errno{text.error()};
     for (const QByteArray &line : text->split('\n')) {
         constexpr QByteArrayView key("mnt_id:");
         if (line.startsWith(key))
-            return line.mid(key.size()).trimmed().toULongLong();
+            return quint64(line.mid(key.size()).trimmed().toULongLong());
     }
-    errno = ENOTSUP;
-    return std::nullopt;
+    return Errno{ENOTSUP};
 }
 
-std::optional<QByteArray> readSystemFile(const SystemCalls &calls, const QByteArray &path)
+OrError<QByteArray> readSystemFile(const SystemCalls &calls, const QByteArray &path)
 {
     const Descriptor file(calls.openat(AT_FDCWD, path.constData(), O_RDONLY | O_CLOEXEC, 0));
     if (!file.isValid())
-        return std::nullopt;
+        return Errno{file.error()};
     QByteArray text;
     std::array<char, 1 << 14> part;
     while (true) {
         const ssize_t size = calls.read(file.get(), part.data(), part.size());
-        if (size <= 0)
-            return size == 0 ? std::optional(text) : std::nullopt;
+        if (size < 0)
+            return Errno{errno};
+        if (size == 0)
+            return text;
         text.append(part.data(), size);
     }
 }

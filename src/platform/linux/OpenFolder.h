@@ -2,6 +2,7 @@
 
 #include "model/FilePath.h"
 #include "platform/Descriptor.h"
+#include "platform/OrError.h"
 #include "platform/linux/SystemCalls.h"
 
 #include <QList>
@@ -9,6 +10,17 @@
 #include <optional>
 
 namespace tidlo {
+
+/// What has a name, as compared with something that is held open.
+enum class Identity {
+    same,
+    different, ///< Something else has the name.
+    absent,    ///< Nothing has it.
+};
+
+/// Whether what is called \a name in \a folder, a link not followed, is the very thing that \a held holds open. As long
+/// as it is held, nothing else can have its number. An error if the system does not tell.
+OrError<Identity> identityAt(const SystemCalls &calls, int held, int folder, const char *name);
 
 /// A folder that is held open, so that it stays the same one whatever becomes of its path.
 struct OpenFolder
@@ -19,8 +31,8 @@ struct OpenFolder
 };
 
 /// Opens the folder at \a path, links followed, however long the path is; beyond PATH_MAX bytes, though, no link is
-/// followed any more. Nothing on failure, and errno tells why: ENOENT and ENOTDIR only if no such folder exists.
-std::optional<OpenFolder> openFolder(const SystemCalls &calls, const FilePath &path);
+/// followed any more. The error is ENOENT or ENOTDIR only if no such folder exists.
+OrError<OpenFolder> openFolder(const SystemCalls &calls, const FilePath &path);
 
 /// A folder that need not exist yet.
 struct PlannedFolder
@@ -32,13 +44,13 @@ struct PlannedFolder
     FilePath path() const;
 };
 
-/// Finds where the absolute \a path leads, as far as it exists. Nothing on failure, and errno tells why.
-std::optional<PlannedFolder> planFolder(const SystemCalls &calls, FilePath path);
+/// Finds where the absolute \a path leads, as far as it exists.
+OrError<PlannedFolder> planFolder(const SystemCalls &calls, FilePath path);
 
-/// The number of the mount that an open file or folder is on; nothing on failure, and errno tells why.
-std::optional<quint64> mountOf(const SystemCalls &calls, int descriptor);
+/// The number of the mount that an open file or folder is on.
+OrError<quint64> mountOf(const SystemCalls &calls, int descriptor);
 
-/// All that a file of /proc holds; nothing on failure, and errno tells why.
-std::optional<QByteArray> readSystemFile(const SystemCalls &calls, const QByteArray &path);
+/// All that a file holds, such as one of /proc.
+OrError<QByteArray> readSystemFile(const SystemCalls &calls, const QByteArray &path);
 
 } // namespace tidlo

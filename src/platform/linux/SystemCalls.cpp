@@ -1,6 +1,6 @@
 #include "platform/linux/SystemCalls.h"
 
-#include "platform/Interruption.h"
+#include "platform/Descriptor.h"
 
 namespace tidlo {
 

@@ -1,7 +1,9 @@
 #include "platform/linux/TrashFolder.h"
 
-#include "platform/FileName.h"
-#include "platform/TrashOutcomes.h"
+#include "platform/Paths.h"
+#include "platform/Trash.h"
+
+#include <QDateTime>
 
 #include <algorithm>
 #include <cerrno>
@@ -16,25 +18,25 @@ std::optional<TrashOutcome> checkOwner(const SystemCalls &calls, int folder)
 {
     struct statx status;
     if (calls.statx(folder, "", AT_EMPTY_PATH, STATX_UID, &status) != 0)
-        return failed(QStringLiteral("The system does not tell whose Trash it is"), errno);
+        return TrashOutcome::failed(QStringLiteral("The system does not tell whose Trash it is"), errno);
     if (status.stx_uid != geteuid())
-        return refused(QStringLiteral("The Trash there belongs to somebody else."));
+        return TrashOutcome::refused(QStringLiteral("The Trash there belongs to somebody else."));
     return std::nullopt;
 }
 
 /// Opens the folder \a name, which must be a real one and the user's own, as \a opened. It is made if it is missing.
 std::optional<TrashOutcome> openOwn(const SystemCalls &calls, int parent, const FilePath &name, Descriptor &opened)
 {
-    opened.reset(calls.openat(parent, name.constData(), asFolder, 0));
-    if (!opened.isValid() && errno == ENOENT) {
+    opened = Descriptor(calls.openat(parent, name.constData(), asFolder, 0));
+    if (opened.error() == ENOENT) {
         if (calls.mkdirat(parent, name.constData(), 0700) != 0 && errno != EEXIST) // Another program may be faster.
-            return failed(QStringLiteral("The Trash there cannot be made"), errno);
-        opened.reset(calls.openat(parent, name.constData(), asFolder, 0));
+            return TrashOutcome::failed(QStringLiteral("The Trash there cannot be made"), errno);
+        opened = Descriptor(calls.openat(parent, name.constData(), asFolder, 0));
     }
-    if (!opened.isValid() && errno == ENOTDIR)
-        return refused(QStringLiteral("The Trash there is a link or a file, not a folder."));
+    if (opened.error() == ENOTDIR)
+        return TrashOutcome::refused(QStringLiteral("The Trash there is a link or a file, not a folder."));
     if (!opened.isValid())
-        return failed(QStringLiteral("The Trash there cannot be opened"), errno);
+        return TrashOutcome::failed(QStringLiteral("The Trash there cannot be opened"), opened.error());
     return checkOwner(calls, opened.get());
 }
 
@@ -44,6 +46,30 @@ bool isForEverybody(const SystemCalls &calls, const Descriptor &folder)
     struct statx status;
     return folder.isValid() && calls.statx(folder.get(), "", AT_EMPTY_PATH, STATX_MODE, &status) == 0 &&
            (status.stx_mode & S_ISVTX) != 0;
+}
+
+constexpr QLatin1StringView recordSuffix(".trashinfo");
+constexpr qsizetype longestExtension = 32; ///< Longer ones are no kind of file, they are just a dot in a name.
+
+/// Where the extension begins, dot included: at the end when there is none.
+qsizetype extensionStart(const FilePath &name)
+{
+    const qsizetype dot = name.lastIndexOf('.');
+    return dot <= 0 || name.size() - dot > longestExtension ? name.size() : dot;
+}
+
+/// At most \a size bytes of \a text, that do not end within a character of UTF-8.
+FilePath cut(const FilePath &text, qsizetype size)
+{
+    if (text.size() <= size)
+        return text;
+    constexpr qsizetype longestCharacter = 4;
+    for (qsizetype end = size; end > size - longestCharacter && end > 0; --end) {
+        const bool continuesCharacter = (static_cast<unsigned char>(text.at(end)) & 0xc0) == 0x80;
+        if (!continuesCharacter)
+            return text.left(end);
+    }
+    return text.left(size); // No UTF-8 at all.
 }
 
 } // namespace
@@ -67,9 +93,10 @@ std::optional<TrashOutcome> TrashFolder::openInHome(const SystemCalls &calls, co
 
 std::optional<TrashOutcome> TrashFolder::openOnMount(const SystemCalls &calls, const Mount &mount)
 {
-    const std::optional<OpenFolder> top = openFolder(calls, mount.point);
+    const OrError<OpenFolder> top = openFolder(calls, mount.point);
     if (!top || top->mount != mount.id)
-        return failed(QStringLiteral("The top of its volume cannot be opened"), top ? ESTALE : errno);
+        return TrashOutcome::failed(QStringLiteral("The top of its volume cannot be opened"),
+                                    top ? ESTALE : top.error());
     base = top->path;
     const QByteArray user = QByteArray::number(geteuid());
     Descriptor trash;
@@ -95,6 +122,25 @@ std::optional<TrashOutcome> TrashFolder::openInside(const SystemCalls &calls, co
 FilePath TrashFolder::recordedPath(const FilePath &path) const
 {
     return base.isEmpty() ? path : path.mid(joined(base, {}).size());
+}
+
+QByteArray trashRecord(const FilePath &path, std::time_t moved)
+{
+    const QByteArray date = QDateTime::fromSecsSinceEpoch(moved).toString(Qt::ISODate).toLatin1();
+    return "[Trash Info]\nPath=" + path.toPercentEncoding("/") + "\nDeletionDate=" + date + '\n';
+}
+
+FilePath trashRecordName(const FilePath &trashName)
+{
+    return trashName + recordSuffix.data();
+}
+
+FilePath trashName(const FilePath &name, quint32 number, qsizetype limit)
+{
+    const qsizetype dot = extensionStart(name);
+    const FilePath ending = (number > 1 ? ' ' + QByteArray::number(number) : QByteArray()) + name.mid(dot);
+    const qsizetype room = limit - recordSuffix.size() - ending.size();
+    return cut(name.left(dot), std::max<qsizetype>(room, 1)) + ending;
 }
 
 } // namespace tidlo

@@ -1,7 +1,6 @@
 #include "platform/linux/TrashItem.h"
 
-#include "platform/TrashOutcomes.h"
-#include "platform/TrashPath.h"
+#include "platform/Trash.h"
 
 #include <cerrno>
 
@@ -23,24 +22,27 @@ std::optional<TrashOutcome> TrashItem::open(const SystemCalls &calls, const File
     if (const auto outcome = refusalOfPath(path))
         return outcome;
     ownName = lastPathComponent(path).toByteArray();
-    std::optional<OpenFolder> found = openFolder(calls, folderOf(path));
+    OrError<OpenFolder> found = openFolder(calls, folderOf(path));
+    if (found.error() == ENOENT || found.error() == ENOTDIR)
+        return TrashOutcome::gone();
     if (!found)
-        return errno == ENOENT || errno == ENOTDIR ? gone()
-                                                   : failed(QStringLiteral("Its folder cannot be opened"), errno);
+        return TrashOutcome::failed(QStringLiteral("Its folder cannot be opened"), found.error());
     parent = std::move(*found);
-    descriptor.reset(calls.openat(folder(), ownName.constData(), O_PATH | O_NOFOLLOW | O_CLOEXEC, 0));
+    descriptor = Descriptor(calls.openat(folder(), ownName.constData(), O_PATH | O_NOFOLLOW | O_CLOEXEC, 0));
+    if (descriptor.error() == ENOENT)
+        return TrashOutcome::gone();
     if (!descriptor.isValid())
-        return errno == ENOENT ? gone() : failed(QStringLiteral("It cannot be opened"), errno);
+        return TrashOutcome::failed(QStringLiteral("It cannot be opened"), descriptor.error());
     return learn(calls);
 }
 
 std::optional<TrashOutcome> TrashItem::learn(const SystemCalls &calls)
 {
     struct statx status;
-    const bool succeeded = calls.statx(held(), "", AT_EMPTY_PATH, STATX_TYPE, &status) == 0;
-    const std::optional<quint64> found = succeeded ? mountOf(calls, held()) : std::nullopt;
+    const int error = calls.statx(held(), "", AT_EMPTY_PATH, STATX_TYPE, &status) == 0 ? 0 : errno;
+    const OrError<quint64> found = error == 0 ? mountOf(calls, held()) : Errno{error};
     if (!found)
-        return failed(QStringLiteral("The system does not tell what it is"), errno);
+        return TrashOutcome::failed(QStringLiteral("The system does not tell what it is"), found.error());
     kind = status.stx_mode & S_IFMT;
     ownMount = *found;
     return std::nullopt;

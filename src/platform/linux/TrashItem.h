@@ -1,8 +1,7 @@
 #pragma once
 
-#include "platform/FileName.h"
-#include "platform/TrashOutcome.h"
-#include "platform/linux/Identity.h"
+#include "platform/Paths.h"
+#include "platform/Trash.h"
 #include "platform/linux/MountTable.h"
 #include "platform/linux/OpenFolder.h"
 

@@ -1,7 +1,7 @@
 #include "platform/linux/TrashMove.h"
 
-#include "platform/TrashOutcomes.h"
-#include "platform/linux/TrashRecord.h"
+#include "platform/Trash.h"
+#include "platform/linux/TrashFolder.h"
 
 #include <QRandomGenerator>
 
@@ -29,6 +29,11 @@ bool cannotKeepFromReplacing(int error)
     return std::ranges::count(errors, error) != 0;
 }
 
+bool isThere(const OrError<Identity> &identity)
+{
+    return identity && *identity == Identity::same;
+}
+
 } // namespace
 
 TrashOutcome TrashMove::run(const QByteArray &record) const
@@ -38,7 +43,7 @@ TrashOutcome TrashMove::run(const QByteArray &record) const
         if (const std::optional<TrashOutcome> outcome = moveAs(name, record))
             return *outcome;
     }
-    return failed(QStringLiteral("No name is free in the Trash"), EEXIST);
+    return TrashOutcome::failed(QStringLiteral("No name is free in the Trash"), EEXIST);
 }
 
 std::optional<TrashOutcome> TrashMove::moveAs(const FilePath &name, const QByteArray &record) const
@@ -48,7 +53,7 @@ std::optional<TrashOutcome> TrashMove::moveAs(const FilePath &name, const QByteA
     if (error == EEXIST)
         return std::nullopt;
     if (error != 0)
-        return failed(QStringLiteral("Its record cannot be written"), error);
+        return TrashOutcome::failed(QStringLiteral("Its record cannot be written"), error);
 
     error = renameTo(name);
     if (error == 0 || hasArrived(name))
@@ -56,7 +61,8 @@ std::optional<TrashOutcome> TrashMove::moveAs(const FilePath &name, const QByteA
     removeRecord(recordName);
     if (error == EEXIST)
         return std::nullopt;
-    return error == ENOENT && hasLeft() ? gone() : failed(QStringLiteral("It cannot be moved"), error);
+    return error == ENOENT && hasLeft() ? TrashOutcome::gone()
+                                        : TrashOutcome::failed(QStringLiteral("It cannot be moved"), error);
 }
 
 int TrashMove::writeRecord(const FilePath &recordName, const QByteArray &record) const
@@ -97,10 +103,8 @@ int TrashMove::renameOntoReserved(const FilePath &name) const
 {
     const Descriptor reserved = reserve(name);
     if (!reserved.isValid())
-        return errno;
-    const auto isReserved = [&] {
-        return identityAt(calls, reserved.get(), trash.files(), name.constData()) == Identity::same;
-    };
+        return reserved.error();
+    const auto isReserved = [&] { return isThere(identityAt(calls, reserved.get(), trash.files(), name.constData())); };
     int error = isReserved() ? 0 : ESTALE;
     if (error == 0 && calls.renameat2(item.folder(), item.name().constData(), trash.files(), name.constData(), 0) != 0)
         error = errno;
@@ -114,40 +118,38 @@ Descriptor TrashMove::reserve(const FilePath &name) const
     if (!item.isFolder())
         return Descriptor(calls.openat(trash.files(), name.constData(), exclusively, 0600));
     if (calls.mkdirat(trash.files(), name.constData(), 0700) != 0)
-        return {};
+        return Descriptor::failed(errno);
     constexpr int asFolder = O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
     Descriptor folder(calls.openat(trash.files(), name.constData(), asFolder, 0));
-    if (!folder.isValid()) {
-        const int error = errno;
+    if (!folder.isValid())
         calls.unlinkat(trash.files(), name.constData(), AT_REMOVEDIR);
-        errno = error;
-    }
     return folder;
 }
 
 bool TrashMove::hasLeft() const
 {
-    const Identity there = identityAt(calls, item.held(), item.folder(), item.name().constData());
-    return there == Identity::absent || there == Identity::different;
+    const OrError<Identity> there = identityAt(calls, item.held(), item.folder(), item.name().constData());
+    return there && *there != Identity::same;
 }
 
 bool TrashMove::hasArrived(const FilePath &name) const
 {
-    return hasLeft() && identityAt(calls, item.held(), trash.files(), name.constData()) == Identity::same;
+    return hasLeft() && isThere(identityAt(calls, item.held(), trash.files(), name.constData()));
 }
 
 TrashOutcome TrashMove::checked(const FilePath &name) const
 {
-    const Identity arrived = identityAt(calls, item.held(), trash.files(), name.constData());
-    const int error = errno;
-    if (arrived == Identity::same || arrived == Identity::absent) // Who took it out again knows where it is.
-        return moved();
+    const OrError<Identity> arrived = identityAt(calls, item.held(), trash.files(), name.constData());
+    if (arrived && *arrived != Identity::different) // Who took it out again knows where it is.
+        return TrashOutcome::moved();
     const bool isBack =
         calls.renameat2(trash.files(), name.constData(), item.folder(), item.name().constData(), RENAME_NOREPLACE) == 0;
     if (isBack)
         removeRecord(trashRecordName(name));
-    if (arrived == Identity::unknown)
-        return isBack ? failed(QStringLiteral("What arrived in the Trash cannot be checked"), error) : moved();
+    if (!arrived)
+        return isBack ? TrashOutcome::failed(QStringLiteral("What arrived in the Trash cannot be checked"),
+                                             arrived.error())
+                      : TrashOutcome::moved();
     if (isBack)
         return {.kind = TrashOutcome::Kind::failed,
                 .reason = QStringLiteral("Something else took its place meanwhile."),

@@ -1,7 +1,6 @@
 #include "platform/UninstallScript.h"
 
-#include "platform/ShellQuoting.h"
-#include "platform/linux/UserFiles.h"
+#include "platform/linux/UserFolders.h"
 
 namespace tidlo {
 

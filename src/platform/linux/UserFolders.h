@@ -1,5 +1,6 @@
 #pragma once
 
+#include "model/FilePath.h"
 #include "platform/linux/MountTable.h"
 #include "platform/linux/OpenFolder.h"
 
@@ -21,9 +22,9 @@ struct UserFolders
     std::vector<Kept> trashes; ///< The home's Trash first; where that is not the usual one, the usual one too.
 };
 
-/// Finds the user's folders; \a dataHome is where programs keep their data. Nothing on failure, and errno tells why.
-std::optional<UserFolders> findUserFolders(const SystemCalls &calls, const MountTable &mounts, const FilePath &home,
-                                           const FilePath &dataHome);
+/// Finds the user's folders; \a dataHome is where programs keep their data.
+OrError<UserFolders> findUserFolders(const SystemCalls &calls, const MountTable &mounts, const FilePath &home,
+                                     const FilePath &dataHome);
 
 /// A folder that programs keep something of the user in: \a configured, which is what a variable of the environment
 /// says, if that is absolute, or else the \a usual one, named from the home on.
@@ -31,5 +32,17 @@ FilePath folderInHome(const FilePath &home, const char *usual, const FilePath &c
 
 /// Where programs keep the user's data: \a configured, which is what XDG_DATA_HOME says, if that is absolute.
 FilePath dataHomeIn(const FilePath &home, const FilePath &configured);
+
+/// Where files of the application lie in the folders of the user. All absolute.
+struct UserFiles
+{
+    FilePath desktopEntry;
+    FilePath icon; ///< A PNG.
+    FilePath preferences;
+    FilePath cacheFolder;
+};
+
+/// Those of the application known by \a identifier. Read from the environment each time.
+UserFiles userFilesOf(const QByteArray &identifier);
 
 } // namespace tidlo

@@ -1,7 +1,6 @@
 #include "platform/FolderReader.h"
 
-#include "platform/Interruption.h"
-#include "platform/PathLocation.h"
+#include "platform/Descriptor.h"
 
 #include <array>
 #include <cerrno>
@@ -70,7 +69,7 @@ Descriptor FolderOpener::openRoot(const FilePath &path, bool followsLink) const
 {
     const PathLocation location(path);
     if (!location.isValid())
-        return {};
+        return Descriptor::failed(location.error());
     const int flags = listingFlags | (followsLink ? 0 : O_NOFOLLOW);
     return Descriptor(uninterrupted([&] { return openat(location.folder(), location.name(), flags); }));
 }
@@ -81,10 +80,8 @@ Descriptor FolderOpener::openBeneath(int parent, const char *name) const
     struct stat above;
     struct stat below;
     if (folder.isValid() && fstat(parent, &above) == 0 && fstat(folder.get(), &below) == 0 &&
-        above.st_dev != below.st_dev) {
-        errno = EXDEV;
-        return {};
-    }
+        above.st_dev != below.st_dev)
+        return Descriptor::failed(EXDEV);
     return folder;
 }
 

@@ -1,16 +1,12 @@
 #include "platform/Trash.h"
 
-#include "platform/TrashOutcomes.h"
-#include "platform/TrashPath.h"
-
 #include <array>
 #include <cerrno>
 #include <climits>
 #include <cstdlib>
 
-#include <sys/stat.h>
-
 #import <Foundation/Foundation.h>
+#include <sys/stat.h>
 
 namespace tidlo {
 
@@ -61,18 +57,19 @@ TrashOutcome moveToTrash(const FilePath &givenPath, const FilePath &home)
         return *outcome;
     struct stat item;
     if (lstat(path.constData(), &item) != 0)
-        return errno == ENOENT || errno == ENOTDIR ? gone() : failed(QStringLiteral("It cannot be opened"), errno);
+        return errno == ENOENT || errno == ENOTDIR ? TrashOutcome::gone()
+                                                   : TrashOutcome::failed(QStringLiteral("It cannot be opened"), errno);
     if (isOnTheWayTo(home, item))
-        return refused(QStringLiteral("It is the home folder, or holds it."));
+        return TrashOutcome::refused(QStringLiteral("It is the home folder, or holds it."));
     @autoreleasepool {
         NSURL *url = [NSURL fileURLWithFileSystemRepresentation:path.constData()
                                                     isDirectory:S_ISDIR(item.st_mode)
                                                   relativeToURL:nil];
         if (isInTrash(url))
-            return refused(QStringLiteral("It is in a Trash already."));
+            return TrashOutcome::refused(QStringLiteral("It is in a Trash already."));
         NSError *error = nil;
         const BOOL isMoved = [NSFileManager.defaultManager trashItemAtURL:url resultingItemURL:nil error:&error];
-        return isMoved ? moved() : failedWith(error);
+        return isMoved ? TrashOutcome::moved() : failedWith(error);
     }
 }
 

@@ -1,4 +1,3 @@
-#include "platform/ShellQuoting.h"
 #include "platform/UninstallScript.h"
 
 namespace tidlo {

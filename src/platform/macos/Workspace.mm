@@ -1,6 +1,6 @@
 #include "platform/Workspace.h"
 
-#include "platform/DetachedProcess.h"
+#include "platform/Process.h"
 
 #include <QCoreApplication>
 

@@ -1,7 +1,7 @@
 #include "ui/shell/TidloApp.h"
 
 #include "app/FirstRun.h"
-#include "platform/ApplicationIdentifier.h"
+#include "platform/Bundle.h"
 #include "platform/HomeFolder.h"
 #include "platform/QuitLimit.h"
 #include "ui/design/DesignSystem.h"

@@ -57,7 +57,7 @@ void Scene::setUp()
 
 TrashOutcome Scene::move(const SystemCalls &calls) const
 {
-    return Trash(home, home + "/.local/share", calls).move(item(), now);
+    return XdgTrash(home, home + "/.local/share", calls).move(item(), now);
 }
 
 bool Scene::isAtPlace() const

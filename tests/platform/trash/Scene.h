@@ -1,7 +1,7 @@
 #pragma once
 
 #include "TrashDecoder.h"
-#include "platform/linux/Trash.h"
+#include "platform/linux/XdgTrash.h"
 
 #include <map>
 

@@ -4,7 +4,7 @@
 #include "Probe.h"
 #include "TrashDecoder.h"
 #include "Witness.h"
-#include "platform/linux/Trash.h"
+#include "platform/linux/XdgTrash.h"
 #include "support/OwnMounts.h"
 
 #include <gmock/gmock.h>
@@ -363,7 +363,7 @@ TEST(TrashOnMounts, AVolumeThatAnotherOneCoversMeanwhileKeepsTheItem)
             return real();
         });
 
-        const TrashOutcome outcome = Trash(home.path(), home / ".local/share", covering).move(item, 0);
+        const TrashOutcome outcome = XdgTrash(home.path(), home / ".local/share", covering).move(item, 0);
 
         EXPECT_TRUE(isCovered);
         EXPECT_NE(outcome.kind, TrashOutcome::Kind::moved);

@@ -5,7 +5,7 @@
 #include "Probe.h"
 #include "TrashDecoder.h"
 #include "Witness.h"
-#include "platform/linux/Trash.h"
+#include "platform/linux/XdgTrash.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -201,7 +201,7 @@ int moveWithSwap(const SwapScene &scene, int way, int at)
         return real();
     });
     const FilePath &home = scene.home.path();
-    const TrashOutcome outcome = Trash(home, home + "/.local/share", swapping).move(home + "/in/item", now);
+    const TrashOutcome outcome = XdgTrash(home, home + "/.local/share", swapping).move(home + "/in/item", now);
 
     scene.expectNoVictim();
     scene.expectNothingLost();
@@ -237,7 +237,7 @@ TEST(TrashRaces, AnItemThatIsSwappedAfterItWasLookedAtIsNotMistakenForAnother)
         return real();
     });
     const FilePath &firstHome = first.home.path();
-    ASSERT_EQ(Trash(firstHome, firstHome + "/.local/share", watching).move(firstHome + "/in/item", now).kind,
+    ASSERT_EQ(XdgTrash(firstHome, firstHome + "/.local/share", watching).move(firstHome + "/in/item", now).kind,
               Kind::moved);
 
     for (const int way : {0, 1, 2}) {
@@ -249,7 +249,7 @@ TEST(TrashRaces, AnItemThatIsSwappedAfterItWasLookedAtIsNotMistakenForAnother)
             return real();
         });
 
-        const TrashOutcome outcome = Trash(home, home + "/.local/share", swapping).move(home + "/in/item", now);
+        const TrashOutcome outcome = XdgTrash(home, home + "/.local/share", swapping).move(home + "/in/item", now);
 
         EXPECT_EQ(outcome, (TrashOutcome{.kind = Kind::failed,
                                          .reason = QStringLiteral("Something else took its place meanwhile."),
@@ -275,7 +275,7 @@ TEST(TrashRaces, WhatCannotBePutBackStaysInTheTrashWithItsRecord)
         return real();
     });
 
-    const TrashOutcome outcome = Trash(home, home + "/.local/share", swapping).move(home + "/in/item", now);
+    const TrashOutcome outcome = XdgTrash(home, home + "/.local/share", swapping).move(home + "/in/item", now);
 
     EXPECT_EQ(outcome.kind, Kind::anotherMoved);
     EXPECT_EQ(outcome.reason, QStringLiteral("Something else took its place meanwhile, and is in the Trash now."));
@@ -302,7 +302,7 @@ TEST(TrashRaces, WhatIsPutBackReplacesNothingThatTookThePlaceMeanwhile)
             return real();
         });
 
-        EXPECT_NE(Trash(home, home + "/.local/share", swapping).move(home + "/in/item", now).kind, Kind::moved);
+        EXPECT_NE(XdgTrash(home, home + "/.local/share", swapping).move(home + "/in/item", now).kind, Kind::moved);
 
         EXPECT_THAT(placesOf(scene.home, newcomer), testing::ElementsAre("in/item"));
         EXPECT_TRUE(scene.isAnythingInTrash());
@@ -320,7 +320,7 @@ TEST(TrashRaces, AFolderThatIsSwappedAllTheTimeLosesNothing)
     const auto before = home.inventory();
     const ino_t file = before.at("in/item").inode;
     const ino_t linkItself = before.at("in/link").inode;
-    const Trash trash(home.path(), home / ".local/share");
+    const XdgTrash trash(home.path(), home / ".local/share");
 
     constexpr int rounds = 1'000;
     std::jthread swapper([&](std::stop_token stop) {

@@ -1,4 +1,4 @@
-#include "platform/linux/TrashRecord.h"
+#include "platform/linux/TrashFolder.h"
 
 #include <QList>
 

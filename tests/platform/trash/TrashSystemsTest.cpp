@@ -266,7 +266,7 @@ TEST_P(TrashSystems, AFileSystemOfShorterNamesGetsShorterNames)
     const FilePath path = scene.parent() + "/a name that is too long";
     ASSERT_EQ(rename(scene.item().constData(), path.constData()), 0);
 
-    EXPECT_EQ(Trash(home.path(), home / ".local/share", calls).move(path, 0).kind, Kind::moved);
+    EXPECT_EQ(XdgTrash(home.path(), home / ".local/share", calls).move(path, 0).kind, Kind::moved);
 
     EXPECT_THAT(decodeTrash(scene.trash()).items,
                 testing::Contains(
@@ -338,10 +338,10 @@ TEST(TrashOfLinks, ALinkIsKeptThatMayLeadToTheHome)
         return name == home / "way" ? -1 : real(folder, name, flags, wanted, status);
     };
 
-    EXPECT_EQ(Trash(own, own + "/.local/share", calls).move(link, 0).kind, Kind::refused);
+    EXPECT_EQ(XdgTrash(own, own + "/.local/share", calls).move(link, 0).kind, Kind::refused);
     EXPECT_EQ(access(link.constData(), F_OK), 0);
 
-    EXPECT_EQ(Trash(own, own + "/.local/share").move(link, 0).kind, Kind::moved) << "where the system tells of it";
+    EXPECT_EQ(XdgTrash(own, own + "/.local/share").move(link, 0).kind, Kind::moved) << "where the system tells of it";
 }
 
 } // namespace tidlo

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "model/FilePath.h"
+
+#include <QByteArrayView>
+
+namespace tidlo {
+
+/// \a folder and \a name as one path, with no slash too many where the folder is "/".
+FilePath joined(const FilePath &folder, const FilePath &name);
+
+/// The last component of a path.
+QByteArrayView lastPathComponent(const FilePath &path);
+
+/// What follows the last dot of a name; empty when the name has no dot, or none but a leading one.
+QByteArrayView fileExtension(QByteArrayView name);
+
+/// Whether listings leave the name out: it begins with a dot.
+bool isHiddenName(QByteArrayView name);
+
+/// Whether a folder of this name is a package, which looks like one file to people: by its extension, without case.
+bool isPackageName(QByteArrayView name);
+
+/// Whether the item at \a path is the one at \a container or lies beneath it, whatever links and spellings lead there:
+/// told by where things are, not by their names. A link at the end of a path is followed. A folder of the container
+/// that is mounted a second time lies where it is reached. False if there is no container; true, so that nothing is
+/// done that it would forbid, wherever else the system does not tell.
+bool isSameOrWithin(const FilePath &path, const FilePath &container);
+
+} // namespace tidlo

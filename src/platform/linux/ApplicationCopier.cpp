@@ -1,0 +1,144 @@
+#include "platform/ApplicationCopier.h"
+
+#include "platform/Descriptor.h"
+
+#include <array>
+#include <cerrno>
+#include <filesystem>
+#include <ranges>
+#include <vector>
+
+#include <fcntl.h>
+#include <stdio.h>
+#include <sys/sendfile.h>
+#include <sys/stat.h>
+
+namespace tidlo {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// An item and where its copy goes.
+struct Pair
+{
+    fs::path source;
+    fs::path destination;
+};
+
+std::error_code lastError()
+{
+    return {errno, std::generic_category()};
+}
+
+/// What became of a \a call of the system.
+template <typename Call>
+std::error_code outcome(Call call)
+{
+    return uninterrupted(call) == 0 ? std::error_code() : lastError();
+}
+
+std::error_code keepTimes(const Pair &item)
+{
+    struct stat status;
+    if (const std::error_code error = outcome([&] { return lstat(item.source.c_str(), &status); }))
+        return error;
+    const std::array times{status.st_atim, status.st_mtim};
+    return outcome([&] { return utimensat(AT_FDCWD, item.destination.c_str(), times.data(), AT_SYMLINK_NOFOLLOW); });
+}
+
+/// Once its contents are there, which its permissions may forbid to change and which change its time.
+std::error_code finishFolder(const Pair &folder)
+{
+    std::error_code error;
+    const fs::perms permissions = fs::status(folder.source, error).permissions();
+    if (!error)
+        fs::permissions(folder.destination, permissions, error);
+    return error ? error : keepTimes(folder);
+}
+
+/// The standard library's own tells every failure to write as a failure of input and output.
+std::error_code copyFile(const Pair &file)
+{
+    constexpr int exclusively = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
+    const Descriptor from(uninterrupted([&] { return open(file.source.c_str(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC); }));
+    struct stat status;
+    if (!from.isValid() || uninterrupted([&] { return fstat(from.get(), &status); }) != 0)
+        return lastError();
+    const Descriptor to(uninterrupted([&] { return open(file.destination.c_str(), exclusively, 0600); }));
+    if (!to.isValid())
+        return lastError();
+    constexpr size_t most = 1 << 30;
+    ssize_t copied = 1;
+    while (copied > 0)
+        copied = uninterrupted([&] { return sendfile(to.get(), from.get(), nullptr, most); });
+    return copied == 0 ? outcome([&] { return fchmod(to.get(), status.st_mode); }) : lastError();
+}
+
+std::error_code copyItem(const Pair &item, fs::file_type type)
+{
+    if (type == fs::file_type::directory)
+        return outcome([&] { return mkdir(item.destination.c_str(), 0700); });
+    std::error_code error;
+    if (type == fs::file_type::symlink)
+        fs::copy_symlink(item.source, item.destination, error);
+    else
+        error = type == fs::file_type::regular ? copyFile(item) : std::make_error_code(std::errc::not_supported);
+    return error ? error : keepTimes(item);
+}
+
+/// Adds the folders in \a top that it made to \a folders, each after the one that holds it.
+std::error_code copyContents(const Pair &top, std::vector<Pair> &folders)
+{
+    std::error_code error;
+    for (fs::recursive_directory_iterator entry(top.source, error), end; !error && entry != end;
+         entry.increment(error)) {
+        const Pair item{entry->path(), top.destination / entry->path().lexically_relative(top.source)};
+        const fs::file_type type = entry->symlink_status(error).type();
+        if (!error)
+            error = copyItem(item, type);
+        if (error)
+            return error;
+        if (type == fs::file_type::directory)
+            folders.push_back(item);
+    }
+    return error;
+}
+
+std::error_code copyFolder(const Pair &top)
+{
+    if (const std::error_code error = copyItem(top, fs::file_type::directory))
+        return error;
+    std::vector folders{top};
+    if (const std::error_code error = copyContents(top, folders))
+        return error;
+    for (const Pair &folder : std::views::reverse(folders)) {
+        if (const std::error_code error = finishFolder(folder))
+            return error;
+    }
+    return {};
+}
+
+} // namespace
+
+int copyTree(const FilePath &source, const FilePath &destination)
+{
+    const Pair top{source.toStdString(), destination.toStdString()};
+    std::error_code error;
+    const fs::file_type type = fs::symlink_status(top.source, error).type();
+    if (!error)
+        error = type == fs::file_type::directory ? copyFolder(top) : copyItem(top, type);
+    return error.value();
+}
+
+int exchangeItems(const FilePath &one, const FilePath &other)
+{
+    return renameat2(AT_FDCWD, one.constData(), AT_FDCWD, other.constData(), RENAME_EXCHANGE) == 0 ? 0 : errno;
+}
+
+bool isExchangeUnknown(int error)
+{
+    return error == EINVAL || error == ENOSYS || error == EOPNOTSUPP;
+}
+
+} // namespace tidlo

@@ -1,0 +1,37 @@
+#include "platform/Process.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include <sys/resource.h>
+#include <unistd.h>
+
+namespace tidlo {
+
+namespace {
+
+bool stepBack()
+{
+    // Half of the way to the least: a tenth of the share that others have who want a processor at the same time.
+    constexpr int steps = 10;
+    constexpr int most = 19;
+    const auto thread = static_cast<id_t>(gettid()); // On Linux niceness is of one thread.
+    setpriority(PRIO_PROCESS, thread, std::min(getpriority(PRIO_PROCESS, thread) + steps, most));
+    return true;
+}
+
+} // namespace
+
+FilePath executablePath()
+{
+    std::error_code error;
+    return FilePath::fromStdString(std::filesystem::read_symlink("/proc/self/exe", error).native());
+}
+
+void standBack()
+{
+    thread_local const bool isDone = stepBack(); // Further from where it was started, and so only once.
+    static_cast<void>(isDone);
+}
+
+} // namespace tidlo

@@ -1,0 +1,116 @@
+#include "platform/Volume.h"
+
+#include "platform/Paths.h"
+#include "platform/linux/MountTable.h"
+#include "platform/linux/OpenFolder.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <filesystem>
+#include <fstream>
+#include <set>
+
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
+
+namespace tidlo {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+FilePath numberText(dev_t device)
+{
+    return QByteArray::number(major(device)) + ':' + QByteArray::number(minor(device));
+}
+
+/// The block device a file system of this number was mounted from, for those that have a number of their own, such as
+/// btrfs; 0 if there is none.
+dev_t sourceDevice(dev_t anonymous)
+{
+    const auto mountinfo = readSystemFile(uninterrupted(SystemCalls()), "/proc/self/mountinfo");
+    for (const FilePath &source :
+         mountinfo ? MountTable(*mountinfo).sourcesOf(numberText(anonymous)) : QList<FilePath>()) {
+        struct stat status;
+        if (source.startsWith("/dev/") && stat(source.constData(), &status) == 0 && S_ISBLK(status.st_mode))
+            return status.st_rdev;
+    }
+    return 0;
+}
+
+bool saysItRotates(const fs::path &device)
+{
+    // A partition has no queue of its own.
+    for (const fs::path &queue : {device / "queue", device / ".." / "queue"}) {
+        int rotational = 0;
+        if (std::ifstream(queue / "rotational") >> rotational)
+            return rotational == 1;
+    }
+    return false;
+}
+
+/// The driver of virtual disks says of each that it rotates, because it cannot know.
+bool isVirtual(const fs::path &device)
+{
+    std::error_code error;
+    for (const fs::path &driver : {device / "device/driver", device / "../device/driver"})
+        if (fs::read_symlink(driver, error).filename() == "virtio_blk")
+            return true;
+    return false;
+}
+
+/// \a device is a folder of sysfs. A device made of others rotates if one of those does.
+bool rotates(const fs::path &device)
+{
+    std::error_code error;
+    bool isMadeOfOthers = false;
+    for (const fs::directory_entry &part : fs::directory_iterator(device / "slaves", error)) {
+        isMadeOfOthers = true;
+        if (rotates(part.path()))
+            return true;
+    }
+    return !isMadeOfOthers && saysItRotates(device) && !isVirtual(device);
+}
+
+} // namespace
+
+std::optional<VolumeCapacity> volumeCapacityOf(const FilePath &path)
+{
+    return fileSystemCapacityOf(path); // Nothing here would be cleared for the user's sake.
+}
+
+bool anyDiskRotates(const QList<FilePath> &paths)
+{
+    std::set<dev_t> devices;
+    for (const FilePath &path : paths) {
+        struct stat status;
+        if (stat(path.constData(), &status) == 0)
+            devices.insert(status.st_dev);
+    }
+    for (const dev_t device : devices) {
+        const dev_t disk = major(device) == 0 ? sourceDevice(device) : device;
+        std::error_code error;
+        const FilePath link = "/sys/dev/block/" + numberText(disk);
+        const fs::path folder = disk == 0 ? fs::path() : fs::canonical(link.toStdString(), error);
+        if (!folder.empty() && rotates(folder))
+            return true;
+    }
+    return false;
+}
+
+int mountObstacle(const FilePath &path)
+{
+    const SystemCalls calls = uninterrupted(SystemCalls());
+    const qsizetype slash = path.lastIndexOf('/');
+    const OrError<OpenFolder> folder = openFolder(calls, path.left(std::max<qsizetype>(slash, 1)));
+    if (!folder)
+        return folder.error();
+    const OrError<QByteArray> mountinfo = readSystemFile(calls, "/proc/self/mountinfo");
+    if (!mountinfo)
+        return mountinfo.error();
+    const MountTable mounts(*mountinfo);
+    const std::optional<FileSystemPlace> place = mounts.place(folder->mount, joined(folder->path, path.mid(slash + 1)));
+    return !place || mounts.hasMountWithin(*place) ? EBUSY : 0;
+}
+
+} // namespace tidlo

@@ -1,0 +1,103 @@
+#include "platform/linux/XdgTrash.h"
+
+#include "platform/Trash.h"
+#include "platform/linux/TrashFolder.h"
+#include "platform/linux/TrashMove.h"
+
+#include <algorithm>
+#include <cerrno>
+
+namespace tidlo {
+
+namespace {
+
+/// Whether a folder of this name at the top of a mount is a Trash, whoever's it is.
+bool isTrashName(const FilePath &name)
+{
+    const QByteArrayView prefix(".Trash-");
+    return name == ".Trash" || (name.startsWith(prefix) && name.size() > prefix.size() &&
+                                std::ranges::all_of(name.mid(prefix.size()), isdigit));
+}
+
+/// Told by the names alone, so that Trashes of other users and of mounts seen elsewhere are known as well.
+bool leadsThroughTrash(const FilePath &path)
+{
+    return (path + '/').contains("/.local/share/Trash/") || std::ranges::any_of(path.split('/'), isTrashName);
+}
+
+bool hasTrashAtTop(const SystemCalls &calls, const TrashItem &item)
+{
+    const auto has = [&](const QByteArray &name) {
+        struct statx status;
+        return calls.statx(item.held(), name.constData(), AT_SYMLINK_NOFOLLOW, STATX_TYPE, &status) == 0;
+    };
+    return item.isFolder() && (has(".Trash") || has(".Trash-" + QByteArray::number(geteuid())));
+}
+
+/// Whether \a path is followed through \a item, a link. A folder on the way is found by its place.
+bool isFollowedBy(const SystemCalls &calls, const TrashItem &item, const FilePath &path)
+{
+    for (qsizetype end = path.size(); end > 0; end = path.lastIndexOf('/', end - 1)) {
+        const OrError<Identity> step = identityAt(calls, item.held(), AT_FDCWD, path.left(end).constData());
+        if (!step || *step == Identity::same)
+            return true;
+    }
+    return false;
+}
+
+/// What to tell instead of moving \a item: that it is the home folder or holds it, lies in a Trash or holds one, is a
+/// mount point or holds one. Nothing when it may be moved.
+std::optional<TrashOutcome> refusal(const SystemCalls &calls, const TrashItem &item, const MountTable &mounts,
+                                    const UserFolders &folders)
+{
+    const std::optional<FileSystemPlace> place = mounts.place(item.mount(), item.path());
+    if (!place)
+        return TrashOutcome::failed(QStringLiteral("Something was mounted or unmounted meanwhile"), ESTALE);
+    const auto isOnTheWayTo = [&](const UserFolders::Kept &kept) {
+        return place->contains(kept.place) || (item.isLink() && isFollowedBy(calls, item, kept.path));
+    };
+    const auto isWithin = [&](const UserFolders::Kept &kept) { return kept.place.contains(*place); };
+
+    if (item.isMountPoint() || mounts.hasMountWithin(*place))
+        return TrashOutcome::refused(QStringLiteral("Another volume is mounted there or inside."));
+    if (isOnTheWayTo(folders.home))
+        return TrashOutcome::refused(QStringLiteral("It is the home folder, or holds it."));
+    if (leadsThroughTrash(item.path()) || std::ranges::any_of(folders.trashes, isWithin))
+        return TrashOutcome::refused(QStringLiteral("It is in a Trash already."));
+    if (std::ranges::any_of(folders.trashes, isOnTheWayTo) || hasTrashAtTop(calls, item))
+        return TrashOutcome::refused(QStringLiteral("It holds a Trash."));
+    return std::nullopt;
+}
+
+} // namespace
+
+TrashOutcome moveToTrash(const FilePath &path, const FilePath &home)
+{
+    return XdgTrash(home, dataHomeIn(home, qgetenv("XDG_DATA_HOME"))).move(path, std::time(nullptr));
+}
+
+TrashOutcome XdgTrash::move(const FilePath &path, std::time_t now) const
+{
+    TrashItem item;
+    if (const auto outcome = item.open(calls, path))
+        return *outcome;
+    const OrError<QByteArray> mountinfo = readSystemFile(calls, "/proc/self/mountinfo");
+    if (!mountinfo)
+        return TrashOutcome::failed(QStringLiteral("The mounts cannot be read"), mountinfo.error());
+    const MountTable mounts(*mountinfo);
+    const OrError<UserFolders> folders = findUserFolders(calls, mounts, home, dataHome);
+    if (!folders)
+        return TrashOutcome::failed(QStringLiteral("The home folder or its Trash cannot be opened"), folders.error());
+    if (const auto outcome = refusal(calls, item, mounts, *folders))
+        return *outcome;
+
+    TrashFolder trash;
+    const PlannedFolder &homeTrash = folders->trashes.front().folder;
+    const bool isOnMountOfHome = item.mount() == homeTrash.nearest.mount;
+    if (const auto outcome =
+            isOnMountOfHome ? trash.openInHome(calls, homeTrash) : trash.openOnMount(calls, mounts.mount(item.mount())))
+        return *outcome;
+    return TrashMove(calls, item, trash).run(trashRecord(trash.recordedPath(item.path()), now));
+}
+
+} // namespace tidlo
