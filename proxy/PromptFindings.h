@@ -1,7 +1,6 @@
 #pragma once
 
-#include "model/CleanupCategory.h"
-#include "model/CleanupRisk.h"
+#include "model/CleanupCandidate.h"
 
 #include <QList>
 #include <QString>

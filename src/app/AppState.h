@@ -2,7 +2,6 @@
 
 #include "model/AppSection.h"
 #include "model/CleanupReport.h"
-#include "model/ScanPhase.h"
 #include "scanner/MoveToTrash.h"
 #include "scanner/ScanResult.h"
 

@@ -1,8 +1,7 @@
 #pragma once
 
-#include "model/CleanupCategory.h"
-#include "model/CleanupRisk.h"
 #include "model/FilePath.h"
+#include "model/RawValue.h"
 
 #include <QList>
 #include <QMetaType>
@@ -12,6 +11,37 @@
 #include <optional>
 
 namespace tidlo {
+
+/// What kind of thing a finding is. The raw value is the title shown and the identity when encoded.
+enum class CleanupCategory {
+    devProjects,
+    whatsApp,
+    caches,
+    downloads,
+    oldLargeFiles,
+    protected_, ///< `protected`, which is a word of the language.
+};
+
+template <>
+inline constexpr std::array rawValues<CleanupCategory>{
+    RawValueRow{CleanupCategory::devProjects, QLatin1StringView("Project files")},
+    RawValueRow{CleanupCategory::whatsApp, QLatin1StringView("WhatsApp")},
+    RawValueRow{CleanupCategory::caches, QLatin1StringView("User caches")},
+    RawValueRow{CleanupCategory::downloads, QLatin1StringView("Downloads")},
+    RawValueRow{CleanupCategory::oldLargeFiles, QLatin1StringView("Large & old files")},
+    RawValueRow{CleanupCategory::protected_, QLatin1StringView("Protected")},
+};
+
+/// How safe it is to move a finding to the Trash. The raw value is the title shown and the identity when encoded.
+enum class CleanupRisk { safe, rebuildable, review, never };
+
+template <>
+inline constexpr std::array rawValues<CleanupRisk>{
+    RawValueRow{CleanupRisk::safe, QLatin1StringView("Safe to delete")},
+    RawValueRow{CleanupRisk::rebuildable, QLatin1StringView("Rebuildable")},
+    RawValueRow{CleanupRisk::review, QLatin1StringView("Review first")},
+    RawValueRow{CleanupRisk::never, QLatin1StringView("Never touch")},
+};
 
 /// One cleanup proposal: many paths under one title. A value; the identifier is its identity in lists.
 struct CleanupCandidate

@@ -2,7 +2,7 @@
 
 #include "model/CleanupCandidate.h"
 #include "model/CleanupReport.h"
-#include "model/ScanTotals.h"
+#include "model/ScanSnapshot.h"
 
 #include <nlohmann/json_fwd.hpp>
 

@@ -1,7 +1,6 @@
-#include "scanner/CacheRules.h"
-
 #include "scanner/ExistingPaths.h"
 #include "scanner/Finding.h"
+#include "scanner/FindingRules.h"
 
 #include <array>
 #include <utility>

@@ -1,7 +1,6 @@
-#include "scanner/DownloadRules.h"
-
-#include "platform/FileName.h"
+#include "platform/Paths.h"
 #include "scanner/Finding.h"
+#include "scanner/FindingRules.h"
 
 #include <algorithm>
 #include <array>

@@ -1,7 +1,6 @@
-#include "scanner/DuplicateProjectRules.h"
-
-#include "platform/FileName.h"
+#include "platform/Paths.h"
 #include "scanner/Finding.h"
+#include "scanner/FindingRules.h"
 
 #include <QHash>
 #include <QRegularExpression>

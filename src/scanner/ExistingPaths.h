@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/FileManager.h"
-#include "platform/FileName.h"
+#include "platform/Paths.h"
 
 #include <span>
 

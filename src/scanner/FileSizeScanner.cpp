@@ -1,6 +1,5 @@
 #include "scanner/FileSizeScanner.h"
 
-#include "scanner/DiskTotals.h"
 #include "scanner/ScanSteps.h"
 #include "scanner/ScanSummary.h"
 #include "scanner/SerialExecutor.h"

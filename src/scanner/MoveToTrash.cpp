@@ -1,8 +1,8 @@
 #include "scanner/MoveToTrash.h"
 
 #include "model/CheckedSum.h"
-#include "platform/FileName.h"
-#include "scanner/DiskTotals.h"
+#include "platform/Paths.h"
+#include "scanner/ScanSummary.h"
 
 #include <QSet>
 

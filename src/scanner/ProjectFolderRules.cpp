@@ -1,6 +1,5 @@
-#include "scanner/ProjectFolderRules.h"
-
-#include "platform/FileName.h"
+#include "platform/Paths.h"
+#include "scanner/FindingRules.h"
 
 #include <algorithm>
 #include <array>

@@ -1,12 +1,7 @@
 #include "scanner/ScanSteps.h"
 
-#include "scanner/CacheRules.h"
-#include "scanner/DiskTotals.h"
-#include "scanner/DownloadRules.h"
-#include "scanner/DuplicateProjectRules.h"
-#include "scanner/LargeFileRules.h"
-#include "scanner/ProjectFolderRules.h"
-#include "scanner/WhatsAppRules.h"
+#include "scanner/FindingRules.h"
+#include "scanner/ScanSummary.h"
 
 namespace tidlo {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/ScanTotals.h"
+#include "model/ScanSnapshot.h"
 #include "platform/FileManager.h"
 #include "scanner/Finding.h"
 

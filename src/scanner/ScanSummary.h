@@ -1,5 +1,7 @@
 #pragma once
 
+#include "model/ScanSnapshot.h"
+#include "platform/FileManager.h"
 #include "scanner/Finding.h"
 #include "scanner/ScanResult.h"
 
@@ -10,5 +12,9 @@ namespace tidlo {
 /// the largest first, and in the order of the rules where sizes are equal. Nothing is deduplicated. A sum of bytes
 /// beyond 64 bits stops the program.
 ScanResult summarized(const ScanTotals &disk, const QList<Finding> &findings);
+
+/// The figures of the volume that holds \a home, as its volume tells them or else its file system. What neither tells
+/// is 0, and so is everything that only a scan can know.
+ScanTotals diskTotals(const FileManager &files, const FilePath &home);
 
 } // namespace tidlo

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/ThreadPriority.h"
+#include "platform/Process.h"
 
 #include <QThreadPool>
 #include <QtConcurrentRun>

@@ -1,7 +1,6 @@
-#include "scanner/WhatsAppRules.h"
-
 #include "scanner/ExistingPaths.h"
 #include "scanner/Finding.h"
+#include "scanner/FindingRules.h"
 
 #include <array>
 #include <utility>

@@ -1,7 +1,5 @@
 #include "model/AppSection.h"
-#include "model/CleanupCategory.h"
-#include "model/CleanupRisk.h"
-#include "model/ScanPhase.h"
+#include "model/CleanupCandidate.h"
 #include "support/PrintQt.h"
 
 #include <QSet>

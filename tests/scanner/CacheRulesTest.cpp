@@ -1,5 +1,4 @@
-#include "scanner/CacheRules.h"
-
+#include "scanner/FindingRules.h"
 #include "scanner/RuleTest.h"
 
 namespace tidlo {

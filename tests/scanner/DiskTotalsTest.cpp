@@ -1,6 +1,5 @@
-#include "scanner/DiskTotals.h"
-
 #include "scanner/RuleTest.h"
+#include "scanner/ScanSummary.h"
 
 #include <sys/statvfs.h>
 

@@ -1,5 +1,4 @@
-#include "scanner/DownloadRules.h"
-
+#include "scanner/FindingRules.h"
 #include "scanner/RuleTest.h"
 
 namespace tidlo {

@@ -1,5 +1,4 @@
-#include "scanner/DuplicateProjectRules.h"
-
+#include "scanner/FindingRules.h"
 #include "scanner/RuleTest.h"
 
 #include <array>

@@ -1,6 +1,5 @@
-#include "scanner/LargeFileRules.h"
-
 #include "fakes/FakeEntry.h"
+#include "scanner/FindingRules.h"
 #include "scanner/RuleTest.h"
 
 namespace tidlo {

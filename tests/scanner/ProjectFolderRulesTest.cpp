@@ -1,6 +1,5 @@
-#include "scanner/ProjectFolderRules.h"
-
 #include "fakes/FakeEntry.h"
+#include "scanner/FindingRules.h"
 #include "scanner/RuleTest.h"
 
 #include <array>

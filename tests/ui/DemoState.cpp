@@ -2,7 +2,7 @@
 
 #include "fakes/FakeFileManager.h"
 #include "fakes/FakeWorkspace.h"
-#include "platform/ApplicationIdentifier.h"
+#include "platform/Bundle.h"
 
 #include <QFile>
 

@@ -1,4 +1,4 @@
-#include "ui/design/ContinuousCorners.h"
+#include "ui/design/ContinuousRectangle.h"
 
 #include <QTransform>
 

@@ -1,7 +1,6 @@
-#include "ui/design/LogoDrawing.h"
-
 #include "support/TemporaryHome.h"
-#include "ui/design/ContinuousCorners.h"
+#include "ui/design/ContinuousRectangle.h"
+#include "ui/design/TidloLogo.h"
 
 #include <QFile>
 #include <QGuiApplication>

@@ -1,6 +1,6 @@
 #include "platform/Bundle.h"
 #include "support/TemporaryHome.h"
-#include "ui/design/LogoDrawing.h"
+#include "ui/design/TidloLogo.h"
 
 #include <QFile>
 

@@ -1,7 +1,5 @@
 #include "ui/design/Motion.h"
 
-#include "ui/design/Spring.h"
-
 #include <gmock/gmock.h>
 
 #include <array>

@@ -1,4 +1,4 @@
-#include "ui/design/Spring.h"
+#include "ui/design/Motion.h"
 
 #include <gmock/gmock.h>
 
