@@ -1,11 +1,11 @@
 #include "proxy/OfflineExplanation.h"
 
+#include "model/FindingKind.h"
 #include "proxy/PromptFindings.h"
 
 #include <QStringList>
 
 #include <algorithm>
-#include <array>
 
 namespace tidlo::proxy {
 namespace {
@@ -15,53 +15,64 @@ enum class Advice { again, look, leave };
 
 using Text = QLatin1StringView;
 
+/// How a kind of finding is explained.
 struct Kind
 {
-    Text title;
     Text name;
     Advice advice;
     Text maker = {}; ///< Who makes it again.
 };
 
-constexpr std::array kinds{
-    Kind{Text("Rebuildable project folders"), Text("project folders such as node_modules"), Advice::again,
-         Text("npm, pnpm, yarn or a build")},
-    Kind{Text("Composer vendor folders"), Text("Composer vendor folders"), Advice::again, Text("composer install")},
-    Kind{Text("User and developer caches"), Text("app caches"), Advice::again, Text("the apps themselves")},
-    Kind{Text("WhatsApp / Temporary App Caches"), Text("WhatsApp's temporary caches"), Advice::again,
-         Text("WhatsApp itself")},
-    Kind{Text("Build and distribution outputs"), Text("build outputs"), Advice::look},
-    Kind{Text("Older duplicate project copies"), Text("older project copies"), Advice::look},
-    Kind{Text("Downloads / old installers and archives"), Text("old downloads"), Advice::look},
-    // Rebuildable by its risk, but these are documents and media all the same.
-    Kind{Text("Large & untouched files (>100MB, 60+ days old)"), Text("large old files"), Advice::look},
-    Kind{Text("WhatsApp / Chat Media & Attachments"), Text("WhatsApp media"), Advice::look},
-};
+Kind knownKind(FindingKind kind)
+{
+    switch (kind) {
+    case FindingKind::projectFolders:
+        return {Text("project folders such as node_modules"), Advice::again, Text("npm, pnpm, yarn or a build")};
+    case FindingKind::composerFolders:
+        return {Text("Composer vendor folders"), Advice::again, Text("composer install")};
+    case FindingKind::buildOutputs:
+        return {Text("build outputs"), Advice::look};
+    case FindingKind::chatMedia:
+        return {Text("WhatsApp media"), Advice::look};
+    case FindingKind::chatCaches:
+        return {Text("WhatsApp's temporary caches"), Advice::again, Text("WhatsApp itself")};
+    case FindingKind::userCaches:
+        return {Text("app caches"), Advice::again, Text("the apps themselves")};
+    case FindingKind::oldDownloads:
+        return {Text("old downloads"), Advice::look};
+    case FindingKind::largeFiles: // Rebuildable by its risk, but these are documents and media all the same.
+        return {Text("large old files"), Advice::look};
+    case FindingKind::olderCopies:
+        return {Text("older project copies"), Advice::look};
+    }
+    return {};
+}
 
 /// For titles that are not known, by their category.
 Kind unknownKind(CleanupCategory category)
 {
     switch (category) {
     case CleanupCategory::devProjects:
-        return {.title = {}, .name = Text("other project files"), .advice = Advice::look};
+        return {Text("other project files"), Advice::look};
     case CleanupCategory::whatsApp:
-        return {.title = {}, .name = Text("other WhatsApp files"), .advice = Advice::look};
+        return {Text("other WhatsApp files"), Advice::look};
     case CleanupCategory::caches:
-        return {.title = {}, .name = Text("other caches"), .advice = Advice::look};
+        return {Text("other caches"), Advice::look};
     case CleanupCategory::downloads:
-        return {.title = {}, .name = Text("other downloads"), .advice = Advice::look};
+        return {Text("other downloads"), Advice::look};
     case CleanupCategory::oldLargeFiles:
-        return {.title = {}, .name = Text("other large files"), .advice = Advice::look};
+        return {Text("other large files"), Advice::look};
     case CleanupCategory::protected_:
         break;
     }
-    return {.title = {}, .name = Text("protected items"), .advice = Advice::leave};
+    return {Text("protected items"), Advice::leave};
 }
 
 Kind kindOf(const PromptFinding &finding)
 {
-    const auto known = std::ranges::find(kinds, finding.title, [](const Kind &kind) { return QString(kind.title); });
-    Kind kind = known == kinds.end() ? unknownKind(finding.category) : *known;
+    const auto known =
+        std::ranges::find_if(findingKinds, [&](const FindingKindRow &row) { return finding.title == row.title; });
+    Kind kind = known == findingKinds.end() ? unknownKind(finding.category) : knownKind(known->kind);
     if (finding.risk == CleanupRisk::review)
         kind.advice = std::max(kind.advice, Advice::look);
     if (finding.risk == CleanupRisk::never || finding.category == CleanupCategory::protected_)

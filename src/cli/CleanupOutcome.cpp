@@ -37,7 +37,7 @@ QString CleanupOutcome::complaint() const
     return lines;
 }
 
-int CleanupOutcome::exitStatus() const
+ExitStatus CleanupOutcome::exitStatus() const
 {
     if (signal != 0)
         return static_cast<ExitStatus>(128 + signal);

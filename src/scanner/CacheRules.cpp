@@ -9,13 +9,6 @@ namespace tidlo {
 
 namespace {
 
-constexpr FindingTemplate caches{
-    .title = QLatin1StringView("User and developer caches"),
-    .detail = QLatin1StringView("Browser/package-manager caches. Apps may recreate these after cleanup."),
-    .category = CleanupCategory::caches,
-    .risk = CleanupRisk::safe,
-};
-
 constexpr std::array cacheFolders{
     "Library/Caches/Google",
     "Library/Caches/BraveSoftware",
@@ -34,7 +27,7 @@ constexpr std::array cacheFolders{
 QList<Finding> cacheCandidates(const FileManager &files, const FilePath &home, std::stop_token stop)
 {
     const QList<FilePath> paths = existingPaths(files, home, cacheFolders);
-    return {makeFinding(caches, paths, files.allocatedSizes(paths, std::move(stop)))};
+    return {makeFinding(FindingKind::userCaches, paths, files.allocatedSizes(paths, std::move(stop)))};
 }
 
 } // namespace tidlo

@@ -10,13 +10,6 @@ namespace tidlo {
 
 namespace {
 
-constexpr FindingTemplate downloads{
-    .title = QLatin1StringView("Downloads / old installers and archives"),
-    .detail = QLatin1StringView("DMG, ZIP, APK, and video files older than 45 days. Review before removing."),
-    .category = CleanupCategory::downloads,
-    .risk = CleanupRisk::review,
-};
-
 constexpr std::array<QByteArrayView, 10> extensions{"dmg", "zip", "tar", "gz",  "tgz",
                                                     "apk", "avi", "mov", "mp4", "webm"};
 
@@ -41,7 +34,7 @@ QList<Finding> downloadCandidates(const FileManager &files, const FilePath &home
         if (isOldDownload(entry, now - oldAge))
             paths.append(entry.path);
     }
-    return {makeFinding(downloads, paths, files.allocatedSizes(paths, std::move(stop)))};
+    return {makeFinding(FindingKind::oldDownloads, paths, files.allocatedSizes(paths, std::move(stop)))};
 }
 
 } // namespace tidlo

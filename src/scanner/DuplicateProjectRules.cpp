@@ -13,14 +13,6 @@ namespace tidlo {
 
 namespace {
 
-constexpr FindingTemplate olderCopies{
-    .title = QLatin1StringView("Older duplicate project copies"),
-    .detail = QLatin1StringView("Folders that look like older copies or backups. Tidlo keeps the newest detected copy "
-                                "out of this recommendation."),
-    .category = CleanupCategory::devProjects,
-    .risk = CleanupRisk::review,
-};
-
 /// The second and third lie in the first and are searched as roots of their own.
 constexpr std::array searchRoots{"Sites/localhost", "Sites/localhost/bakcup erpnew", "Sites/localhost/erps"};
 
@@ -114,7 +106,7 @@ QList<Finding> duplicateProjectCandidates(const FileManager &files, const FilePa
         for (const Group &group : groupedByName(entries))
             paths.append(allButTheNewest(group));
     }
-    return {makeFinding(olderCopies, paths, files.allocatedSizes(paths, std::move(stop)))};
+    return {makeFinding(FindingKind::olderCopies, paths, files.allocatedSizes(paths, std::move(stop)))};
 }
 
 } // namespace tidlo

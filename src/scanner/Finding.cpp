@@ -6,8 +6,9 @@
 
 namespace tidlo {
 
-Finding makeFinding(const FindingTemplate &fixed, const QList<FilePath> &paths, const QList<qint64> &sizes)
+Finding makeFinding(FindingKind kind, const QList<FilePath> &paths, const QList<qint64> &sizes)
 {
+    const FindingKindRow &fixed = rowOf(kind);
     CleanupCandidate candidate;
     candidate.title = fixed.title;
     candidate.detail = fixed.detail;
@@ -19,17 +20,17 @@ Finding makeFinding(const FindingTemplate &fixed, const QList<FilePath> &paths, 
     return {candidate, sizes};
 }
 
-Finding makeFinding(const FindingTemplate &fixed, const QList<CollectedItem> &items, int group)
+Finding makeFinding(FindingKind kind, const QList<CollectedItem> &items)
 {
     QList<FilePath> paths;
     QList<qint64> sizes;
     for (const CollectedItem &item : items) {
-        if (item.group != group)
+        if (item.group != qToUnderlying(kind))
             continue;
         paths.append(item.path);
         sizes.append(item.allocatedSize);
     }
-    return makeFinding(fixed, paths, sizes);
+    return makeFinding(kind, paths, sizes);
 }
 
 } // namespace tidlo

@@ -9,14 +9,6 @@ namespace tidlo {
 
 namespace {
 
-constexpr FindingTemplate largeFiles{
-    .title = QLatin1StringView("Large & untouched files (>100MB, 60+ days old)"),
-    .detail = QLatin1StringView("Files over 100MB sitting unused in Downloads, Movies, Documents, or Desktop for over "
-                                "2 months."),
-    .category = CleanupCategory::oldLargeFiles,
-    .risk = CleanupRisk::rebuildable,
-};
-
 constexpr std::array searchedFolders{"Downloads", "Desktop", "Documents", "Movies", "Pictures", "Music"};
 
 /// Nothing beneath a folder of one of these names counts; a file of such a name does.
@@ -41,7 +33,7 @@ Visit visit(const EnumeratedEntry &entry, FileTime cutOff)
         return {.action = isExcludedFolder(entry.name()) ? skip : walkOn};
     const bool qualifies = attributes.size && *attributes.size >= smallestLargeFile && attributes.modified &&
                            *attributes.modified < cutOff;
-    return {.action = qualifies ? collect : skip};
+    return {.action = qualifies ? collect : skip, .group = qToUnderlying(FindingKind::largeFiles)};
 }
 
 /// None where the home itself lies in an excluded folder: then everything in it does.
@@ -66,7 +58,7 @@ QList<Finding> oldLargeFilesCandidates(const FileManager &files, const FilePath 
         .shown = DeepEnumeration::Shown::everything,
         .visit = [cutOff](const EnumeratedEntry &entry) { return visit(entry, cutOff); },
     };
-    return {makeFinding(largeFiles, files.enumerate(enumeration, std::move(stop)), 0)};
+    return {makeFinding(FindingKind::largeFiles, files.enumerate(enumeration, std::move(stop)))};
 }
 
 } // namespace tidlo

@@ -5,8 +5,6 @@
 
 namespace tidlo {
 
-namespace {
-
 void readDiskUsage(const ScanContext &context, ScanHarvest &harvest)
 {
     harvest.disk = diskTotals(context.files, context.home);
@@ -38,16 +36,5 @@ void findProjectCopies(const ScanContext &context, ScanHarvest &harvest)
 {
     harvest.findings += duplicateProjectCandidates(context.files, context.home, context.stop);
 }
-
-} // namespace
-
-const std::array<ScanStep, 6> scanSteps{{
-    {0.08, QLatin1StringView("Reading disk usage"), readDiskUsage},
-    {0.18, QLatin1StringView("Finding project build & cache files"), findProjectFolders},
-    {0.42, QLatin1StringView("Checking WhatsApp Desktop storage"), checkWhatsApp},
-    {0.56, QLatin1StringView("Checking user caches"), checkCaches},
-    {0.72, QLatin1StringView("Checking old downloads & large untouched files"), checkOldFiles},
-    {0.86, QLatin1StringView("Finding older project copies"), findProjectCopies},
-}};
 
 } // namespace tidlo

@@ -11,20 +11,19 @@ using testing::IsEmpty;
 
 namespace {
 
-constexpr FindingTemplate fixed{
-    .title = QLatin1StringView("Title"),
-    .detail = QLatin1StringView("Detail."),
-    .category = CleanupCategory::caches,
-    .risk = CleanupRisk::safe,
-    .selected = false,
-};
+constexpr FindingKind kind = FindingKind::chatMedia;
 
 } // namespace
 
 TEST(Finding, IsFilledWithPathsAndTheSumOfTheirSizes)
 {
-    const auto [candidate, sizes] = makeFinding(fixed, {"/a", "/b"}, {40, 2});
-    expectFixedFields(candidate, {"Title", "Detail.", CleanupCategory::caches, CleanupRisk::safe, false});
+    const auto [candidate, sizes] = makeFinding(kind, {"/a", "/b"}, {40, 2});
+    const FindingKindRow &row = rowOf(kind);
+    EXPECT_EQ(candidate.title, row.title);
+    EXPECT_EQ(candidate.detail, row.detail);
+    EXPECT_EQ(candidate.category, CleanupCategory::whatsApp);
+    EXPECT_EQ(candidate.risk, CleanupRisk::review);
+    EXPECT_FALSE(candidate.selected);
     EXPECT_THAT(candidate.paths, ElementsAre("/a", "/b"));
     EXPECT_EQ(candidate.bytes, 42);
     EXPECT_THAT(sizes, ElementsAre(40, 2));
@@ -32,20 +31,20 @@ TEST(Finding, IsFilledWithPathsAndTheSumOfTheirSizes)
 
 TEST(Finding, TakesTheItemsOfOneGroup)
 {
-    const QList<CollectedItem> items{{.path = "/a", .group = 1, .allocatedSize = 1},
+    const QList<CollectedItem> items{{.path = "/a", .group = qToUnderlying(kind), .allocatedSize = 1},
                                      {.path = "/b", .group = 0, .allocatedSize = 2},
-                                     {.path = "/c", .group = 1, .allocatedSize = 4}};
-    const auto [candidate, sizes] = makeFinding(fixed, items, 1);
+                                     {.path = "/c", .group = qToUnderlying(kind), .allocatedSize = 4}};
+    const auto [candidate, sizes] = makeFinding(kind, items);
     EXPECT_THAT(candidate.paths, ElementsAre("/a", "/c"));
     EXPECT_EQ(candidate.bytes, 5);
     EXPECT_THAT(sizes, ElementsAre(1, 4));
-    EXPECT_THAT(makeFinding(fixed, items, 2).candidate.paths, IsEmpty());
+    EXPECT_THAT(makeFinding(FindingKind::olderCopies, items).candidate.paths, IsEmpty());
 }
 
 TEST(FindingDeathTest, StopsTheProgramWhereTheSumDoesNotFit)
 {
     const QList<qint64> sizes{std::numeric_limits<qint64>::max(), 1};
-    EXPECT_DEATH(makeFinding(fixed, {"/a", "/b"}, sizes), "does not fit 64 bits");
+    EXPECT_DEATH(makeFinding(kind, {"/a", "/b"}, sizes), "does not fit 64 bits");
 }
 
 } // namespace tidlo

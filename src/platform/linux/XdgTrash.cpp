@@ -3,6 +3,7 @@
 #include "platform/Trash.h"
 #include "platform/linux/TrashFolder.h"
 #include "platform/linux/TrashMove.h"
+#include "platform/linux/UserFolders.h"
 
 #include <algorithm>
 #include <cerrno>

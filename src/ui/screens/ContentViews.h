@@ -5,6 +5,8 @@
 
 #include "ui/screens/Presentation.h"
 
+#include <qqml.h>
+
 namespace tidlo {
 
 /// Makes the module known to QML, after the design system. Needs an application object.

@@ -1,6 +1,7 @@
 #include "ui/screens/ScanProgress.h"
 
 #include "model/TidloPercent.h"
+#include "scanner/ScanSteps.h"
 
 #include <array>
 
@@ -17,11 +18,14 @@ struct Step
 };
 
 constexpr std::array pipeline{
-    Step{u"Project & build files", u"Temporary project data, build caches, output folders", 0.18, 0.42},
-    Step{u"WhatsApp media", u"Media cache only; chat database protected", 0.42, 0.56},
+    Step{u"Project & build files", u"Temporary project data, build caches, output folders",
+         fractionOf(ScanStage::projectFolders), fractionOf(ScanStage::whatsApp)},
+    Step{u"WhatsApp media", u"Media cache only; chat database protected", fractionOf(ScanStage::whatsApp),
+         fractionOf(ScanStage::caches)},
     Step{u"Caches, Downloads & Large Files", u"App caches, old installers, and files >100MB untouched for 60+ days",
-         0.56, 0.86},
-    Step{u"Duplicate project copies", u"Detect latest copy and flag older folders", 0.86, 1.0},
+         fractionOf(ScanStage::caches), fractionOf(ScanStage::projectCopies)},
+    Step{u"Duplicate project copies", u"Detect latest copy and flag older folders",
+         fractionOf(ScanStage::projectCopies), ScanEnd().fraction},
 };
 
 } // namespace
