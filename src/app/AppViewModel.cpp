@@ -22,6 +22,21 @@ void AppViewModel::requireMainThread() const
         qFatal("AppViewModel was used on another thread than the main one");
 }
 
+void AppViewModel::openSection(AppSection section)
+{
+    setSection(section);
+    if (section == AppSection::results && phase() == ScanPhase::ready)
+        setPhase(ScanPhase::results);
+    else if (section == AppSection::report && cleanupReport())
+        setPhase(ScanPhase::report);
+}
+
+void AppViewModel::viewReport()
+{
+    setSection(AppSection::report);
+    setPhase(ScanPhase::report);
+}
+
 QCoro::Task<> AppViewModel::readDiskTotals()
 {
     const std::shared_ptr<const void> held = underWay;

@@ -150,6 +150,13 @@ public:
     /// Shows what a scan found, in place of what was found before.
     void showResults(const ScanResult &result);
 
+    /// Goes to \a section, as its button in the rail does. What there is to show there follows: the results at the
+    /// start, a report that there is.
+    void openSection(AppSection section);
+
+    /// Shows the report of what has been, or would be, moved.
+    void viewReport();
+
     /// Moves the selected candidates to the Trash, takes them off the list and shows a report. Does nothing if none is
     /// selected, or while they are being moved.
     Q_INVOKABLE void moveSelectedToTrash();

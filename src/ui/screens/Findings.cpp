@@ -216,10 +216,8 @@ QUuid Findings::candidateAt(int row) const
 
 void Findings::viewReport()
 {
-    if (!source)
-        return;
-    source->setSection(AppSection::report);
-    source->setPhase(ScanPhase::report);
+    if (source)
+        source->viewReport();
 }
 
 } // namespace tidlo

@@ -28,16 +28,20 @@ constexpr std::array risks{
     RiskPresentation{CleanupRisk::never, u"systemRed", u"red"},
 };
 
+// Each row is where presentationOf() looks for it.
+static_assert(std::ranges::equal(categories, allCases<CleanupCategory>(), {}, &CategoryPresentation::category));
+static_assert(std::ranges::equal(risks, allCases<CleanupRisk>(), {}, &RiskPresentation::risk));
+
 } // namespace
 
 const CategoryPresentation &presentationOf(CleanupCategory category)
 {
-    return *std::ranges::find(categories, category, &CategoryPresentation::category);
+    return categories[static_cast<size_t>(category)];
 }
 
 const RiskPresentation &presentationOf(CleanupRisk risk)
 {
-    return *std::ranges::find(risks, risk, &RiskPresentation::risk);
+    return risks[static_cast<size_t>(risk)];
 }
 
 QString byteCountOrDash(qint64 bytes)

@@ -13,25 +13,12 @@ struct RailRow
     QStringView title;
     AppSection section;
     Navigation::Screen screen;
-    void (*follow)(AppViewModel &app) = nullptr; ///< What else a press changes, once the section has.
 };
-
-void showResults(AppViewModel &app)
-{
-    if (app.phase() == ScanPhase::ready)
-        app.setPhase(ScanPhase::results);
-}
-
-void showReport(AppViewModel &app)
-{
-    if (app.cleanupReport())
-        app.setPhase(ScanPhase::report);
-}
 
 constexpr std::array rows{
     RailRow{u"house", u"Scan", AppSection::scan, Navigation::Screen::Landing},
-    RailRow{u"chart.pie", u"Results", AppSection::results, Navigation::Screen::Results, showResults},
-    RailRow{u"doc.text.magnifyingglass", u"Report", AppSection::report, Navigation::Screen::Report, showReport},
+    RailRow{u"chart.pie", u"Results", AppSection::results, Navigation::Screen::Results},
+    RailRow{u"doc.text.magnifyingglass", u"Report", AppSection::report, Navigation::Screen::Report},
     RailRow{u"gearshape", u"Settings", AppSection::settings, Navigation::Screen::Settings},
 };
 
@@ -77,10 +64,7 @@ void Navigation::press(int item)
 {
     if (!source || item < 0 || item >= static_cast<int>(rows.size()))
         return;
-    const RailRow &row = rows[static_cast<size_t>(item)];
-    source->setSection(row.section);
-    if (row.follow)
-        row.follow(*source);
+    source->openSection(rows[static_cast<size_t>(item)].section);
 }
 
 } // namespace tidlo
