@@ -36,7 +36,6 @@ public:
         QList<qint64> sizes(many.paths.size());
         std::ranges::generate(sizes, random);
         app.showResults({.snapshot = {.totals = {}, .candidates = {many}}, .sizes = {{many.id, sizes}}});
-        items.setApp(&app);
         inspect();
     }
 
@@ -45,7 +44,7 @@ public:
 
 private:
     AppViewModel app;
-    FoundItems items;
+    FoundItems items{app};
 };
 
 void Inspect(benchmark::State &state)

@@ -37,7 +37,7 @@ public:
         QList<CleanupCandidate> candidates;
         for (int number = 0; number < candidateCount; ++number)
             candidates.append(candidate(number));
-        model.setCandidates(candidates);
+        model.showResults({.snapshot = {.totals = {}, .candidates = candidates}, .sizes = {}});
     }
 
     AppViewModel *operator->() { return &model; }

@@ -70,9 +70,9 @@ int main(int argc, char **argv)
     application.watch(window);
     printShare("breathing");
     application.print("breathing");
-    tidlo.model().setSection(AppSection::settings);
+    tidlo.model().openSection(AppSection::settings);
     printShare("at rest");
-    tidlo.model().setSection(AppSection::scan);
+    tidlo.model().openSection(AppSection::scan);
     window.showMinimized();
     printShare("breathing, minimised");
     window.hide();

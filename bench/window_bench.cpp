@@ -51,8 +51,7 @@ void showHundredFindings(AppViewModel &app)
             hundred.append(candidate);
         }
     }
-    app.setCandidates(hundred.first(100));
-    app.setSection(AppSection::results);
+    app.showResults({.snapshot = {.totals = {}, .candidates = hundred.first(100)}, .sizes = {}});
 }
 
 /// Opens the list of a finding's items and returns it.

@@ -23,26 +23,25 @@ namespace tidlo {
 class AppViewModel : public QObject
 {
     Q_OBJECT
-    Q_PROPERTY(ScanPhase phase READ phase WRITE setPhase NOTIFY phaseChanged)
-    Q_PROPERTY(AppSection section READ section WRITE setSection NOTIFY sectionChanged)
-    Q_PROPERTY(ScanTotals totals READ totals WRITE setTotals NOTIFY totalsChanged)
-    Q_PROPERTY(QList<CleanupCandidate> candidates READ candidates WRITE setCandidates NOTIFY candidatesChanged)
-    Q_PROPERTY(double scanProgress READ scanProgress WRITE setScanProgress NOTIFY scanProgressChanged)
-    Q_PROPERTY(QString scanLabel READ scanLabel WRITE setScanLabel NOTIFY scanLabelChanged)
+    Q_PROPERTY(ScanPhase phase READ phase NOTIFY phaseChanged)
+    Q_PROPERTY(AppSection section READ section NOTIFY sectionChanged)
+    Q_PROPERTY(ScanTotals totals READ totals NOTIFY totalsChanged)
+    Q_PROPERTY(QList<CleanupCandidate> candidates READ candidates NOTIFY candidatesChanged)
+    Q_PROPERTY(double scanProgress READ scanProgress NOTIFY scanProgressChanged)
+    Q_PROPERTY(QString scanLabel READ scanLabel NOTIFY scanLabelChanged)
     Q_PROPERTY(std::optional<CleanupRisk> selectedFilter READ selectedFilter WRITE setSelectedFilter NOTIFY
                    selectedFilterChanged)
-    Q_PROPERTY(std::optional<CleanupReport> cleanupReport READ cleanupReport WRITE setCleanupReport NOTIFY
-                   cleanupReportChanged)
-    Q_PROPERTY(std::optional<QString> aiSummary READ aiSummary WRITE setAiSummary NOTIFY aiSummaryChanged)
+    Q_PROPERTY(std::optional<CleanupReport> cleanupReport READ cleanupReport NOTIFY cleanupReportChanged)
+    Q_PROPERTY(std::optional<QString> aiSummary READ aiSummary NOTIFY aiSummaryChanged)
     Q_PROPERTY(bool showSetupWizard READ showSetupWizard WRITE setShowSetupWizard NOTIFY showSetupWizardChanged)
-    Q_PROPERTY(int setupStep READ setupStep WRITE setSetupStep NOTIFY setupStepChanged)
+    Q_PROPERTY(int setupStep READ setupStep NOTIFY setupStepChanged)
     Q_PROPERTY(bool showMoveToApplicationsPrompt READ showMoveToApplicationsPrompt WRITE setShowMoveToApplicationsPrompt
                    NOTIFY showMoveToApplicationsPromptChanged)
     Q_PROPERTY(bool showMoveToApplicationsError READ showMoveToApplicationsError WRITE setShowMoveToApplicationsError
                    NOTIFY showMoveToApplicationsErrorChanged)
-    Q_PROPERTY(QString moveToApplicationsErrorMessage READ moveToApplicationsErrorMessage WRITE
-                   setMoveToApplicationsErrorMessage NOTIFY moveToApplicationsErrorMessageChanged)
-    Q_PROPERTY(bool isGeneratingAI READ isGeneratingAI WRITE setIsGeneratingAI NOTIFY isGeneratingAIChanged)
+    Q_PROPERTY(QString moveToApplicationsErrorMessage READ moveToApplicationsErrorMessage NOTIFY
+                   moveToApplicationsErrorMessageChanged)
+    Q_PROPERTY(bool isGeneratingAI READ isGeneratingAI NOTIFY isGeneratingAIChanged)
 
 public:
     /// Begins to read the figures of the home folder's disk, which replace totals() soon.
@@ -64,32 +63,16 @@ public:
     QString moveToApplicationsErrorMessage() const { return read(state.moveToApplicationsErrorMessage); }
     bool isGeneratingAI() const { return read(state.isGeneratingAI); }
 
-    void setPhase(ScanPhase value) { assign(state.phase, std::move(value), &AppViewModel::phaseChanged); }
-    void setSection(AppSection value) { assign(state.section, std::move(value), &AppViewModel::sectionChanged); }
-    void setTotals(ScanTotals value) { assign(state.totals, std::move(value), &AppViewModel::totalsChanged); }
-    void setCandidates(QList<CleanupCandidate> value)
-    {
-        assign(state.candidates, std::move(value), &AppViewModel::candidatesChanged);
-    }
-    void setScanProgress(double value)
-    {
-        assign(state.scanProgress, std::move(value), &AppViewModel::scanProgressChanged);
-    }
-    void setScanLabel(QString value) { assign(state.scanLabel, std::move(value), &AppViewModel::scanLabelChanged); }
+    // What views may assign. All else changes by the operations below.
+
     void setSelectedFilter(std::optional<CleanupRisk> value)
     {
         assign(state.selectedFilter, std::move(value), &AppViewModel::selectedFilterChanged);
-    }
-    void setCleanupReport(std::optional<CleanupReport> value) { setCleanup(std::move(value), {}); }
-    void setAiSummary(std::optional<QString> value)
-    {
-        assign(state.aiSummary, std::move(value), &AppViewModel::aiSummaryChanged);
     }
     void setShowSetupWizard(bool value)
     {
         assign(state.showSetupWizard, std::move(value), &AppViewModel::showSetupWizardChanged);
     }
-    void setSetupStep(int value) { assign(state.setupStep, std::move(value), &AppViewModel::setupStepChanged); }
     void setShowMoveToApplicationsPrompt(bool value)
     {
         assign(state.showMoveToApplicationsPrompt, std::move(value),
@@ -98,15 +81,6 @@ public:
     void setShowMoveToApplicationsError(bool value)
     {
         assign(state.showMoveToApplicationsError, std::move(value), &AppViewModel::showMoveToApplicationsErrorChanged);
-    }
-    void setMoveToApplicationsErrorMessage(QString value)
-    {
-        assign(state.moveToApplicationsErrorMessage, std::move(value),
-               &AppViewModel::moveToApplicationsErrorMessageChanged);
-    }
-    void setIsGeneratingAI(bool value)
-    {
-        assign(state.isGeneratingAI, std::move(value), &AppViewModel::isGeneratingAIChanged);
     }
 
     // Figures derived from the candidates as they are now; nothing is kept. A sum that does not fit stops the program.
@@ -131,13 +105,15 @@ public:
     /// next turn of the event loop.
     std::weak_ptr<const void> operations() const { return underWay; }
 
-    /// What it was made with.
-    const AppEnvironment &given() const { return environment; }
+    // Of what it was made with.
 
-    // Of that, for views that look closer at a finding.
-
-    std::shared_ptr<const FileManager> fileManager() const { return environment.fileManager; }
+    UserDefaults &defaults() const { return *environment.defaults; }
     Workspace &workspace() const { return *environment.workspace; }
+
+    /// What the application does once as it starts: on a run before setup has been completed, offers to move to the
+    /// Applications folder. Where there is no such folder, the application lies in it already, or the program runs from
+    /// no bundle, it goes on as if that had been declined.
+    void beginFirstRun();
 
     /// Flips the selection of the candidate with the same identifier, animated. Does nothing if \a candidate is never
     /// to be touched or is no longer there.
@@ -198,6 +174,35 @@ Q_SIGNALS:
     void isGeneratingAIChanged();
     void isMovingToTrashChanged();
 
+protected:
+    void setPhase(ScanPhase value) { assign(state.phase, std::move(value), &AppViewModel::phaseChanged); }
+    void setSection(AppSection value) { assign(state.section, std::move(value), &AppViewModel::sectionChanged); }
+    void setTotals(ScanTotals value) { assign(state.totals, std::move(value), &AppViewModel::totalsChanged); }
+    void setCandidates(QList<CleanupCandidate> value)
+    {
+        assign(state.candidates, std::move(value), &AppViewModel::candidatesChanged);
+    }
+    void setScanProgress(double value)
+    {
+        assign(state.scanProgress, std::move(value), &AppViewModel::scanProgressChanged);
+    }
+    void setScanLabel(QString value) { assign(state.scanLabel, std::move(value), &AppViewModel::scanLabelChanged); }
+    void setCleanupReport(std::optional<CleanupReport> value) { setCleanup(std::move(value), {}); }
+    void setAiSummary(std::optional<QString> value)
+    {
+        assign(state.aiSummary, std::move(value), &AppViewModel::aiSummaryChanged);
+    }
+    void setSetupStep(int value) { assign(state.setupStep, std::move(value), &AppViewModel::setupStepChanged); }
+    void setMoveToApplicationsErrorMessage(QString value)
+    {
+        assign(state.moveToApplicationsErrorMessage, std::move(value),
+               &AppViewModel::moveToApplicationsErrorMessageChanged);
+    }
+    void setIsGeneratingAI(bool value)
+    {
+        assign(state.isGeneratingAI, std::move(value), &AppViewModel::isGeneratingAIChanged);
+    }
+
 private:
     using Signal = void (AppViewModel::*)();
 
@@ -233,6 +238,7 @@ private:
     void setCleanup(std::optional<CleanupReport> report, QList<StayedItem> stayed);
     void setMovingToTrash(bool isMoving);
     bool isSetupNeeded() const;
+    bool canBePlaced() const;
     void openCopy();
     void reportPlacementFailure(const QString &message);
 

@@ -1,5 +1,6 @@
 #include "app/AppViewModel.h"
 #include "platform/ApplicationCopier.h"
+#include "platform/Paths.h"
 
 #include <QCoreApplication>
 #include <QPointer>
@@ -9,6 +10,26 @@ namespace tidlo {
 bool AppViewModel::isSetupNeeded() const
 {
     return !environment.defaults->boolean(UserDefaults::setupCompleted);
+}
+
+/// Whether there is a bundle that can be moved, and somewhere to move it to.
+bool AppViewModel::canBePlaced() const
+{
+    const Bundle bundle = environment.bundle();
+    const FilePath &destination = environment.applicationPath;
+    const FilePath folder = destination.left(destination.lastIndexOf('/') + 1); // The slash: of a file there is none.
+    return bundle.isApplication() && environment.fileManager->fileExists(folder) &&
+           !isSameOrWithin(bundle.path, destination);
+}
+
+void AppViewModel::beginFirstRun()
+{
+    if (!isSetupNeeded())
+        return;
+    if (canBePlaced())
+        setShowMoveToApplicationsPrompt(true);
+    else
+        skipMoveToApplicationsPrompt();
 }
 
 void AppViewModel::skipMoveToApplicationsPrompt()

@@ -23,10 +23,10 @@ AppEnvironment AppTest::environment()
             .temporaryFolder = temporaryFolder};
 }
 
-AppViewModel &AppTest::model()
+OpenModel &AppTest::model()
 {
     if (!owner) {
-        owner = std::make_unique<AppViewModel>(environment());
+        owner = std::make_unique<OpenModel>(environment());
         bool isRead = false;
         const auto connection =
             QObject::connect(owner.get(), &AppViewModel::totalsChanged, [&isRead] { isRead = true; });

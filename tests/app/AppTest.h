@@ -2,6 +2,7 @@
 
 #include "app/FakeExplainer.h"
 #include "app/NotificationLog.h"
+#include "app/OpenModel.h"
 #include "fakes/FakeFileManager.h"
 #include "fakes/FakeWorkspace.h"
 #include "support/PrintQt.h"
@@ -23,7 +24,7 @@ protected:
     AppEnvironment environment();
 
     /// The state owner, made when it is first asked for, and its figures of the disk awaited.
-    AppViewModel &model();
+    OpenModel &model();
 
     /// Lets go of it, as when the window closes.
     void closeWindow() { owner.reset(); }
@@ -55,7 +56,7 @@ protected:
     const FilePath temporaryFolder = home.folder("tmp");
 
 private:
-    std::unique_ptr<AppViewModel> owner;
+    std::unique_ptr<OpenModel> owner;
 };
 
 /// A candidate of that title, selected unless it is never to be touched.

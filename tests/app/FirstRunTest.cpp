@@ -1,5 +1,3 @@
-#include "app/FirstRun.h"
-
 #include "app/AppTest.h"
 
 namespace tidlo {
@@ -16,7 +14,7 @@ protected:
     std::vector<std::string> begun()
     {
         NotificationLog log(model());
-        beginFirstRun(model());
+        model().beginFirstRun();
         return log.taken();
     }
 };

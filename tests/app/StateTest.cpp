@@ -75,7 +75,7 @@ TEST_F(State, ReadsTheDiskOfTheHomeFolder)
 
 TEST_F(State, TellsObserversOfEveryAssignmentEvenOfAnEqualValue)
 {
-    AppViewModel &model = this->model();
+    OpenModel &model = this->model();
     NotificationLog log(model);
     for (int turn = 0; turn < 2; ++turn) {
         model.setPhase(ScanPhase::results);
@@ -103,9 +103,9 @@ TEST_F(State, TellsObserversOfEveryAssignmentEvenOfAnEqualValue)
     }
 }
 
-TEST_F(State, CanBeReadAndWrittenByTheNameOfAProperty)
+TEST_F(State, CanBeReadByTheNameOfAPropertyAndWrittenWhereViewsMay)
 {
-    AppViewModel &model = this->model();
+    OpenModel &model = this->model();
 
     EXPECT_TRUE(model.setProperty("showSetupWizard", true));
     EXPECT_TRUE(model.setProperty("selectedFilter", QVariant::fromValue(std::optional(CleanupRisk::safe))));
@@ -113,6 +113,7 @@ TEST_F(State, CanBeReadAndWrittenByTheNameOfAProperty)
     EXPECT_TRUE(model.showSetupWizard());
     EXPECT_EQ(model.selectedFilter(), CleanupRisk::safe);
     EXPECT_EQ(model.property("scanLabel").toString(), QStringLiteral("Ready to scan"));
+    EXPECT_FALSE(model.setProperty("scanLabel", QStringLiteral("Label")));
 }
 
 TEST_F(State, ShowsTheCandidatesThatPassTheFilterInTheirOrder)
@@ -233,7 +234,7 @@ TEST_F(StateDeathTest, ASumThatDoesNotFitStopsTheProgram)
 
 TEST_F(StateDeathTest, AnyUseOnAnotherThreadStopsTheProgram)
 {
-    AppViewModel &model = this->model();
+    OpenModel &model = this->model();
     const std::function<void()> uses[]{
         [&] { model.phase(); },
         [&] { model.candidates(); },

@@ -8,7 +8,7 @@ UiTest::UiTest() = default;
 
 UiTest::~UiTest()
 {
-    closeApp();
+    owner.reset();
     QCoreApplication::processEvents();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
@@ -21,10 +21,10 @@ AppEnvironment UiTest::demoEnvironmentOf(const FilePath &home) const
     return environment;
 }
 
-AppViewModel &UiTest::app()
+OpenModel &UiTest::app()
 {
     if (!owner) {
-        owner = std::make_unique<AppViewModel>(environment);
+        owner = std::make_unique<OpenModel>(environment);
         bool isRead = false;
         const auto connection =
             QObject::connect(owner.get(), &AppViewModel::totalsChanged, [&isRead] { isRead = true; });

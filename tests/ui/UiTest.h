@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/OpenModel.h"
 #include "fakes/FakeFileManager.h"
 #include "fakes/FakeWorkspace.h"
 #include "support/PrintQt.h"
@@ -19,10 +20,7 @@ protected:
     ~UiTest() override;
 
     /// The state owner, made when it is first asked for, and its figures of the disk awaited and forgotten.
-    AppViewModel &app();
-
-    /// Lets go of it, as when the window closes.
-    void closeApp() { owner.reset(); }
+    OpenModel &app();
 
     /// How often \a signal of \a sender is told while \a act runs.
     template <typename Sender, typename Signal, typename Act>
@@ -44,7 +42,7 @@ protected:
 private:
     AppEnvironment demoEnvironmentOf(const FilePath &home) const;
 
-    std::unique_ptr<AppViewModel> owner;
+    std::unique_ptr<OpenModel> owner;
 };
 
 /// A candidate of that risk, selected unless it is never to be touched.

@@ -7,7 +7,6 @@ import Tidlo.Screens
 Item {
     id: root
 
-    required property AppViewModel app
     required property Findings findings
 
     implicitHeight: 86
@@ -47,7 +46,7 @@ Item {
             objectName: "moveToTrash"
             text: qsTr("Move to Trash")
             enabled: root.findings.canMove
-            onClicked: root.app.moveSelectedToTrash()
+            onClicked: root.findings.moveSelectedToTrash()
         }
     }
 }

@@ -46,38 +46,25 @@ qint64 largestOf(const QList<CleanupCandidate> &candidates)
 
 } // namespace
 
-void Findings::setApp(AppViewModel *app)
+Findings::Findings(AppViewModel &shown, QObject *parent)
+    : QAbstractListModel(parent)
+    , app(shown)
 {
-    if (app == source)
-        return;
-    if (source)
-        source->disconnect(this);
-    source = app;
-    if (source)
-        connectToSource();
-    Q_EMIT appChanged();
+    connect(&app, &AppViewModel::candidatesChanged, this, &Findings::updateRows);
+    connect(&app, &AppViewModel::candidatesChanged, this, &Findings::selectionChanged);
+    connect(&app, &AppViewModel::isMovingToTrashChanged, this, &Findings::selectionChanged);
+    connect(&app, &AppViewModel::selectedFilterChanged, this, &Findings::updateRows);
+    connect(&app, &AppViewModel::selectedFilterChanged, this, &Findings::filterChanged);
+    connect(&app, &AppViewModel::totalsChanged, this, &Findings::headlineChanged);
+    connect(&app, &AppViewModel::aiSummaryChanged, this, &Findings::summaryChanged);
+    connect(&app, &AppViewModel::isGeneratingAIChanged, this, &Findings::isExplainingChanged);
     updateRows();
-    Q_EMIT headlineChanged();
-    Q_EMIT selectionChanged();
-    Q_EMIT filterChanged();
-    Q_EMIT summaryChanged();
-}
-
-void Findings::connectToSource()
-{
-    connect(source, &AppViewModel::candidatesChanged, this, &Findings::updateRows);
-    connect(source, &AppViewModel::candidatesChanged, this, &Findings::selectionChanged);
-    connect(source, &AppViewModel::isMovingToTrashChanged, this, &Findings::selectionChanged);
-    connect(source, &AppViewModel::selectedFilterChanged, this, &Findings::updateRows);
-    connect(source, &AppViewModel::selectedFilterChanged, this, &Findings::filterChanged);
-    connect(source, &AppViewModel::totalsChanged, this, &Findings::headlineChanged);
-    connect(source, &AppViewModel::aiSummaryChanged, this, &Findings::summaryChanged);
 }
 
 void Findings::updateRows()
 {
-    const QList<CleanupCandidate> visible = source ? source->visibleCandidates() : QList<CleanupCandidate>();
-    maxBytes = source ? largestOf(source->candidates()) : 1;
+    const QList<CleanupCandidate> visible = app.visibleCandidates();
+    maxBytes = largestOf(app.candidates());
     if (areTheSame(visible, rows)) {
         rows = visible;
         if (!rows.isEmpty())
@@ -92,37 +79,35 @@ void Findings::updateRows()
 
 QString Findings::headline() const
 {
-    const qint64 total = source ? source->totals().totalBytes : 0;
-    return QStringLiteral("AI-assisted results — %1 found").arg(byteCountText(total));
+    return QStringLiteral("AI-assisted results — %1 found").arg(byteCountText(app.totals().totalBytes));
 }
 
 QString Findings::selectionText() const
 {
-    return QStringLiteral("%1 selected").arg(byteCountText(source ? source->selectedBytes() : 0));
+    return QStringLiteral("%1 selected").arg(byteCountText(app.selectedBytes()));
 }
 
 bool Findings::canMove() const
 {
-    return source && !source->isMovingToTrash() && !source->selectedCandidates().isEmpty();
+    return !app.isMovingToTrash() && !app.selectedCandidates().isEmpty();
 }
 
 Findings::Filter Findings::filter() const
 {
-    const std::optional<CleanupRisk> risk = source ? source->selectedFilter() : std::nullopt;
-    const auto row = std::ranges::find(filters, risk, &FilterRow::risk);
+    const auto row = std::ranges::find(filters, app.selectedFilter(), &FilterRow::risk);
     return row == filters.end() ? Filter::Other : row->filter;
 }
 
 void Findings::setFilter(Filter filter)
 {
     const auto row = std::ranges::find(filters, filter, &FilterRow::filter);
-    if (source && row != filters.end())
-        source->setSelectedFilter(row->risk);
+    if (row != filters.end())
+        app.setSelectedFilter(row->risk);
 }
 
 QString Findings::wholeSummary() const
 {
-    return source ? source->aiSummary().value_or(QString()) : QString();
+    return app.aiSummary().value_or(QString());
 }
 
 QString Findings::summary() const
@@ -205,19 +190,13 @@ QHash<int, QByteArray> Findings::roleNames() const
 
 void Findings::toggle(int row)
 {
-    if (source && row >= 0 && row < count())
-        source->toggleCandidate(CleanupCandidate(rows.at(row))); // A copy: the toggle changes the rows.
+    if (row >= 0 && row < count())
+        app.toggleCandidate(CleanupCandidate(rows.at(row))); // A copy: the toggle changes the rows.
 }
 
 QUuid Findings::candidateAt(int row) const
 {
     return row >= 0 && row < count() ? rows.at(row).id : QUuid();
-}
-
-void Findings::viewReport()
-{
-    if (source)
-        source->viewReport();
 }
 
 } // namespace tidlo

@@ -3,7 +3,6 @@
 #include "app/AppViewModel.h"
 
 #include <QAbstractListModel>
-#include <QPointer>
 #include <QtQml/qqmlregistration.h>
 
 namespace tidlo {
@@ -14,13 +13,14 @@ class Findings : public QAbstractListModel
 {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(AppViewModel *app READ app WRITE setApp NOTIFY appChanged REQUIRED)
+    QML_UNCREATABLE("It is made with the state that it shows.")
     Q_PROPERTY(QString headline READ headline NOTIFY headlineChanged)
     Q_PROPERTY(QString selectionText READ selectionText NOTIFY selectionChanged)
     Q_PROPERTY(bool canMove READ canMove NOTIFY selectionChanged)
     Q_PROPERTY(Filter filter READ filter WRITE setFilter NOTIFY filterChanged)
     Q_PROPERTY(QString summary READ summary NOTIFY summaryChanged)
     Q_PROPERTY(QString summaryRest READ summaryRest NOTIFY summaryChanged)
+    Q_PROPERTY(bool isExplaining READ isExplaining NOTIFY isExplainingChanged)
     Q_PROPERTY(int count READ count NOTIFY countChanged)
 
 public:
@@ -42,14 +42,15 @@ public:
         ToggleableRole,
     };
 
-    AppViewModel *app() const { return source; }
-    void setApp(AppViewModel *app);
+    /// \a app must outlive it.
+    explicit Findings(AppViewModel &app, QObject *parent = nullptr);
 
     QString headline() const;
     QString selectionText() const;
     bool canMove() const; ///< Whether something is selected and no cleanup is under way.
     Filter filter() const;
     void setFilter(Filter filter);
+    bool isExplaining() const { return app.isGeneratingAI(); } ///< An explanation is awaited.
     QString summary() const;     ///< The first 4,000 characters of the explanation; empty if there is none.
     QString summaryRest() const; ///< How many more there are, as a sentence; empty if there are none.
     int count() const { return static_cast<int>(rows.size()); }
@@ -67,23 +68,23 @@ public:
     /// Puts the whole explanation on the clipboard, as it would be shown.
     Q_INVOKABLE void copySummary() const;
 
-    /// Shows the report of what has been, or would be, moved.
-    Q_INVOKABLE void viewReport();
+    /// As AppViewModel has them.
+    Q_INVOKABLE void viewReport() { app.viewReport(); }
+    Q_INVOKABLE void moveSelectedToTrash() { app.moveSelectedToTrash(); }
 
 Q_SIGNALS:
-    void appChanged();
     void headlineChanged();
     void selectionChanged();
     void filterChanged();
     void summaryChanged();
+    void isExplainingChanged();
     void countChanged();
 
 private:
-    void connectToSource();
     void updateRows();
     QString wholeSummary() const;
 
-    QPointer<AppViewModel> source;
+    AppViewModel &app;
     QList<CleanupCandidate> rows;
     qint64 maxBytes = 1; ///< Of all candidates, whether or not they pass the filter.
 };

@@ -11,10 +11,10 @@ namespace tidlo {
 
 void FoundItems::inspect(const QUuid &id)
 {
-    const QList<CleanupCandidate> candidates = app() ? app()->candidates() : QList<CleanupCandidate>();
+    const QList<CleanupCandidate> candidates = shownApp().candidates();
     const auto found = std::ranges::find(candidates, id, &CleanupCandidate::id);
     const CleanupCandidate candidate = found == candidates.end() ? CleanupCandidate() : *found;
-    sizes = app() ? app()->sizesOf(candidate.id) : QList<qint64>();
+    sizes = shownApp().sizesOf(candidate.id);
     sizes.resize(candidate.paths.size());
     show(visibleText(candidate.title), candidate.paths);
 }

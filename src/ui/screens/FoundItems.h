@@ -9,6 +9,7 @@ class FoundItems : public ItemList
 {
     Q_OBJECT
     QML_ELEMENT
+    QML_UNCREATABLE("It is made with the state that it shows.")
     Q_PROPERTY(bool largestFirst READ isLargestFirst WRITE setLargestFirst NOTIFY orderChanged)
 
 public:

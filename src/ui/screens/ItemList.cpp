@@ -24,8 +24,9 @@ QList<QByteArray> searchableTexts(const QList<FilePath> &paths, const std::stop_
 
 } // namespace
 
-ItemList::ItemList(QObject *parent)
+ItemList::ItemList(AppViewModel &shown, QObject *parent)
     : QAbstractListModel(parent)
+    , app(shown)
 {
     connect(&preparation, &QFutureWatcherBase::finished, this, [this] { searchables = preparation.result(); });
 }
@@ -33,12 +34,6 @@ ItemList::ItemList(QObject *parent)
 ItemList::~ItemList()
 {
     preparationStop.request_stop();
-}
-
-void ItemList::setApp(AppViewModel *app)
-{
-    source = app;
-    Q_EMIT appChanged();
 }
 
 void ItemList::clear()
@@ -128,8 +123,8 @@ const FilePath *ItemList::pathAt(int row) const
 void ItemList::showInFiles(int row)
 {
     const FilePath *path = pathAt(row);
-    if (source && path)
-        source->workspace().showInFiles(*path);
+    if (path)
+        app.workspace().showInFiles(*path);
 }
 
 void ItemList::copyPath(int row)

@@ -4,7 +4,6 @@
 
 #include <QAbstractListModel>
 #include <QFutureWatcher>
-#include <QPointer>
 #include <QtQml/qqmlregistration.h>
 
 namespace tidlo {
@@ -17,7 +16,6 @@ class ItemList : public QAbstractListModel
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("It is what lists of items have in common.")
-    Q_PROPERTY(AppViewModel *app READ app WRITE setApp NOTIFY appChanged REQUIRED)
     Q_PROPERTY(QString title READ title NOTIFY shownChanged)
     Q_PROPERTY(QString summary READ summary NOTIFY shownChanged)
     /// Only paths that contain it are shown, whatever the case of their letters.
@@ -30,11 +28,10 @@ public:
         DetailRole,
     };
 
-    explicit ItemList(QObject *parent = nullptr);
+    /// \a app must outlive it.
+    explicit ItemList(AppViewModel &app, QObject *parent = nullptr);
     ~ItemList() override;
 
-    AppViewModel *app() const { return source; }
-    void setApp(AppViewModel *app);
     QString title() const { return shownTitle; }
     virtual QString summary() const = 0; ///< Of all items, whatever is searched for.
     QString filter() const { return wanted; }
@@ -55,12 +52,13 @@ public:
     Q_INVOKABLE void copyPath(int row);
 
 Q_SIGNALS:
-    void appChanged();
     void shownChanged();
     void filterChanged();
     void countChanged();
 
 protected:
+    const AppViewModel &shownApp() const { return app; }
+
     /// Shows other items from now on, and begins without a search.
     void show(const QString &title, const QList<FilePath> &list);
     /// Makes the rows anew.
@@ -76,7 +74,7 @@ private:
     void prepareSearch();
     const FilePath *pathAt(int row) const;
 
-    QPointer<AppViewModel> source;
+    AppViewModel &app;
     QString shownTitle;
     QString wanted;
     QList<FilePath> paths;

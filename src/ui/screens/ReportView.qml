@@ -8,27 +8,16 @@ import Tidlo.Screens
 Item {
     id: root
 
-    required property AppViewModel app
+    required property ShownReport report
+    required property StayedItems items
     /// Of the window's corners.
     property double cornerRadius: 0
 
     function showMenu(x: double, y: double, byKeys: bool) {
-        if (!report.hasStayed)
+        if (!root.report.hasStayed)
             return;
         menu.popup(root, x, y);
         menu.currentIndex = byKeys ? 0 : -1;
-    }
-
-    ShownReport {
-        id: report
-
-        app: root.app
-    }
-
-    StayedItems {
-        id: items
-
-        app: root.app
     }
 
     TapHandler {
@@ -75,7 +64,7 @@ Item {
 
             ReportHero {
                 Layout.fillWidth: true
-                report: report
+                report: root.report
             }
             GridLayout {
                 Layout.fillWidth: true
@@ -84,13 +73,13 @@ Item {
                 rowSpacing: 14
 
                 Repeater {
-                    model: report.figures.length // So that a tile that changes stays.
+                    model: root.report.figures.length // So that a tile that changes stays.
 
                     ReportTile {
                         id: tile
 
                         required property int index
-                        readonly property reportFigure figure: report.figures[tile.index]
+                        readonly property reportFigure figure: root.report.figures[tile.index]
 
                         Layout.fillWidth: true
                         Layout.preferredWidth: 1
@@ -133,7 +122,7 @@ Item {
         onClosed: {
             if (!menu.chosen)
                 return;
-            items.inspect();
+            root.items.inspect();
             sheet.open();
         }
 
@@ -149,12 +138,12 @@ Item {
 
         objectName: "stayedSheet"
         windowRadius: root.cornerRadius
-        title: items.title
-        onClosed: items.clear()
+        title: root.items.title
+        onClosed: root.items.clear()
 
         contentItem: ItemsView {
             focus: true
-            items: items
+            items: root.items
             detailBeneath: true
             onDone: sheet.close()
         }

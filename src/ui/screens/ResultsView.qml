@@ -7,33 +7,22 @@ import Tidlo.Screens
 Item {
     id: root
 
-    required property AppViewModel app
+    required property Findings findings
+    required property FoundItems items
     /// Of the window's corners.
     property double cornerRadius: 0
-
-    Findings {
-        id: findings
-
-        app: root.app
-    }
-
-    FoundItems {
-        id: items
-
-        app: root.app
-    }
 
     HeaderRow {
         id: header
 
         anchors.left: parent.left
         anchors.right: parent.right
-        title: findings.headline
+        title: root.findings.headline
 
         FilterChips {
             id: chips
 
-            findings: findings
+            findings: root.findings
             Keys.onDownPressed: if (rows.count > 0) rows.itemAt(0).forceActiveFocus(Qt.TabFocusReason)
         }
     }
@@ -63,20 +52,20 @@ Item {
             AILoadingCard {
                 objectName: "loadingCard"
                 width: parent.width
-                visible: root.app.isGeneratingAI
+                visible: root.findings.isExplaining
             }
             AISummaryCard {
                 objectName: "summaryCard"
                 width: parent.width
-                visible: !root.app.isGeneratingAI && findings.summary !== ""
-                summary: findings.summary
-                rest: findings.summaryRest
-                onWholeCopied: findings.copySummary()
+                visible: !root.findings.isExplaining && root.findings.summary !== ""
+                summary: root.findings.summary
+                rest: root.findings.summaryRest
+                onWholeCopied: root.findings.copySummary()
             }
             Repeater {
                 id: rows
 
-                model: findings
+                model: root.findings
 
                 CandidateRow {
                     id: row
@@ -91,10 +80,10 @@ Item {
 
                     objectName: "row" + row.index
                     width: column.width
-                    onClicked: findings.toggle(row.index)
+                    onClicked: root.findings.toggle(row.index)
                     onMenuAsked: (x, y, byKeys) => menu.showFor(row, x, y, byKeys)
                     onInspected: {
-                        items.inspect(findings.candidateAt(row.index));
+                        root.items.inspect(root.findings.candidateAt(row.index));
                         sheet.open();
                     }
                     Keys.onDownPressed: row.goTo(row.index + 1)
@@ -137,8 +126,7 @@ Item {
         anchors.bottom: parent.bottom
         anchors.left: parent.left
         anchors.right: parent.right
-        app: root.app
-        findings: findings
+        findings: root.findings
     }
 
     Sheet {
@@ -146,19 +134,19 @@ Item {
 
         objectName: "itemsSheet"
         windowRadius: root.cornerRadius
-        title: items.title
-        onClosed: items.clear()
+        title: root.items.title
+        onClosed: root.items.clear()
 
         contentItem: ItemsView {
             focus: true
-            items: items
+            items: root.items
             onDone: sheet.close()
 
             tools: ToggleChip {
                 objectName: "largestFirst"
                 text: qsTr("Largest first")
-                selected: items.largestFirst
-                onClicked: items.largestFirst = !items.largestFirst
+                selected: root.items.largestFirst
+                onClicked: root.items.largestFirst = !root.items.largestFirst
             }
         }
     }

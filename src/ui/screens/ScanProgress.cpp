@@ -44,22 +44,18 @@ QString PipelineStep::state() const
     return active ? QStringLiteral("under way") : QStringLiteral("waiting");
 }
 
-void ScanProgress::setApp(AppViewModel *app)
+ScanProgress::ScanProgress(AppViewModel &shown, QObject *parent)
+    : QObject(parent)
+    , app(shown)
 {
-    if (app == source)
-        return;
-    if (source)
-        source->disconnect(this);
-    source = app;
-    if (source)
-        connect(source, &AppViewModel::scanProgressChanged, this, &ScanProgress::update);
-    Q_EMIT appChanged();
+    connect(&app, &AppViewModel::scanProgressChanged, this, &ScanProgress::update);
+    connect(&app, &AppViewModel::scanLabelChanged, this, &ScanProgress::labelChanged);
     update();
 }
 
 QString ScanProgress::percentText() const
 {
-    return tidloPercent(source ? source->scanProgress() : 0);
+    return tidloPercent(fraction());
 }
 
 QList<PipelineStep> ScanProgress::stepsAt(double progress)
@@ -77,7 +73,7 @@ QList<PipelineStep> ScanProgress::stepsAt(double progress)
 void ScanProgress::update()
 {
     Q_EMIT progressChanged();
-    const QList<PipelineStep> steps = stepsAt(source ? source->scanProgress() : 0);
+    const QList<PipelineStep> steps = stepsAt(fraction());
     if (steps == shownSteps)
         return;
     shownSteps = steps;

@@ -2,7 +2,6 @@
 
 #include "app/AppViewModel.h"
 
-#include <QPointer>
 #include <QtQml/qqmlregistration.h>
 
 namespace tidlo {
@@ -36,13 +35,18 @@ class ScanProgress : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(AppViewModel *app READ app WRITE setApp NOTIFY appChanged REQUIRED)
+    QML_UNCREATABLE("It is made with the state that it shows.")
+    Q_PROPERTY(double fraction READ fraction NOTIFY progressChanged)
+    Q_PROPERTY(QString label READ label NOTIFY labelChanged)
     Q_PROPERTY(QString percentText READ percentText NOTIFY progressChanged)
     Q_PROPERTY(QList<PipelineStep> steps READ steps NOTIFY stepsChanged)
 
 public:
-    AppViewModel *app() const { return source; }
-    void setApp(AppViewModel *app);
+    /// \a app must outlive it.
+    explicit ScanProgress(AppViewModel &app, QObject *parent = nullptr);
+
+    double fraction() const { return app.scanProgress(); }
+    QString label() const { return app.scanLabel(); }
     QString percentText() const;
     QList<PipelineStep> steps() const { return shownSteps; }
 
@@ -50,14 +54,14 @@ public:
     static QList<PipelineStep> stepsAt(double progress);
 
 Q_SIGNALS:
-    void appChanged();
     void progressChanged();
+    void labelChanged();
     void stepsChanged(); ///< One of them became active or complete.
 
 private:
     void update();
 
-    QPointer<AppViewModel> source;
+    AppViewModel &app;
     QList<PipelineStep> shownSteps = stepsAt(0);
 };
 

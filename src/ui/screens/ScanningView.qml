@@ -6,15 +6,9 @@ import Tidlo.Screens
 Item {
     id: root
 
-    required property AppViewModel app
+    required property ScanProgress progress
     /// The card and the list stand side by side where both have room, else one above the other.
     readonly property bool isWide: body.width >= 420 + 14 + 430
-
-    ScanProgress {
-        id: progress
-
-        app: root.app
-    }
 
     HeaderRow {
         id: header
@@ -24,7 +18,7 @@ Item {
         title: qsTr("Scanning your Mac")
 
         DigitText {
-            text: progress.percentText
+            text: root.progress.percentText
             font: TidloType.bodyStrong
         }
     }
@@ -52,14 +46,14 @@ Item {
             ScanProgressCard {
                 objectName: "progressCard"
                 width: Math.min(420, body.width)
-                progress: root.app.scanProgress
-                percentText: progress.percentText
-                label: root.app.scanLabel
+                progress: root.progress.fraction
+                percentText: root.progress.percentText
+                label: root.progress.label
             }
             ScanPipelineCard {
                 objectName: "pipelineCard"
                 width: root.isWide ? 430 : Math.min(420, body.width)
-                steps: progress.steps
+                steps: root.progress.steps
             }
         }
     }

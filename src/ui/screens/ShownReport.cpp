@@ -7,20 +7,13 @@
 
 namespace tidlo {
 
-void ShownReport::setApp(AppViewModel *app)
+ShownReport::ShownReport(AppViewModel &shown, QObject *parent)
+    : QObject(parent)
+    , app(shown)
 {
-    if (app == source)
-        return;
-    if (source)
-        source->disconnect(this);
-    source = app;
-    if (source) {
-        connect(source, &AppViewModel::cleanupReportChanged, this, &ShownReport::changed);
-        connect(source, &AppViewModel::candidatesChanged, this, &ShownReport::changed);
-        connect(source, &AppViewModel::totalsChanged, this, &ShownReport::changed);
-    }
-    Q_EMIT appChanged();
-    Q_EMIT changed();
+    connect(&app, &AppViewModel::cleanupReportChanged, this, &ShownReport::changed);
+    connect(&app, &AppViewModel::candidatesChanged, this, &ShownReport::changed);
+    connect(&app, &AppViewModel::totalsChanged, this, &ShownReport::changed);
 }
 
 CleanupReport ShownReport::reportOf(const AppViewModel &app)
@@ -38,22 +31,22 @@ CleanupReport ShownReport::reportOf(const AppViewModel &app)
 
 QString ShownReport::recoveredText() const
 {
-    return byteCountText(report().recoveredBytes);
+    return byteCountText(reportOf(app).recoveredBytes);
 }
 
 QString ShownReport::diskText() const
 {
-    return QStringLiteral("Disk now %1 full").arg(tidloPercent(report().finalDiskUsedPercent));
+    return QStringLiteral("Disk now %1 full").arg(tidloPercent(reportOf(app).finalDiskUsedPercent));
 }
 
 bool ShownReport::hasStayed() const
 {
-    return source && !source->stayed().isEmpty();
+    return !app.stayed().isEmpty();
 }
 
 double ShownReport::freeShare() const
 {
-    return std::max(1 - report().finalDiskUsedPercent, 0.01);
+    return std::max(1 - reportOf(app).finalDiskUsedPercent, 0.01);
 }
 
 QString ShownReport::freeText() const
@@ -63,14 +56,14 @@ QString ShownReport::freeText() const
 
 QList<ReportFigure> ShownReport::figures() const
 {
-    const CleanupReport shown = report();
+    const CleanupReport shown = reportOf(app);
     return {
         {.title = QStringLiteral("PROJECT FILES"),
-         .value = byteCountText(categoryBytes(CleanupCategory::devProjects)),
+         .value = byteCountText(app.categoryBytes(CleanupCategory::devProjects)),
          .detail = QStringLiteral("Source code kept intact"),
          .color = QStringLiteral("blue")},
         {.title = QStringLiteral("WHATSAPP"),
-         .value = byteCountText(categoryBytes(CleanupCategory::whatsApp)),
+         .value = byteCountText(app.categoryBytes(CleanupCategory::whatsApp)),
          .detail = QStringLiteral("Chat database protected"),
          .color = QStringLiteral("green")},
         {.title = QStringLiteral("FILES REMOVED"),

@@ -2,7 +2,6 @@
 
 #include "app/AppViewModel.h"
 
-#include <QPointer>
 #include <QtQml/qqmlregistration.h>
 
 namespace tidlo {
@@ -32,7 +31,7 @@ class ShownReport : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(AppViewModel *app READ app WRITE setApp NOTIFY appChanged REQUIRED)
+    QML_UNCREATABLE("It is made with the state that it shows.")
     Q_PROPERTY(QString recoveredText READ recoveredText NOTIFY changed)
     Q_PROPERTY(QString diskText READ diskText NOTIFY changed)
     Q_PROPERTY(double freeShare READ freeShare NOTIFY changed)
@@ -41,8 +40,8 @@ class ShownReport : public QObject
     Q_PROPERTY(bool hasStayed READ hasStayed NOTIFY changed)
 
 public:
-    AppViewModel *app() const { return source; }
-    void setApp(AppViewModel *app);
+    /// \a app must outlive it.
+    explicit ShownReport(AppViewModel &app, QObject *parent = nullptr);
 
     /// The report as \a app has it, or a preview made of the selection.
     static CleanupReport reportOf(const AppViewModel &app);
@@ -55,14 +54,10 @@ public:
     bool hasStayed() const; ///< Whether the cleanup left something where it was.
 
 Q_SIGNALS:
-    void appChanged();
     void changed();
 
 private:
-    CleanupReport report() const { return source ? reportOf(*source) : CleanupReport(); }
-    qint64 categoryBytes(CleanupCategory category) const { return source ? source->categoryBytes(category) : 0; }
-
-    QPointer<AppViewModel> source;
+    AppViewModel &app;
 };
 
 } // namespace tidlo

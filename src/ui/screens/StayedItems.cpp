@@ -8,7 +8,7 @@ void StayedItems::inspect()
 {
     QList<FilePath> paths;
     reasons.clear();
-    for (const StayedItem &item : app() ? app()->stayed() : QList<StayedItem>()) {
+    for (const StayedItem &item : shownApp().stayed()) {
         paths.append(item.path);
         reasons.append(visibleText(item.reason));
     }

@@ -9,6 +9,7 @@ class StayedItems : public ItemList
 {
     Q_OBJECT
     QML_ELEMENT
+    QML_UNCREATABLE("It is made with the state that it shows.")
 
 public:
     using ItemList::ItemList;

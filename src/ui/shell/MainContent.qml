@@ -6,23 +6,21 @@ import Tidlo.Shell
 FocusScope {
     id: root
 
-    required property AppViewModel app
-    required property Preferences preferences
-    required property Navigation navigation
+    required property ShownState shown
     /// Of the window's corners.
     property double cornerRadius: 0
 
     KeptScreen {
         id: scanningScreen
 
-        isShown: root.navigation.screen === Navigation.Scanning
+        isShown: root.shown.navigation.screen === Navigation.Scanning
         sourceComponent: scanning
     }
 
     KeptScreen {
         id: resultsScreen
 
-        isShown: root.navigation.screen === Navigation.Results
+        isShown: root.shown.navigation.screen === Navigation.Results
         sourceComponent: results
     }
 
@@ -30,7 +28,7 @@ FocusScope {
         anchors.fill: parent
         focus: !scanningScreen.isShown && !resultsScreen.isShown
         sourceComponent: {
-            switch (root.navigation.screen) {
+            switch (root.shown.navigation.screen) {
             case Navigation.Scanning:
             case Navigation.Results:
                 return null;
@@ -48,31 +46,33 @@ FocusScope {
     // qmllint disable unqualified
     Component {
         id: landing
-        ScanLandingView { app: root.app }
+        ScanLandingView { app: root.shown.app }
     }
     Component {
         id: scanning
-        ScanningView { app: root.app }
+        ScanningView { progress: root.shown.progress }
     }
     Component {
         id: results
         ResultsView {
-            app: root.app
+            findings: root.shown.findings
+            items: root.shown.foundItems
             cornerRadius: root.cornerRadius
         }
     }
     Component {
         id: report
         ReportView {
-            app: root.app
+            report: root.shown.report
+            items: root.shown.stayedItems
             cornerRadius: root.cornerRadius
         }
     }
     Component {
         id: settings
         SettingsView {
-            app: root.app
-            preferences: root.preferences
+            app: root.shown.app
+            preferences: root.shown.preferences
             cornerRadius: root.cornerRadius
         }
     }

@@ -24,19 +24,12 @@ constexpr std::array rows{
 
 } // namespace
 
-void Navigation::setApp(AppViewModel *app)
+Navigation::Navigation(AppViewModel &shown, QObject *parent)
+    : QObject(parent)
+    , app(shown)
 {
-    if (app == source)
-        return;
-    if (source)
-        source->disconnect(this);
-    source = app;
-    if (source) {
-        connect(source, &AppViewModel::sectionChanged, this, &Navigation::changed);
-        connect(source, &AppViewModel::phaseChanged, this, &Navigation::changed);
-    }
-    Q_EMIT appChanged();
-    Q_EMIT changed();
+    connect(&app, &AppViewModel::sectionChanged, this, &Navigation::changed);
+    connect(&app, &AppViewModel::phaseChanged, this, &Navigation::changed);
 }
 
 QList<RailItem> Navigation::rail()
@@ -49,22 +42,20 @@ QList<RailItem> Navigation::rail()
 
 int Navigation::activeItem() const
 {
-    const AppSection section = source ? source->section() : AppSection::scan;
-    return static_cast<int>(std::ranges::find(rows, section, &RailRow::section) - rows.begin());
+    return static_cast<int>(std::ranges::find(rows, app.section(), &RailRow::section) - rows.begin());
 }
 
 Navigation::Screen Navigation::screen() const
 {
     const Screen screen = rows[static_cast<size_t>(activeItem())].screen;
-    const bool isScanning = source && source->phase() == ScanPhase::scanning;
+    const bool isScanning = app.phase() == ScanPhase::scanning;
     return screen == Screen::Landing && isScanning ? Screen::Scanning : screen;
 }
 
 void Navigation::press(int item)
 {
-    if (!source || item < 0 || item >= static_cast<int>(rows.size()))
-        return;
-    source->openSection(rows[static_cast<size_t>(item)].section);
+    if (item >= 0 && item < static_cast<int>(rows.size()))
+        app.openSection(rows[static_cast<size_t>(item)].section);
 }
 
 } // namespace tidlo

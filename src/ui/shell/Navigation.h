@@ -2,7 +2,6 @@
 
 #include "app/AppViewModel.h"
 
-#include <QPointer>
 #include <QtQml/qqmlregistration.h>
 
 namespace tidlo {
@@ -25,7 +24,7 @@ class Navigation : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(AppViewModel *app READ app WRITE setApp NOTIFY appChanged REQUIRED)
+    QML_UNCREATABLE("It is made with the state that it shows.")
     Q_PROPERTY(QList<RailItem> rail READ rail CONSTANT)
     Q_PROPERTY(int activeItem READ activeItem NOTIFY changed)
     Q_PROPERTY(Screen screen READ screen NOTIFY changed)
@@ -34,8 +33,8 @@ public:
     enum class Screen { Landing, Scanning, Results, Report, Settings };
     Q_ENUM(Screen)
 
-    AppViewModel *app() const { return source; }
-    void setApp(AppViewModel *app);
+    /// \a app must outlive it.
+    explicit Navigation(AppViewModel &app, QObject *parent = nullptr);
 
     static QList<RailItem> rail();
     int activeItem() const; ///< Its place in the rail.
@@ -45,11 +44,10 @@ public:
     Q_INVOKABLE void press(int item);
 
 Q_SIGNALS:
-    void appChanged();
     void changed();
 
 private:
-    QPointer<AppViewModel> source;
+    AppViewModel &app;
 };
 
 } // namespace tidlo

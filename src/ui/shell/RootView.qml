@@ -8,8 +8,7 @@ import Tidlo.Shell
 FocusScope {
     id: root
 
-    required property AppViewModel app
-    required property Preferences preferences
+    required property ShownState shown
     /// Of the window's corners.
     property double cornerRadius: 0
     readonly property alias chrome: chrome
@@ -18,13 +17,7 @@ FocusScope {
     Binding {
         target: TidloTheme
         property: "preference"
-        value: root.preferences.theme
-    }
-
-    Navigation {
-        id: navigation
-
-        app: root.app
+        value: root.shown.preferences.theme
     }
 
     ContinuousRectangle {
@@ -47,7 +40,7 @@ FocusScope {
         anchors.top: parent.top
         anchors.left: parent.left
         anchors.right: parent.right
-        onThemeSwitched: root.preferences.theme = TidloTheme.nextPreference
+        onThemeSwitched: root.shown.preferences.theme = TidloTheme.nextPreference
     }
 
     ContinuousRectangle {
@@ -64,7 +57,7 @@ FocusScope {
         anchors.top: topBar.bottom
         anchors.bottom: parent.bottom
         anchors.left: parent.left
-        navigation: navigation
+        navigation: root.shown.navigation
     }
 
     StorageSidebar {
@@ -74,7 +67,7 @@ FocusScope {
         anchors.top: topBar.bottom
         anchors.bottom: parent.bottom
         anchors.left: rail.right
-        app: root.app
+        figures: root.shown.storage
     }
 
     Divider {
@@ -94,9 +87,7 @@ FocusScope {
         anchors.left: divider.right
         anchors.right: parent.right
         focus: true
-        app: root.app
-        preferences: root.preferences
-        navigation: navigation
+        shown: root.shown
         cornerRadius: root.cornerRadius
     }
 
@@ -115,37 +106,37 @@ FocusScope {
 
     Alert {
         objectName: "moveAlert"
-        visible: root.app.showMoveToApplicationsPrompt
+        visible: root.shown.app.showMoveToApplicationsPrompt
         windowRadius: root.cornerRadius
         title: qsTr("Move Tidlo to Applications?")
         message: qsTr("Tidlo is running outside your Applications folder. Move it there so it appears in Launchpad and works like a normal Mac app.")
         defaultText: qsTr("Move to Applications")
         cancelText: qsTr("Not now")
-        onClosed: root.app.showMoveToApplicationsPrompt = false
-        onAccepted: root.app.moveToApplicationsFolder()
-        onRejected: root.app.skipMoveToApplicationsPrompt()
+        onClosed: root.shown.app.showMoveToApplicationsPrompt = false
+        onAccepted: root.shown.app.moveToApplicationsFolder()
+        onRejected: root.shown.app.skipMoveToApplicationsPrompt()
     }
 
     Alert {
         objectName: "moveErrorAlert"
-        visible: root.app.showMoveToApplicationsError
+        visible: root.shown.app.showMoveToApplicationsError
         windowRadius: root.cornerRadius
         title: qsTr("Could not move Tidlo")
-        message: root.app.moveToApplicationsErrorMessage
+        message: root.shown.app.moveToApplicationsErrorMessage
         defaultText: qsTr("OK")
-        onClosed: root.app.showMoveToApplicationsError = false
+        onClosed: root.shown.app.showMoveToApplicationsError = false
     }
 
     Sheet {
         objectName: "setupSheet"
-        visible: root.app.showSetupWizard && !root.app.showMoveToApplicationsError // One after the other.
+        visible: root.shown.app.showSetupWizard && !root.shown.app.showMoveToApplicationsError // One after the other.
         windowRadius: root.cornerRadius
         title: qsTr("Tidlo setup")
 
         contentItem: SetupWizardView {
             focus: true
-            app: root.app
-            preferences: root.preferences
+            app: root.shown.app
+            preferences: root.shown.preferences
         }
     }
 }

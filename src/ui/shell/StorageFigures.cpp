@@ -25,19 +25,12 @@ CategoryFigure figureOf(CleanupCategory category, qint64 bytes)
 
 } // namespace
 
-void StorageFigures::setApp(AppViewModel *app)
+StorageFigures::StorageFigures(AppViewModel &shown, QObject *parent)
+    : QObject(parent)
+    , app(shown)
 {
-    if (app == source)
-        return;
-    if (source)
-        source->disconnect(this);
-    source = app;
-    if (source) {
-        connect(source, &AppViewModel::totalsChanged, this, &StorageFigures::totalsChanged);
-        connect(source, &AppViewModel::candidatesChanged, this, &StorageFigures::updateCategories);
-    }
-    Q_EMIT appChanged();
-    Q_EMIT totalsChanged();
+    connect(&app, &AppViewModel::totalsChanged, this, &StorageFigures::totalsChanged);
+    connect(&app, &AppViewModel::candidatesChanged, this, &StorageFigures::updateCategories);
     updateCategories();
 }
 
@@ -49,7 +42,7 @@ QString StorageFigures::diskStatus() const
 
 double StorageFigures::usedShare() const
 {
-    return totals().diskUsedPercent;
+    return app.totals().diskUsedPercent;
 }
 
 QString StorageFigures::usedText() const
@@ -59,7 +52,7 @@ QString StorageFigures::usedText() const
 
 double StorageFigures::recoverableShare() const
 {
-    return totals().recoverablePercent;
+    return app.totals().recoverablePercent;
 }
 
 QString StorageFigures::recoverableText() const
@@ -71,7 +64,7 @@ void StorageFigures::updateCategories()
 {
     QList<CategoryFigure> updated;
     for (const CleanupCategory category : shownCategories)
-        updated.append(figureOf(category, source ? source->categoryBytes(category) : 0));
+        updated.append(figureOf(category, app.categoryBytes(category)));
     if (updated == figures)
         return; // Else the cards would be made anew.
     figures = updated;

@@ -2,7 +2,6 @@
 
 #include "app/AppViewModel.h"
 
-#include <QPointer>
 #include <QtQml/qqmlregistration.h>
 
 namespace tidlo {
@@ -35,7 +34,7 @@ class StorageFigures : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
-    Q_PROPERTY(AppViewModel *app READ app WRITE setApp NOTIFY appChanged REQUIRED)
+    QML_UNCREATABLE("It is made with the state that it shows.")
     Q_PROPERTY(QString diskStatus READ diskStatus NOTIFY totalsChanged)
     Q_PROPERTY(double usedShare READ usedShare NOTIFY totalsChanged)
     Q_PROPERTY(QString usedText READ usedText NOTIFY totalsChanged)
@@ -44,8 +43,8 @@ class StorageFigures : public QObject
     Q_PROPERTY(QList<CategoryFigure> categories READ categories NOTIFY categoriesChanged)
 
 public:
-    AppViewModel *app() const { return source; }
-    void setApp(AppViewModel *app);
+    /// \a app must outlive it.
+    explicit StorageFigures(AppViewModel &app, QObject *parent = nullptr);
 
     QString diskStatus() const; ///< "Ready" as long as nothing is known of the disk.
     double usedShare() const;
@@ -55,15 +54,13 @@ public:
     QList<CategoryFigure> categories() const { return figures; }
 
 Q_SIGNALS:
-    void appChanged();
     void totalsChanged();
     void categoriesChanged(); ///< One of the figures is another.
 
 private:
-    ScanTotals totals() const { return source ? source->totals() : ScanTotals(); }
     void updateCategories();
 
-    QPointer<AppViewModel> source;
+    AppViewModel &app;
     QList<CategoryFigure> figures;
 };
 

@@ -9,16 +9,10 @@ import Tidlo.Shell
 Rectangle {
     id: root
 
-    required property AppViewModel app
+    required property StorageFigures figures
 
     implicitWidth: 330
     color: TidloTheme.sidebarBackground
-
-    StorageFigures {
-        id: figures
-
-        app: root.app
-    }
 
     ScrollArea {
         objectName: "storage"
@@ -55,7 +49,7 @@ Rectangle {
                 }
                 TidloText {
                     objectName: "diskStatus"
-                    text: figures.diskStatus
+                    text: root.figures.diskStatus
                     font: TidloType.bodyStrong
                     color: TidloTheme.red
                 }
@@ -72,8 +66,8 @@ Rectangle {
                     ringName: "diskRing"
                     title: qsTr("Disk")
                     subtitle: qsTr("Macintosh HD usage")
-                    value: figures.usedShare
-                    valueText: figures.usedText
+                    value: root.figures.usedShare
+                    valueText: root.figures.usedText
                     label: qsTr("USED")
                     metricColor: TidloTheme.red
                 }
@@ -82,8 +76,8 @@ Rectangle {
                     ringName: "recoverableRing"
                     title: qsTr("Recoverable")
                     subtitle: qsTr("Estimated cleanup space")
-                    value: figures.recoverableShare
-                    valueText: figures.recoverableText
+                    value: root.figures.recoverableShare
+                    valueText: root.figures.recoverableText
                     label: qsTr("FREE")
                     metricColor: TidloTheme.green
                 }
@@ -96,13 +90,13 @@ Rectangle {
                 spacing: 8
 
                 Repeater {
-                    model: figures.categories.length // So that a category whose bytes change keeps its row.
+                    model: root.figures.categories.length // So that a category whose bytes change keeps its row.
 
                     SidebarLegendRow {
                         required property int index
 
                         Layout.fillWidth: true
-                        figure: figures.categories[index]
+                        figure: root.figures.categories[index]
                     }
                 }
             }
@@ -111,14 +105,14 @@ Rectangle {
                 opacity: TidloTheme.mixed(TidloTheme.darkness, 0.22, 0.7)
             }
             Repeater {
-                model: figures.categories.length
+                model: root.figures.categories.length
 
                 CategoryCard {
                     required property int index
 
                     objectName: "category" + index
                     Layout.fillWidth: true
-                    figure: figures.categories[index]
+                    figure: root.figures.categories[index]
                 }
             }
         }

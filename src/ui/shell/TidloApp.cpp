@@ -1,6 +1,5 @@
 #include "ui/shell/TidloApp.h"
 
-#include "app/FirstRun.h"
 #include "platform/Bundle.h"
 #include "platform/HomeFolder.h"
 #include "platform/QuitLimit.h"
@@ -15,8 +14,12 @@
 
 namespace tidlo {
 
-TidloApp::TidloApp(AppEnvironment given)
-    : environment(std::move(given))
+TidloApp::TidloApp(AppEnvironment environment)
+    : TidloApp(std::make_unique<AppViewModel>(std::move(environment)))
+{}
+
+TidloApp::TidloApp(std::unique_ptr<AppViewModel> model)
+    : app(std::move(model))
 {
     QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/logo.png")));
     useDesignSystem();
@@ -29,13 +32,12 @@ TidloApp::~TidloApp() = default;
 
 bool TidloApp::open()
 {
-    engine.setInitialProperties({{QStringLiteral("app"), QVariant::fromValue(&app)},
-                                 {QStringLiteral("preferences"), QVariant::fromValue(&preferences)},
+    engine.setInitialProperties({{QStringLiteral("shown"), QVariant::fromValue(&shown)},
                                  {QStringLiteral("screenRoom"), QGuiApplication::primaryScreen()->availableSize()}});
     engine.load(QUrl(QStringLiteral("qrc:/qt/qml/Tidlo/Shell/TidloApp.qml")));
     if (!window())
         return false;
-    beginFirstRun(app);
+    app->beginFirstRun();
     return true;
 }
 

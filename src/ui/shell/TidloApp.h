@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/AppViewModel.h"
-#include "ui/screens/Preferences.h"
+#include "ui/shell/ShownState.h"
 
 #include <QQmlApplicationEngine>
 
@@ -15,18 +15,19 @@ class TidloApp final
 public:
     /// Needs an application object. \a environment is what the state owner depends on.
     explicit TidloApp(AppEnvironment environment = {});
+    /// With a state owner that is there already.
+    explicit TidloApp(std::unique_ptr<AppViewModel> model);
     ~TidloApp();
 
     /// False if the window could not be made; what was wrong has been written to standard error.
     bool open();
 
     QQuickWindow *window() const;
-    AppViewModel &model() { return app; }
+    AppViewModel &model() { return *app; }
 
 private:
-    AppEnvironment environment;
-    Preferences preferences{*environment.defaults};
-    AppViewModel app{environment};
+    std::unique_ptr<AppViewModel> app;
+    ShownState shown{*app};
     QQmlApplicationEngine engine; ///< Last, since what it shows reads the others.
 };
 

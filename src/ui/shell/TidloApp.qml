@@ -8,8 +8,7 @@ import Tidlo.Shell
 Window {
     id: window
 
-    required property AppViewModel app
-    required property Preferences preferences
+    required property ShownState shown
     /// What the screen has for windows.
     required property size screenRoom
 
@@ -76,8 +75,7 @@ Window {
 
             anchors.fill: parent
             focus: true
-            app: window.app
-            preferences: window.preferences
+            shown: window.shown
             cornerRadius: window.cornerRadius
         }
     }

@@ -15,8 +15,6 @@ using testing::StartsWith;
 class FindingsTest : public UiTest
 {
 protected:
-    FindingsTest() { findings.setApp(&app()); }
-
     QVariant value(int row, int role) const { return findings.data(findings.index(row), role); }
     QString text(int row, int role) const { return value(row, role).toString(); }
 
@@ -29,7 +27,7 @@ protected:
         return times(findings, &QAbstractItemModel::modelReset, act);
     }
 
-    Findings findings;
+    Findings findings{app()};
 };
 
 } // namespace
@@ -294,31 +292,6 @@ TEST_F(FindingsTest, TheReportIsShownByItsSectionAndPhase)
     findings.viewReport();
     EXPECT_EQ(app().section(), AppSection::report);
     EXPECT_EQ(app().phase(), ScanPhase::report);
-}
-
-TEST_F(FindingsTest, AreEmptyWithoutAStateOwner)
-{
-    show(demoFindings());
-    findings.setApp(nullptr);
-    EXPECT_EQ(findings.rowCount(), 0);
-    EXPECT_EQ(findings.headline(), QStringLiteral("AI-assisted results — Zero KB found"));
-    EXPECT_EQ(findings.selectionText(), QStringLiteral("Zero KB selected"));
-    EXPECT_FALSE(findings.canMove());
-    findings.setFilter(Findings::Filter::Safe);
-    findings.toggle(0);
-    findings.viewReport();
-    EXPECT_EQ(app().selectedFilter(), std::nullopt);
-    EXPECT_EQ(app().section(), AppSection::scan);
-}
-
-TEST_F(FindingsTest, AreEmptyOnceTheStateOwnerIsGone)
-{
-    show(demoFindings());
-    closeApp();
-    EXPECT_EQ(findings.app(), nullptr);
-    EXPECT_FALSE(findings.canMove());
-    EXPECT_EQ(findings.selectionText(), QStringLiteral("Zero KB selected"));
-    findings.toggle(0);
 }
 
 } // namespace tidlo

@@ -16,8 +16,6 @@ using testing::ElementsAre;
 class FoundItemsTest : public UiTest
 {
 protected:
-    FoundItemsTest() { items->setApp(&app()); }
-
     /// Shows a finding of these paths. Each is as large as the number it ends in, if it does.
     void inspect(const QList<FilePath> &paths)
     {
@@ -41,7 +39,7 @@ protected:
     QStringList shownPaths() const { return column(FoundItems::PathRole); }
     QStringList shownSizes() const { return column(FoundItems::DetailRole); }
 
-    std::unique_ptr<FoundItems> items = std::make_unique<FoundItems>();
+    std::unique_ptr<FoundItems> items = std::make_unique<FoundItems>(app());
 };
 
 } // namespace
@@ -164,16 +162,6 @@ TEST_F(FoundItemsTest, AFindingThatIsNotThereHasNoItems)
     EXPECT_EQ(items->count(), 0);
 }
 
-TEST_F(FoundItemsTest, WithoutAStateOwnerThereAreNone)
-{
-    inspect({"/a/1"});
-    const QUuid id = app().candidates().constLast().id;
-    items->setApp(nullptr);
-    items->inspect(id);
-    EXPECT_EQ(items->count(), 0);
-    items->showInFiles(0);
-}
-
 TEST_F(FoundItemsTest, AnotherFindingBeginsWithoutASearch)
 {
     inspect({"/a/1", "/b/2"});
@@ -181,16 +169,6 @@ TEST_F(FoundItemsTest, AnotherFindingBeginsWithoutASearch)
     inspect({"/c/3"});
     EXPECT_EQ(items->filter(), QStringLiteral(""));
     EXPECT_THAT(shownPaths(), ElementsAre(QStringLiteral("/c/3")));
-}
-
-TEST_F(FoundItemsTest, OutliveTheStateOwner)
-{
-    inspect({"/a/1", "/b/2"});
-    closeApp();
-    EXPECT_THAT(shownSizes(), ElementsAre(QStringLiteral("1 byte"), QStringLiteral("2 bytes")));
-    items->showInFiles(0);
-    items->inspect(QUuid());
-    EXPECT_EQ(items->count(), 0);
 }
 
 TEST_F(FoundItemsTest, AHundredThousandAreShownInTheirOrder)

@@ -30,9 +30,7 @@ double justBelow(double progress)
 class ScanProgressTest : public UiTest
 {
 protected:
-    ScanProgressTest() { progress.setApp(&app()); }
-
-    ScanProgress progress;
+    ScanProgress progress{app()};
 };
 
 constexpr State pending = State::pending;
@@ -119,15 +117,6 @@ TEST_F(ScanProgressTest, TellsOfStepsOnlyWhenOneChanges)
     EXPECT_EQ(times(progress, &ScanProgress::stepsChanged, goTo(0.18)), 1);
     EXPECT_EQ(times(progress, &ScanProgress::stepsChanged, goTo(0.3)), 0);
     EXPECT_EQ(progress.steps(), ScanProgress::stepsAt(0.3));
-}
-
-TEST_F(ScanProgressTest, ShowsTheBeginningWithoutAStateOwner)
-{
-    app().setScanProgress(0.5);
-    progress.setApp(nullptr);
-    EXPECT_EQ(progress.percentText(), QStringLiteral("0%"));
-    EXPECT_EQ(progress.steps(), ScanProgress::stepsAt(0));
-    EXPECT_EQ(times(progress, &ScanProgress::progressChanged, [this] { app().setScanProgress(0.9); }), 0);
 }
 
 } // namespace tidlo

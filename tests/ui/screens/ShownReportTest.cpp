@@ -16,8 +16,6 @@ CleanupCandidate withPaths(CleanupCandidate candidate, int count)
 class ShownReportTest : public UiTest
 {
 protected:
-    ShownReportTest() { report.setApp(&app()); }
-
     void setUsed(double share)
     {
         ScanTotals totals;
@@ -33,7 +31,7 @@ protected:
 
     QString valueOf(int figure) const { return report.figures().at(figure).value; }
 
-    ShownReport report;
+    ShownReport report{app()};
 };
 
 } // namespace
@@ -156,15 +154,6 @@ TEST_F(ShownReportTest, TellsWhateverChangesIt)
     EXPECT_EQ(times(report, &ShownReport::changed, [this] { showTwoFindings(); }), 1);
     EXPECT_EQ(times(report, &ShownReport::changed, [this] { setUsed(0.5); }), 1);
     EXPECT_EQ(times(report, &ShownReport::changed, [this] { app().setCleanupReport(CleanupReport{}); }), 1);
-}
-
-TEST_F(ShownReportTest, IsEmptyWithoutAStateOwner)
-{
-    showTwoFindings();
-    report.setApp(nullptr);
-    EXPECT_EQ(report.recoveredText(), QStringLiteral("Zero KB"));
-    EXPECT_EQ(report.diskText(), QStringLiteral("Disk now 0% full"));
-    EXPECT_EQ(valueOf(2), QStringLiteral("0"));
 }
 
 } // namespace tidlo

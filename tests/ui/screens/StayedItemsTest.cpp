@@ -14,8 +14,6 @@ namespace {
 class StayedItemsTest : public UiTest
 {
 protected:
-    StayedItemsTest() { items.setApp(&app()); }
-
     /// Moves a finding of these paths, each of which is refused for \a reason.
     void cleanUp(const QList<FilePath> &paths, const QString &reason)
     {
@@ -33,7 +31,7 @@ protected:
 
     QString shown(int row, int role) const { return items.data(items.index(row), role).toString(); }
 
-    StayedItems items;
+    StayedItems items{app()};
 };
 
 } // namespace

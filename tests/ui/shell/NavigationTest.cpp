@@ -15,8 +15,6 @@ constexpr std::array allPhases{ScanPhase::ready, ScanPhase::scanning, ScanPhase:
 class NavigationTest : public UiTest
 {
 protected:
-    NavigationTest() { navigation.setApp(&app()); }
-
     /// The phase after a press in \a before.
     ScanPhase phaseAfter(Item item, ScanPhase before)
     {
@@ -25,7 +23,7 @@ protected:
         return app().phase();
     }
 
-    Navigation navigation;
+    Navigation navigation{app()};
 };
 
 } // namespace
@@ -135,16 +133,6 @@ TEST_F(NavigationTest, ButtonsThatAreNotThereDoNothing)
 {
     for (const int item : {-1, 4, 1000})
         EXPECT_EQ(times(app(), &AppViewModel::objectWillChange, [&] { navigation.press(item); }), 0);
-}
-
-TEST_F(NavigationTest, ShowsTheBeginningWithoutAStateOwner)
-{
-    app().setSection(AppSection::settings);
-    navigation.setApp(nullptr);
-    EXPECT_EQ(navigation.activeItem(), scanItem);
-    EXPECT_EQ(navigation.screen(), Navigation::Screen::Landing);
-    navigation.press(resultsItem);
-    EXPECT_EQ(app().section(), AppSection::settings);
 }
 
 } // namespace tidlo

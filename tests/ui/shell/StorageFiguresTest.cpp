@@ -12,8 +12,6 @@ using testing::ElementsAre;
 class StorageFiguresTest : public UiTest
 {
 protected:
-    StorageFiguresTest() { figures.setApp(&app()); }
-
     void setShares(double used, double recoverable = 0)
     {
         ScanTotals totals;
@@ -30,7 +28,7 @@ protected:
         return texts;
     }
 
-    StorageFigures figures;
+    StorageFigures figures{app()};
 };
 
 } // namespace
@@ -129,15 +127,6 @@ TEST_F(StorageFiguresTest, ATogglePassesWithoutNewCards)
 TEST_F(StorageFiguresTest, TellsOfNewTotals)
 {
     EXPECT_EQ(times(figures, &StorageFigures::totalsChanged, [this] { setShares(0.5); }), 1);
-}
-
-TEST_F(StorageFiguresTest, AreEmptyWithoutAStateOwner)
-{
-    setShares(0.63);
-    app().setCandidates(demoFindings());
-    figures.setApp(nullptr);
-    EXPECT_EQ(figures.diskStatus(), QStringLiteral("Ready"));
-    EXPECT_THAT(texts(&CategoryFigure::bytesText), Each(QStringLiteral("—")));
 }
 
 } // namespace tidlo

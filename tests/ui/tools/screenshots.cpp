@@ -1,5 +1,6 @@
 /// Draws every screen in every state into a folder. scripts/screenshots runs it for each theme, size and scale.
 
+#include "app/OpenModel.h"
 #include "ui/DemoState.h"
 #include "ui/shell/TidloApp.h"
 
@@ -19,7 +20,7 @@ namespace tidlo {
 
 namespace {
 
-void showResults(AppViewModel &app)
+void showResults(OpenModel &app)
 {
     app.setAiSummary(demoExplanation());
     app.setIsGeneratingAI(false);
@@ -27,7 +28,7 @@ void showResults(AppViewModel &app)
     app.showResults(demoResult());
 }
 
-void scanAt(AppViewModel &app, double progress, const char *label)
+void scanAt(OpenModel &app, double progress, const char *label)
 {
     app.setPhase(ScanPhase::scanning);
     app.setScanProgress(progress);
@@ -54,38 +55,37 @@ QQuickItem *item(QQuickItem &from, const char *name)
 struct Shot
 {
     const char *name;
-    void (*prepare)(AppViewModel &app, QQuickWindow &window);
+    void (*prepare)(OpenModel &app, QQuickWindow &window);
 };
 
 constexpr std::array shots{
-    Shot{"landing", [](AppViewModel &, QQuickWindow &) {}},
+    Shot{"landing", [](OpenModel &, QQuickWindow &) {}},
     Shot{"landing-after-scan",
-         [](AppViewModel &app, QQuickWindow &) {
+         [](OpenModel &app, QQuickWindow &) {
              showResults(app);
              app.setSection(AppSection::scan);
          }},
-    Shot{"scanning-0", [](AppViewModel &app, QQuickWindow &) { scanAt(app, 0.0, "Reading disk usage"); }},
-    Shot{"scanning-42",
-         [](AppViewModel &app, QQuickWindow &) { scanAt(app, 0.42, "Checking WhatsApp Desktop storage"); }},
-    Shot{"scanning-99", [](AppViewModel &app, QQuickWindow &) { scanAt(app, 0.99, "Finding older project copies"); }},
-    Shot{"results", [](AppViewModel &app, QQuickWindow &) { showResults(app); }},
+    Shot{"scanning-0", [](OpenModel &app, QQuickWindow &) { scanAt(app, 0.0, "Reading disk usage"); }},
+    Shot{"scanning-42", [](OpenModel &app, QQuickWindow &) { scanAt(app, 0.42, "Checking WhatsApp Desktop storage"); }},
+    Shot{"scanning-99", [](OpenModel &app, QQuickWindow &) { scanAt(app, 0.99, "Finding older project copies"); }},
+    Shot{"results", [](OpenModel &app, QQuickWindow &) { showResults(app); }},
     Shot{"results-explaining",
-         [](AppViewModel &app, QQuickWindow &) {
+         [](OpenModel &app, QQuickWindow &) {
              showResults(app);
              app.setIsGeneratingAI(true);
          }},
     Shot{"results-review",
-         [](AppViewModel &app, QQuickWindow &) {
+         [](OpenModel &app, QQuickWindow &) {
              showResults(app);
              app.setSelectedFilter(CleanupRisk::review);
          }},
     Shot{"results-error",
-         [](AppViewModel &app, QQuickWindow &) {
+         [](OpenModel &app, QQuickWindow &) {
              showResults(app);
              app.setAiSummary(QStringLiteral("⚠️ Request failed: The connection was refused."));
          }},
     Shot{"results-long",
-         [](AppViewModel &app, QQuickWindow &) {
+         [](OpenModel &app, QQuickWindow &) {
              showResults(app);
              QList<CleanupCandidate> candidates = demoFindings();
              candidates[0].title = QStringLiteral("A title that is far longer than any row is wide ").repeated(6);
@@ -99,25 +99,25 @@ constexpr std::array shots{
              app.setAiSummary(demoExplanation().repeated(5));
          }},
     Shot{"results-items",
-         [](AppViewModel &app, QQuickWindow &window) {
+         [](OpenModel &app, QQuickWindow &window) {
              showResults(app);
              QMetaObject::invokeMethod(item(*window.contentItem(), "row0"), "inspected");
          }},
     Shot{"results-empty",
-         [](AppViewModel &app, QQuickWindow &window) {
+         [](OpenModel &app, QQuickWindow &window) {
              QMetaObject::invokeMethod(object(window, "itemsSheet"), "close");
              app.setCandidates({});
              app.setTotals({});
              app.setAiSummary(std::nullopt);
          }},
     Shot{"report-preview",
-         [](AppViewModel &app, QQuickWindow &) {
+         [](OpenModel &app, QQuickWindow &) {
              showResults(app);
              app.setPhase(ScanPhase::report);
              app.setSection(AppSection::report);
          }},
     Shot{"report",
-         [](AppViewModel &app, QQuickWindow &) {
+         [](OpenModel &app, QQuickWindow &) {
              showResults(app);
              CleanupReport report;
              report.recoveredBytes = 48'570'000'000;
@@ -128,27 +128,27 @@ constexpr std::array shots{
              app.setPhase(ScanPhase::report);
              app.setSection(AppSection::report);
          }},
-    Shot{"settings", [](AppViewModel &app, QQuickWindow &) { app.setSection(AppSection::settings); }},
+    Shot{"settings", [](OpenModel &app, QQuickWindow &) { app.setSection(AppSection::settings); }},
     Shot{"settings-uninstall",
-         [](AppViewModel &, QQuickWindow &window) {
+         [](OpenModel &, QQuickWindow &window) {
              object(window, "settings")->setProperty("showUninstallConfirmation", true);
          }},
     Shot{"move-prompt",
-         [](AppViewModel &app, QQuickWindow &window) {
+         [](OpenModel &app, QQuickWindow &window) {
              object(window, "settings")->setProperty("showUninstallConfirmation", false);
              app.setSection(AppSection::scan);
              app.setPhase(ScanPhase::ready);
              app.setShowMoveToApplicationsPrompt(true);
          }},
     Shot{"move-error",
-         [](AppViewModel &app, QQuickWindow &) {
+         [](OpenModel &app, QQuickWindow &) {
              app.setShowMoveToApplicationsPrompt(false);
              app.setMoveToApplicationsErrorMessage(
                  QStringLiteral("Cannot create /Applications/Tidlo.app: Permission denied"));
              app.setShowMoveToApplicationsError(true);
          }},
     Shot{"setup",
-         [](AppViewModel &app, QQuickWindow &) {
+         [](OpenModel &app, QQuickWindow &) {
              app.setShowMoveToApplicationsError(false);
              app.setShowSetupWizard(true);
          }},
@@ -179,7 +179,9 @@ int main(int argc, char **argv)
     const AppEnvironment environment = demoEnvironment(QFile::encodeName(kept.path()));
     environment.defaults->set(UserDefaults::theme, QString::fromLocal8Bit(argv[2]));
     environment.defaults->set(UserDefaults::setupCompleted, true);
-    TidloApp tidlo(environment);
+    auto owned = std::make_unique<OpenModel>(environment);
+    OpenModel &app = *owned;
+    TidloApp tidlo(std::move(owned));
     if (!tidlo.open())
         return 1;
     QQuickWindow &window = *tidlo.window();
@@ -187,7 +189,7 @@ int main(int argc, char **argv)
     window.requestActivate(); // No window manager does it.
     settle();
     for (const Shot &shot : shots) {
-        shot.prepare(tidlo.model(), window);
+        shot.prepare(app, window);
         settle();
         const QString file = folder.filePath(QLatin1StringView(shot.name) + QStringLiteral(".png"));
         if (!window.grabWindow().save(file, "PNG", 0)) {

@@ -114,6 +114,11 @@ void Demo::setSummary(const QString &summary)
     model.setAiSummary(summary);
 }
 
+void Demo::setExplaining(bool explaining)
+{
+    model.setIsGeneratingAI(explaining);
+}
+
 void Demo::changeCandidate(int index, const QVariantMap &values)
 {
     QList<CleanupCandidate> candidates = model.candidates();

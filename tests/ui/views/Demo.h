@@ -1,8 +1,9 @@
 #pragma once
 
+#include "app/OpenModel.h"
 #include "fakes/FakeFileManager.h"
 #include "ui/DemoState.h"
-#include "ui/screens/Preferences.h"
+#include "ui/shell/ShownState.h"
 
 #include <QQuickItem>
 #include <QTemporaryDir>
@@ -14,8 +15,7 @@ namespace tidlo {
 class Demo : public QObject
 {
     Q_OBJECT
-    Q_PROPERTY(AppViewModel *app READ app CONSTANT)
-    Q_PROPERTY(Preferences *preferences READ preferences CONSTANT)
+    Q_PROPERTY(ShownState *shown READ shown CONSTANT)
     Q_PROPERTY(QString section READ section)
     Q_PROPERTY(QString phase READ phase)
     Q_PROPERTY(QString storedTheme READ storedTheme)
@@ -26,8 +26,7 @@ class Demo : public QObject
 public:
     Demo();
 
-    AppViewModel *app() { return &model; }
-    Preferences *preferences() { return &storedPreferences; }
+    ShownState *shown() { return &shownState; }
     QString section() const;
     QString phase() const;
     QString storedTheme() const;                      ///< Empty while none is stored.
@@ -48,6 +47,7 @@ public:
     Q_INVOKABLE void setSection(const QString &section);
     Q_INVOKABLE void setPhase(const QString &phase);
     Q_INVOKABLE void setSummary(const QString &summary);
+    Q_INVOKABLE void setExplaining(bool explaining);
 
     /// Makes the candidate at \a index another: any of title, detail, aiExplanation, bytes, selected, risk.
     Q_INVOKABLE void changeCandidate(int index, const QVariantMap &values);
@@ -80,8 +80,8 @@ private:
     int launchCount = 0;
     QStringList shownPaths;
     AppEnvironment given = environment();
-    Preferences storedPreferences{*given.defaults};
-    AppViewModel model{given};
+    OpenModel model{given};
+    ShownState shownState{model};
 };
 
 } // namespace tidlo

@@ -7,7 +7,8 @@ ViewCase {
     view: Component {
         ReportView {
             anchors.fill: parent
-            app: demo.app
+            report: demo.shown.report
+            items: demo.shown.stayedItems
         }
     }
 

@@ -8,7 +8,8 @@ ViewCase {
         ResultsView {
             width: 961
             height: 674
-            app: demo.app
+            findings: demo.shown.findings
+            items: demo.shown.foundItems
         }
     }
 
@@ -194,19 +195,19 @@ ViewCase {
 
     function test_while_an_explanation_is_awaited_its_place_is_kept() {
         show();
-        demo.app.isGeneratingAI = true;
+        demo.setExplaining(true);
         verify(item("loadingCard").visible);
         verify(!item("summaryCard").visible);
         text("AI Storage Analysis in progress...");
         text("Analyzing project bloat, node_modules, and cache files with Gemini AI...");
-        demo.app.isGeneratingAI = false;
+        demo.setExplaining(false);
         verify(!item("loadingCard").visible);
         verify(item("summaryCard").visible);
     }
 
     function test_the_card_that_waits_has_its_looks() {
         show();
-        demo.app.isGeneratingAI = true;
+        demo.setExplaining(true);
         laidOut();
         const card = item("loadingCard"), [circle, arc] = gauges(card), mark = symbol("sparkles", card);
         const [title, detail] = texts(card), row = card.children[0];
@@ -226,7 +227,7 @@ ViewCase {
     }
 
     function test_the_card_that_waits_turns_and_pulses() {
-        demo.app.isGeneratingAI = true;
+        demo.setExplaining(true);
         showAnew();
         pulsing.restart();
         const card = item("loadingCard"), mark = symbol("sparkles", card), turn = findChild(card, "turn");

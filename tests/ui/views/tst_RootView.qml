@@ -7,8 +7,7 @@ ViewCase {
     view: Component {
         RootView {
             anchors.fill: parent
-            app: demo.app
-            preferences: demo.preferences
+            shown: demo.shown
         }
     }
 
@@ -22,7 +21,7 @@ ViewCase {
     }
 
     function wear(theme) {
-        demo.preferences.theme = theme;
+        demo.shown.preferences.theme = theme;
         TidloTheme.preference = theme; // No view may be there yet.
         tryCompare(TidloTheme, "darkness", theme === "dark" ? 1 : 0);
     }
@@ -84,7 +83,7 @@ ViewCase {
         const button = item("themeButton");
         const seen = [];
         for (let i = 0; i < 4; ++i) {
-            seen.push([demo.preferences.theme, demo.symbols(button)[0], demo.texts(button)[0]]);
+            seen.push([demo.shown.preferences.theme, demo.symbols(button)[0], demo.texts(button)[0]]);
             mouseClick(button);
         }
         compare(seen, [["dark", "moon.fill", "Dark"], ["light", "sun.max.fill", "Light"],
@@ -95,13 +94,13 @@ ViewCase {
         let presses = 0, changes = 0;
         const note = () => ++changes;
         item("bell").clicked.connect(() => ++presses);
-        demo.app.objectWillChange.connect(note);
-        demo.preferences.themeChanged.connect(note);
+        demo.shown.app.objectWillChange.connect(note);
+        demo.shown.preferences.themeChanged.connect(note);
         mouseClick(item("bell"));
         const changesOfBell = changes;
-        demo.app.section = demo.app.section; // Even such an assignment counts.
-        demo.app.objectWillChange.disconnect(note);
-        demo.preferences.themeChanged.disconnect(note);
+        demo.setSection(demo.section); // Even such an assignment counts.
+        demo.shown.app.objectWillChange.disconnect(note);
+        demo.shown.preferences.themeChanged.disconnect(note);
         compare([presses, changesOfBell, changes], [1, 0, 1]);
     }
 
@@ -196,10 +195,10 @@ ViewCase {
         }
         data.answer(alert);
         tryVerify(() => !alert.visible);
-        verify(!demo.app.showMoveToApplicationsPrompt);
-        verify(demo.app.showSetupWizard, "the wizard follows a declined offer");
+        verify(!demo.shown.app.showMoveToApplicationsPrompt);
+        verify(demo.shown.app.showSetupWizard, "the wizard follows a declined offer");
         compare(demo.launches, 0);
-        demo.app.showSetupWizard = false;
+        demo.shown.app.showSetupWizard = false;
         tryVerify(() => !item("setupSheet").visible);
     }
 
@@ -217,9 +216,9 @@ ViewCase {
         data.accept(alert);
         tryVerify(() => !alert.visible);
         compare(demo.launches, 1);
-        verify(!demo.app.showMoveToApplicationsPrompt);
-        verify(!demo.app.showMoveToApplicationsError);
-        verify(!demo.app.showSetupWizard);
+        verify(!demo.shown.app.showMoveToApplicationsPrompt);
+        verify(!demo.shown.app.showMoveToApplicationsError);
+        verify(!demo.shown.app.showSetupWizard);
     }
 
     function test_a_failed_move_is_told_and_only_dismissed_data() {
@@ -234,7 +233,7 @@ ViewCase {
         compare(demo.texts(alert.contentItem), ["Could not move Tidlo", "Permission denied", "OK"]);
         keyClick(data.key);
         tryVerify(() => !alert.visible);
-        verify(!demo.app.showMoveToApplicationsError);
+        verify(!demo.shown.app.showMoveToApplicationsError);
         tryVerify(() => item("rail1").activeFocus);
         demo.showMoveError("Again");
         tryVerify(() => alert.opened);
@@ -244,7 +243,7 @@ ViewCase {
 
     function test_a_failed_move_is_told_before_the_first_run_goes_on() {
         demo.showMoveError("Permission denied");
-        demo.app.showSetupWizard = true;
+        demo.shown.app.showSetupWizard = true;
         tryVerify(() => item("moveErrorAlert").opened);
         verify(!item("setupSheet").visible);
         keyClick(Qt.Key_Return);
@@ -275,7 +274,7 @@ ViewCase {
     }
 
     function test_the_first_run_is_a_sheet_that_escape_does_not_close() {
-        demo.app.showSetupWizard = true;
+        demo.shown.app.showSetupWizard = true;
         const sheet = item("setupSheet");
         tryVerify(() => sheet.opened);
         compare([sheet.width, sheet.height], [640, 500]);
@@ -283,6 +282,6 @@ ViewCase {
         verify(sheet.visible);
         keyClick(Qt.Key_Return);
         tryVerify(() => !sheet.visible);
-        verify(!demo.app.showSetupWizard);
+        verify(!demo.shown.app.showSetupWizard);
     }
 }

@@ -7,7 +7,7 @@ ViewCase {
     view: Component {
         ScanLandingView {
             anchors.fill: parent
-            app: demo.app
+            app: demo.shown.app
         }
     }
 
@@ -150,15 +150,15 @@ ViewCase {
 
     function test_of_two_quick_presses_only_the_last_scan_counts() {
         const told = [];
-        const ended = () => { if (demo.app.scanProgress === 1) told.push("end of a scan"); };
+        const ended = () => { if (demo.shown.app.scanProgress === 1) told.push("end of a scan"); };
         const found = () => told.push("results");
-        demo.app.scanProgressChanged.connect(ended);
-        demo.app.candidatesChanged.connect(found);
+        demo.shown.app.scanProgressChanged.connect(ended);
+        demo.shown.app.candidatesChanged.connect(found);
         mouseClick(item("scanButton"));
         mouseClick(item("scanButton"));
         tryVerify(() => demo.phase === "results");
-        demo.app.scanProgressChanged.disconnect(ended);
-        demo.app.candidatesChanged.disconnect(found);
+        demo.shown.app.scanProgressChanged.disconnect(ended);
+        demo.shown.app.candidatesChanged.disconnect(found);
         compare(told, ["end of a scan", "end of a scan", "results"]);
     }
 

@@ -8,7 +8,7 @@ ViewCase {
         ScanningView {
             width: 961
             height: 674
-            app: demo.app
+            progress: demo.shown.progress
         }
     }
 

@@ -7,8 +7,8 @@ ViewCase {
     view: Component {
         SettingsView {
             anchors.fill: parent
-            app: demo.app
-            preferences: demo.preferences
+            app: demo.shown.app
+            preferences: demo.shown.preferences
         }
     }
 
@@ -34,10 +34,10 @@ ViewCase {
 
     function test_a_press_stores_the_theme(data) {
         mouseClick(item("theme-" + data.tag));
-        compare(demo.preferences.theme, data.tag);
+        compare(demo.shown.preferences.theme, data.tag);
         verify(item("theme-" + data.tag).selected);
         mouseClick(item("theme-" + data.tag));
-        compare(demo.preferences.theme, data.tag);
+        compare(demo.shown.preferences.theme, data.tag);
         for (const theme of ["dark", "light", "system"])
             compare(item("theme-" + theme).selected, theme === data.tag);
     }
@@ -49,7 +49,7 @@ ViewCase {
     }
 
     function test_an_unknown_theme_chooses_none() {
-        demo.preferences.theme = "sepia";
+        demo.shown.preferences.theme = "sepia";
         for (const theme of ["dark", "light", "system"])
             verify(!item("theme-" + theme).selected);
     }

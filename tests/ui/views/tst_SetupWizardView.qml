@@ -6,8 +6,8 @@ ViewCase {
     name: "SetupWizardView"
     view: Component {
         SetupWizardView {
-            app: demo.app
-            preferences: demo.preferences
+            app: demo.shown.app
+            preferences: demo.shown.preferences
         }
     }
 
@@ -41,18 +41,18 @@ ViewCase {
     }
 
     function test_get_started_remembers_and_closes() {
-        demo.app.showSetupWizard = true;
+        demo.shown.app.showSetupWizard = true;
         const seen = [];
-        const stored = () => seen.push("stored " + demo.preferences.setupCompleted);
-        const closed = () => seen.push("shown " + demo.app.showSetupWizard);
-        demo.preferences.setupCompletedChanged.connect(stored);
-        demo.app.showSetupWizardChanged.connect(closed);
+        const stored = () => seen.push("stored " + demo.shown.preferences.setupCompleted);
+        const closed = () => seen.push("shown " + demo.shown.app.showSetupWizard);
+        demo.shown.preferences.setupCompletedChanged.connect(stored);
+        demo.shown.app.showSetupWizardChanged.connect(closed);
         mouseClick(item("getStarted"));
-        demo.preferences.setupCompletedChanged.disconnect(stored);
-        demo.app.showSetupWizardChanged.disconnect(closed);
+        demo.shown.preferences.setupCompletedChanged.disconnect(stored);
+        demo.shown.app.showSetupWizardChanged.disconnect(closed);
         compare(seen, ["stored true", "shown false"]);
-        demo.app.skipMoveToApplicationsPrompt();
-        verify(!demo.app.showSetupWizard, "a declined offer shows it no more");
+        demo.shown.app.skipMoveToApplicationsPrompt();
+        verify(!demo.shown.app.showSetupWizard, "a declined offer shows it no more");
     }
 
     function test_the_bar_at_the_top_is_padded_and_ends_with_a_line() {

@@ -7,7 +7,7 @@ ViewCase {
     view: Component {
         StorageSidebar {
             height: 900
-            app: demo.app
+            figures: demo.shown.storage
         }
     }
 

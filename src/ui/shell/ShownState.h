@@ -1,0 +1,59 @@
+#pragma once
+
+#include "ui/screens/Findings.h"
+#include "ui/screens/FoundItems.h"
+#include "ui/screens/Preferences.h"
+#include "ui/screens/ScanProgress.h"
+#include "ui/screens/ShownReport.h"
+#include "ui/screens/StayedItems.h"
+#include "ui/shell/Navigation.h"
+#include "ui/shell/StorageFigures.h"
+
+namespace tidlo {
+
+/// What the window shows of the state, a part for each view. Main thread.
+class ShownState : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("There is one, and it is given.")
+    Q_PROPERTY(AppViewModel *app READ app CONSTANT)
+    Q_PROPERTY(Preferences *preferences READ preferences CONSTANT)
+    Q_PROPERTY(Navigation *navigation READ navigation CONSTANT)
+    Q_PROPERTY(StorageFigures *storage READ storage CONSTANT)
+    Q_PROPERTY(ScanProgress *progress READ progress CONSTANT)
+    Q_PROPERTY(Findings *findings READ findings CONSTANT)
+    Q_PROPERTY(FoundItems *foundItems READ foundItems CONSTANT)
+    Q_PROPERTY(ShownReport *report READ report CONSTANT)
+    Q_PROPERTY(StayedItems *stayedItems READ stayedItems CONSTANT)
+
+public:
+    /// \a app must outlive it.
+    explicit ShownState(AppViewModel &app, QObject *parent = nullptr)
+        : QObject(parent)
+        , owner(app)
+    {}
+
+    AppViewModel *app() { return &owner; }
+    Preferences *preferences() { return &stored; }
+    Navigation *navigation() { return &shownSection; }
+    StorageFigures *storage() { return &figures; }
+    ScanProgress *progress() { return &scan; }
+    Findings *findings() { return &found; }
+    FoundItems *foundItems() { return &itemsFound; }
+    ShownReport *report() { return &shownReport; }
+    StayedItems *stayedItems() { return &itemsThatStayed; }
+
+private:
+    AppViewModel &owner;
+    Preferences stored{owner.defaults()};
+    Navigation shownSection{owner};
+    StorageFigures figures{owner};
+    ScanProgress scan{owner};
+    Findings found{owner};
+    FoundItems itemsFound{owner};
+    ShownReport shownReport{owner};
+    StayedItems itemsThatStayed{owner};
+};
+
+} // namespace tidlo
