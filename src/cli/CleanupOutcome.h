@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cli/Output.h"
 #include "scanner/MoveToTrash.h"
 
 namespace tidlo {

@@ -127,6 +127,12 @@ double TidloTheme::mixed(double darkness, double dark, double light)
     return light + (dark - light) * darkness;
 }
 
+QList<QColor> TidloTheme::hues() const
+{
+    return {systemBlue(), systemMint(), systemPurple(), systemYellow(), systemOrange(),
+            systemRed(),  blue(),       green(),        red(),          primaryText()};
+}
+
 QColor TidloTheme::faded(const QColor &color, double opacity)
 {
     QColor faded = color;

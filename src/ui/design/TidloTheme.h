@@ -56,8 +56,14 @@ class TidloTheme : public QObject
     Q_PROPERTY(QColor systemGray READ systemGray NOTIFY colorsChanged)
     Q_PROPERTY(QColor secondaryLabel READ secondaryLabel NOTIFY colorsChanged)
     Q_PROPERTY(QColor divider READ divider NOTIFY colorsChanged)
+    /// The colour of each Hue, by its number.
+    Q_PROPERTY(QList<QColor> hues READ hues NOTIFY colorsChanged)
 
 public:
+    /// The colours that tell things of one kind apart, such as categories.
+    enum class Hue { Blue, Mint, Purple, Yellow, Orange, Red, AccentBlue, AccentGreen, AccentRed, PrimaryText };
+    Q_ENUM(Hue)
+
     explicit TidloTheme(QObject *parent = nullptr);
 
     QString preference() const { return storedPreference; }
@@ -90,6 +96,7 @@ public:
     QColor systemGray() const;
     QColor secondaryLabel() const;
     QColor divider() const;
+    QList<QColor> hues() const;
 
     /// \a color at \a opacity times its own.
     Q_INVOKABLE static QColor faded(const QColor &color, double opacity);

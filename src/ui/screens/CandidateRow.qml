@@ -9,10 +9,10 @@ PlainButton {
     required property string title
     required property string detail
     required property string symbol
-    required property string symbolColor
+    required property int symbolHue
     required property string risk
-    required property string riskColor
-    required property string badgeColor
+    required property int riskHue
+    required property int badgeHue
     required property string sizeText
     required property double share
     required property bool ticked
@@ -101,7 +101,7 @@ PlainButton {
                 name: root.symbol
                 size: 16
                 weight: Font.DemiBold
-                color: TidloTheme[root.symbolColor]
+                color: TidloTheme.hues[root.symbolHue]
             }
         }
         Column {
@@ -130,7 +130,7 @@ PlainButton {
             SizeBar {
                 width: words.width
                 share: root.share
-                barColor: TidloTheme[root.riskColor]
+                barColor: TidloTheme.hues[root.riskHue]
             }
         }
         Column {
@@ -145,13 +145,13 @@ PlainButton {
                 anchors.right: parent.right
                 text: root.sizeText
                 font: TidloType.section
-                color: TidloTheme[root.riskColor]
+                color: TidloTheme.hues[root.riskHue]
                 Accessible.ignored: true
             }
             StatusPill {
                 anchors.right: parent.right
                 text: root.risk
-                pillColor: TidloTheme[root.badgeColor]
+                pillColor: TidloTheme.hues[root.badgeHue]
                 Accessible.ignored: true
             }
         }

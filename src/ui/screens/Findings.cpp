@@ -150,14 +150,14 @@ QVariant Findings::data(const QModelIndex &index, int role) const
         return visibleText(candidate.aiExplanation.value_or(candidate.detail));
     case SymbolRole:
         return category.symbol.toString();
-    case SymbolColorRole:
-        return category.color.toString();
+    case SymbolHueRole:
+        return static_cast<int>(category.hue);
     case RiskRole:
         return rawValue(candidate.risk);
-    case RiskColorRole:
-        return risk.color.toString();
-    case BadgeColorRole:
-        return risk.badgeColor.toString();
+    case RiskHueRole:
+        return static_cast<int>(risk.hue);
+    case BadgeHueRole:
+        return static_cast<int>(risk.badgeHue);
     case SizeRole:
         return byteCountText(candidate.bytes);
     case ShareRole:
@@ -174,17 +174,9 @@ QVariant Findings::data(const QModelIndex &index, int role) const
 QHash<int, QByteArray> Findings::roleNames() const
 {
     return {
-        {TitleRole, "title"},
-        {DetailRole, "detail"},
-        {SymbolRole, "symbol"},
-        {SymbolColorRole, "symbolColor"},
-        {RiskRole, "risk"},
-        {RiskColorRole, "riskColor"},
-        {BadgeColorRole, "badgeColor"},
-        {SizeRole, "sizeText"},
-        {ShareRole, "share"},
-        {SelectedRole, "ticked"},
-        {ToggleableRole, "toggleable"},
+        {TitleRole, "title"}, {DetailRole, "detail"},   {SymbolRole, "symbol"},         {SymbolHueRole, "symbolHue"},
+        {RiskRole, "risk"},   {RiskHueRole, "riskHue"}, {BadgeHueRole, "badgeHue"},     {SizeRole, "sizeText"},
+        {ShareRole, "share"}, {SelectedRole, "ticked"}, {ToggleableRole, "toggleable"},
     };
 }
 

@@ -9,23 +9,25 @@ namespace tidlo {
 
 namespace {
 
+using Hue = TidloTheme::Hue;
+
 constexpr std::array categories{
-    CategoryPresentation{CleanupCategory::devProjects, u"systemBlue", u"folder.badge.gearshape",
+    CategoryPresentation{CleanupCategory::devProjects, Hue::Blue, u"folder.badge.gearshape",
                          u"Temporary project data · Build caches"},
-    CategoryPresentation{CleanupCategory::whatsApp, u"systemMint", u"message.circle", u"Media cache only"},
-    CategoryPresentation{CleanupCategory::caches, u"systemPurple", u"externaldrive", u"Browser cache · App temp files"},
-    CategoryPresentation{CleanupCategory::downloads, u"systemYellow", u"arrow.down.to.line",
+    CategoryPresentation{CleanupCategory::whatsApp, Hue::Mint, u"message.circle", u"Media cache only"},
+    CategoryPresentation{CleanupCategory::caches, Hue::Purple, u"externaldrive", u"Browser cache · App temp files"},
+    CategoryPresentation{CleanupCategory::downloads, Hue::Yellow, u"arrow.down.to.line",
                          u"Installers · Archives · Large media"},
-    CategoryPresentation{CleanupCategory::oldLargeFiles, u"systemOrange", u"clock.arrow.circlepath",
+    CategoryPresentation{CleanupCategory::oldLargeFiles, Hue::Orange, u"clock.arrow.circlepath",
                          u">100 MB · Unused for 60+ days"},
-    CategoryPresentation{CleanupCategory::protected_, u"systemRed", u"lock.shield", u"Never-touch items"},
+    CategoryPresentation{CleanupCategory::protected_, Hue::Red, u"lock.shield", u"Never-touch items"},
 };
 
 constexpr std::array risks{
-    RiskPresentation{CleanupRisk::safe, u"systemMint", u"systemMint"},
-    RiskPresentation{CleanupRisk::rebuildable, u"systemBlue", u"systemBlue"},
-    RiskPresentation{CleanupRisk::review, u"systemYellow", u"systemYellow"},
-    RiskPresentation{CleanupRisk::never, u"systemRed", u"red"},
+    RiskPresentation{CleanupRisk::safe, Hue::Mint, Hue::Mint},
+    RiskPresentation{CleanupRisk::rebuildable, Hue::Blue, Hue::Blue},
+    RiskPresentation{CleanupRisk::review, Hue::Yellow, Hue::Yellow},
+    RiskPresentation{CleanupRisk::never, Hue::Red, Hue::AccentRed},
 };
 
 // Each row is where presentationOf() looks for it.

@@ -1,17 +1,18 @@
 #pragma once
 
 #include "model/CleanupCandidate.h"
+#include "ui/design/TidloTheme.h"
 
 #include <QStringView>
 
 namespace tidlo {
 
-// How the cases of the model look. Colours are the names of properties of TidloTheme, so that views follow the theme.
+// How the cases of the model look.
 
 struct CategoryPresentation
 {
     CleanupCategory category;
-    QStringView color;
+    TidloTheme::Hue hue;
     QStringView symbol;
     QStringView subtitle;
 };
@@ -21,8 +22,8 @@ const CategoryPresentation &presentationOf(CleanupCategory category);
 struct RiskPresentation
 {
     CleanupRisk risk;
-    QStringView color;      ///< Of the size and its bar.
-    QStringView badgeColor; ///< Of the badge.
+    TidloTheme::Hue hue;      ///< Of the size and its bar.
+    TidloTheme::Hue badgeHue; ///< Of the badge.
 };
 
 const RiskPresentation &presentationOf(CleanupRisk risk);

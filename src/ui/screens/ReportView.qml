@@ -86,7 +86,7 @@ Item {
                         title: tile.figure.title
                         value: tile.figure.value
                         detail: tile.figure.detail
-                        tileColor: TidloTheme[tile.figure.color]
+                        tileColor: TidloTheme.hues[tile.figure.hue]
                     }
                 }
             }

@@ -61,19 +61,19 @@ QList<ReportFigure> ShownReport::figures() const
         {.title = QStringLiteral("PROJECT FILES"),
          .value = byteCountText(app.categoryBytes(CleanupCategory::devProjects)),
          .detail = QStringLiteral("Source code kept intact"),
-         .color = QStringLiteral("blue")},
+         .hue = TidloTheme::Hue::AccentBlue},
         {.title = QStringLiteral("WHATSAPP"),
          .value = byteCountText(app.categoryBytes(CleanupCategory::whatsApp)),
          .detail = QStringLiteral("Chat database protected"),
-         .color = QStringLiteral("green")},
+         .hue = TidloTheme::Hue::AccentGreen},
         {.title = QStringLiteral("FILES REMOVED"),
          .value = QString::number(shown.removedItems),
          .detail = QStringLiteral("Moved to Trash"),
-         .color = QStringLiteral("primaryText")},
+         .hue = TidloTheme::Hue::PrimaryText},
         {.title = QStringLiteral("PROTECTED ITEMS"),
          .value = QString::number(shown.protectedItems),
          .detail = QStringLiteral("Flagged never-touch"),
-         .color = QStringLiteral("red")},
+         .hue = TidloTheme::Hue::AccentRed},
     };
 }
 

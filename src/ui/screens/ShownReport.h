@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/AppViewModel.h"
+#include "ui/design/TidloTheme.h"
 
 #include <QtQml/qqmlregistration.h>
 
@@ -14,13 +15,13 @@ struct ReportFigure
     Q_PROPERTY(QString title MEMBER title)
     Q_PROPERTY(QString value MEMBER value)
     Q_PROPERTY(QString detail MEMBER detail)
-    Q_PROPERTY(QString color MEMBER color)
+    Q_PROPERTY(tidlo::TidloTheme::Hue hue MEMBER hue)
 
 public:
     QString title;
     QString value;
     QString detail;
-    QString color; ///< The name of a property of TidloTheme.
+    TidloTheme::Hue hue = TidloTheme::Hue::PrimaryText;
 
     bool operator==(const ReportFigure &) const = default;
 };

@@ -8,7 +8,7 @@ Rectangle {
     id: root
 
     required property categoryFigure figure
-    readonly property color categoryColor: TidloTheme[root.figure.color]
+    readonly property color categoryColor: TidloTheme.hues[root.figure.hue]
 
     implicitHeight: 74
     color: root.figure.selected

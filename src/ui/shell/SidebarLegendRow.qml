@@ -18,7 +18,7 @@ RowLayout {
         implicitWidth: 8
         implicitHeight: 8
         radius: 4
-        color: TidloTheme[root.figure.color]
+        color: TidloTheme.hues[root.figure.hue]
     }
     TidloText {
         Layout.fillWidth: true

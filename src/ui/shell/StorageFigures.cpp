@@ -18,7 +18,7 @@ CategoryFigure figureOf(CleanupCategory category, qint64 bytes)
     return {.title = rawValue(category),
             .subtitle = presentation.subtitle.toString(),
             .symbol = presentation.symbol.toString(),
-            .color = presentation.color.toString(),
+            .hue = presentation.hue,
             .bytesText = byteCountOrDash(bytes),
             .selected = category == CleanupCategory::devProjects};
 }

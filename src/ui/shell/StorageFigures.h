@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/AppViewModel.h"
+#include "ui/design/TidloTheme.h"
 
 #include <QtQml/qqmlregistration.h>
 
@@ -14,7 +15,7 @@ struct CategoryFigure
     Q_PROPERTY(QString title MEMBER title)
     Q_PROPERTY(QString subtitle MEMBER subtitle)
     Q_PROPERTY(QString symbol MEMBER symbol)
-    Q_PROPERTY(QString color MEMBER color)
+    Q_PROPERTY(tidlo::TidloTheme::Hue hue MEMBER hue)
     Q_PROPERTY(QString bytesText MEMBER bytesText)
     Q_PROPERTY(bool selected MEMBER selected)
 
@@ -22,7 +23,7 @@ public:
     QString title;
     QString subtitle;
     QString symbol;
-    QString color; ///< The name of a property of TidloTheme.
+    TidloTheme::Hue hue = TidloTheme::Hue::Blue;
     QString bytesText;
     bool selected = false; ///< Its card is highlighted.
 

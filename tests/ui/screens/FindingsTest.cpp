@@ -52,10 +52,10 @@ TEST_F(FindingsTest, ARowHasAllItsView)
     EXPECT_EQ(text(0, Findings::TitleRole), QStringLiteral("Chat media"));
     EXPECT_EQ(text(0, Findings::DetailRole), QStringLiteral("Photos and videos."));
     EXPECT_EQ(text(0, Findings::SymbolRole), QStringLiteral("message.circle"));
-    EXPECT_EQ(text(0, Findings::SymbolColorRole), QStringLiteral("systemMint"));
+    EXPECT_EQ(value(0, Findings::SymbolHueRole).toInt(), static_cast<int>(TidloTheme::Hue::Mint));
     EXPECT_EQ(text(0, Findings::RiskRole), QStringLiteral("Review first"));
-    EXPECT_EQ(text(0, Findings::RiskColorRole), QStringLiteral("systemYellow"));
-    EXPECT_EQ(text(0, Findings::BadgeColorRole), QStringLiteral("systemYellow"));
+    EXPECT_EQ(value(0, Findings::RiskHueRole).toInt(), static_cast<int>(TidloTheme::Hue::Yellow));
+    EXPECT_EQ(value(0, Findings::BadgeHueRole).toInt(), static_cast<int>(TidloTheme::Hue::Yellow));
     EXPECT_EQ(text(0, Findings::SizeRole), QStringLiteral("6.18 GB"));
     EXPECT_EQ(value(0, Findings::ShareRole).toDouble(), 1);
     EXPECT_TRUE(value(0, Findings::SelectedRole).toBool());
@@ -65,16 +65,16 @@ TEST_F(FindingsTest, ARowHasAllItsView)
 TEST_F(FindingsTest, ViewsReadTheRolesByTheseNames)
 {
     const QList<QByteArray> names = findings.roleNames().values();
-    EXPECT_THAT(names, testing::UnorderedElementsAre("title", "detail", "symbol", "symbolColor", "risk", "riskColor",
-                                                     "badgeColor", "sizeText", "share", "ticked", "toggleable"));
+    EXPECT_THAT(names, testing::UnorderedElementsAre("title", "detail", "symbol", "symbolHue", "risk", "riskHue",
+                                                     "badgeHue", "sizeText", "share", "ticked", "toggleable"));
 }
 
 TEST_F(FindingsTest, TheBadgeOfWhatIsNeverToBeTouchedHasARedOfItsOwn)
 {
     show({candidate(CleanupRisk::never)});
     EXPECT_EQ(text(0, Findings::RiskRole), QStringLiteral("Never touch"));
-    EXPECT_EQ(text(0, Findings::RiskColorRole), QStringLiteral("systemRed"));
-    EXPECT_EQ(text(0, Findings::BadgeColorRole), QStringLiteral("red"));
+    EXPECT_EQ(value(0, Findings::RiskHueRole).toInt(), static_cast<int>(TidloTheme::Hue::Red));
+    EXPECT_EQ(value(0, Findings::BadgeHueRole).toInt(), static_cast<int>(TidloTheme::Hue::AccentRed));
     EXPECT_FALSE(value(0, Findings::ToggleableRole).toBool());
 }
 

@@ -42,19 +42,19 @@ TEST_F(ShownReportTest, FiguresHaveTheirTextsAndColors)
         {.title = QStringLiteral("PROJECT FILES"),
          .value = QStringLiteral("Zero KB"),
          .detail = QStringLiteral("Source code kept intact"),
-         .color = QStringLiteral("blue")},
+         .hue = TidloTheme::Hue::AccentBlue},
         {.title = QStringLiteral("WHATSAPP"),
          .value = QStringLiteral("Zero KB"),
          .detail = QStringLiteral("Chat database protected"),
-         .color = QStringLiteral("green")},
+         .hue = TidloTheme::Hue::AccentGreen},
         {.title = QStringLiteral("FILES REMOVED"),
          .value = QStringLiteral("0"),
          .detail = QStringLiteral("Moved to Trash"),
-         .color = QStringLiteral("primaryText")},
+         .hue = TidloTheme::Hue::PrimaryText},
         {.title = QStringLiteral("PROTECTED ITEMS"),
          .value = QStringLiteral("0"),
          .detail = QStringLiteral("Flagged never-touch"),
-         .color = QStringLiteral("red")},
+         .hue = TidloTheme::Hue::AccentRed},
     };
     EXPECT_EQ(report.figures(), expected);
 }

@@ -75,9 +75,11 @@ TEST_F(StorageFiguresTest, FiveCategoriesStandInThisOrder)
                 ElementsAre(QStringLiteral("folder.badge.gearshape"), QStringLiteral("message.circle"),
                             QStringLiteral("externaldrive"), QStringLiteral("arrow.down.to.line"),
                             QStringLiteral("clock.arrow.circlepath")));
-    EXPECT_THAT(texts(&CategoryFigure::color),
-                ElementsAre(QStringLiteral("systemBlue"), QStringLiteral("systemMint"), QStringLiteral("systemPurple"),
-                            QStringLiteral("systemYellow"), QStringLiteral("systemOrange")));
+    QList<TidloTheme::Hue> hues;
+    for (const CategoryFigure &figure : figures.categories())
+        hues.append(figure.hue);
+    using enum TidloTheme::Hue;
+    EXPECT_THAT(hues, ElementsAre(Blue, Mint, Purple, Yellow, Orange));
     EXPECT_THAT(texts(&CategoryFigure::subtitle),
                 ElementsAre(QStringLiteral("Temporary project data · Build caches"), QStringLiteral("Media cache only"),
                             QStringLiteral("Browser cache · App temp files"),
