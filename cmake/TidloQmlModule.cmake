@@ -26,14 +26,7 @@ function(tidlo_qml_module name)
     endif()
     set_target_properties(${name} PROPERTIES
         UNITY_BUILD ON
-        UNITY_BUILD_MODE GROUP
+        UNITY_BUILD_BATCH_SIZE 8
         UNITY_BUILD_CODE_BEFORE_INCLUDE "#pragma GCC diagnostic ignored \"${warning}\"")
-    set(count 0)
-    foreach(file IN LISTS arg_QML)
-        string(REPLACE ".qml" "_qml.cpp" compiled "${name}_${file}")
-        math(EXPR group "${count} / 8")
-        set_source_files_properties("${CMAKE_CURRENT_BINARY_DIR}/.rcc/qmlcache/${compiled}" PROPERTIES
-            UNITY_GROUP qml${group})
-        math(EXPR count "${count} + 1")
-    endforeach()
+    set_source_files_properties(${arg_SOURCES} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
 endfunction()

@@ -8,10 +8,3 @@
 #include "ui/design/ThemePreference.h"
 #include "ui/design/TidloTheme.h"
 #include "ui/design/TidloType.h"
-
-namespace tidlo {
-
-/// Makes the module known to QML, before the first engine loads anything. Needs an application object.
-void useDesignSystem();
-
-} // namespace tidlo

@@ -1,11 +1,6 @@
 #pragma once
 
-#include "ui/screens/Findings.h"
-#include "ui/screens/FoundItems.h"
-#include "ui/screens/Preferences.h"
-#include "ui/screens/ScanProgress.h"
-#include "ui/screens/ShownReport.h"
-#include "ui/screens/StayedItems.h"
+#include "ui/screens/ContentViews.h"
 #include "ui/shell/Navigation.h"
 #include "ui/shell/StorageFigures.h"
 

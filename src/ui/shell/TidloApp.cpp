@@ -3,16 +3,27 @@
 #include "platform/Bundle.h"
 #include "platform/HomeFolder.h"
 #include "platform/QuitLimit.h"
-#include "ui/design/DesignSystem.h"
-#include "ui/screens/ContentViews.h"
-#include "ui/shell/RootView.h"
+#include "ui/design/TidloType.h"
 
 #include <QGuiApplication>
 #include <QIcon>
 #include <QQuickWindow>
 #include <QScreen>
 
+// Written by the build; in static libraries nothing else calls them.
+void qml_register_types_Tidlo_Design();
+void qml_register_types_Tidlo_Screens();
+void qml_register_types_Tidlo_Shell();
+
 namespace tidlo {
+
+void registerQmlModules()
+{
+    qml_register_types_Tidlo_Design();
+    qml_register_types_Tidlo_Screens();
+    qml_register_types_Tidlo_Shell();
+    TidloType::loadFonts();
+}
 
 TidloApp::TidloApp(AppEnvironment environment)
     : TidloApp(std::make_unique<AppViewModel>(std::move(environment)))
@@ -22,9 +33,7 @@ TidloApp::TidloApp(std::unique_ptr<AppViewModel> model)
     : app(std::move(model))
 {
     QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/logo.png")));
-    useDesignSystem();
-    useContentViews();
-    useShell();
+    registerQmlModules();
     engine.addImportPath(QStringLiteral(":/qt/qml"));
 }
 

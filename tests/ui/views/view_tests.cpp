@@ -1,6 +1,4 @@
-#include "ui/design/DesignSystem.h"
-#include "ui/screens/ContentViews.h"
-#include "ui/shell/RootView.h"
+#include "ui/shell/TidloApp.h"
 #include "ui/views/Demo.h"
 
 #include <QQmlContext>
@@ -17,9 +15,7 @@ class Setup : public QObject
 public Q_SLOTS:
     void qmlEngineAvailable(QQmlEngine *engine)
     {
-        useDesignSystem();
-        useContentViews();
-        useShell();
+        registerQmlModules();
         engine->addImportPath(QStringLiteral(":/qt/qml"));
         demo = std::make_unique<Demo>();
         engine->rootContext()->setContextProperty(QStringLiteral("demo"), demo.get());
