@@ -10,11 +10,13 @@ import shutil
 import subprocess
 import sys
 import tempfile
-import time
-from contextlib import contextmanager
+from contextlib import closing, contextmanager
 from pathlib import Path
 
-NEEDED = ["Xvfb", "dbus-run-session", "openbox", "xdotool", "xprop", "wmctrl", "openssl", "gio"]
+from events import eventually
+from screen import Screen
+
+NEEDED = ["Xvfb", "dbus-run-session", "openbox", "xdotool", "openssl", "gio"]
 
 
 @contextmanager
@@ -29,7 +31,7 @@ def running(command, **options):
 
 
 @contextmanager
-def screen(size):
+def display_of(size):
     """The name of a display with one screen. The server chooses the name, so that many can be started at once."""
     told, tells = os.pipe()
     server = ["Xvfb", "-displayfd", str(tells), "-screen", "0", f"{size}x24", "-nolisten", "tcp", "-noreset"]
@@ -58,27 +60,24 @@ def environment_of(home, display):
     }
 
 
-def wait_for_window_manager(environment):
+def wait_for_window_manager(display):
     """Windows that open before there is one are neither placed nor held to their least size."""
-    asked = ["xprop", "-root", "_NET_SUPPORTING_WM_CHECK"]
-    deadline = time.monotonic() + 60
-    while "window id" not in subprocess.run(asked, env=environment, capture_output=True, text=True, check=False).stdout:
-        if time.monotonic() > deadline:
-            sys.exit("The window manager did not start.")
-        time.sleep(0.05)
+    with closing(Screen(display)) as screen:
+        eventually("the window manager has started",
+                   lambda: screen.property(screen.root, "_NET_SUPPORTING_WM_CHECK"))
 
 
 def main(size, *command):
     missing = [program for program in NEEDED if not shutil.which(program)]
     if missing:
         sys.exit(f"Not installed: {' '.join(missing)}; see scripts/packages-debian.")
-    with tempfile.TemporaryDirectory(prefix="tidlo-desktop-") as folder, screen(size) as display:
+    with tempfile.TemporaryDirectory(prefix="tidlo-desktop-") as folder, display_of(size) as display:
         home = Path(folder, "home")
         home.mkdir()
         environment = environment_of(home, display)
         quiet = {"stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL}
         with running(["openbox", "--sm-disable"], env=environment, cwd=folder, **quiet):
-            wait_for_window_manager(environment)
+            wait_for_window_manager(display)
             return subprocess.run(["dbus-run-session", "--", *command], env=environment, check=False).returncode
 
 

@@ -4,7 +4,8 @@ import sys
 import unittest
 
 import home
-from window import Window, eventually
+from events import eventually
+from window import Window
 
 PROGRAM = sys.argv.pop()
 
@@ -44,7 +45,7 @@ class FirstRun(Case):
         self.window.keys("Return")
 
         self.window.wait_without("dialog")
-        eventually("it is remembered", lambda: "tidlo.setup.completed=true" in home.PREFERENCES.read_text("utf-8"))
+        self.assertIn("tidlo.setup.completed=true", home.PREFERENCES.read_text("utf-8"))
 
 
 class Accessibility(Case):
@@ -149,17 +150,9 @@ class Accessibility(Case):
     def test_tab_goes_round_and_the_focus_is_told(self):
         self.go_to("Scan")
 
-        def focused():
-            return [(one.role, one.name) for one in self.window.elements() if "focused" in one.states]
-
         seen = []
-        for _ in range(40):
-            before = focused()
-            self.window.keys("Tab")
-            eventually("the focus moves on", lambda: focused() not in ([], before))
-            if (now := focused()) and now[0] in seen:
-                break
-            seen += focused()
+        while (now := self.window.tab()) and (reached := (now.role, now.name)) not in seen:
+            seen.append(reached)
         for expected in (("push button", "Theme: Dark"), ("radio button", "Settings"), ("push button", "SCAN MY MAC")):
             self.assertIn(expected, seen)
 

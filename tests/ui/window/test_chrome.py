@@ -4,7 +4,8 @@ import sys
 import unittest
 
 import home
-from window import Window, eventually, xdotool
+from events import eventually
+from window import Window, xdotool
 
 PROGRAM = sys.argv.pop()
 LEAST = (1350, 720)
@@ -18,21 +19,24 @@ class Chrome(unittest.TestCase):
     def drag(self, start, by):
         """A real drag: the window manager takes over in the middle of it."""
         x, y = start
-        steps = [argument for part in (0.2, 0.4, 0.6, 0.8, 1)
-                 for argument in ("mousemove", round(x + by[0] * part), round(y + by[1] * part), "sleep", 0.05)]
-        xdotool("mousemove", x, y, "mousedown", 1, "sleep", 0.05, *steps, "mouseup", 1)
+        there = x + by[0], y + by[1]
+        begun = x + by[0] // 5, y + by[1] // 5  # Farther than a hand that only presses.
+        xdotool("mousemove", x, y, "mousedown", 1, "mousemove", *begun)
+        eventually("the window manager holds the pointer", lambda: self.window.screen.is_pointer_held)
+        xdotool("mousemove", *there, "mouseup", 1)
+        eventually("the window manager has let go of it", lambda: not self.window.screen.is_pointer_held)
 
     def check_let_go(self):
-        """After a drag the pointer goes its own way: the window manager has seen it pass by the time of the key."""
+        """After a drag the pointer goes its own way: by the time of the key the window has seen it pass."""
         there = self.window.geometry
-        xdotool("mousemove_relative", 37, 23, "sleep", 0.1, "mousemove_relative", 37, 23, "sleep", 0.1)
-        self.window.keys("Tab")
-        self.window.wait_for_focus()
+        xdotool("mousemove_relative", 37, 23, "mousemove_relative", 37, 23)
+        self.window.tab()
+        self.assertFalse(self.window.screen.is_pointer_held)
         self.assertEqual(self.window.geometry, there)
 
     def check_bare(self):
         """The system draws nothing around the content, which reaches the top edge."""
-        self.assertRegex(self.window.property("_NET_FRAME_EXTENTS"), "= 0, 0, 0, 0$")
+        self.assertEqual(self.window.frame_extents, [0, 0, 0, 0])
         bar = self.window.wait("tool bar").extents
         left, top, width, _ = self.window.geometry
         self.assertEqual((bar.x, bar.y, bar.width), (left, top, width))
@@ -70,9 +74,9 @@ class Chrome(unittest.TestCase):
 
             self.check_drags((600, 8))
             self.window.click("push button", "Minimise")
-            eventually("the window is minimised", lambda: "Iconic" in self.window.property("WM_STATE"))
-            xdotool("windowactivate", self.window.id)
-            eventually("the window is back", lambda: "Normal" in self.window.property("WM_STATE"))
+            eventually("the window is minimised", lambda: self.window.is_minimised)
+            self.window.activate()
+            eventually("the window is back", lambda: not self.window.is_minimised)
             self.window.click("push button", "Close")
             self.assertEqual(self.window.ended(), 0)
 
@@ -101,20 +105,20 @@ class Chrome(unittest.TestCase):
     def test_full_screen_and_back_keep_it_bare(self):
         before = self.window.geometry
 
-        self.window.change_state("add,fullscreen")
+        self.window.set_full_screen(True)
         eventually("the window is the screen", lambda: self.window.geometry == (0, 0, 1800, 1100))
         self.check_bare()
 
-        self.window.change_state("remove,fullscreen")
+        self.window.set_full_screen(False)
         eventually("the window is as before", lambda: self.window.geometry == before)
         self.check_bare()
 
     def test_minimise_hides_it_until_it_is_wanted(self):
         self.window.click("push button", "Minimise")
-        eventually("the window is minimised", lambda: "Iconic" in self.window.property("WM_STATE"))
+        eventually("the window is minimised", lambda: self.window.is_minimised)
 
-        xdotool("windowactivate", self.window.id)
-        eventually("the window is back", lambda: "Normal" in self.window.property("WM_STATE"))
+        self.window.activate()
+        eventually("the window is back", lambda: not self.window.is_minimised)
         self.check_bare()
 
     def test_close_ends_the_program(self):

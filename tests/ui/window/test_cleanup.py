@@ -4,7 +4,8 @@ import sys
 import unittest
 
 import home
-from window import Window, eventually, xdotool
+from events import eventually
+from window import Window, xdotool
 
 PROGRAM = sys.argv.pop()
 

@@ -4,7 +4,8 @@ import sys
 import unittest
 
 import home
-from window import Window, eventually, xdotool
+from events import eventually, eventually_seen
+from window import Window, xdotool
 
 PROGRAM = sys.argv.pop()
 SCREEN = (1024, 600)
@@ -32,18 +33,18 @@ class SmallScreen(unittest.TestCase):
         xdotool("mousemove", 40, 500)
         xdotool("click", "--repeat", 10, 7)  # The wheel, to the right.
 
-        eventually("the last button of the bar is on the screen",
-                   lambda: self.is_on_screen("push button", "Notifications"))
+        eventually_seen("the last button of the bar is on the screen",
+                        lambda: self.is_on_screen("push button", "Notifications"))
         self.window.click("push button", "Theme: Dark")
         self.window.wait("push button", "Theme: Light")
 
         self.assertFalse(self.is_on_screen("push button", "SCAN MY MAC"))
         xdotool("mousemove", 900, 80, "click", "--repeat", 10, 5)
-        eventually("the button at the bottom is on the screen",
-                   lambda: self.is_on_screen("push button", "SCAN MY MAC"))
+        eventually_seen("the button at the bottom is on the screen",
+                        lambda: self.is_on_screen("push button", "SCAN MY MAC"))
         self.window.click("push button", "SCAN MY MAC")
-        eventually("the last button of the results is on the screen",
-                   lambda: self.is_on_screen("push button", "Move to Trash"))
+        eventually_seen("the last button of the results is on the screen",
+                        lambda: self.is_on_screen("push button", "Move to Trash"))
 
     def test_what_the_keyboard_reaches_comes_into_view(self):
         eventually("the window is as large as the screen", lambda: self.window.geometry == (0, 0, *SCREEN))
@@ -51,10 +52,9 @@ class SmallScreen(unittest.TestCase):
 
         for name in ("Notifications", "Scan", "SCAN MY MAC"):
             for _ in range(20):
-                self.window.keys("Tab")
-                if self.window.wait_for_focus().name == name:
+                if self.window.tab().name == name:
                     break
-            eventually(f"{name} is on the screen", lambda: self.is_on_screen("push button|radio button", name))
+            eventually_seen(f"{name} is on the screen", lambda: self.is_on_screen("push button|radio button", name))
 
 
 if __name__ == "__main__":

@@ -3,25 +3,13 @@
 import os
 import re
 import subprocess
-import time
 
-import gi
+from Xlib import Xutil
 
-gi.require_version("Atspi", "2.0")
-from gi.repository import Atspi, GLib  # noqa: E402
+from events import Atspi, GLib, eventually, listen, listen_for_end_of
+from screen import Screen
 
-PATIENCE = 60  # Seconds, for a machine under heavy load.
-BETWEEN_LOOKS = 0.05
-
-
-def eventually(what, condition):
-    """What the condition gives as soon as that is something; fails if it takes too long."""
-    deadline = time.monotonic() + PATIENCE
-    while not (found := condition()):
-        if time.monotonic() > deadline:
-            raise AssertionError(f"It did not come about that {what}.")
-        time.sleep(BETWEEN_LOOKS)
-    return found
+FROM_A_PAGER = 2  # Which may ask for what a program may not.
 
 
 def xdotool(*arguments):
@@ -75,12 +63,17 @@ class Element:
 
 class Window:
     def __init__(self, program, **environment):
+        self.listener = listen()
+        self.screen = Screen()
         self.process = subprocess.Popen([program], env=os.environ | environment)
+        listen_for_end_of(self.process)
         desktop = Atspi.get_desktop(0)
         desktop.set_cache_mask(Atspi.Cache.NONE)
         self.application = eventually("the program is in the tree", lambda: self._application_of(desktop))
         self.frame = self.wait("frame")
         eventually("the window is active", lambda: "active" in self.frame.states)
+        self.native = eventually("the window manager knows the window", lambda: self.screen.window_of(self.process))
+        self.screen.follow(self.native)
 
     def __enter__(self):
         return self
@@ -88,6 +81,7 @@ class Window:
     def __exit__(self, *_):
         self.process.kill()
         self.process.wait()
+        self.screen.close()
 
     def _application_of(self, desktop):
         candidates = (desktop.get_child_at_index(i) for i in range(desktop.get_child_count()))
@@ -147,27 +141,35 @@ class Window:
     def wait_for_focus(self):
         return eventually("something has the keyboard", self.focused)
 
+    def tab(self):
+        """Sends the keyboard on to the next control; gives what it reaches then."""
+        before = repr(self.focused())
+        self.keys("Tab")
+        return eventually("the focus moves on", lambda: (now := self.focused()) and repr(now) != before and now)
+
     def ended(self):
         """The status that the program ends with."""
-        return self.process.wait(timeout=PATIENCE)
-
-    @property
-    def id(self):
-        """What the window system calls it."""
-        return xdotool("search", "--pid", self.process.pid).split()[-1]
+        eventually("the program has ended", lambda: self.process.poll() is not None)
+        return self.process.returncode
 
     @property
     def geometry(self):
         """Left, top, width and height on the screen."""
-        shell = xdotool("getwindowgeometry", "--shell", self.id)
-        values = dict(line.split("=") for line in shell.split())
-        return tuple(int(values[key]) for key in ("X", "Y", "WIDTH", "HEIGHT"))
+        return self.screen.geometry(self.native)
 
-    def change_state(self, change):
-        """As from the window manager's menu: see "wmctrl -b"."""
-        subprocess.run(["wmctrl", "-i", "-r", self.id, "-b", change], check=True)
+    @property
+    def frame_extents(self):
+        """How far the system's frame reaches beyond it: left, right, top and bottom."""
+        return self.screen.property(self.native, "_NET_FRAME_EXTENTS")
 
-    def property(self, name):
-        """What the window system knows of it."""
-        shown = subprocess.run(["xprop", "-id", self.id, name], check=True, capture_output=True, text=True)
-        return shown.stdout.partition(name)[2]
+    @property
+    def is_minimised(self):
+        return self.screen.property(self.native, "WM_STATE")[:1] == [Xutil.IconicState]
+
+    def activate(self):
+        """As from a list of windows."""
+        self.screen.ask_manager(self.native, "_NET_ACTIVE_WINDOW", FROM_A_PAGER)
+
+    def set_full_screen(self, on):
+        """As from the window manager's menu."""
+        self.screen.ask_manager(self.native, "_NET_WM_STATE", int(on), self.screen.atom("_NET_WM_STATE_FULLSCREEN"))
