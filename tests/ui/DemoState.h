@@ -13,6 +13,11 @@ ScanTotals demoTotals();
 /// What a scan of that disk gives. Of two paths of a finding, the later one is larger.
 ScanResult demoResult();
 
+/// What the cleanup of what is selected of them tells and leaves. The disk is as full as before: the Trash is on it.
+CleanupReport demoReport();
+QList<CleanupCandidate> demoFindingsAfterCleanup();
+ScanTotals demoTotalsAfterCleanup();
+
 /// An explanation as the service may give it.
 QString demoExplanation();
 

@@ -60,6 +60,19 @@ TEST_F(TidloAppTest, OpensOneWindowOnTheLandingScreen)
     EXPECT_EQ(tidlo().model().phase(), ScanPhase::ready);
 }
 
+TEST_F(TidloAppTest, TheButtonsOfTheWindowStandInTheMiddleOfTheBarFromTwentyPointsOn)
+{
+    const QQuickWindow &window = *tidlo().window();
+    double left = 20;
+    for (const char *name : {"closeButton", "minimiseButton", "zoomButton"}) {
+        const auto *const button = window.findChild<QQuickItem *>(QLatin1StringView(name));
+        ASSERT_NE(button, nullptr) << name;
+        EXPECT_EQ(button->mapRectToScene(button->boundingRect()), QRectF(left, 17, 12, 12)) << name;
+        EXPECT_EQ(button->isVisible(), !WindowChromeConfigurator::isNative()) << name;
+        left += 20;
+    }
+}
+
 TEST_F(TidloAppTest, HasNoWindowBeforeItIsOpened)
 {
     const TidloApp app(environment);

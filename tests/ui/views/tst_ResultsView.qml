@@ -178,6 +178,17 @@ ViewCase {
         fuzzyCompare(findChild(item("row2"), "bar").width, full.width / 2, 0.01);
     }
 
+    function test_a_bar_covers_its_track_and_leaves_the_rest_of_it() {
+        show();
+        const bar = findChild(item("row1"), "bar"), track = place(bar.parent), picture = grabImage(shown);
+        const colorAt = (x) => picture.pixel(x, track.y + track.height / 2);
+        const end = track.x + bar.width, cap = track.height;
+        for (const x of [track.x + cap, (track.x + end) / 2, end - cap])
+            compareColor(colorAt(x), bar.color.r, bar.color.g, bar.color.b);
+        compare(colorAt(end + cap), colorAt(track.right - cap), "the track is of one color");
+        verify(!isAlike(colorAt(end + cap), bar.color), "and of another than the bar");
+    }
+
     function test_bars_are_to_the_scale_of_all_findings_also_the_hidden() {
         show();
         mouseClick(item("chipReview"));
@@ -426,6 +437,23 @@ ViewCase {
         tryVerify(() => bottom() <= list.height, 5000, "what the keys reach is seen");
     }
 
+    function test_the_bar_of_the_list_takes_a_press_from_the_row_beneath() {
+        const list = findChild(lookInto(4), "items"), beneath = list.itemAtIndex(2);
+        mouseClick(beneath, beneath.width / 2);
+        compare(list.currentIndex, 2);
+
+        const bar = seen(list, part => String(part).startsWith("OverlayScrollBar"))[0], thumb = bar.contentItem;
+        compare(place(bar).right, place(list).right);
+        const second = place(list.itemAtIndex(1)), x = bar.width / 2;
+        mousePress(bar, x, second.y + second.height / 2 - place(bar).y);
+        mouseMove(bar, x, bar.height);
+        mouseRelease(bar, x, bar.height);
+
+        compare(list.currentIndex, 2);
+        verify(list.atYEnd, "the bar has scrolled");
+        compare(place(thumb).bottom, place(bar).bottom - bar.padding);
+    }
+
     function test_a_search_leaves_a_row_for_the_keys() {
         const content = lookInto(4);
         const list = findChild(content, "items");
@@ -500,7 +528,7 @@ ViewCase {
     }
 
     function path(number) {
-        return "/home/you/Sites/project-" + number + "/node_modules";
+        return "/home/you/Downloads/installer-" + number + ".dmg";
     }
 
     /// What lies on the clipboard after something that should put it there.
@@ -521,7 +549,7 @@ ViewCase {
         compare(list.count, 23);
         findChild(content, "itemsSearch").forceActiveFocus();
         keyClick(Qt.Key_2);
-        compare(list.count, 5); // project-2, project-12 and project-20 to 22
+        compare(list.count, 5); // installer-2, installer-12 and installer-20 to 22
         compare(demo.selectedCount(), 8);
         keyClick(Qt.Key_Escape);
         tryVerify(() => !item("itemsSheet").visible);
@@ -622,10 +650,10 @@ ViewCase {
         tryVerify(() => demo.withText(content, "23 items · 4.02 GB"));
         laidOut();
         const asFound = itemsFrom(list).slice(0, 3);
-        compare(asFound, [path(0) + ", 14.6 MB", path(1) + ", 29.1 MB", path(2) + ", 43.7 MB"]);
+        compare(asFound, [path(0) + ", 119.9 MB", path(1) + ", 124.8 MB", path(2) + ", 129.8 MB"]);
         data.press(findChild(content, "largestFirst"));
-        tryVerify(() => list.currentIndex === 0 && itemsFrom(list)[0] === path(22) + ", 335 MB");
-        compare(itemsFrom(list).slice(0, 3), [path(22) + ", 335 MB", path(21) + ", 320.4 MB", path(20) + ", 305.9 MB"]);
+        tryVerify(() => list.currentIndex === 0 && itemsFrom(list)[0] === path(22) + ", 229.7 MB");
+        compare(itemsFrom(list).slice(0, 3), [path(22) + ", 229.7 MB", path(21) + ", 224.7 MB", path(20) + ", 219.7 MB"]);
         data.press(findChild(content, "largestFirst"));
         tryVerify(() => itemsFrom(list)[0] === asFound[0]);
         compare(demo.selectedCount(), 8);
