@@ -15,6 +15,8 @@ namespace tidlo {
 namespace {
 
 constexpr auto homeFolder = "/home/you/";
+constexpr qint64 diskBytes = 500'000'000'000;
+constexpr qint64 freeBytes = 185'000'000'000;
 
 struct DemoFinding
 {
@@ -105,8 +107,8 @@ QList<CleanupCandidate> demoFindings()
 ScanTotals demoTotals()
 {
     ScanTotals totals;
-    totals.volumeBytes = 500'000'000'000;
-    totals.freeBytes = 185'000'000'000;
+    totals.volumeBytes = diskBytes;
+    totals.freeBytes = freeBytes;
     totals.diskUsedPercent = 0.63;
     for (const CleanupCandidate &candidate : demoFindings()) {
         totals.totalBytes += candidate.bytes;
@@ -170,6 +172,8 @@ QCoro::Task<std::optional<QString>> explainNothing(QList<CleanupCandidate>)
 AppEnvironment demoEnvironment(const FilePath &folder)
 {
     const auto files = std::make_shared<testing::NiceMock<FakeFileManager>>("/home/you");
+    ON_CALL(*files, volumeCapacity)
+        .WillByDefault(testing::Return(VolumeCapacity{.total = diskBytes, .available = freeBytes}));
     const Bundle bundle{.path = folder + "/from/Tidlo.app",
                         .executable = folder + "/from/Tidlo.app/Contents/MacOS/Tidlo",
                         .identifier = applicationIdentifier};

@@ -24,7 +24,7 @@ QString demoExplanation();
 /// No explanation, at once.
 QCoro::Task<std::optional<QString>> explainNothing(QList<CleanupCandidate>);
 
-/// An environment that finds nothing and explains nothing. Its desktop does
+/// An environment with the disk of demoTotals() that finds nothing and explains nothing. Its desktop does
 /// nothing; the application, its preferences and whatever it would write lie in \a folder.
 AppEnvironment demoEnvironment(const FilePath &folder);
 

@@ -1,22 +1,11 @@
-/// Draws every screen in every state into a folder. scripts/screenshots runs it for each theme, size and scale.
+#include "ui/pictures/Shots.h"
 
-#include "app/OpenModel.h"
 #include "ui/DemoState.h"
-#include "ui/shell/TidloApp.h"
 
-#include <QDir>
-#include <QEventLoop>
-#include <QGuiApplication>
-#include <QImage>
 #include <QQuickItem>
 #include <QQuickWindow>
-#include <QTemporaryDir>
-#include <QTimer>
 
 #include <array>
-#include <cstdio>
-
-namespace tidlo {
 
 namespace {
 
@@ -52,13 +41,7 @@ QQuickItem *item(QQuickItem &from, const char *name)
     return nullptr;
 }
 
-struct Shot
-{
-    const char *name;
-    void (*prepare)(OpenModel &app, QQuickWindow &window);
-};
-
-constexpr std::array shots{
+constexpr std::array all{
     Shot{"landing", [](OpenModel &, QQuickWindow &) {}},
     Shot{"landing-after-scan",
          [](OpenModel &app, QQuickWindow &) {
@@ -66,7 +49,8 @@ constexpr std::array shots{
              app.setSection(AppSection::scan);
          }},
     Shot{"scanning-0", [](OpenModel &app, QQuickWindow &) { scanAt(app, 0.0, "Reading disk usage"); }},
-    Shot{"scanning-42", [](OpenModel &app, QQuickWindow &) { scanAt(app, 0.42, "Checking WhatsApp Desktop storage"); }},
+    Shot{"scanning-42",
+         [](OpenModel &app, QQuickWindow &) { scanAt(app, 0.42, "Checking WhatsApp Desktop storage"); }},
     Shot{"scanning-99", [](OpenModel &app, QQuickWindow &) { scanAt(app, 0.99, "Finding older project copies"); }},
     Shot{"results", [](OpenModel &app, QQuickWindow &) { showResults(app); }},
     Shot{"results-explaining",
@@ -107,7 +91,7 @@ constexpr std::array shots{
          [](OpenModel &app, QQuickWindow &window) {
              QMetaObject::invokeMethod(object(window, "itemsSheet"), "close");
              app.setCandidates({});
-             app.setTotals({});
+             app.setTotals(demoTotalsAfterCleanup());
              app.setAiSummary(std::nullopt);
          }},
     Shot{"report-preview",
@@ -118,13 +102,9 @@ constexpr std::array shots{
          }},
     Shot{"report",
          [](OpenModel &app, QQuickWindow &) {
-             showResults(app);
-             CleanupReport report;
-             report.recoveredBytes = 48'570'000'000;
-             report.removedItems = 114;
-             report.protectedItems = 1;
-             report.finalDiskUsedPercent = 0.61;
-             app.setCleanupReport(report);
+             app.setTotals(demoTotalsAfterCleanup());
+             app.setCandidates(demoFindingsAfterCleanup());
+             app.setCleanupReport(demoReport());
              app.setPhase(ScanPhase::report);
              app.setSection(AppSection::report);
          }},
@@ -154,48 +134,9 @@ constexpr std::array shots{
          }},
 };
 
-/// Lets what moves come to rest.
-void settle()
-{
-    QEventLoop loop;
-    QTimer::singleShot(1500, &loop, &QEventLoop::quit);
-    loop.exec();
-}
-
 } // namespace
 
-} // namespace tidlo
-
-int main(int argc, char **argv)
+std::span<const Shot> shots()
 {
-    using namespace tidlo;
-    QGuiApplication application(argc, argv);
-    if (argc != 5) {
-        std::fputs("usage: screenshots <folder> <theme> <width> <height>\n", stderr);
-        return 2;
-    }
-    const QDir folder(QString::fromLocal8Bit(argv[1]));
-    const QTemporaryDir kept;
-    const AppEnvironment environment = demoEnvironment(QFile::encodeName(kept.path()));
-    environment.defaults->set(UserDefaults::theme, QString::fromLocal8Bit(argv[2]));
-    environment.defaults->set(UserDefaults::setupCompleted, true);
-    auto owned = std::make_unique<OpenModel>(environment);
-    OpenModel &app = *owned;
-    TidloApp tidlo(std::move(owned));
-    if (!tidlo.open())
-        return 1;
-    QQuickWindow &window = *tidlo.window();
-    window.resize(QByteArray(argv[3]).toInt(), QByteArray(argv[4]).toInt());
-    window.requestActivate(); // No window manager does it.
-    settle();
-    for (const Shot &shot : shots) {
-        shot.prepare(app, window);
-        settle();
-        const QString file = folder.filePath(QLatin1StringView(shot.name) + QStringLiteral(".png"));
-        if (!window.grabWindow().save(file, "PNG", 0)) {
-            std::fprintf(stderr, "screenshots: cannot write %s\n", qPrintable(file));
-            return 1;
-        }
-    }
-    return 0;
+    return all;
 }

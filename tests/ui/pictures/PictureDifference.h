@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QImage>
+
+/// Where two pictures of one size differ by more than another machine's rounding.
+struct PictureDifference
+{
+    int pixels = 0;
+    QImage map; ///< The second picture, pale, and in red what differs.
+};
+
+/// Pictures of different sizes differ everywhere.
+PictureDifference differenceOf(const QImage &kept, const QImage &drawn);

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QAnimationDriver>
+
+/// The time that animations follow, while there is one of these: it stands still but for steps. Main thread.
+class SteppedTime final : public QAnimationDriver
+{
+    Q_OBJECT
+
+public:
+    SteppedTime() { install(); }
+    ~SteppedTime() override { uninstall(); }
+
+    void step(std::chrono::milliseconds by)
+    {
+        now += by;
+        advance();
+    }
+
+    qint64 elapsed() const override { return now.count(); }
+
+private:
+    std::chrono::milliseconds now{0};
+};

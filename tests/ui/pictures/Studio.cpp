@@ -1,0 +1,49 @@
+#include "ui/pictures/Studio.h"
+
+#include "support/WaitUntil.h"
+#include "ui/DemoState.h"
+
+#include <QGuiApplication>
+#include <QQuickWindow>
+#include <QStyleHints>
+
+namespace {
+
+constexpr std::chrono::milliseconds frame(50);
+constexpr std::chrono::milliseconds longestMotion(1500);
+
+AppEnvironment studioEnvironment(const QString &theme, const QString &folder)
+{
+    AppEnvironment environment = demoEnvironment(QFile::encodeName(folder));
+    environment.defaults->set(UserDefaults::theme, theme);
+    environment.defaults->set(UserDefaults::setupCompleted, true);
+    return environment;
+}
+
+} // namespace
+
+Studio::Studio(const QString &theme, QSize size)
+    : model(new OpenModel(studioEnvironment(theme, folder.path())))
+    , application(std::unique_ptr<AppViewModel>(model))
+{
+    QGuiApplication::styleHints()->setCursorFlashTime(0); // It keeps another time.
+    bool isDiskRead = false;
+    QObject::connect(model, &AppViewModel::totalsChanged, &time, [&isDiskRead] { isDiskRead = true; });
+    if (!application.open())
+        qFatal("There is no window to take pictures of.");
+    application.window()->resize(size);
+    application.window()->requestActivate(); // No window manager does it.
+    waitUntil([&isDiskRead] { return isDiskRead; });
+    model->disconnect(&time);
+}
+
+QImage Studio::picture(const Shot &shot)
+{
+    shot.prepare(*model, *application.window());
+    for (auto past = std::chrono::milliseconds::zero(); past < longestMotion; past += frame) {
+        QCoreApplication::processEvents();
+        time.step(frame);
+    }
+    QCoreApplication::processEvents();
+    return application.window()->grabWindow();
+}

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "ui/pictures/Shots.h"
+#include "ui/pictures/SteppedTime.h"
+#include "ui/shell/TidloApp.h"
+
+#include <QImage>
+#include <QTemporaryDir>
+
+/// The application's window over the findings of DemoState.h, for pictures that are the same each time: what moves does
+/// so by steps of a time of its own. Main thread; one at a time, on a platform without screens.
+class Studio final
+{
+public:
+    Studio(const QString &theme, QSize size);
+
+    /// How the window looks in that state once what moves has come to rest; what moves for ever, at a fixed moment.
+    QImage picture(const Shot &shot);
+
+private:
+    SteppedTime time;
+    QTemporaryDir folder;
+    OpenModel *model; ///< Of the application.
+    TidloApp application;
+};
