@@ -1,8 +1,6 @@
 #include "model/CandidateChanges.h"
 #include "support/PrintQt.h"
 
-#include <QSet>
-
 #include <gmock/gmock.h>
 
 namespace tidlo {
@@ -25,38 +23,28 @@ TEST(CleanupCandidate, GetsAnIdentifierOfItsOwn)
     EXPECT_NE(CleanupCandidate(), CleanupCandidate());
 }
 
-TEST(CleanupCandidate, IsEqualToItsCopy)
+TEST(CleanupCandidate, HashesAsItsCopy)
 {
-    const CleanupCandidate candidate = fullCandidate();
-    EXPECT_EQ(candidate, fullCandidate());
-    EXPECT_EQ(qHash(candidate), qHash(fullCandidate()));
+    EXPECT_EQ(qHash(fullCandidate()), qHash(fullCandidate()));
 }
 
-TEST(CleanupCandidate, DiffersAndHashesByEachOfItsNineFields)
+TEST(CleanupCandidate, HashesByEachOfItsNineFields)
 {
     ASSERT_EQ(candidateChanges.size(), 9);
     for (const CandidateChange &change : candidateChanges) {
         CleanupCandidate changed = fullCandidate();
         change.apply(changed);
-        EXPECT_NE(changed, fullCandidate()) << change.field;
         EXPECT_NE(qHash(changed), qHash(fullCandidate())) << change.field;
     }
 }
 
-TEST(CleanupCandidate, TellsAnAbsentExplanationFromAnEmptyOne)
+TEST(CleanupCandidate, HashesAnAbsentExplanationOtherwiseThanAnEmptyOne)
 {
     CleanupCandidate absent = fullCandidate();
     CleanupCandidate empty = fullCandidate();
     absent.aiExplanation.reset();
     empty.aiExplanation = QString();
-    EXPECT_NE(absent, empty);
     EXPECT_NE(qHash(absent), qHash(empty));
-}
-
-TEST(CleanupCandidate, CanBeKeptInASet)
-{
-    QSet<CleanupCandidate> set{fullCandidate(), fullCandidate(), CleanupCandidate()};
-    EXPECT_EQ(set.size(), 2);
 }
 
 } // namespace tidlo

@@ -2,8 +2,6 @@
 #include "model/CleanupCandidate.h"
 #include "support/PrintQt.h"
 
-#include <QSet>
-
 #include <gmock/gmock.h>
 
 namespace tidlo {
@@ -51,13 +49,6 @@ TEST(RawValue, OfCategoriesAreTheirTitlesInOrder)
                                                       u"Large & old files", u"Protected"));
 }
 
-TEST(RawValue, OfSectionsAreTheirNamesInOrder)
-{
-    EXPECT_THAT(allCases<AppSection>(),
-                ElementsAre(AppSection::scan, AppSection::results, AppSection::report, AppSection::settings));
-    EXPECT_THAT(texts<AppSection>(), ElementsAre(u"scan", u"results", u"report", u"settings"));
-}
-
 TEST(RawValue, IsComparedExactlyAndWithCase)
 {
     expectThatEveryCaseIsFoundByItsTextAlone<CleanupRisk>();
@@ -71,15 +62,6 @@ TEST(RawValue, IsComparedExactlyAndWithCase)
 TEST(RawValue, OfWhatIsNoCaseIsEmpty)
 {
     EXPECT_EQ(rawValue(static_cast<CleanupRisk>(4)), QString());
-}
-
-TEST(ScanPhase, HasFourCasesThatCanBeHashed)
-{
-    const QSet<ScanPhase> phases{ScanPhase::ready, ScanPhase::scanning, ScanPhase::results, ScanPhase::report};
-    EXPECT_EQ(phases.size(), 4);
-    EXPECT_LT(ScanPhase::ready, ScanPhase::scanning);
-    EXPECT_LT(ScanPhase::scanning, ScanPhase::results);
-    EXPECT_LT(ScanPhase::results, ScanPhase::report);
 }
 
 } // namespace tidlo

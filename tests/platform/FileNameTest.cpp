@@ -29,19 +29,10 @@ TEST(FileName, ANameThatBeginsWithADotIsHidden)
     EXPECT_FALSE(isHiddenName(""));
 }
 
-TEST(FileName, EveryKnownExtensionMakesAPackageWhateverItsCase)
+TEST(FileName, AnExtensionMakesAPackageWhateverItsCase)
 {
-    constexpr const char *known[] = {
-        "action",       "app",           "appex",     "aplibrary",     "band",    "bundle",    "component",
-        "download",     "dsym",          "fcpbundle", "imovielibrary", "kext",    "key",       "lbaction",
-        "logicx",       "mdimporter",    "mpkg",      "musiclibrary",  "numbers", "osax",      "pages",
-        "photolibrary", "photoslibrary", "pkg",       "playground",    "plugin",  "prefpane",  "qlgenerator",
-        "rtfd",         "saver",         "scptd",     "sparsebundle",  "theater", "tvlibrary", "wdgt",
-        "workflow",     "xcarchive",     "xcodeproj", "xcworkspace",   "xpc"};
-    for (const char *extension : known) {
-        EXPECT_TRUE(isPackageName(QByteArray("Some.") + extension)) << extension;
-        EXPECT_TRUE(isPackageName(QByteArray("Some.") + QByteArray(extension).toUpper())) << extension;
-    }
+    for (const char *name : {"Some.app", "Some.APP", "Some.photoslibrary", "Some.xcodeProj"})
+        EXPECT_TRUE(isPackageName(name)) << name;
 }
 
 TEST(FileName, OtherNamesArePlainFolders)

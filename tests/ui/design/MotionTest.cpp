@@ -70,11 +70,6 @@ TEST_P(EveryMotion, BeginsAtZeroAndEndsAtExactlyOne)
     EXPECT_EQ(GetParam().motion().easing.valueForProgress(1), 1);
 }
 
-TEST(Motion, ARingWaitsEightHundredthsOfASecond)
-{
-    EXPECT_EQ(Motion::gaugeDelay(), 80);
-}
-
 TEST(Motion, EaseInOutIsThePlatformsCurve)
 {
     const QEasingCurve curve = Motion::easeInOut();

@@ -4,7 +4,6 @@
 #include "support/WaitUntil.h"
 
 #include <QGuiApplication>
-#include <QMetaProperty>
 #include <QPalette>
 
 #include <gmock/gmock.h>
@@ -134,15 +133,6 @@ TEST_F(TidloThemeTest, EveryColorOfTheLightScheme)
 {
     theme.setPreference(QStringLiteral("light"));
     expectScheme(theme, &NamedColor::light);
-}
-
-TEST_F(TidloThemeTest, TheTableAboveHoldsEveryColorThereIs)
-{
-    size_t count = 0;
-    const QMetaObject &type = TidloTheme::staticMetaObject;
-    for (int i = type.propertyOffset(); i < type.propertyCount(); ++i)
-        count += type.property(i).metaType() == QMetaType::fromType<QColor>() ? 1 : 0;
-    EXPECT_EQ(count, colors.size());
 }
 
 TEST_F(TidloThemeTest, IsDarkBeforeAnythingIsStored)

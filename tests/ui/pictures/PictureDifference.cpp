@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstdlib>
 
+namespace tidlo {
+
 namespace {
 
 constexpr int rounding = 8; // Of 255, in any of red, green, blue and opacity.
@@ -36,3 +38,5 @@ PictureDifference differenceOf(const QImage &kept, const QImage &drawn)
     }
     return difference;
 }
+
+} // namespace tidlo

@@ -2,6 +2,8 @@
 
 #include <QImage>
 
+namespace tidlo {
+
 /// Where two pictures of one size differ by more than another machine's rounding.
 struct PictureDifference
 {
@@ -11,3 +13,5 @@ struct PictureDifference
 
 /// Pictures of different sizes differ everywhere.
 PictureDifference differenceOf(const QImage &kept, const QImage &drawn);
+
+} // namespace tidlo

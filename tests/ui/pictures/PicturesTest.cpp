@@ -7,6 +7,8 @@
 
 #include <gmock/gmock.h>
 
+namespace tidlo {
+
 namespace {
 
 constexpr QSize leastContent(1350, 720);
@@ -97,3 +99,5 @@ TEST(PictureDifference, APictureOfAnotherSizeDiffersEverywhere)
 
     EXPECT_EQ(differenceOf(QImage(), drawn).pixels, 6);
 }
+
+} // namespace tidlo

@@ -7,6 +7,8 @@
 
 #include <array>
 
+namespace tidlo {
+
 namespace {
 
 void showResults(OpenModel &app)
@@ -140,3 +142,5 @@ std::span<const Shot> shots()
 {
     return all;
 }
+
+} // namespace tidlo

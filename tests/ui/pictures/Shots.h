@@ -6,6 +6,8 @@
 
 class QQuickWindow;
 
+namespace tidlo {
+
 /// A state of the window that is worth a picture.
 struct Shot
 {
@@ -17,3 +19,5 @@ struct Shot
 
 /// Every screen in every state, in the order in which they are to be prepared.
 std::span<const Shot> shots();
+
+} // namespace tidlo

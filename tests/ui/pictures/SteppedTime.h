@@ -2,6 +2,8 @@
 
 #include <QAnimationDriver>
 
+namespace tidlo {
+
 /// The time that animations follow, while there is one of these: it stands still but for steps. Main thread.
 class SteppedTime final : public QAnimationDriver
 {
@@ -22,3 +24,5 @@ public:
 private:
     std::chrono::milliseconds now{0};
 };
+
+} // namespace tidlo

@@ -7,6 +7,8 @@
 #include <QQuickWindow>
 #include <QStyleHints>
 
+namespace tidlo {
+
 namespace {
 
 constexpr std::chrono::milliseconds frame(50);
@@ -47,3 +49,5 @@ QImage Studio::picture(const Shot &shot)
     QCoreApplication::processEvents();
     return application.window()->grabWindow();
 }
+
+} // namespace tidlo

@@ -7,6 +7,8 @@
 #include <QImage>
 #include <QTemporaryDir>
 
+namespace tidlo {
+
 /// The application's window over the findings of DemoState.h, for pictures that are the same each time: what moves does
 /// so by steps of a time of its own. Main thread; one at a time, on a platform without screens.
 class Studio final
@@ -23,3 +25,5 @@ private:
     OpenModel *model; ///< Of the application.
     TidloApp application;
 };
+
+} // namespace tidlo

@@ -1,16 +1,16 @@
 #include "ui/screens/Presentation.h"
 
 #include "support/PrintQt.h"
-#include "ui/design/TidloTheme.h"
 
 #include <gmock/gmock.h>
 
 namespace tidlo {
 
-TEST(Presentation, TheBadgeOfWhatIsNeverToBeTouchedHasARedOfItsOwn)
+TEST(Presentation, WhatIsProtectedIsMarkedLikeNoFindingOfAScan)
 {
-    EXPECT_EQ(presentationOf(CleanupRisk::never).hue, TidloTheme::Hue::Red);
-    EXPECT_EQ(presentationOf(CleanupRisk::never).badgeHue, TidloTheme::Hue::AccentRed);
+    const CategoryPresentation &marked = presentationOf(CleanupCategory::protected_);
+    EXPECT_EQ(marked.symbol.toString(), QStringLiteral("lock.shield"));
+    EXPECT_EQ(marked.hue, TidloTheme::Hue::Red);
 }
 
 TEST(Presentation, ACountBelowOneByteIsADash)

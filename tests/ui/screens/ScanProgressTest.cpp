@@ -39,20 +39,6 @@ constexpr State complete = State::complete;
 
 } // namespace
 
-TEST(ScanSteps, HaveTheirTexts)
-{
-    const QList<PipelineStep> steps = ScanProgress::stepsAt(0);
-    ASSERT_EQ(steps.size(), 4);
-    EXPECT_EQ(steps[0].title, QStringLiteral("Project & build files"));
-    EXPECT_EQ(steps[0].detail, QStringLiteral("Temporary project data, build caches, output folders"));
-    EXPECT_EQ(steps[1].title, QStringLiteral("WhatsApp media"));
-    EXPECT_EQ(steps[1].detail, QStringLiteral("Media cache only; chat database protected"));
-    EXPECT_EQ(steps[2].title, QStringLiteral("Caches, Downloads & Large Files"));
-    EXPECT_EQ(steps[2].detail, QStringLiteral("App caches, old installers, and files >100MB untouched for 60+ days"));
-    EXPECT_EQ(steps[3].title, QStringLiteral("Duplicate project copies"));
-    EXPECT_EQ(steps[3].detail, QStringLiteral("Detect latest copy and flag older folders"));
-}
-
 TEST(ScanSteps, ShowHowTheyStandByASymbolAndAWord)
 {
     const QList<PipelineStep> steps = ScanProgress::stepsAt(0.42);

@@ -28,20 +28,6 @@ protected:
 
 } // namespace
 
-TEST_F(NavigationTest, TheRailHasFourButtonsInThisOrder)
-{
-    QStringList symbols;
-    QStringList titles;
-    for (const RailItem &item : Navigation::rail()) {
-        symbols.append(item.symbol);
-        titles.append(item.title);
-    }
-    EXPECT_THAT(symbols, testing::ElementsAre(QStringLiteral("house"), QStringLiteral("chart.pie"),
-                                              QStringLiteral("doc.text.magnifyingglass"), QStringLiteral("gearshape")));
-    EXPECT_THAT(titles, testing::ElementsAre(QStringLiteral("Scan"), QStringLiteral("Results"),
-                                             QStringLiteral("Report"), QStringLiteral("Settings")));
-}
-
 TEST_F(NavigationTest, EachButtonLeadsToItsSectionAndIsActiveThere)
 {
     constexpr std::array sections{AppSection::scan, AppSection::results, AppSection::report, AppSection::settings};
