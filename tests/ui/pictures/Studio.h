@@ -1,7 +1,7 @@
 #pragma once
 
+#include "ui/SteppedTime.h"
 #include "ui/pictures/Shots.h"
-#include "ui/pictures/SteppedTime.h"
 #include "ui/shell/TidloApp.h"
 
 #include <QImage>

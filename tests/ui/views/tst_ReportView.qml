@@ -17,14 +17,14 @@ ViewCase {
         text("48.57 GB");
         text("Disk now 63% full");
         text("37%");
-        text("114");
+        text("103");
     }
 
     function test_it_counts_paths_and_not_findings() {
         demo.showResults();
         for (let i = 0; i < 9; ++i)
-            demo.changeCandidate(i, { selected: i === 3 || i === 6 });
-        text("7");
+            demo.changeCandidate(i, { selected: i === 6 || i === 7 });
+        text("10"); // Four and six.
     }
 
     function test_with_nothing_selected_it_shows_nothing_recovered() {

@@ -87,8 +87,8 @@ class Window:
         candidates = (desktop.get_child_at_index(i) for i in range(desktop.get_child_count()))
         return next((one for one in candidates if one and one.get_process_id() == self.process.pid), None)
 
-    def elements(self):
-        """All that is shown, in the order of the tree."""
+    def shown(self):
+        """What is shown, in the order of the tree. Each is asked for as it is reached, which takes a while."""
         def below(accessible):
             for i in range(accessible.get_child_count()):
                 child = accessible.get_child_at_index(i)
@@ -96,29 +96,41 @@ class Window:
                     yield Element(child)
                     yield from below(child)
 
-        return list(below(self.application))
+        return below(self.application)
 
-    def all(self, role, name=".*"):
-        """What is shown with a role and a name that match regular expressions as a whole."""
+    def elements(self):
+        return list(self.shown())
+
+    def look(self, ask):
+        """What is asked of the tree, asked again where something went away meanwhile."""
         while True:
             try:
-                return [one for one in self.elements() if re.fullmatch(role, one.role) and re.fullmatch(name, one.name)]
-            except GLib.Error:  # Something went away meanwhile.
+                return ask()
+            except GLib.Error:
                 assert self.process.poll() is None, "The program has ended."
 
+    def matching(self, role, name):
+        """What is shown with a role and a name that match regular expressions as a whole."""
+        return (one for one in self.shown() if re.fullmatch(role, one.role) and re.fullmatch(name, one.name))
+
+    def all(self, role, name=".*"):
+        return self.look(lambda: list(self.matching(role, name)))
+
     def find(self, role, name=".*"):
-        return next(iter(self.all(role, name)), None)
+        return self.look(lambda: next(self.matching(role, name), None))
 
     def wait(self, role, name=".*", state="showing"):
         def found():
             element = self.find(role, name)
             return element if element and state in element.states else None
 
-        return eventually(f"{role} “{name}” is {state}", found)
+        return eventually(f"{role} “{name}” is {state}", lambda: self.look(found))
 
     def wait_without(self, role, name=".*", state="showing"):
-        eventually(f"{role} “{name}” is not {state}",
-                   lambda: all(state not in element.states for element in self.all(role, name)))
+        def is_gone():
+            return all(state not in element.states for element in self.matching(role, name))
+
+        eventually(f"{role} “{name}” is not {state}", lambda: self.look(is_gone))
 
     def click(self, role, name=".*", button=1):
         self.click_at(*self.wait(role, name).center, button)
@@ -136,10 +148,7 @@ class Window:
 
     def focused(self):
         """What the keyboard reaches, if anything does."""
-        return next((one for one in self.elements() if "focused" in one.states), None)
-
-    def wait_for_focus(self):
-        return eventually("something has the keyboard", self.focused)
+        return self.look(lambda: next((one for one in self.shown() if "focused" in one.states), None))
 
     def tab(self):
         """Sends the keyboard on to the next control; gives what it reaches then."""

@@ -2,13 +2,13 @@
 
 #include <QAnimationDriver>
 
+#include <chrono>
+
 namespace tidlo {
 
-/// The time that animations follow, while there is one of these: it stands still but for steps. Main thread.
+/// The time that animations follow while there is one of these: it stands still but for steps. Main thread.
 class SteppedTime final : public QAnimationDriver
 {
-    Q_OBJECT
-
 public:
     SteppedTime() { install(); }
     ~SteppedTime() override { uninstall(); }
