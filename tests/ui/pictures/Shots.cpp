@@ -51,8 +51,7 @@ constexpr std::array all{
              app.setSection(AppSection::scan);
          }},
     Shot{"scanning-0", [](OpenModel &app, QQuickWindow &) { scanAt(app, 0.0, "Reading disk usage"); }},
-    Shot{"scanning-42",
-         [](OpenModel &app, QQuickWindow &) { scanAt(app, 0.42, "Checking WhatsApp Desktop storage"); }},
+    Shot{"scanning-42", [](OpenModel &app, QQuickWindow &) { scanAt(app, 0.42, "Checking WhatsApp Desktop storage"); }},
     Shot{"scanning-99", [](OpenModel &app, QQuickWindow &) { scanAt(app, 0.99, "Finding older project copies"); }},
     Shot{"results", [](OpenModel &app, QQuickWindow &) { showResults(app); }},
     Shot{"results-explaining",

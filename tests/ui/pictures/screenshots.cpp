@@ -10,6 +10,7 @@
 
 int main(int argc, char **argv)
 {
+    using namespace tidlo;
     const QGuiApplication application(argc, argv);
     if (argc != 5) {
         std::fputs("usage: screenshots <folder> <theme> <width> <height>\n", stderr);

@@ -1,11 +1,5 @@
-<<<<<<< HEAD
-#include "ui/shell/TidloApp.h"
-=======
 #include "ui/SteppedTime.h"
-#include "ui/design/DesignSystem.h"
-#include "ui/screens/ContentViews.h"
-#include "ui/shell/RootView.h"
->>>>>>> 00e0022 (tests: Move ten times as fast where views are tested, and look no further than needed)
+#include "ui/shell/TidloApp.h"
 #include "ui/views/Demo.h"
 
 #include <QQmlContext>
@@ -13,14 +7,10 @@
 #include <QTimer>
 #include <QtQuickTest>
 
-<<<<<<< HEAD
 namespace tidlo {
 
-/// Gives every file of tests an engine with the application's modules and a "demo" of its own.
-=======
 /// Gives every file of tests an engine with the application's modules and a "demo" of its own. What moves does so in
 /// the steps of a slow frame rate, but ten times as fast as for people.
->>>>>>> 00e0022 (tests: Move ten times as fast where views are tested, and look no further than needed)
 class Setup : public QObject
 {
     Q_OBJECT
@@ -28,17 +18,11 @@ class Setup : public QObject
 public Q_SLOTS:
     void qmlEngineAvailable(QQmlEngine *engine)
     {
-<<<<<<< HEAD
-        registerQmlModules();
-=======
         using namespace std::chrono_literals;
         QObject::connect(&ticks, &QTimer::timeout, this, [this] { time->step(50ms); });
         QObject::connect(time.get(), &QAnimationDriver::started, &ticks, [this] { ticks.start(5ms); });
         QObject::connect(time.get(), &QAnimationDriver::stopped, &ticks, &QTimer::stop);
-        useDesignSystem();
-        useContentViews();
-        useShell();
->>>>>>> 00e0022 (tests: Move ten times as fast where views are tested, and look no further than needed)
+        registerQmlModules();
         engine->addImportPath(QStringLiteral(":/qt/qml"));
         demo = std::make_unique<Demo>();
         engine->rootContext()->setContextProperty(QStringLiteral("demo"), demo.get());
