@@ -125,23 +125,23 @@ FolderReader::Batch FolderReader::readBatch(int folder)
 
 std::optional<FolderReader::Entry> FolderReader::nextEntry()
 {
-    if (!buffer || buffer->left == 0)
-        return std::nullopt;
-    --buffer->left;
-    const char *position = buffer->position;
-    buffer->position += taken<uint32_t>(position);
-    const auto returned = taken<attribute_set_t>(position);
-    if ((returned.commonattr & ATTR_CMN_ERROR) != 0)
-        position += sizeof(uint32_t);
-    Entry entry{.name = {}, .kind = FileKind::unknown};
-    if ((returned.commonattr & ATTR_CMN_NAME) != 0) {
+    while (buffer && buffer->left > 0) {
+        --buffer->left;
+        const char *position = buffer->position;
+        buffer->position += taken<uint32_t>(position);
+        const auto told = taken<attribute_set_t>(position).commonattr;
+        if ((told & ATTR_CMN_ERROR) != 0)
+            position += sizeof(uint32_t);
+        if ((told & ATTR_CMN_NAME) == 0)
+            continue; // It went while it was listed.
         const char *reference = position;
         const auto name = taken<attrreference_t>(position);
-        entry.name = QByteArrayView(reference + name.attr_dataoffset, static_cast<qsizetype>(name.attr_length) - 1);
+        const bool isTyped = (told & ATTR_CMN_OBJTYPE) != 0;
+        return Entry{.name =
+                         QByteArrayView(reference + name.attr_dataoffset, static_cast<qsizetype>(name.attr_length) - 1),
+                     .kind = isTyped ? kindOfObject(taken<fsobj_type_t>(position)) : FileKind::unknown};
     }
-    if ((returned.commonattr & ATTR_CMN_OBJTYPE) != 0)
-        entry.kind = kindOfObject(taken<fsobj_type_t>(position));
-    return entry;
+    return std::nullopt;
 }
 
 std::optional<EntryStatus> statusOf(int folder, const char *name, StatusDetail)
