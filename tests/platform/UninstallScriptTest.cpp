@@ -40,6 +40,20 @@ protected:
         });
         return result.output == "refused" ? std::nullopt : std::optional(QByteArray::fromStdString(result.output));
     }
+
+    /// Gives back the path.
+    static FilePath write(const FilePath &path, const QByteArray &content)
+    {
+        QFile file(QFile::decodeName(path));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(content) == content.size());
+        return path;
+    }
+
+    static QByteArray content(const FilePath &path)
+    {
+        QFile file(QFile::decodeName(path));
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
 };
 
 } // namespace
@@ -67,6 +81,45 @@ TEST_F(UninstallScriptTest, OfMacOSIsNotMadeWhereTheShellWouldReadAPathAsItsOwn)
         EXPECT_EQ(script.text, "");
     }
     EXPECT_EQ(uninstallScriptForMacOS("/a b&;(*/Tidlo.app", "com.example.other").unquotable, std::nullopt);
+}
+
+TEST_F(UninstallScriptTest, OfMacOSAsksTheFinderAndDeletesOnlyWhatThatFailsToMove)
+{
+    const TemporaryHome home;
+    const FilePath application = home / "My Apps/Tidlo.app";
+    QByteArray script = uninstallScriptForMacOS(application, "com.example.other").text;
+    script.replace("sleep 1\n", "").replace("/usr/bin/osascript", "osascript");
+    const FilePath path = write(home.file("script.sh", 0), script);
+    const FilePath log = home / "log";
+    const QByteArray recorder = "#!/bin/sh\nprintf '[%s]' \"${0##*/}\" \"$@\" >> '" + log + "'\nexit ";
+    chmod(write(home.file("bin/defaults", 0), recorder + "1\n").constData(), 0755);
+    for (const bool isMoved : {true, false}) {
+        chmod(write(home.file("bin/osascript", 0), recorder + (isMoved ? "0\n" : "1\n")).constData(), 0755);
+        for (const char *file : {"My Apps/Tidlo.app/Contents/MacOS/Tidlo", "My Apps/kept",
+                                 "Library/Preferences/com.example.other.plist", "Library/Preferences/com.example.plist",
+                                 "Library/Caches/com.example.other/a/b", "Library/Caches/com.example.other.kept"})
+            home.file(file);
+        auto expected = home.inventory();
+        std::erase_if(expected, [&](const auto &entry) {
+            const std::string &name = entry.first;
+            return (!isMoved && name.starts_with("My Apps/Tidlo.app")) ||
+                   name == "Library/Preferences/com.example.other.plist" ||
+                   (name + '/').starts_with("Library/Caches/com.example.other/");
+        });
+
+        EXPECT_EQ(
+            std::system(("env HOME='" + home.path() + "' PATH='" + home.path() + "/bin':$PATH bash '" + path + '\'')
+                            .constData()),
+            0);
+
+        EXPECT_EQ(content(log), "[osascript][-e][tell application \"Finder\" to move POSIX file \"" + application +
+                                    "\" to trash][defaults][delete][com.example.other]");
+        std::remove(log.constData());
+        const auto remaining = home.inventory();
+        EXPECT_EQ(remaining.size(), expected.size());
+        for (const auto &[kept, entry] : expected)
+            EXPECT_TRUE(remaining.contains(kept)) << kept;
+    }
 }
 
 TEST_F(UninstallScriptTest, OfMacOSPleasesShellcheck)
