@@ -139,6 +139,10 @@ TEST_F(BundledApplication, SaysWhoItIs)
     const auto info = readInfoPlist(bundle + "/Contents/Info.plist");
     EXPECT_EQ(info.value(QStringLiteral("CFBundleShortVersionString")), QStringLiteral(TIDLO_VERSION));
     EXPECT_EQ(info.value(QStringLiteral("CFBundleVersion")), QStringLiteral(TIDLO_VERSION));
+    for (const char *use : {"AppleEvents", "AppData", "DesktopFolder", "DocumentsFolder", "DownloadsFolder"}) {
+        const QString reason = info.value(QStringLiteral("NS%1UsageDescription").arg(QLatin1StringView(use)));
+        EXPECT_TRUE(reason.startsWith(QStringLiteral("Tidlo "))) << use;
+    }
 }
 
 TEST_F(BundledApplication, HoldsAllItNeeds)
@@ -154,6 +158,8 @@ TEST_F(BundledApplication, HoldsAllItNeeds)
     const QByteArray beginning = logo.read(24);
     EXPECT_TRUE(beginning.startsWith("\x89PNG\r\n"));
     EXPECT_EQ(beginning.mid(16), QByteArray("\0\0\2\0\0\0\2\0", 8)); // The width and height of its place among icons.
+    const auto icon = readInfoPlist(bundle + "/Contents/Info.plist").value(QStringLiteral("CFBundleIconFile"));
+    EXPECT_THAT(entries, Contains(Key(contents + "Resources/" + icon.toStdString())));
 }
 
 TEST_F(BundledApplication, OpensItsWindowWhereverItWasCopied)

@@ -1,0 +1,99 @@
+#include "support/PrintQt.h"
+#include "support/TemporaryHome.h"
+
+#include <QFile>
+
+#include <gmock/gmock.h>
+
+#include <cstdlib>
+
+#include <sys/stat.h>
+
+using testing::ElementsAre;
+
+namespace {
+
+/// A Mac as far as scripts/package_macos can see: its tools write down what is asked of them.
+class PackageMacOS : public testing::Test
+{
+protected:
+    PackageMacOS()
+    {
+        EXPECT_TRUE(QFile::copy(QStringLiteral(TIDLO_SCRIPTS "/package_macos"),
+                                QFile::decodeName(home.folder("scripts") + "/package_macos")));
+        program("scripts/build", "echo build \"$@\"");
+        program("bin/uname", "echo Darwin");
+        for (const char *tool : {"codesign", "ditto", "spctl", "xcrun"})
+            program(FilePath("bin/") + tool, FilePath("echo ") + tool + " \"$@\"");
+        const FilePath contents = "build/release/Tidlo.app/Contents/";
+        for (const char *file : {"Frameworks/QtCore.framework/QtCore", "Frameworks/libcurl.4.dylib", "MacOS/Tidlo",
+                                 "MacOS/tidlo-cli", "PlugIns/platforms/libqcocoa.dylib"})
+            home.file(contents + file, 1);
+    }
+
+    /// The lines that the tools wrote, without what is the same in all of them.
+    QByteArrayList run(const QByteArray &arguments) const
+    {
+        const FilePath log = home / "log";
+        EXPECT_EQ(std::system(("exec > '" + log + "'; PATH='" + home.path() + "/bin':$PATH bash '" + home.path() +
+                               "/scripts/package_macos' " + arguments)
+                                  .constData()),
+                  0);
+        QFile file(QFile::decodeName(log));
+        EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+        return file.readAll().replace("build/release/", "").trimmed().split('\n');
+    }
+
+    const TemporaryHome home;
+
+private:
+    void program(const FilePath &name, const QByteArray &line)
+    {
+        const FilePath path = home.file(name, 0);
+        QFile file(QFile::decodeName(path));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write("#!/bin/sh\n" + line + '\n') > 0);
+        chmod(path.constData(), 0755);
+    }
+};
+
+} // namespace
+
+TEST_F(PackageMacOS, SignsWhatLiesWithinBeforeWhatHoldsIt)
+{
+    const QByteArray sign = "codesign --force --options runtime --sign - ";
+    QByteArrayList said = run("-");
+    ASSERT_GT(said.size(), 3);
+    std::sort(said.begin() + 1, said.begin() + 3); // A folder has no order.
+
+    EXPECT_THAT(said, ElementsAre("build release bundle", sign + "Tidlo.app/Contents/Frameworks/libcurl.4.dylib",
+                                  sign + "Tidlo.app/Contents/PlugIns/platforms/libqcocoa.dylib",
+                                  sign + "Tidlo.app/Contents/Frameworks/QtCore.framework",
+                                  sign + "Tidlo.app/Contents/MacOS/tidlo-cli",
+                                  sign + "--entitlements packaging/Tidlo.entitlements Tidlo.app",
+                                  "codesign --verify --deep --strict --verbose=2 Tidlo.app"));
+}
+
+TEST_F(PackageMacOS, HandsOnOnlyWhatWasNotarised)
+{
+    const QByteArrayList said = run("'Developer ID Application: A' profile");
+
+    EXPECT_THAT(said.mid(said.size() - 5),
+                ElementsAre("ditto -c -k --keepParent Tidlo.app Tidlo.zip",
+                            "xcrun notarytool submit Tidlo.zip --keychain-profile profile --wait",
+                            "xcrun stapler staple Tidlo.app", "ditto -c -k --keepParent Tidlo.app Tidlo.zip",
+                            "spctl --assess --type execute --verbose Tidlo.app"));
+    EXPECT_TRUE(
+        said.at(1).startsWith("codesign --force --options runtime --sign Developer ID Application: A --timestamp "));
+}
+
+TEST_F(PackageMacOS, EndsWhenASignatureFails)
+{
+    home.file("bin/codesign", 0);
+    QFile file(QFile::decodeName(home / "bin/codesign"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write("#!/bin/sh\nexit 1\n") > 0);
+    file.close();
+    EXPECT_NE(
+        std::system(("PATH='" + home.path() + "/bin':$PATH bash '" + home.path() + "/scripts/package_macos' - profile")
+                        .constData()),
+        0);
+}
