@@ -43,7 +43,7 @@ public:
 private:
     struct Free
     {
-        void operator()(BIO *bio) const { BIO_free_all(bio); }
+        void operator()(BIO *chain) const { BIO_free_all(chain); }
     };
 
     void prepare();

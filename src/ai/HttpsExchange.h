@@ -54,7 +54,7 @@ public:
 private:
     struct Release
     {
-        void operator()(CURLM *multi) const { curl_multi_cleanup(multi); }
+        void operator()(CURLM *handle) const { curl_multi_cleanup(handle); }
     };
 
     std::unique_ptr<CURLM, Release> multi{curl_multi_init()};

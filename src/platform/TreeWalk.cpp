@@ -279,13 +279,13 @@ void TreeWalk::addRoot(const FilePath &path, int index, CountedItem *item)
 void TreeWalk::run()
 {
     std::vector<std::jthread> helpers;
-    int wanted = limits.workers - 1;
+    int more = limits.workers - 1;
     Worker(*this).work([&] {
         try {
-            for (; wanted > 0; --wanted)
+            for (; more > 0; --more)
                 helpers.emplace_back([this] { Worker(*this).work([] {}); });
         } catch (const std::exception &) { // The system has no more threads, or no memory for one.
-            wanted = 0;                    // Those that there are do it all.
+            more = 0;                      // Those that there are do it all.
         }
     });
 }

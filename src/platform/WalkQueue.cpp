@@ -224,8 +224,8 @@ bool WalkQueue::closeLeastRecent()
 {
     WalkFolder *oldest = nullptr;
     for (WalkFolder *folder : kept) {
-        const bool spare = folder->counts.users == 0 && folder->counts.listed && !folder->isRoot();
-        if (spare && (oldest == nullptr || folder->counts.lastUse < oldest->counts.lastUse))
+        const bool isSpare = folder->counts.users == 0 && folder->counts.listed && !folder->isRoot();
+        if (isSpare && (oldest == nullptr || folder->counts.lastUse < oldest->counts.lastUse))
             oldest = folder;
     }
     if (oldest == nullptr)
