@@ -1,16 +1,14 @@
 #pragma once
 
-#include "model/FilePath.h"
+#include "platform/PreferenceStore.h"
 
 #include <QObject>
-#include <QSettings>
 
 namespace tidlo {
 
 /// The preferences of the user, kept in the system's own place for them. What is set holds from then on, and is stored
-/// at once: the file is the old or the new one, whole, whenever the program is killed. A file that is missing, empty or
-/// damaged means the defaults; where it cannot be read or written, what was set holds until the program ends. Main
-/// thread.
+/// at once. What is missing or damaged means the defaults; where nothing can be read or written, what was set holds
+/// until the program ends. Main thread.
 class UserDefaults final : public QObject
 {
     Q_OBJECT
@@ -36,14 +34,7 @@ Q_SIGNALS:
     void changed(const QString &key);
 
 private:
-    QVariant value(QLatin1StringView key) const;
-    void store();
-
-    QSettings stored; ///< Only read from.
-    QVariantMap own;  ///< What was set here.
+    const std::unique_ptr<PreferenceStore> store;
 };
-
-/// Where the preferences of this user lie, as the system has it. Read from the environment each time.
-FilePath preferencesFile();
 
 } // namespace tidlo

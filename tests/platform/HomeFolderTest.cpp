@@ -1,7 +1,7 @@
 #include "platform/HomeFolder.h"
 
 #include "platform/LiveFileManager.h"
-#include "platform/UserDefaults.h"
+#include "platform/Paths.h"
 #include "support/InChild.h"
 #include "support/PrintQt.h"
 
@@ -119,8 +119,9 @@ TEST(HomeFolder, IsAskedForOnceByAFileManager)
 
 TEST(HomeFolder, HasNoSlashTooManyInFrontOfWhatLiesInIt)
 {
-    EXPECT_EQ(inHome("/", preferencesFile), "/.config/com.tidlo.storagecleaner.conf");
-    EXPECT_EQ(inHome("/home/me/", preferencesFile), "/home/me/.config/com.tidlo.storagecleaner.conf");
+    const auto itemInIt = [] { return joined(homeFolder(), "a"); };
+    EXPECT_EQ(inHome("/", itemInIt), "/a");
+    EXPECT_EQ(inHome("/home/me/", itemInIt), "/home/me/a");
 }
 
 } // namespace tidlo

@@ -9,6 +9,8 @@
 
 #include <sys/stat.h>
 
+namespace tidlo {
+
 using testing::ElementsAre;
 
 namespace {
@@ -97,3 +99,5 @@ TEST_F(PackageMacOS, EndsWhenASignatureFails)
                         .constData()),
         0);
 }
+
+} // namespace tidlo

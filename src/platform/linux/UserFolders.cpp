@@ -1,9 +1,7 @@
 #include "platform/linux/UserFolders.h"
 
-#include "platform/Bundle.h"
 #include "platform/HomeFolder.h"
 #include "platform/Paths.h"
-#include "platform/UserDefaults.h"
 
 #include <cerrno>
 
@@ -62,11 +60,6 @@ UserFiles userFilesOf(const QByteArray &identifier)
             .icon = joined(data, "icons/hicolor/512x512/apps/" + identifier + ".png"),
             .preferences = joined(configuration, identifier + ".conf"),
             .cacheFolder = joined(caches, identifier)};
-}
-
-FilePath preferencesFile()
-{
-    return userFilesOf(applicationIdentifier).preferences;
 }
 
 } // namespace tidlo

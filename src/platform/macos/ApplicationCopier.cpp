@@ -1,16 +1,41 @@
 #include "platform/ApplicationCopier.h"
 
 #include <cerrno>
+#include <filesystem>
 
 #include <copyfile.h>
 #include <stdio.h>
+#include <sys/xattr.h>
 
 namespace tidlo {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Takes the mark off what was just copied that says it was fetched from elsewhere: whoever placed the application has
+/// been asked about the original. A mark that stays has the system ask once more.
+void releaseFromQuarantine(const FilePath &copy)
+{
+    const auto release = [](const fs::path &item) {
+        removexattr(item.c_str(), "com.apple.quarantine", XATTR_NOFOLLOW);
+    };
+    const fs::path root(copy.toStdString());
+    release(root);
+    std::error_code error;
+    for (fs::recursive_directory_iterator entry(root, error), end; !error && entry != end; entry.increment(error))
+        release(entry->path());
+}
+
+} // namespace
 
 int copyTree(const FilePath &source, const FilePath &destination)
 {
     constexpr copyfile_flags_t flags = COPYFILE_ALL | COPYFILE_RECURSIVE | COPYFILE_NOFOLLOW | COPYFILE_EXCL;
-    return copyfile(source.constData(), destination.constData(), nullptr, flags) == 0 ? 0 : errno;
+    if (copyfile(source.constData(), destination.constData(), nullptr, flags) != 0)
+        return errno;
+    releaseFromQuarantine(destination);
+    return 0;
 }
 
 int exchangeItems(const FilePath &one, const FilePath &other)

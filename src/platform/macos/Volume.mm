@@ -1,7 +1,11 @@
 #include "platform/Volume.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <cstdlib>
 #include <filesystem>
+#include <memory>
+#include <span>
 
 #import <Foundation/Foundation.h>
 #include <sys/mount.h>
@@ -46,14 +50,16 @@ int mountObstacle(const FilePath &path)
     if (error)
         return error.value();
     const FilePath item = FilePath::fromStdString((folder / given.filename()).native());
-    struct statfs *mounts = nullptr;
-    const int count = getmntinfo(&mounts, MNT_NOWAIT);
-    for (int i = 0; i < count; ++i) {
-        const FilePath point(mounts[i].f_mntonname);
+    struct statfs *list = nullptr;
+    const int count = getmntinfo_r_np(&list, MNT_NOWAIT);
+    const int errorOfListing = errno;
+    const std::unique_ptr<struct statfs, decltype(&free)> owned(list, free);
+    for (const struct statfs &mount : std::span(list, static_cast<size_t>(std::max(count, 0)))) {
+        const FilePath point(mount.f_mntonname);
         if (point == item || point.startsWith(item + '/'))
             return EBUSY;
     }
-    return count == 0 ? errno : 0;
+    return count > 0 ? 0 : errorOfListing;
 }
 
 } // namespace tidlo

@@ -5,14 +5,18 @@
 #include <QCoreApplication>
 
 #import <AppKit/AppKit.h>
+#include <sys/stat.h>
 
 namespace tidlo {
 
 namespace {
 
+/// A link is an item of its own, whatever it leads to.
 NSURL *urlOf(const FilePath &path)
 {
-    return [NSURL fileURLWithFileSystemRepresentation:path.constData() isDirectory:YES relativeToURL:nil];
+    struct stat item;
+    const bool isFolder = lstat(path.constData(), &item) == 0 && S_ISDIR(item.st_mode);
+    return [NSURL fileURLWithFileSystemRepresentation:path.constData() isDirectory:isFolder relativeToURL:nil];
 }
 
 class MacWorkspace final : public Workspace
@@ -23,11 +27,15 @@ public:
         LSRegisterURL((__bridge CFURLRef)urlOf(application), true);
     }
 
+    /// This program has the same identifier as the copy of it that is opened: without asking for a new instance, it
+    /// would only be brought to the front itself.
     void openApplication(const FilePath &application, Opened opened) override
     {
+        NSWorkspaceOpenConfiguration *configuration = [NSWorkspaceOpenConfiguration configuration];
+        configuration.createsNewApplicationInstance = YES;
         [NSWorkspace.sharedWorkspace
             openApplicationAtURL:urlOf(application)
-                   configuration:[NSWorkspaceOpenConfiguration configuration]
+                   configuration:configuration
                completionHandler:^(NSRunningApplication *, NSError *error) {
                  opened(error ? std::optional(QString::fromNSString(error.localizedDescription)) : std::nullopt);
                }];

@@ -10,6 +10,8 @@
 
 #include <array>
 
+namespace tidlo {
+
 namespace {
 
 QImage picture(QSvgRenderer &drawing, int pixels)
@@ -49,8 +51,11 @@ QByteArray icon(QSvgRenderer &drawing)
 
 } // namespace
 
+} // namespace tidlo
+
 int main(int argc, char **argv)
 {
+    using namespace tidlo;
     if (argc != 3)
         return 2;
     QSvgRenderer drawing(QString::fromLocal8Bit(argv[1]));

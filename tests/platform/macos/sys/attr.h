@@ -9,6 +9,8 @@
 #include <fcntl.h> // Before one of its names gets another meaning.
 #include <sys/types.h>
 
+namespace tidlo {
+
 using attrgroup_t = std::uint32_t;
 using fsobj_type_t = std::uint32_t;
 
@@ -56,3 +58,5 @@ int openOfMacOS(int folder, const char *path, int flags);
 #define openat openOfMacOS
 
 #define st_mtimespec st_mtim
+
+} // namespace tidlo

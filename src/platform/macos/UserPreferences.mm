@@ -1,0 +1,46 @@
+#include "platform/PreferenceStore.h"
+
+#import <Foundation/Foundation.h>
+
+namespace tidlo {
+
+namespace {
+
+/// The system keeps them, under the identifier of the bundle: whoever writes its file behind its back is not heard.
+class MacPreferences final : public PreferenceStore
+{
+public:
+    QVariant value(QLatin1StringView key) const override
+    {
+        const id found = [defaults objectForKey:name(key)];
+        if ([found isKindOfClass:NSString.class])
+            return QString::fromNSString(found);
+        if ([found isKindOfClass:NSNumber.class])
+            return static_cast<bool>([found boolValue]);
+        return {};
+    }
+
+    void set(QLatin1StringView key, const QVariant &value) override
+    {
+        if (!value.isValid())
+            [defaults removeObjectForKey:name(key)];
+        else if (value.typeId() == QMetaType::Bool)
+            [defaults setBool:value.toBool() forKey:name(key)];
+        else
+            [defaults setObject:value.toString().toNSString() forKey:name(key)];
+    }
+
+private:
+    static NSString *name(QLatin1StringView key) { return QString(key).toNSString(); }
+
+    NSUserDefaults *const defaults = NSUserDefaults.standardUserDefaults;
+};
+
+} // namespace
+
+std::unique_ptr<PreferenceStore> preferencesOfUser()
+{
+    return std::make_unique<MacPreferences>();
+}
+
+} // namespace tidlo
