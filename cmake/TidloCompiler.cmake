@@ -21,8 +21,27 @@ add_compile_options("$<IF:$<CXX_COMPILER_ID:GNU>,-Wshadow=local,-Wshadow>")
 add_compile_options("$<$<AND:$<CXX_COMPILER_ID:GNU>,$<VERSION_LESS:$<CXX_COMPILER_VERSION>,13>>:-Wno-restrict>")
 add_compile_definitions(QT_NO_CAST_FROM_ASCII QT_NO_KEYWORDS QT_NO_FOREACH QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 
-if(NOT APPLE)
-    add_link_options(-Wl,--as-needed) # tidlo-cli loads no library that only the window needs.
+# libc++ has std::stop_token and std::jthread since its release 20, and since 18 for those who ask for what is new. Both
+# are headers alone, so nothing more is linked then.
+if(APPLE)
+    include(CheckCXXSourceCompiles)
+    set(program "#include <stop_token>\nint main() { return std::stop_token().stop_possible(); }")
+    check_cxx_source_compiles("${program}" TIDLO_HAS_STOP_TOKEN)
+    if(NOT TIDLO_HAS_STOP_TOKEN)
+        add_compile_definitions(_LIBCPP_ENABLE_EXPERIMENTAL)
+        check_cxx_source_compiles("#define _LIBCPP_ENABLE_EXPERIMENTAL\n${program}" TIDLO_HAS_NEW_STOP_TOKEN)
+        if(NOT TIDLO_HAS_NEW_STOP_TOKEN)
+            message(FATAL_ERROR "The compiler's C++ library has no std::stop_token. That of Xcode 26 has.")
+        endif()
+    endif()
+endif()
+
+# tidlo-cli loads no library that only the window needs.
+if(APPLE)
+    add_link_options(-Wl,-dead_strip_dylibs)
+    add_compile_options($<$<COMPILE_LANGUAGE:OBJCXX>:-fobjc-arc>)
+else()
+    add_link_options(-Wl,--as-needed)
 endif()
 
 set(TIDLO_SANITIZERS "" CACHE STRING "Value for -fsanitize, or nothing")

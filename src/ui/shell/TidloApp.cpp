@@ -4,6 +4,7 @@
 #include "platform/HomeFolder.h"
 #include "platform/QuitLimit.h"
 #include "ui/design/TidloType.h"
+#include "ui/shell/StandardMenus.h"
 
 #include <QGuiApplication>
 #include <QIcon>
@@ -34,6 +35,7 @@ TidloApp::TidloApp(std::unique_ptr<AppViewModel> model)
 {
     QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/logo.png")));
     registerQmlModules();
+    addStandardMenus();
     engine.addImportPath(QStringLiteral(":/qt/qml"));
 }
 

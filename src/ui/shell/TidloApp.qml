@@ -61,7 +61,6 @@ Window {
 
         // Whatever takes no press lets the window be held by it.
         WindowHandle {
-            enabled: !window.isFramed
             anchors.fill: parent
         }
         WindowHandle {

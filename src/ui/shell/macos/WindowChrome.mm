@@ -1,6 +1,26 @@
 #include "ui/shell/WindowChromeConfigurator.h"
 
 #import <AppKit/AppKit.h>
+#import <objc/runtime.h>
+
+namespace {
+
+BOOL answersNo(id, SEL)
+{
+    return NO;
+}
+
+/// To the system a clear view is background all over, by which the window is dragged, its buttons included. A view that
+/// answers this gets every press, and the empty places are handles of our own. For all windows of this program.
+void keepPresses(NSView *view)
+{
+    const SEL question = @selector(mouseDownCanMoveWindow);
+    const Method inherited = class_getInstanceMethod(NSView.class, question);
+    class_replaceMethod(object_getClass(view), question, reinterpret_cast<IMP>(answersNo),
+                        method_getTypeEncoding(inherited));
+}
+
+} // namespace
 
 namespace tidlo {
 
@@ -12,10 +32,11 @@ bool WindowChromeConfigurator::isNative()
 void WindowChromeConfigurator::adjust(QQuickWindow &window)
 {
     window.setColor(Qt::transparent);
-    const auto *view = reinterpret_cast<NSView *>(window.winId());
+    auto *view = (__bridge NSView *)reinterpret_cast<void *>(window.winId());
     NSWindow *native = view.window;
     if (native == nil)
         return;
+    keepPresses(view);
     native.titleVisibility = NSWindowTitleHidden;
     native.titlebarAppearsTransparent = YES;
     native.styleMask |= NSWindowStyleMaskFullSizeContentView;

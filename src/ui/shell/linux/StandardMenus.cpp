@@ -1,0 +1,7 @@
+#include "ui/shell/StandardMenus.h"
+
+namespace tidlo {
+
+void addStandardMenus() {}
+
+} // namespace tidlo
