@@ -29,6 +29,14 @@ struct FileAttributes
     std::optional<FileTime> modified{};    ///< Content modification.
 };
 
+// What a damaged disk may tell ends where a figure does.
+
+/// The moment so long after the beginning of 1970, or the last one before or after it that there is.
+FileTime fileTime(qint64 seconds, qint64 nanoseconds);
+
+/// The bytes of so many blocks of 512, in which systems count whatever the file system's own size of a block is.
+qint64 bytesOnDisk(quint64 blocks);
+
 /// One entry of a folder's listing.
 struct DirectoryEntry
 {

@@ -2,13 +2,11 @@
 
 #include "platform/Descriptor.h"
 
-#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstddef>
 #include <cstring>
 #include <limits>
-#include <ratio>
 #include <string>
 
 #include <dirent.h>
@@ -66,20 +64,6 @@ FileKind kindOfMode(unsigned mode)
 FileKind kindOfListing(unsigned char type)
 {
     return type == DT_UNKNOWN ? FileKind::unknown : kindOfMode(DTTOIF(type));
-}
-
-qint64 bytesOnDisk(quint64 blocks)
-{
-    constexpr quint64 blockSize = 512; // Whatever the file system's own block size is.
-    constexpr auto most = static_cast<quint64>(std::numeric_limits<qint64>::max());
-    return static_cast<qint64>(blocks > most / blockSize ? most : blocks * blockSize);
-}
-
-FileTime fileTime(const statx_timestamp &time)
-{
-    constexpr qint64 most = std::numeric_limits<qint64>::max() / std::nano::den - 1;
-    const std::chrono::seconds seconds(std::clamp<qint64>(time.tv_sec, -most, most));
-    return FileTime(seconds + std::chrono::nanoseconds(time.tv_nsec));
 }
 
 } // namespace
@@ -192,7 +176,7 @@ std::optional<EntryStatus> statusOf(int folder, const char *name, StatusDetail d
     if (told(STATX_SIZE) && status.stx_size <= static_cast<quint64>(std::numeric_limits<qint64>::max()))
         result.attributes.size = static_cast<qint64>(status.stx_size);
     if (told(STATX_MTIME))
-        result.attributes.modified = fileTime(status.stx_mtime);
+        result.attributes.modified = fileTime(status.stx_mtime.tv_sec, status.stx_mtime.tv_nsec);
     // Before Linux 5.8 the device has to do, which two mounts may share.
     result.mount = told(STATX_MNT_ID) ? status.stx_mnt_id : makedev(status.stx_dev_major, status.stx_dev_minor);
     return result;

@@ -2,6 +2,7 @@
 
 #include "platform/Descriptor.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstring>
@@ -152,14 +153,12 @@ std::optional<EntryStatus> statusOf(int folder, const char *name, StatusDetail)
     };
     if (uninterrupted(ask) != 0)
         return std::nullopt;
-    constexpr qint64 blockSize = 512;
-    const auto modified =
-        std::chrono::seconds(status.st_mtimespec.tv_sec) + std::chrono::nanoseconds(status.st_mtimespec.tv_nsec);
-    return EntryStatus{.attributes = {.kind = kindOfMode(status.st_mode),
-                                      .size = status.st_size,
-                                      .allocatedSize = status.st_blocks * blockSize,
-                                      .modified = FileTime(modified)},
-                       .mount = static_cast<quint64>(status.st_dev)};
+    return EntryStatus{
+        .attributes = {.kind = kindOfMode(status.st_mode),
+                       .size = status.st_size,
+                       .allocatedSize = bytesOnDisk(static_cast<quint64>(std::max<qint64>(status.st_blocks, 0))),
+                       .modified = fileTime(status.st_mtimespec.tv_sec, status.st_mtimespec.tv_nsec)},
+        .mount = static_cast<quint64>(status.st_dev)};
 }
 
 std::optional<FolderIdentity> identityOf(int folder)
