@@ -223,7 +223,7 @@ TEST(Enumerate, AStopInTheMiddleEndsTheWalkWithWhatWasFound)
         std::stop_source stop;
         std::atomic<int> shown = 0;
         const auto visit = [&](const EnumeratedEntry &) {
-            if (++shown == 10)
+            if (++shown >= 10)
                 stop.request_stop();
             return Visit{};
         };
