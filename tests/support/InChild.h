@@ -17,9 +17,11 @@ struct ChildResult
 ChildResult inChild(const std::function<bool()> &work);
 
 /// For use inside a child. Each returns whether that is so from now on.
+bool limitDescriptors(int count); ///< How many files the process may have open.
+bool becomeNobody();              ///< Drops root's rights for good; others have none to drop.
+
+// On Linux alone:
 bool enterMountNamespace();                  ///< Mounts made afterwards are seen by this process alone.
-bool limitDescriptors(int count);            ///< How many files the process may have open.
-bool becomeNobody();                         ///< Drops root's rights for good; others have none to drop.
 bool denySystemCall(long number, int error); ///< From now on the call fails with \a error.
 
 } // namespace tidlo

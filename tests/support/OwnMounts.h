@@ -6,6 +6,8 @@
 
 namespace tidlo {
 
+// For tests on Linux.
+
 /// Runs \a work, with its expectations, in a process and mount namespace of its own, and prints what it prints. Where
 /// the kernel forbids that, the test is skipped aloud.
 void inOwnMounts(const std::function<void()> &work);

@@ -16,6 +16,14 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#ifdef Q_OS_MACOS // Its names for the same.
+#define st_atim st_atimespec
+#define st_ctim st_ctimespec
+#define st_mtim st_mtimespec
+constexpr int O_NOATIME = 0;
+extern char **environ;
+#endif
+
 namespace tidlo {
 
 namespace {
