@@ -10,14 +10,14 @@ namespace tidlo {
 
 namespace {
 
-struct Motion
+struct Moving
 {
     double position = 0;
     double velocity = 0;
 };
 
 /// How a mass of 1 on the spring changes, by the laws of motion alone.
-Motion changeOf(const Spring &spring, const Motion &now)
+Moving changeOf(const Spring &spring, const Moving &now)
 {
     using std::numbers::pi;
     const double stiffness = std::pow(2 * pi / spring.response, 2);
@@ -25,19 +25,19 @@ Motion changeOf(const Spring &spring, const Motion &now)
     return {now.velocity, stiffness * (1 - now.position) - damping * now.velocity};
 }
 
-Motion after(const Motion &now, const Motion &change, double seconds)
+Moving after(const Moving &now, const Moving &change, double seconds)
 {
     return {now.position + change.position * seconds, now.velocity + change.velocity * seconds};
 }
 
 /// One step of Runge and Kutta's.
-Motion stepped(const Spring &spring, const Motion &now, double seconds)
+Moving stepped(const Spring &spring, const Moving &now, double seconds)
 {
-    const Motion a = changeOf(spring, now);
-    const Motion b = changeOf(spring, after(now, a, seconds / 2));
-    const Motion c = changeOf(spring, after(now, b, seconds / 2));
-    const Motion d = changeOf(spring, after(now, c, seconds));
-    const Motion mean{(a.position + 2 * b.position + 2 * c.position + d.position) / 6,
+    const Moving a = changeOf(spring, now);
+    const Moving b = changeOf(spring, after(now, a, seconds / 2));
+    const Moving c = changeOf(spring, after(now, b, seconds / 2));
+    const Moving d = changeOf(spring, after(now, c, seconds));
+    const Moving mean{(a.position + 2 * b.position + 2 * c.position + d.position) / 6,
                       (a.velocity + 2 * b.velocity + 2 * c.velocity + d.velocity) / 6};
     return after(now, mean, seconds);
 }
@@ -60,7 +60,7 @@ TEST_P(EverySpring, MovesAsTheLawsOfMotionSay)
 {
     const Spring &spring = GetParam();
     constexpr double step = 1e-4;
-    Motion motion;
+    Moving motion;
     for (int i = 0; i <= 20'000; ++i) {
         ASSERT_NEAR(spring.position(i * step), motion.position, 1e-8) << "after " << i * step << " s";
         motion = stepped(spring, motion, step);

@@ -1,6 +1,7 @@
 #include "ui/screens/Findings.h"
 
 #include "ui/UiTest.h"
+#include "ui/design/TidloTheme.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
