@@ -117,7 +117,7 @@ ViewCase {
     function test_the_ring_breathes_from_its_first_moment_on() {
         showAnew();
         breathing.restart();
-        compareBreath(() => tryVerify(() => breath.turns === 3));
+        compareBreath(() => tryVerify(() => breath.turns >= 3));
     }
 
     function test_a_change_of_theme_recolours_and_does_not_start_the_pulse_anew() {
@@ -128,7 +128,7 @@ ViewCase {
         TidloTheme.preference = "light";
         compare(item("scanButton").breath, before);
         compareBreath(() => tryCompare(TidloTheme, "darkness", 0));
-        compareBreath(() => tryVerify(() => breath.turns === 2));
+        compareBreath(() => tryVerify(() => breath.turns >= 2));
     }
 
     /// While something happens, the ring breathes as an animation that began when it did.
