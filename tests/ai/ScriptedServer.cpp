@@ -46,11 +46,12 @@ ScriptedServer::ScriptedServer(const TestIdentity &identity, Script answers, con
     server.setSslConfiguration(configuration);
     QObject::connect(&server, &QTcpServer::pendingConnectionAvailable, &server, [this] { accept(); });
     EXPECT_TRUE(server.listen(QHostAddress::LocalHost)) << qPrintable(server.errorString());
+    port = server.serverPort();
 }
 
 QString ScriptedServer::host() const
 {
-    return QStringLiteral("localhost:%1").arg(server.serverPort());
+    return QStringLiteral("localhost:%1").arg(port);
 }
 
 void ScriptedServer::accept()

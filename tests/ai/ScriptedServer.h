@@ -30,7 +30,7 @@ public:
     ScriptedServer(const TestIdentity &identity, Script script, const QList<QByteArray> &protocols = {});
 
     /// "localhost" and the port.
-    QString host() const;
+    QString host() const; ///< Also of one that was closed.
     const QList<Request> &requests() const { return received; }
     qsizetype connections() const { return accepted; }
 
@@ -42,6 +42,7 @@ private:
     void read(QSslSocket *connection, QByteArray &pending);
 
     QSslServer server;
+    quint16 port = 0;
     Script script;
     QList<Request> received;
     qsizetype accepted = 0;

@@ -11,7 +11,7 @@ namespace tidlo {
 /// A part of a circle's line, as wide as the item. It begins at three o'clock and runs clockwise; whoever wants another
 /// beginning rotates the item, and with it the gradient, if there is one. Drawn anew only when one of its properties
 /// changes, and only where its line is: turning a short arc moves few pixels.
-class Gauge : public PictureItem
+class Gauge : public tidlo::PictureItem
 {
     Q_OBJECT
     QML_ELEMENT

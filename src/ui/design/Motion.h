@@ -39,9 +39,9 @@ class Motion : public QObject
     Q_OBJECT
     QML_ELEMENT
     QML_SINGLETON
-    Q_PROPERTY(SpringMotion toggle READ toggle CONSTANT)
-    Q_PROPERTY(SpringMotion gauge READ gauge CONSTANT)
-    Q_PROPERTY(SpringMotion theme READ theme CONSTANT)
+    Q_PROPERTY(tidlo::SpringMotion toggle READ toggle CONSTANT)
+    Q_PROPERTY(tidlo::SpringMotion gauge READ gauge CONSTANT)
+    Q_PROPERTY(tidlo::SpringMotion theme READ theme CONSTANT)
     Q_PROPERTY(int gaugeDelay READ gaugeDelay CONSTANT)
     Q_PROPERTY(QEasingCurve easeInOut READ easeInOut CONSTANT)
 

@@ -13,7 +13,7 @@ class Sight : public QObject
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("It is attached to an item.")
-    QML_ATTACHED(Sight)
+    QML_ATTACHED(tidlo::Sight)
     Q_PROPERTY(bool isSeen READ isSeen NOTIFY isSeenChanged)
 
 public:

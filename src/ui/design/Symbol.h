@@ -8,7 +8,7 @@ namespace tidlo {
 
 /// A symbol, as large and heavy as text of the same font. A name without a drawing shows nothing, and is warned of. A
 /// new colour costs no new drawing.
-class Symbol : public PictureItem
+class Symbol : public tidlo::PictureItem
 {
     Q_OBJECT
     QML_ELEMENT

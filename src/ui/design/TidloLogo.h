@@ -18,7 +18,7 @@ QImage drawLogo(const QImage &picture, double size, double pixelRatio);
 
 /// The logo, a square. Each one looks for its picture when it is made: logo.png among the resources of the bundle, then
 /// the application's icon; if there is neither, the logo is drawn.
-class TidloLogo : public PictureItem
+class TidloLogo : public tidlo::PictureItem
 {
     Q_OBJECT
     QML_ELEMENT

@@ -21,7 +21,7 @@ namespace tidlo {
 struct AppViewModelForQml
 {
     Q_GADGET
-    QML_FOREIGN(AppViewModel)
+    QML_FOREIGN(tidlo::AppViewModel)
     QML_NAMED_ELEMENT(AppViewModel)
     QML_UNCREATABLE("There is one, and it is given.")
 };

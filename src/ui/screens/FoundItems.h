@@ -5,7 +5,7 @@
 namespace tidlo {
 
 /// What one finding consists of, each item with the size that the scan found.
-class FoundItems : public ItemList
+class FoundItems : public tidlo::ItemList
 {
     Q_OBJECT
     QML_ELEMENT

@@ -39,7 +39,7 @@ class ScanProgress : public QObject
     Q_PROPERTY(double fraction READ fraction NOTIFY progressChanged)
     Q_PROPERTY(QString label READ label NOTIFY labelChanged)
     Q_PROPERTY(QString percentText READ percentText NOTIFY progressChanged)
-    Q_PROPERTY(QList<PipelineStep> steps READ steps NOTIFY stepsChanged)
+    Q_PROPERTY(QList<tidlo::PipelineStep> steps READ steps NOTIFY stepsChanged)
 
 public:
     /// \a app must outlive it.

@@ -37,7 +37,7 @@ class ShownReport : public QObject
     Q_PROPERTY(QString diskText READ diskText NOTIFY changed)
     Q_PROPERTY(double freeShare READ freeShare NOTIFY changed)
     Q_PROPERTY(QString freeText READ freeText NOTIFY changed)
-    Q_PROPERTY(QList<ReportFigure> figures READ figures NOTIFY changed)
+    Q_PROPERTY(QList<tidlo::ReportFigure> figures READ figures NOTIFY changed)
     Q_PROPERTY(bool hasStayed READ hasStayed NOTIFY changed)
 
 public:

@@ -5,7 +5,7 @@
 namespace tidlo {
 
 /// What the last cleanup could not move, each item with the reason.
-class StayedItems : public ItemList
+class StayedItems : public tidlo::ItemList
 {
     Q_OBJECT
     QML_ELEMENT

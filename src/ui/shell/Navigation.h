@@ -25,7 +25,7 @@ class Navigation : public QObject
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("It is made with the state that it shows.")
-    Q_PROPERTY(QList<RailItem> rail READ rail CONSTANT)
+    Q_PROPERTY(QList<tidlo::RailItem> rail READ rail CONSTANT)
     Q_PROPERTY(int activeItem READ activeItem NOTIFY changed)
     Q_PROPERTY(Screen screen READ screen NOTIFY changed)
 

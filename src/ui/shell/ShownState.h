@@ -12,15 +12,15 @@ class ShownState : public QObject
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("There is one, and it is given.")
-    Q_PROPERTY(AppViewModel *app READ app CONSTANT)
-    Q_PROPERTY(Preferences *preferences READ preferences CONSTANT)
-    Q_PROPERTY(Navigation *navigation READ navigation CONSTANT)
-    Q_PROPERTY(StorageFigures *storage READ storage CONSTANT)
-    Q_PROPERTY(ScanProgress *progress READ progress CONSTANT)
-    Q_PROPERTY(Findings *findings READ findings CONSTANT)
-    Q_PROPERTY(FoundItems *foundItems READ foundItems CONSTANT)
-    Q_PROPERTY(ShownReport *report READ report CONSTANT)
-    Q_PROPERTY(StayedItems *stayedItems READ stayedItems CONSTANT)
+    Q_PROPERTY(tidlo::AppViewModel *app READ app CONSTANT)
+    Q_PROPERTY(tidlo::Preferences *preferences READ preferences CONSTANT)
+    Q_PROPERTY(tidlo::Navigation *navigation READ navigation CONSTANT)
+    Q_PROPERTY(tidlo::StorageFigures *storage READ storage CONSTANT)
+    Q_PROPERTY(tidlo::ScanProgress *progress READ progress CONSTANT)
+    Q_PROPERTY(tidlo::Findings *findings READ findings CONSTANT)
+    Q_PROPERTY(tidlo::FoundItems *foundItems READ foundItems CONSTANT)
+    Q_PROPERTY(tidlo::ShownReport *report READ report CONSTANT)
+    Q_PROPERTY(tidlo::StayedItems *stayedItems READ stayedItems CONSTANT)
 
 public:
     /// \a app must outlive it.

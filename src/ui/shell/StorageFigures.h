@@ -41,7 +41,7 @@ class StorageFigures : public QObject
     Q_PROPERTY(QString usedText READ usedText NOTIFY totalsChanged)
     Q_PROPERTY(double recoverableShare READ recoverableShare NOTIFY totalsChanged)
     Q_PROPERTY(QString recoverableText READ recoverableText NOTIFY totalsChanged)
-    Q_PROPERTY(QList<CategoryFigure> categories READ categories NOTIFY categoriesChanged)
+    Q_PROPERTY(QList<tidlo::CategoryFigure> categories READ categories NOTIFY categoriesChanged)
 
 public:
     /// \a app must outlive it.

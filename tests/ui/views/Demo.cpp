@@ -74,6 +74,7 @@ void Demo::reset()
     model.setShowSetupWizard(false);
     model.setShowMoveToApplicationsPrompt(false);
     model.setShowMoveToApplicationsError(false);
+    shownState.foundItems()->setLargestFirst(false);
 }
 
 void Demo::showResults()

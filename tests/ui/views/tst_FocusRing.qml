@@ -8,8 +8,7 @@ ViewCase {
     view: Component {
         RootView {
             anchors.fill: parent
-            app: demo.app
-            preferences: demo.preferences
+            shown: demo.shown
         }
     }
 

@@ -18,7 +18,7 @@ ViewCase {
     }
 
     function logos() {
-        return seen(shown, part => String(part).startsWith("TidloLogo"));
+        return seen(shown, part => String(part).includes("TidloLogo"));
     }
 
     function rule() {

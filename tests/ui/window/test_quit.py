@@ -8,8 +8,9 @@ import unittest
 from contextlib import contextmanager
 
 import home
+from events import PATIENCE
 from explainer import Explainer
-from window import PATIENCE, Window
+from window import Window
 
 PROGRAM = sys.argv.pop()
 FUSE = os.access("/dev/fuse", os.R_OK | os.W_OK)
