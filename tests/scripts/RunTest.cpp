@@ -1,3 +1,4 @@
+#include "support/Patience.h"
 #include "support/PrintQt.h"
 #include "support/TemporaryHome.h"
 
@@ -18,8 +19,6 @@ using testing::StartsWith;
 using testing::UnorderedElementsAre;
 
 namespace {
-
-constexpr int patience = 120'000;
 
 /// Whether there is a process of that \a number; one that ended and was not yet taken note of is none.
 bool isRunning(const QByteArray &number)
@@ -251,6 +250,21 @@ TEST(Run, WaitsForAnInstallationThatIsNotToBeBrokenOff)
     EXPECT_EQ(tree.log(), "done\n");
 }
 
+TEST(Run, LetsTheInstallationAskAndTellsItOfYes)
+{
+    BuiltTree tree("explain.example");
+    tree.add("scripts/bootstrap", "read -r answer; echo told \"$*\" and $answer >> $LOG; exit 1");
+    for (const QStringList &options : {QStringList(), QStringList{QStringLiteral("--yes")}}) {
+        QProcess process;
+        tree.start(process, options, display);
+        process.write("no\n");
+        ASSERT_TRUE(process.waitForFinished(patience));
+        EXPECT_EQ(process.exitCode(), 1);
+    }
+
+    EXPECT_EQ(tree.log(), "told  and no\ntold --yes and no\n");
+}
+
 TEST(Run, FailsWhereTheBuildFails)
 {
     BuiltTree tree("explain.example");
@@ -272,13 +286,24 @@ TEST(Run, ChangesNothingInTheHomeFolderButTheCertificate)
                 UnorderedElementsAre(".local/state/tidlo-proxy/certificate.pem", ".local/state/tidlo-proxy/key.pem"));
 }
 
-TEST(Run, TakesADisplayThatTheWindowCannotUseForNone)
+TEST(Run, OpensTheWindowOnWaylandAlone)
 {
     BuiltTree tree("explain.example");
+    tree.add("build/release/src/ui/shell/tidlo", "echo on $QT_QPA_PLATFORM >> $LOG");
 
     EXPECT_EQ(tree.run({}, {QStringLiteral("WAYLAND_DISPLAY=wayland-0")}), 0);
 
-    EXPECT_THAT(tree.log(), StartsWith("build release tidlo-cli tidlo-proxy\n"));
+    EXPECT_EQ(tree.log(), "build release tidlo tidlo-proxy\non wayland\n");
+}
+
+TEST(Run, LeavesTheChoiceBetweenTwoDisplaysToQt)
+{
+    BuiltTree tree("explain.example");
+    tree.add("build/release/src/ui/shell/tidlo", "echo on ${QT_QPA_PLATFORM:-what Qt likes} >> $LOG");
+
+    EXPECT_EQ(tree.run({}, display + QStringList{QStringLiteral("WAYLAND_DISPLAY=wayland-0")}), 0);
+
+    EXPECT_EQ(tree.log(), "build release tidlo tidlo-proxy\non what Qt likes\n");
 }
 
 TEST(Run, StartsNoProxyWhereOneAnswers)
@@ -330,14 +355,16 @@ TEST(Run, SaysWhereToLookWhenTheProxyDoesNotStart)
     EXPECT_EQ(tree.log(), "build release tidlo tidlo-proxy\nwindow\n");
 }
 
-TEST(Run, TakesNoOptions)
+TEST(Run, TakesNoOptionButYes)
 {
     BuiltTree tree("explain.example");
 
     EXPECT_EQ(tree.run({QStringLiteral("--paths")}), 2);
+    EXPECT_EQ(tree.run({QStringLiteral("--yes"), QStringLiteral("--paths")}), 2);
 
     EXPECT_EQ(tree.log(), "");
-    EXPECT_EQ(tree.errors, "run: takes no options; build/release/tidlo-cli --help tells those of the program.\n");
+    EXPECT_EQ(tree.errors,
+              "run: takes no option but --yes; build/release/tidlo-cli --help tells those of the program.\n");
 }
 
 } // namespace tidlo

@@ -1,3 +1,5 @@
+#include "platform/Descriptor.h"
+#include "support/Patience.h"
 #include "support/PrintQt.h"
 #include "support/TemporaryHome.h"
 
@@ -8,10 +10,18 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
+#include <pty.h>
+#include <unistd.h>
+
 namespace tidlo {
 
+using testing::ElementsAre;
+using testing::EndsWith;
 using testing::HasSubstr;
-using testing::Not;
+using testing::IsEmpty;
 using testing::StartsWith;
 
 namespace {
@@ -44,34 +54,54 @@ public:
         program.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
     }
 
-    /// Debian's tools, which know of the packages \a installed and write down what is asked of them.
-    void addPackageManager(const QByteArrayList &installed) const
+    void remove(const FilePath &name) const { QFile::remove(QFile::decodeName(home / ("bin/" + name))); }
+
+    /// Debian's tools, which know of the packages \a installed and write down what is asked of them. Others are two
+    /// downloads of 5.5 MB together, once the line of shell \a knowsOthers is true.
+    void addPackageManager(const QByteArrayList &installed, const QByteArray &knowsOthers = "true") const
     {
         QByteArray known;
         for (const QByteArray &package : installed)
             known += "echo " + package + " installed\n";
         add("dpkg-query", known + "echo not-wanted deinstall");
-        add("apt-get", "echo apt-get \"$@\" >> " + home.path() + "/log");
+        add("apt-get", "LOG=" + home.path() + "/log\nif [[ $* == *--print-uris* ]]; then " + knowsOthers +
+                           " || exit 100; echo \"'http://a/b' b 5000000 MD5Sum:1\"; echo \"'http://a/c' c 500000 "
+                           "MD5Sum:2\"; else echo apt-get \"$@\" >> $LOG; fi");
     }
 
-    ScriptRun run(const char *script, const QStringList &arguments = {}) const
+    /// Standard input is a terminal where \a typed is typed, unless that is null.
+    ScriptRun run(const char *script, const QStringList &arguments = {}, const QByteArray &typed = {}) const
     {
         QProcess process;
+        int ours = -1;
+        int theirs = -1;
+        if (!typed.isNull()) {
+            EXPECT_EQ(openpty(&ours, &theirs, nullptr, nullptr, nullptr), 0);
+            EXPECT_EQ(write(ours, typed.constData(), typed.size()), typed.size());
+            process.setChildProcessModifier([theirs] { dup2(theirs, STDIN_FILENO); });
+        }
+        const Descriptor here(ours);
+        const Descriptor there(theirs);
         QProcessEnvironment environment;
         environment.insert(QStringLiteral("PATH"), QFile::decodeName(home / "bin"));
         process.setProcessEnvironment(environment);
         process.start(QStringLiteral(TIDLO_SCRIPTS "/%1").arg(QLatin1StringView(script)), arguments);
-        EXPECT_TRUE(process.waitForFinished());
+        EXPECT_TRUE(process.waitForFinished(patience));
         return {.status = process.exitCode(),
                 .output = process.readAllStandardOutput(),
                 .errors = process.readAllStandardError()};
     }
 
     /// What was asked of the package manager, a line for each call.
-    QByteArrayList requests() const
+    std::vector<std::string> requests() const
     {
         QFile log(QFile::decodeName(home / "log"));
-        return log.open(QFile::ReadOnly) ? log.readAll().trimmed().split('\n') : QByteArrayList();
+        std::vector<std::string> lines;
+        if (log.open(QFile::ReadOnly)) {
+            for (const QByteArray &line : log.readAll().trimmed().split('\n'))
+                lines.push_back(line.toStdString());
+        }
+        return lines;
     }
 
 private:
@@ -97,60 +127,144 @@ constexpr const char *isSomebody = "echo 1000";
 
 TEST(Bootstrap, IsSilentWhenAllIsThere)
 {
-    SmallSystem system;
+    const SmallSystem system;
     system.addPackageManager(wantedPackages());
     const ScriptRun run = system.run("bootstrap");
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.output + run.errors, "");
-    EXPECT_EQ(system.requests(), QByteArrayList());
+    EXPECT_THAT(system.requests(), IsEmpty());
 }
 
-TEST(Bootstrap, InstallsExactlyWhatIsMissingAndSaysSo)
+TEST(Bootstrap, NeedsNoPackageManagerWhenAllIsThere)
 {
-    SmallSystem system;
+    const SmallSystem system;
+    system.addPackageManager(wantedPackages());
+    system.remove("apt-get");
+    const ScriptRun run = system.run("bootstrap");
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.output + run.errors, "");
+}
+
+TEST(Bootstrap, WithoutAPackageManagerItNamesWhatIsMissing)
+{
+    const SmallSystem system;
     QByteArrayList installed = wantedPackages();
     installed.removeOne("cmake");
-    installed.removeOne("shellcheck");
+    system.addPackageManager(installed);
+    system.remove("apt-get");
+    const ScriptRun run = system.run("bootstrap");
+    EXPECT_EQ(run.status, 3);
+    EXPECT_EQ(run.errors, "bootstrap: these packages are missing: cmake\n"
+                          "bootstrap: there is no apt-get to install them with.\n");
+}
+
+TEST(Bootstrap, WhereThereIsNoDebianItLeavesTheRestToTheBuild)
+{
+    const ScriptRun run = SmallSystem().run("bootstrap");
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.errors,
+              "bootstrap: this system is no Debian, so nothing is installed. What is needed, as Debian names "
+              "it: scripts/packages-debian\n");
+}
+
+TEST(Bootstrap, InstallsExactlyWhatIsMissingAndSaysWhatAndHowMuch)
+{
+    const SmallSystem system;
+    QByteArrayList installed = wantedPackages();
+    installed.removeOne("cmake");
+    installed.removeOne("ninja-build");
     system.addPackageManager(installed);
     system.add("id", isRoot);
     const ScriptRun run = system.run("bootstrap");
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.output, "");
-    EXPECT_THAT(run.errors.toStdString(), StartsWith("bootstrap: installing cmake shellcheck\n"));
-    ASSERT_EQ(system.requests().size(), 2);
-    EXPECT_THAT(system.requests()[0].toStdString(), testing::EndsWith(" update"));
-    EXPECT_THAT(system.requests()[1].toStdString(),
-                testing::EndsWith(" install --yes --no-install-recommends cmake shellcheck"));
+    EXPECT_EQ(run.errors, "bootstrap: these packages are missing: cmake ninja-build\n"
+                          "bootstrap: with what they need in turn, 6 MB must be downloaded.\n"
+                          "bootstrap: all is there.\n");
+    EXPECT_THAT(system.requests(),
+                ElementsAre(EndsWith(" update"), EndsWith(" install --yes --no-install-recommends cmake ninja-build")));
+}
+
+TEST(Bootstrap, SaysHowMuchAfterTheUpdateWhereAptKnowsNoPackagesBefore)
+{
+    const SmallSystem system;
+    system.addPackageManager({}, "[[ -s $LOG ]]"); // There is a log once the update was made.
+    system.add("id", isRoot);
+    const ScriptRun run = system.run("bootstrap");
+    EXPECT_EQ(run.status, 0);
+    EXPECT_THAT(run.errors.toStdString(), HasSubstr("\nbootstrap: how much must be downloaded is known only after "
+                                                    "apt-get update.\n"
+                                                    "bootstrap: with what they need in turn, 6 MB must be "
+                                                    "downloaded.\n"));
 }
 
 TEST(Bootstrap, InstallsTheListsThatAreNamed)
 {
-    SmallSystem system;
+    const SmallSystem system;
     system.addPackageManager(wantedPackages());
     system.add("id", isRoot);
     const ScriptRun run =
-        system.run("bootstrap", {QStringLiteral("packages-debian"), QStringLiteral("packages-debian-bench")});
+        system.run("bootstrap", {QStringLiteral("packages-debian"), QStringLiteral("packages-debian-test")});
     EXPECT_EQ(run.status, 0);
-    EXPECT_THAT(run.errors.toStdString(), StartsWith("bootstrap: installing gdu "));
+    EXPECT_THAT(run.errors.toStdString(), StartsWith("bootstrap: these packages are missing: ccache "));
 }
 
-TEST(Bootstrap, WhoIsNotRootInstallsThroughSudo)
+TEST(Bootstrap, AsksWhoeverSitsAtTheTerminal)
 {
-    SmallSystem system;
+    for (const char *who : {isRoot, isSomebody}) {
+        const SmallSystem system;
+        system.addPackageManager({});
+        system.add("id", who);
+        system.add("sudo", "\"$@\"");
+        const ScriptRun refused = system.run("bootstrap", {}, "\n");
+        EXPECT_EQ(refused.status, 1);
+        EXPECT_THAT(refused.errors.toStdString(), EndsWith("[y/N] bootstrap: nothing was installed.\n"));
+        EXPECT_THAT(system.requests(), IsEmpty());
+
+        EXPECT_EQ(system.run("bootstrap", {}, "y\n").status, 0);
+        EXPECT_EQ(system.requests().size(), 2);
+    }
+}
+
+TEST(Bootstrap, ToldYesAsksNobody)
+{
+    for (const QByteArray &answer : {QByteArray(), QByteArray("n\n")}) { // Without a terminal, and at one.
+        const SmallSystem system;
+        system.addPackageManager({});
+        system.add("id", isSomebody);
+        system.add("sudo", "\"$@\"");
+        EXPECT_EQ(system.run("bootstrap", {QStringLiteral("--yes")}, answer).status, 0);
+        EXPECT_EQ(system.requests().size(), 2);
+    }
+}
+
+TEST(Bootstrap, WithNobodyToAskItUsesNoSudo)
+{
+    const SmallSystem system;
     system.addPackageManager({});
     system.add("id", isSomebody);
-    EXPECT_EQ(system.run("bootstrap").status, 1);
-    EXPECT_THAT(system.run("bootstrap").errors.toStdString(), HasSubstr("only root or sudo can install them: ccache"));
-    EXPECT_EQ(system.requests(), QByteArrayList());
-
     system.add("sudo", "\"$@\"");
-    EXPECT_EQ(system.run("bootstrap").status, 0);
-    EXPECT_EQ(system.requests().size(), 2);
+    const ScriptRun run = system.run("bootstrap");
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(run.errors.toStdString(), EndsWith("bootstrap: nobody can be asked here; scripts/bootstrap --yes "
+                                                   "packages-debian installs them with sudo.\n"));
+    EXPECT_THAT(system.requests(), IsEmpty());
+}
+
+TEST(Bootstrap, WhoIsNotRootNeedsSudo)
+{
+    const SmallSystem system;
+    system.addPackageManager({});
+    system.add("id", isSomebody);
+    const ScriptRun run = system.run("bootstrap", {QStringLiteral("--yes")});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(run.errors.toStdString(), EndsWith("bootstrap: only root or sudo can install them.\n"));
+    EXPECT_THAT(system.requests(), IsEmpty());
 }
 
 TEST(Bootstrap, AFailingPackageManagerIsAFailure)
 {
-    SmallSystem system;
+    const SmallSystem system;
     system.addPackageManager({});
     system.add("id", isRoot);
     system.add("apt-get", "exit 100");
@@ -159,7 +273,7 @@ TEST(Bootstrap, AFailingPackageManagerIsAFailure)
 
 TEST(Bootstrap, AnInstallationIsNotBrokenOff)
 {
-    SmallSystem system;
+    const SmallSystem system;
     system.addPackageManager({});
     system.add("id", isRoot);
     system.add("apt-get", "kill -TERM $$ $PPID; kill -INT $$ $PPID; kill -HUP $$ $PPID");
@@ -167,17 +281,7 @@ TEST(Bootstrap, AnInstallationIsNotBrokenOff)
     const ScriptRun run = system.run("bootstrap");
 
     EXPECT_EQ(run.status, 0);
-    EXPECT_THAT(run.errors.toStdString(), testing::EndsWith("bootstrap: all is there.\n"));
-}
-
-TEST(Bootstrap, OnASystemItDoesNotKnowItSaysWhatIsNeeded)
-{
-    const ScriptRun run = SmallSystem().run("bootstrap");
-    EXPECT_EQ(run.status, 3);
-    EXPECT_EQ(run.output, "");
-    EXPECT_THAT(run.errors.toStdString(), HasSubstr("has no apt-get"));
-    for (const QByteArray &package : wantedPackages())
-        EXPECT_THAT(run.errors.toStdString(), HasSubstr(package.toStdString()));
+    EXPECT_THAT(run.errors.toStdString(), EndsWith("bootstrap: all is there.\n"));
 }
 
 TEST(Build, APresetThatIsUnknownIsNamedWithThoseThatAreThere)

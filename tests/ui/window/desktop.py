@@ -70,7 +70,7 @@ def wait_for_window_manager(display):
 def main(size, *command):
     missing = [program for program in NEEDED if not shutil.which(program)]
     if missing:
-        sys.exit(f"Not installed: {' '.join(missing)}; see scripts/packages-debian.")
+        sys.exit(f"Not installed: {' '.join(missing)}; see scripts/packages-debian-test.")
     with tempfile.TemporaryDirectory(prefix="tidlo-desktop-") as folder, display_of(size) as display:
         home = Path(folder, "home")
         home.mkdir()
