@@ -15,7 +15,7 @@ using testing::UnorderedElementsAre;
 
 namespace {
 
-const QByteArray answer = reply(200, R"({"candidates":[{"content":{"parts":[{"text":"A"}]}}]})");
+const QByteArray goodAnswer = reply(200, R"({"candidates":[{"content":{"parts":[{"text":"A"}]}}]})");
 
 class Request : public ExplainTest
 {
@@ -23,7 +23,7 @@ protected:
     /// What the proxy receives when it is asked about \a candidates.
     ScriptedServer::Request received(const QList<CleanupCandidate> &candidates = {})
     {
-        const ScriptedServer server(localhost(), sending(answer));
+        const ScriptedServer server(localhost(), sending(goodAnswer));
         EXPECT_EQ(explainBy(server, candidates), "A");
         EXPECT_EQ(server.requests().size(), 1);
         return server.requests().value(0);
@@ -42,7 +42,7 @@ CleanupCandidate candidate(const QString &title, const QList<FilePath> &paths = 
 
 TEST_F(Request, AsksForNoOtherProtocolWhereOneIsOffered)
 {
-    const ScriptedServer server(localhost(), sending(answer), {"h2", "http/1.1"});
+    const ScriptedServer server(localhost(), sending(goodAnswer), {"h2", "http/1.1"});
     EXPECT_EQ(explainBy(server), "A");
 }
 

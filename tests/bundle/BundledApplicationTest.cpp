@@ -1,6 +1,7 @@
 #include "platform/ApplicationCopier.h"
 #include "platform/Bundle.h"
 #include "support/InChild.h"
+#include "support/Patience.h"
 #include "support/PrintQt.h"
 #include "support/TemporaryHome.h"
 
@@ -31,8 +32,6 @@ using testing::Not;
 using testing::StartsWith;
 
 namespace {
-
-constexpr int patience = 120'000; // Only what hangs comes to it.
 
 class BundledApplication : public testing::Test
 {

@@ -1,5 +1,7 @@
 #include "cli/CliRun.h"
 
+#include "support/Patience.h"
+
 #include <QFile>
 
 #include <gtest/gtest.h>
@@ -10,9 +12,6 @@
 namespace tidlo {
 
 namespace {
-
-/// Far longer than anything takes: only a program that hangs comes to it.
-constexpr int patience = 120'000;
 
 QProcessEnvironment environmentFor(const TemporaryHome &home, const QByteArrayList &changes)
 {

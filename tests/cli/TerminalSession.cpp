@@ -1,5 +1,7 @@
 #include "cli/TerminalSession.h"
 
+#include "support/Patience.h"
+
 #include <gtest/gtest.h>
 
 #include <array>
@@ -11,13 +13,6 @@
 #include <unistd.h>
 
 namespace tidlo {
-
-namespace {
-
-/// Far longer than anything takes: only a program that hangs comes to it.
-constexpr int patience = 120'000;
-
-} // namespace
 
 TerminalSession::TerminalSession(const TemporaryHome &home, const QByteArrayList &arguments, int columns,
                                  CliSetup setup)

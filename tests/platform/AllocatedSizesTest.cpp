@@ -1,3 +1,4 @@
+#include "platform/Allocation.h"
 #include "platform/Descriptor.h"
 #include "platform/DirectoryWalker.h"
 #include "support/TemporaryHome.h"
@@ -14,17 +15,6 @@
 namespace tidlo {
 
 using testing::ElementsAre;
-
-namespace {
-
-constexpr qint64 block = 4096;
-
-qint64 sizeOf(const FilePath &path)
-{
-    return DirectoryWalker().allocatedSizes({path}, {}).value(0);
-}
-
-} // namespace
 
 TEST(AllocatedSizes, AFilesSizeIsWhatItTakesOnTheDisk)
 {

@@ -1,3 +1,4 @@
+#include "platform/Allocation.h"
 #include "platform/DirectoryWalker.h"
 #include "support/TemporaryHome.h"
 
@@ -16,8 +17,6 @@ using testing::IsEmpty;
 using testing::UnorderedElementsAre;
 
 namespace {
-
-constexpr qint64 block = 4096;
 
 Visit collectTargets(const EnumeratedEntry &entry)
 {

@@ -1,5 +1,6 @@
 // Trees that break walkers: very deep, very wide, changing, or not to be entered.
 
+#include "platform/Allocation.h"
 #include "platform/Descriptor.h"
 #include "platform/DirectoryWalker.h"
 #include "platform/LiveFileManager.h"
@@ -26,13 +27,6 @@ namespace tidlo {
 using testing::ElementsAre;
 
 namespace {
-
-constexpr qint64 block = 4096;
-
-qint64 sizeOf(const FilePath &path)
-{
-    return DirectoryWalker().allocatedSizes({path}, {}).value(0);
-}
 
 QList<CollectedItem> targetsIn(const FilePath &root)
 {
@@ -106,12 +100,12 @@ TEST(HostileTrees, ItemsBeyondThePathLimitAreFoundMeasuredAndFoundAgain)
     EXPECT_THAT(files.allocatedSizes({path, path + "/file"}, {}), ElementsAre(block, block));
 }
 
-TEST(HostileTrees, AFolderOfAMillionEntriesIsCountedToTheLast)
+TEST(HostileTrees, AFolderOfAHundredThousandEntriesIsCountedToTheLast)
 {
     const TemporaryHome home(TemporaryHome::parentInMemory());
     const FilePath folder = home.folder("wide");
-    constexpr int entries = 1'000'000;
-    constexpr int names = 50'000; // For one file; some file systems allow no more than 65,000.
+    constexpr int entries = 100'000; // More than a hundred batches of a listing.
+    constexpr int names = 50'000;    // For one file; some file systems allow no more than 65,000.
     const Descriptor wide(open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     QByteArray file;
     for (int entry = 0; entry < entries; ++entry) {

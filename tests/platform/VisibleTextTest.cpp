@@ -6,7 +6,7 @@
 
 namespace tidlo {
 
-struct Row
+struct VisibleRow
 {
     const char *given;
     const char *shown;
@@ -46,7 +46,7 @@ TEST(VisibleText, WhatIsPrintableStaysAsItIs)
 
 TEST(VisibleText, WhatCouldMoveTheCursorOrHideOrTurnTextIsAnEscape)
 {
-    constexpr Row rows[]{
+    constexpr VisibleRow rows[]{
         {"\a\b\v\f\r", "\\x07\\x08\\x0b\\x0c\\r"},
         {"\x1b[31mred\x1b[0m", "\\x1b[31mred\\x1b[0m"},
         {"\x7f", "\\x7f"},
@@ -67,7 +67,7 @@ TEST(VisibleText, WhatCouldMoveTheCursorOrHideOrTurnTextIsAnEscape)
         {"\u0378\uffff\U0001fffe", "\\u0378\\uffff\\U0001fffe"}, // Not assigned
         {"a\\nb", "a\\\\nb"},
     };
-    for (const Row &row : rows) {
+    for (const VisibleRow &row : rows) {
         EXPECT_EQ(shownPath(row.given), row.shown);
         EXPECT_EQ(shownText(QString::fromUtf8('x' + QByteArray(row.given))), 'x' + std::string(row.shown));
     }
@@ -91,7 +91,7 @@ TEST(VisibleText, ATextKeepsItsLinesAndTabs)
 
 TEST(VisibleText, BytesThatAreNotValidUtf8AreShownOneByOne)
 {
-    constexpr Row rows[]{
+    constexpr VisibleRow rows[]{
         {"\xff", "\\xff"},
         {"caf\xe9", "caf\\xe9"},
         {"\x80tail", "\\x80tail"},                    // A continuation without a beginning
@@ -103,7 +103,7 @@ TEST(VisibleText, BytesThatAreNotValidUtf8AreShownOneByOne)
         {"\xf8\x88\x80\x80\x80", "\\xf8\\x88\\x80\\x80\\x80"},
         {"\xff\xc3\xa9\xff", "\\xff\u00e9\\xff"},
     };
-    for (const Row &row : rows)
+    for (const VisibleRow &row : rows)
         EXPECT_EQ(shownPath(row.given), row.shown);
 }
 

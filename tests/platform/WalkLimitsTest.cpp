@@ -1,5 +1,6 @@
 // Walks that may keep few folders open, and what reopens those that were closed.
 
+#include "platform/Allocation.h"
 #include "platform/Descriptor.h"
 #include "platform/DirectoryWalker.h"
 #include "platform/LiveFileManager.h"
@@ -23,8 +24,6 @@
 namespace tidlo {
 
 namespace {
-
-constexpr qint64 block = 4096;
 
 qint64 sizeWithin(WalkLimits limits, const FilePath &path)
 {

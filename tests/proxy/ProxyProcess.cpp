@@ -1,16 +1,12 @@
 #include "proxy/ProxyProcess.h"
 
+#include "support/Patience.h"
+
 #include <QEventLoop>
 
 #include <gtest/gtest.h>
 
 namespace tidlo {
-
-namespace {
-
-constexpr int patience = 120'000;
-
-} // namespace
 
 ProxyProcess::ProxyProcess(const QStringList &arguments, const QStringList &environment)
 {

@@ -1,16 +1,12 @@
 #include "proxy/RawConnection.h"
 
+#include "support/Patience.h"
+
 #include <QNetworkProxy>
 
 #include <gtest/gtest.h>
 
 namespace tidlo {
-
-namespace {
-
-constexpr int patience = 120'000;
-
-} // namespace
 
 RawConnection::RawConnection(int port)
 {

@@ -2,6 +2,7 @@
 
 #include "TrashDecoder.h"
 #include "platform/linux/XdgTrash.h"
+#include "support/TemporaryHome.h"
 
 #include <map>
 
@@ -14,6 +15,12 @@ struct SceneSetup
     bool isNameTaken = false; ///< By an item in the Trash and its record, and the next name by an item without one.
     bool canKeepFromReplacing = true; ///< Whether the file system knows RENAME_NOREPLACE.
 };
+
+/// Where the Trash of \a home is.
+inline FilePath trashOf(const TemporaryHome &home)
+{
+    return home / ".local/share/Trash";
+}
 
 /// A small home with one item to be moved, and others nearby, made anew as often as a test wants.
 class Scene final

@@ -27,7 +27,7 @@ using testing::StartsWith;
 
 namespace {
 
-const char *const trashName = ".local/share/Trash";
+const char *const trashFolder = ".local/share/Trash";
 
 std::vector<FilePath> originalPaths(const FilePath &trash)
 {
@@ -55,7 +55,7 @@ void expectFailure(const TemporaryHome &home, const FilePath &relative)
     EXPECT_THAT(result.lines, ElementsAre(StartsWith("failed: It cannot be moved: ")));
     EXPECT_FALSE(result.allMoved);
     EXPECT_THAT(witness.complaints(), IsEmpty());
-    EXPECT_THAT(decodeTrash(home / trashName).items, IsEmpty());
+    EXPECT_THAT(decodeTrash(home / trashFolder).items, IsEmpty());
 }
 
 } // namespace
@@ -75,9 +75,9 @@ TEST(TrashItems, ALinkIsMovedAndWhatItLeadsToStays)
 
     EXPECT_THAT(result.lines, ElementsAre("moved", "moved", "moved", "moved"));
     EXPECT_THAT(witness.complaints(), IsEmpty());
-    EXPECT_EQ(targetOf(home / trashName + "/files/to-folder"), (home / "target").toStdString());
-    EXPECT_EQ(targetOf(home / trashName + "/files/to-file"), "target/inner");
-    EXPECT_EQ(targetOf(home / trashName + "/files/dangling"), "nowhere");
+    EXPECT_EQ(targetOf(home / trashFolder + "/files/to-folder"), (home / "target").toStdString());
+    EXPECT_EQ(targetOf(home / trashFolder + "/files/to-file"), "target/inner");
+    EXPECT_EQ(targetOf(home / trashFolder + "/files/dangling"), "nowhere");
 }
 
 TEST(TrashItems, ASlashAfterALinkIsNotFollowed)
@@ -92,7 +92,7 @@ TEST(TrashItems, ASlashAfterALinkIsNotFollowed)
 
     EXPECT_THAT(result.lines, ElementsAre("moved", "moved"));
     EXPECT_THAT(witness.complaints(), IsEmpty());
-    EXPECT_THAT(originalPaths(home / trashName), ElementsAre(home / "dangling", home / "to-folder"));
+    EXPECT_THAT(originalPaths(home / trashFolder), ElementsAre(home / "dangling", home / "to-folder"));
 }
 
 TEST(TrashItems, APathThroughALinkIsRecordedAsWhereTheItemTrulyWas)
@@ -106,7 +106,7 @@ TEST(TrashItems, APathThroughALinkIsRecordedAsWhereTheItemTrulyWas)
 
     EXPECT_THAT(result.lines, ElementsAre("moved"));
     EXPECT_THAT(witness.complaints(), IsEmpty());
-    EXPECT_THAT(originalPaths(home / trashName), ElementsAre(home / "disk/in/item"));
+    EXPECT_THAT(originalPaths(home / trashFolder), ElementsAre(home / "disk/in/item"));
 }
 
 TEST(TrashItems, ARelativePathIsTakenFromTheWorkingFolder)
@@ -118,7 +118,7 @@ TEST(TrashItems, ARelativePathIsTakenFromTheWorkingFolder)
     const ProbeResult result = probe({.paths = {"-item"}, .home = home.path(), .workingFolder = home / "in"});
 
     EXPECT_THAT(result.lines, ElementsAre("moved"));
-    EXPECT_THAT(originalPaths(home / trashName), ElementsAre(home / "in/-item"));
+    EXPECT_THAT(originalPaths(home / trashFolder), ElementsAre(home / "in/-item"));
 }
 
 TEST(TrashItems, WhatDoesNotExistIsGone)
@@ -147,7 +147,7 @@ TEST(TrashItems, WhatWasMovedAsPartOfAFolderOrBeforeIsGone)
 
     EXPECT_THAT(result.lines, ElementsAre("moved", "gone", "gone"));
     EXPECT_THAT(witness.complaints(), IsEmpty());
-    EXPECT_THAT(originalPaths(home / trashName), ElementsAre(home / "outer"));
+    EXPECT_THAT(originalPaths(home / trashFolder), ElementsAre(home / "outer"));
 }
 
 TEST(TrashItems, AFolderOfTenThousandFilesIsOneRename)
@@ -161,7 +161,7 @@ TEST(TrashItems, AFolderOfTenThousandFilesIsOneRename)
     EXPECT_THAT(probe({.paths = {home / "big"}, .home = home.path()}).lines, ElementsAre("moved"));
 
     EXPECT_THAT(witness.complaints(), IsEmpty());
-    EXPECT_THAT(originalPaths(home / trashName), ElementsAre(home / "big"));
+    EXPECT_THAT(originalPaths(home / trashFolder), ElementsAre(home / "big"));
 }
 
 TEST(TrashItems, APathLongerThanTheSystemTakesIsMovedAndRecordedInFull)
@@ -184,7 +184,7 @@ TEST(TrashItems, APathLongerThanTheSystemTakesIsMovedAndRecordedInFull)
 
     EXPECT_THAT(result.lines, ElementsAre("moved"));
     EXPECT_THAT(witness.complaints(), IsEmpty());
-    EXPECT_THAT(originalPaths(home / trashName), ElementsAre(path));
+    EXPECT_THAT(originalPaths(home / trashFolder), ElementsAre(path));
 }
 
 TEST(TrashItems, BeyondTheLongestPathNoLinkIsFollowed)
@@ -241,7 +241,7 @@ TEST(TrashItems, AFolderThatMayNotBeReadIsMovedAllTheSame)
 
     EXPECT_THAT(result.lines, ElementsAre("moved"));
     EXPECT_THAT(witness.complaints(), IsEmpty());
-    chmod((home / trashName + "/files/folder").constData(), 0755); // So that it can be removed.
+    chmod((home / trashFolder + "/files/folder").constData(), 0755); // So that it can be removed.
 }
 
 TEST(TrashItems, AnImmutableFileStays)
@@ -259,7 +259,7 @@ TEST(TrashItems, AnImmutableFileStays)
     EXPECT_THAT(witness.complaints(), IsEmpty());
     flags = 0;
     EXPECT_EQ(ioctl(file.get(), FS_IOC_SETFLAGS, &flags), 0) << "so that it can be removed";
-    EXPECT_THAT(decodeTrash(home / trashName).items, IsEmpty());
+    EXPECT_THAT(decodeTrash(home / trashFolder).items, IsEmpty());
 }
 
 TEST(TrashItems, AHardLinkIsMovedAndItsOtherNameStays)

@@ -2,6 +2,7 @@
 
 #include "FastDisk.h"
 #include "Probe.h"
+#include "Scene.h"
 #include "TrashDecoder.h"
 #include "Witness.h"
 
@@ -22,11 +23,6 @@ using testing::IsEmpty;
 using testing::SizeIs;
 
 namespace {
-
-FilePath trashOf(const TemporaryHome &home)
-{
-    return home / ".local/share/Trash";
-}
 
 /// Moves \a names, each a file in the home's folder "in", and puts them back.
 void expectAllComeBack(const TemporaryHome &home, const std::vector<FilePath> &names)

@@ -3,6 +3,7 @@
 #include "FastDisk.h"
 #include "InstrumentedCalls.h"
 #include "Probe.h"
+#include "Scene.h"
 #include "TrashDecoder.h"
 #include "Witness.h"
 #include "platform/linux/XdgTrash.h"
@@ -27,13 +28,8 @@ using testing::SizeIs;
 namespace {
 
 using Kind = TrashOutcome::Kind;
-constexpr std::time_t now = 1'700'000'000;
+constexpr std::time_t timeOfMove = 1'700'000'000;
 constexpr int processes = 4;
-
-FilePath trashOf(const TemporaryHome &home)
-{
-    return home / ".local/share/Trash";
-}
 
 std::string relativeTo(const TemporaryHome &home, const FilePath &path)
 {
@@ -201,7 +197,7 @@ int moveWithSwap(const SwapScene &scene, int way, int at)
         return real();
     });
     const FilePath &home = scene.home.path();
-    const TrashOutcome outcome = XdgTrash(home, home + "/.local/share", swapping).move(home + "/in/item", now);
+    const TrashOutcome outcome = XdgTrash(home, home + "/.local/share", swapping).move(home + "/in/item", timeOfMove);
 
     scene.expectNoVictim();
     scene.expectNothingLost();
@@ -237,7 +233,7 @@ TEST(TrashRaces, AnItemThatIsSwappedAfterItWasLookedAtIsNotMistakenForAnother)
         return real();
     });
     const FilePath &firstHome = first.home.path();
-    ASSERT_EQ(XdgTrash(firstHome, firstHome + "/.local/share", watching).move(firstHome + "/in/item", now).kind,
+    ASSERT_EQ(XdgTrash(firstHome, firstHome + "/.local/share", watching).move(firstHome + "/in/item", timeOfMove).kind,
               Kind::moved);
 
     for (const int way : {0, 1, 2}) {
@@ -249,7 +245,8 @@ TEST(TrashRaces, AnItemThatIsSwappedAfterItWasLookedAtIsNotMistakenForAnother)
             return real();
         });
 
-        const TrashOutcome outcome = XdgTrash(home, home + "/.local/share", swapping).move(home + "/in/item", now);
+        const TrashOutcome outcome =
+            XdgTrash(home, home + "/.local/share", swapping).move(home + "/in/item", timeOfMove);
 
         EXPECT_EQ(outcome, (TrashOutcome{.kind = Kind::failed,
                                          .reason = QStringLiteral("Something else took its place meanwhile."),
@@ -275,7 +272,7 @@ TEST(TrashRaces, WhatCannotBePutBackStaysInTheTrashWithItsRecord)
         return real();
     });
 
-    const TrashOutcome outcome = XdgTrash(home, home + "/.local/share", swapping).move(home + "/in/item", now);
+    const TrashOutcome outcome = XdgTrash(home, home + "/.local/share", swapping).move(home + "/in/item", timeOfMove);
 
     EXPECT_EQ(outcome.kind, Kind::anotherMoved);
     EXPECT_EQ(outcome.reason, QStringLiteral("Something else took its place meanwhile, and is in the Trash now."));
@@ -302,7 +299,8 @@ TEST(TrashRaces, WhatIsPutBackReplacesNothingThatTookThePlaceMeanwhile)
             return real();
         });
 
-        EXPECT_NE(XdgTrash(home, home + "/.local/share", swapping).move(home + "/in/item", now).kind, Kind::moved);
+        EXPECT_NE(XdgTrash(home, home + "/.local/share", swapping).move(home + "/in/item", timeOfMove).kind,
+                  Kind::moved);
 
         EXPECT_THAT(placesOf(scene.home, newcomer), testing::ElementsAre("in/item"));
         EXPECT_TRUE(scene.isAnythingInTrash());
@@ -329,7 +327,7 @@ TEST(TrashRaces, AFolderThatIsSwappedAllTheTimeLosesNothing)
     });
     int movedLinks = 0;
     for (int round = 0; round < rounds; ++round) {
-        const TrashOutcome outcome = trash.move(item, now);
+        const TrashOutcome outcome = trash.move(item, timeOfMove);
         const DecodedTrash decoded = decodeTrash(trashOf(home));
         ASSERT_THAT(decoded.items, SizeIs(outcome.kind == Kind::moved ? 1 : 0)) << outcome.reason.toStdString();
         for (const TrashedItem &trashed : decoded.items) {

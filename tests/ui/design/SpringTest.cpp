@@ -10,14 +10,14 @@ namespace tidlo {
 
 namespace {
 
-struct Moving
+struct Movement
 {
     double position = 0;
     double velocity = 0;
 };
 
 /// How a mass of 1 on the spring changes, by the laws of motion alone.
-Moving changeOf(const Spring &spring, const Moving &now)
+Movement changeOf(const Spring &spring, const Movement &now)
 {
     using std::numbers::pi;
     const double stiffness = std::pow(2 * pi / spring.response, 2);
@@ -25,20 +25,20 @@ Moving changeOf(const Spring &spring, const Moving &now)
     return {now.velocity, stiffness * (1 - now.position) - damping * now.velocity};
 }
 
-Moving after(const Moving &now, const Moving &change, double seconds)
+Movement after(const Movement &now, const Movement &change, double seconds)
 {
     return {now.position + change.position * seconds, now.velocity + change.velocity * seconds};
 }
 
 /// One step of Runge and Kutta's.
-Moving stepped(const Spring &spring, const Moving &now, double seconds)
+Movement stepped(const Spring &spring, const Movement &now, double seconds)
 {
-    const Moving a = changeOf(spring, now);
-    const Moving b = changeOf(spring, after(now, a, seconds / 2));
-    const Moving c = changeOf(spring, after(now, b, seconds / 2));
-    const Moving d = changeOf(spring, after(now, c, seconds));
-    const Moving mean{(a.position + 2 * b.position + 2 * c.position + d.position) / 6,
-                      (a.velocity + 2 * b.velocity + 2 * c.velocity + d.velocity) / 6};
+    const Movement a = changeOf(spring, now);
+    const Movement b = changeOf(spring, after(now, a, seconds / 2));
+    const Movement c = changeOf(spring, after(now, b, seconds / 2));
+    const Movement d = changeOf(spring, after(now, c, seconds));
+    const Movement mean{(a.position + 2 * b.position + 2 * c.position + d.position) / 6,
+                        (a.velocity + 2 * b.velocity + 2 * c.velocity + d.velocity) / 6};
     return after(now, mean, seconds);
 }
 
@@ -60,7 +60,7 @@ TEST_P(EverySpring, MovesAsTheLawsOfMotionSay)
 {
     const Spring &spring = GetParam();
     constexpr double step = 1e-4;
-    Moving motion;
+    Movement motion;
     for (int i = 0; i <= 20'000; ++i) {
         ASSERT_NEAR(spring.position(i * step), motion.position, 1e-8) << "after " << i * step << " s";
         motion = stepped(spring, motion, step);
