@@ -1,7 +1,11 @@
 #include "platform/linux/UserFolders.h"
 
+#include "platform/Bundle.h"
 #include "platform/HomeFolder.h"
 #include "platform/Paths.h"
+#include "platform/PreferenceStore.h"
+
+#include <QFile>
 
 #include <cerrno>
 
@@ -60,6 +64,11 @@ UserFiles userFilesOf(const QByteArray &identifier)
             .icon = joined(data, "icons/hicolor/512x512/apps/" + identifier + ".png"),
             .preferences = joined(configuration, identifier + ".conf"),
             .cacheFolder = joined(caches, identifier)};
+}
+
+std::unique_ptr<PreferenceStore> preferencesOfUser()
+{
+    return preferencesIn(QFile::decodeName(userFilesOf(applicationIdentifier).preferences));
 }
 
 } // namespace tidlo

@@ -10,8 +10,6 @@
 
 #include <array>
 
-namespace tidlo {
-
 namespace {
 
 QImage picture(QSvgRenderer &drawing, int pixels)
@@ -51,11 +49,8 @@ QByteArray icon(QSvgRenderer &drawing)
 
 } // namespace
 
-} // namespace tidlo
-
 int main(int argc, char **argv)
 {
-    using namespace tidlo;
     if (argc != 3)
         return 2;
     QSvgRenderer drawing(QString::fromLocal8Bit(argv[1]));

@@ -35,7 +35,6 @@ TidloApp::TidloApp(std::unique_ptr<AppViewModel> model)
 {
     QGuiApplication::setWindowIcon(QIcon(QStringLiteral(":/logo.png")));
     registerQmlModules();
-    addStandardMenus();
     engine.addImportPath(QStringLiteral(":/qt/qml"));
 }
 
@@ -66,6 +65,7 @@ int runTidlo(int argumentCount, char **arguments)
     QGuiApplication::setApplicationName(QLatin1StringView(applicationIdentifier)); // Names the folder of its cache.
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Tidlo"));
     QGuiApplication::setDesktopFileName(QLatin1StringView(applicationIdentifier));
+    addStandardMenus();
     QObject::connect(&application, &QCoreApplication::aboutToQuit, [&limit] { limit.begin(quitLimit, EXIT_SUCCESS); });
     int status = EXIT_FAILURE;
     std::weak_ptr<const void> operations;

@@ -6,8 +6,6 @@
 
 #import <AppKit/AppKit.h>
 
-namespace tidlo {
-
 /// Stands behind the menu of editing. The view of a window understands keys and not the system's commands, so the
 /// chosen item presses its own.
 @interface TidloEditing : NSObject
@@ -26,6 +24,8 @@ namespace tidlo {
     }
 }
 @end
+
+namespace tidlo {
 
 namespace {
 

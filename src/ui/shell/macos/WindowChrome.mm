@@ -3,6 +3,8 @@
 #import <AppKit/AppKit.h>
 #import <objc/runtime.h>
 
+namespace tidlo {
+
 namespace {
 
 BOOL answersNo(id, SEL)
@@ -21,8 +23,6 @@ void keepPresses(NSView *view)
 }
 
 } // namespace
-
-namespace tidlo {
 
 bool WindowChromeConfigurator::isNative()
 {
