@@ -6,4 +6,5 @@
 #ifdef __cplusplus
 extern "C"
 #endif
-int removexattr(const char *path, const char *name, int options);
+    int
+    removexattr(const char *path, const char *name, int options);

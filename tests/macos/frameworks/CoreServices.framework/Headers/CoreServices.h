@@ -7,4 +7,5 @@
 #ifdef __cplusplus
 extern "C"
 #endif
-OSStatus LSRegisterURL(CFURLRef inURL, Boolean inUpdate);
+    OSStatus
+    LSRegisterURL(CFURLRef inURL, Boolean inUpdate);

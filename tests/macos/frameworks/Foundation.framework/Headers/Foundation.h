@@ -2,10 +2,9 @@
 // sources for macOS compile and link. Never part of the program.
 #pragma once
 
-#include <stdbool.h>
-
 #include <CoreFoundation/CoreFoundation.h>
 #include <objc/NSObject.h>
+#include <stdbool.h>
 
 #ifdef __cplusplus
 #define FOUNDATION_EXPORT extern "C"
@@ -15,8 +14,12 @@
 #define API_SINCE(version) __attribute__((availability(macos, introduced = version)))
 #undef NS_ENUM
 #undef NS_OPTIONS
-#define NS_ENUM(type, name) enum name : type name; enum name : type
-#define NS_OPTIONS(type, name) type name; enum : type
+#define NS_ENUM(type, name) \
+    enum name : type name; \
+    enum name : type
+#define NS_OPTIONS(type, name) \
+    type name; \
+    enum : type
 
 #pragma clang assume_nonnull begin
 
@@ -41,7 +44,7 @@ FOUNDATION_EXPORT NSURLResourceKey const NSURLVolumeAvailableCapacityForImportan
 @end
 
 @interface NSArray<__covariant ObjectType> : NSObject
-+ (instancetype)arrayWithObjects:(const ObjectType _Nonnull [_Nullable])objects count:(NSUInteger)count;
++ (instancetype)arrayWithObjects:(const ObjectType _Nonnull[_Nullable])objects count:(NSUInteger)count;
 @end
 
 @interface NSDictionary<__covariant KeyType, __covariant ObjectType> : NSObject
