@@ -15,8 +15,6 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
-namespace tidlo {
-
 namespace {
 
 fsobj_type_t typeOf(unsigned char type)
@@ -128,5 +126,3 @@ int openOfMacOS(int folder, const char *path, int flags)
     how.resolve = RESOLVE_NO_SYMLINKS;
     return static_cast<int>(syscall(SYS_openat2, folder, path, &how, sizeof how));
 }
-
-} // namespace tidlo

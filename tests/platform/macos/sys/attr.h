@@ -9,8 +9,6 @@
 #include <fcntl.h> // Before one of its names gets another meaning.
 #include <sys/types.h>
 
-namespace tidlo {
-
 using attrgroup_t = std::uint32_t;
 using fsobj_type_t = std::uint32_t;
 
@@ -58,5 +56,3 @@ int openOfMacOS(int folder, const char *path, int flags);
 #define openat openOfMacOS
 
 #define st_mtimespec st_mtim
-
-} // namespace tidlo
