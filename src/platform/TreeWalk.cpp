@@ -7,7 +7,6 @@
 #include <cerrno>
 #include <exception>
 #include <new>
-#include <ranges>
 #include <thread>
 
 namespace tidlo {
@@ -43,8 +42,8 @@ FilePath pathOf(const WalkFolder &folder, QByteArrayView name)
     for (const WalkFolder *ancestor = &folder; ancestor != nullptr; ancestor = ancestor->parent)
         upwards.push_back(ancestor);
     FilePath path;
-    for (const WalkFolder *ancestor : upwards | std::views::reverse) {
-        path.append(ancestor->name.c_str());
+    for (auto ancestor = upwards.rbegin(); ancestor != upwards.rend(); ++ancestor) {
+        path.append((*ancestor)->name.c_str());
         if (!path.endsWith('/')) // As the root of all files does.
             path.append('/');
     }

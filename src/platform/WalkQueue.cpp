@@ -5,7 +5,6 @@
 #include <climits>
 #include <iterator>
 #include <new>
-#include <ranges>
 #include <span>
 #include <utility>
 
@@ -170,8 +169,8 @@ void WalkQueue::finish(WalkFolder &folder, bool listed, std::vector<std::unique_
     std::vector<Descriptor> closing; // Without the lock, since that takes its time.
     std::unique_lock lock(mutex);
     int found = 0;
-    for (std::unique_ptr<WalkFolder> &child : children | std::views::reverse) // The first is to be taken first.
-        found += add(std::move(child)) ? 1 : 0;
+    for (auto child = children.rbegin(); child != children.rend(); ++child) // The first is to be taken first.
+        found += add(std::move(*child)) ? 1 : 0;
 
     releaseParent(folder);
     WalkFolder::Counts &counts = folder.counts;

@@ -5,7 +5,6 @@
 #include <array>
 #include <cerrno>
 #include <filesystem>
-#include <ranges>
 #include <vector>
 
 #include <fcntl.h>
@@ -112,8 +111,8 @@ std::error_code copyFolder(const Pair &top)
     std::vector folders{top};
     if (const std::error_code error = copyContents(top, folders))
         return error;
-    for (const Pair &folder : std::views::reverse(folders)) {
-        if (const std::error_code error = finishFolder(folder))
+    for (auto folder = folders.rbegin(); folder != folders.rend(); ++folder) {
+        if (const std::error_code error = finishFolder(*folder))
             return error;
     }
     return {};
