@@ -12,4 +12,24 @@ std::optional<FilePath> firstUnquotable(const QList<FilePath> &paths, QByteArray
     return found == paths.end() ? std::nullopt : std::optional(*found);
 }
 
+UninstallScript uninstallScriptForMacOS(const FilePath &application, const QByteArray &identifier)
+{
+    // The path stands between double quotes, once more inside single ones.
+    if (const auto path = firstUnquotable({application}, "\"$`\\'"))
+        return {.text = {}, .unquotable = path};
+    return {.text = "#!/usr/bin/env bash\n"
+                    "sleep 1\n"
+                    "/usr/bin/osascript -e 'tell application \"Finder\" to move POSIX file \"" +
+                    application + "\" to trash' >/dev/null 2>&1 || rm -rf \"" + application +
+                    "\"\n"
+                    "defaults delete " +
+                    identifier +
+                    " >/dev/null 2>&1 || true\n"
+                    "rm -rf \"$HOME/Library/Preferences/" +
+                    identifier +
+                    ".plist\"\n"
+                    "rm -rf \"$HOME/Library/Caches/" +
+                    identifier + "\""};
+}
+
 } // namespace tidlo
