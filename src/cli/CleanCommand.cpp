@@ -5,6 +5,7 @@
 #include "cli/FindingsText.h"
 #include "cli/Output.h"
 #include "cli/ProgressLine.h"
+#include "cli/ScanOptions.h"
 #include "cli/StopOnSignal.h"
 #include "cli/Terminal.h"
 #include "model/ModelJson.h"
@@ -121,8 +122,10 @@ ExitStatus runClean(const QCommandLineParser &options, CommandContext &context)
         complain(QStringLiteral("There is no terminal to ask on. Add --yes to move without a question, or --dry-run."));
         return ExitStatus::misused;
     }
-    const ScanSnapshot snapshot = scanWithProgress(context.scanner);
-    const CleanupSelection selection = cleanupSelection(snapshot.candidates, wishes->risks);
+    const std::optional<ScanResult> result = scanAsWanted(options, context);
+    if (!result)
+        return ExitStatus::misused;
+    const CleanupSelection selection = cleanupSelection(result->snapshot.candidates, wishes->risks);
     if (const ExitStatus status = showSelection(selection, *wishes); status != ExitStatus::succeeded)
         return status;
     const bool agreed = mayBeMoved(selection, *wishes);
@@ -141,11 +144,13 @@ Command cleanCommand()
                            "\n"
                            "The exit status is 0 if nothing stayed that was to be moved, 1 if something\n"
                            "stayed, 2 if there is no terminal to ask on, 130 after Ctrl-C.\n",
-            .options = {{"yes", "Move without a question."},
-                        {"dry-run", "Show what would be moved, and move nothing."},
-                        {"risk", "Only this risk: safe, rebuildable or review. Repeatable.", "risk"},
-                        {"paths", "List every path beneath its finding."},
-                        {"json", "Print the report as one JSON object, and nothing else."}},
+            .options =
+                QList<CommandOption>{{"yes", "Move without a question."},
+                                     {"dry-run", "Show what would be moved, and move nothing."},
+                                     {"risk", "Only this risk: safe, rebuildable or review. Repeatable.", "risk"},
+                                     {"paths", "List every path beneath its finding."},
+                                     {"json", "Print the report as one JSON object, and nothing else."}} +
+                scanOptions(),
             .run = runClean};
 }
 

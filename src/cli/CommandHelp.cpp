@@ -3,6 +3,7 @@
 #include "cli/Output.h"
 
 #include <algorithm>
+#include <utility>
 
 #include <unistd.h>
 
@@ -49,10 +50,17 @@ QStringList optionNames(const CommandOption &option)
 
 QString usageLine(const Command &command)
 {
+    constexpr qsizetype width = 80;
+    const QString indent(6, u' '); // Beneath the program's name.
+    QString usage;
     QString line = QStringLiteral("Usage: tidlo-cli ") + QLatin1StringView(command.name);
-    for (const CommandOption &option : command.options)
-        line += QStringLiteral(" [%1]").arg(spelling(option));
-    return line + u'\n';
+    for (const CommandOption &option : command.options) {
+        const QString word = QStringLiteral(" [%1]").arg(spelling(option));
+        if (line.size() + word.size() > width)
+            usage += std::exchange(line, indent) + u'\n';
+        line += word;
+    }
+    return usage + line + u'\n';
 }
 
 ExitStatus reportMisuse(const Command &command, const QString &complaint)

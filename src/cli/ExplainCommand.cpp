@@ -3,6 +3,7 @@
 #include "cli/Commands.h"
 #include "cli/Output.h"
 #include "cli/ProgressLine.h"
+#include "cli/ScanOptions.h"
 #include "platform/VisibleText.h"
 
 namespace tidlo {
@@ -25,7 +26,10 @@ std::optional<QString> explanationOf(const QList<CleanupCandidate> &candidates)
 
 ExitStatus runExplain(const QCommandLineParser &options, CommandContext &context)
 {
-    const QList<CleanupCandidate> candidates = explainedCandidates(scanWithProgress(context.scanner).candidates);
+    const std::optional<ScanResult> result = scanAsWanted(options, context);
+    if (!result)
+        return ExitStatus::misused;
+    const QList<CleanupCandidate> candidates = explainedCandidates(result->snapshot.candidates);
     if (options.isSet(QStringLiteral("prompt")))
         return printText(promptFor(candidates));
     const std::optional<QString> explanation = explanationOf(candidates);
@@ -46,7 +50,7 @@ Command explainCommand()
                            "categories, risks, sizes, the explanations that a scan gives itself, up to\n"
                            "eight paths of each, and an identifier of this machine. No file is opened or\n"
                            "sent. The exit status is 1 if no explanation came back.\n",
-            .options = {{"prompt", "Show what would be sent, and send nothing."}},
+            .options = QList<CommandOption>{{"prompt", "Show what would be sent, and send nothing."}} + scanOptions(),
             .run = runExplain};
 }
 

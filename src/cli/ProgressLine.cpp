@@ -51,13 +51,13 @@ void ProgressLine::show(const QString &text)
     writeAll(STDERR_FILENO, erasure + text.left(terminal.columns - 1).toUtf8());
 }
 
-ScanSnapshot scanWithProgress(FileSizeScanner &scanner)
+ScanResult scanWithProgress(FileSizeScanner &scanner, const ScanWishes &wishes)
 {
     ProgressLine line;
-    const ScanResult result = QCoro::waitFor(scanner.scan([&line](double fraction, const QString &label) {
+    const auto show = [&line](double fraction, const QString &label) {
         line.show(tidloPercent(fraction).rightJustified(4) + QStringLiteral("  ") + label);
-    }));
-    return result.snapshot;
+    };
+    return QCoro::waitFor(scanner.scan(show, wishes));
 }
 
 } // namespace tidlo

@@ -24,8 +24,8 @@ private:
     SignalActions signalActions;
 };
 
-/// Scans and tells on standard error, where that is a terminal, which step is under way. An interruption ends the
-/// program by the signal: a scan changes nothing.
-ScanSnapshot scanWithProgress(FileSizeScanner &scanner);
+/// Scans as \a wishes want it and tells on standard error, where that is a terminal, which step is under way. An
+/// interruption ends the program by the signal: a scan changes nothing.
+ScanResult scanWithProgress(FileSizeScanner &scanner, const ScanWishes &wishes);
 
 } // namespace tidlo

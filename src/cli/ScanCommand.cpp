@@ -1,7 +1,7 @@
 #include "cli/Commands.h"
 #include "cli/FindingsText.h"
 #include "cli/Output.h"
-#include "cli/ProgressLine.h"
+#include "cli/ScanOptions.h"
 #include "model/ModelJson.h"
 
 #include <nlohmann/json.hpp>
@@ -34,10 +34,13 @@ QString textOf(const ScanSnapshot &snapshot, ListedPaths paths)
 
 ExitStatus runScan(const QCommandLineParser &options, CommandContext &context)
 {
-    const ScanSnapshot snapshot = scanWithProgress(context.scanner);
+    const std::optional<ScanResult> result = scanAsWanted(options, context);
+    if (!result)
+        return ExitStatus::misused;
     if (options.isSet(QStringLiteral("json")))
-        return print(jsonOf(snapshot));
-    return print(textOf(snapshot, options.isSet(QStringLiteral("paths")) ? ListedPaths::all : ListedPaths::none));
+        return print(jsonOf(result->snapshot));
+    return print(
+        textOf(result->snapshot, options.isSet(QStringLiteral("paths")) ? ListedPaths::all : ListedPaths::none));
 }
 
 } // namespace
@@ -48,8 +51,9 @@ Command scanCommand()
             .summary = "Show what could be cleaned. Changes nothing.",
             .description = "Shows what could be cleaned in the home folder ($HOME), the largest first.\n"
                            "Nothing is changed, and no file is opened.\n",
-            .options = {{"paths", "List every path beneath its finding."},
-                        {"json", "Print one JSON object, and nothing else."}},
+            .options = QList<CommandOption>{{"paths", "List every path beneath its finding."},
+                                            {"json", "Print one JSON object, and nothing else."}} +
+                       scanOptions(),
             .run = runScan};
 }
 

@@ -1,5 +1,6 @@
 #include "cli/CommandLine.h"
 #include "cli/Output.h"
+#include "cli/PathArgument.h"
 #include "platform/HomeFolder.h"
 #include "platform/QuitLimit.h"
 
@@ -31,7 +32,7 @@ int main(int argc, char *argv[])
         complain(QStringLiteral("$HOME is no absolute path and is ignored: ") + QString::fromLocal8Bit(*ignored));
     QStringList arguments;
     for (int i = 1; i < argc; ++i)
-        arguments.append(QString::fromLocal8Bit(argv[i]));
+        arguments.append(argumentText(argv[i]));
 
     QuitLimit limit; // Goes after the application, whose end it bounds too.
     const QCoreApplication application(argc, argv);

@@ -50,6 +50,10 @@ struct DeepEnumeration
 
     /// Called for each entry, from several threads at once and in no fixed order: it must keep nothing.
     std::function<Visit(const EnumeratedEntry &)> visit;
+
+    /// Whether an item that the visitor collects is to be listed without being measured, told by its path. As visit; it
+    /// may be missing.
+    std::function<bool(const FilePath &path)> leavesOut{};
 };
 
 /// An entry that a visitor collected.
@@ -58,6 +62,7 @@ struct CollectedItem
     FilePath path;
     int group = 0;
     qint64 allocatedSize = 0; ///< As FileManager::allocatedSizes defines it.
+    bool isLeftOut = false;   ///< Not measured, as the enumeration wanted it.
 };
 
 } // namespace tidlo

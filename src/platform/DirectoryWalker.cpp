@@ -50,7 +50,8 @@ QList<CollectedItem> DirectoryWalker::enumerate(const DeepEnumeration &enumerati
     QList<CollectedItem> result;
     result.reserve(static_cast<qsizetype>(ordered.size()));
     for (const CountedItem *item : ordered)
-        result.append({.path = item->path, .group = item->group, .allocatedSize = item->bytes});
+        result.append(
+            {.path = item->path, .group = item->group, .allocatedSize = item->bytes, .isLeftOut = item->isLeftOut});
     return result;
 }
 

@@ -38,6 +38,10 @@ struct TrashOutcome
 /// called from any thread, and by several programs at once.
 TrashOutcome moveToTrash(const FilePath &path, const FilePath &home);
 
+/// Whether what is at \a path, without links in it, is a Trash or lies in one: that of the user whose home folder is
+/// \a home, or any other that its name tells.
+bool liesInTrash(const FilePath &path, const FilePath &home);
+
 /// A path as it names an item itself: without slashes at the end, which would follow a link. "/" stays.
 FilePath pathOfItself(FilePath path);
 

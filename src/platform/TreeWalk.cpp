@@ -232,6 +232,9 @@ void TreeWalk::Worker::collect(const WalkFolder &folder, const EnumeratedEntry &
     item->path = path;
     item->root = folder.root;
     item->group = group;
+    item->isLeftOut = walk.wanted->leavesOut && walk.wanted->leavesOut(path);
+    if (item->isLeftOut)
+        return;
     if (entry.attributes().kind == FileKind::directory)
         addChild(folder, entry.name(), item);
     else if (entry.attributes().kind == FileKind::regular)

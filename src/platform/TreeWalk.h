@@ -16,6 +16,7 @@ struct CountedItem
     FilePath path;
     int root = 0;
     int group = 0;
+    bool isLeftOut = false;
     std::atomic<qint64> bytes = 0;
 };
 

@@ -3,7 +3,6 @@
 #include "scanner/FindingRules.h"
 
 #include <array>
-#include <utility>
 
 namespace tidlo {
 
@@ -24,10 +23,9 @@ constexpr std::array cacheFolders{
 
 } // namespace
 
-QList<Finding> cacheCandidates(const FileManager &files, const FilePath &home, std::stop_token stop)
+QList<Finding> cacheCandidates(const ScanContext &context)
 {
-    const QList<FilePath> paths = existingPaths(files, home, cacheFolders);
-    return {makeFinding(FindingKind::userCaches, paths, files.allocatedSizes(paths, std::move(stop)))};
+    return {measuredFinding(context, FindingKind::userCaches, existingPaths(context, cacheFolders))};
 }
 
 } // namespace tidlo

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <array>
-#include <utility>
 
 namespace tidlo {
 
@@ -24,9 +23,10 @@ bool isOldDownload(const DirectoryEntry &entry, FileTime cutOff)
 
 } // namespace
 
-QList<Finding> downloadCandidates(const FileManager &files, const FilePath &home, FileTime now, std::stop_token stop)
+QList<Finding> downloadCandidates(const ScanContext &context, FileTime now)
 {
-    const std::optional<QList<DirectoryEntry>> entries = files.contentsOfDirectory(joined(home, "Downloads"));
+    const std::optional<QList<DirectoryEntry>> entries =
+        context.files.contentsOfDirectory(joined(context.home, "Downloads"));
     if (!entries)
         return {};
     QList<FilePath> paths;
@@ -34,7 +34,7 @@ QList<Finding> downloadCandidates(const FileManager &files, const FilePath &home
         if (isOldDownload(entry, now - oldAge))
             paths.append(entry.path);
     }
-    return {makeFinding(FindingKind::oldDownloads, paths, files.allocatedSizes(paths, std::move(stop)))};
+    return {measuredFinding(context, FindingKind::oldDownloads, paths)};
 }
 
 } // namespace tidlo

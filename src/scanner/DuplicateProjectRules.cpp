@@ -7,7 +7,6 @@
 
 #include <algorithm>
 #include <array>
-#include <utility>
 
 namespace tidlo {
 
@@ -98,15 +97,16 @@ QString normalizedProjectName(QByteArrayView name)
     return text.trimmed();
 }
 
-QList<Finding> duplicateProjectCandidates(const FileManager &files, const FilePath &home, std::stop_token stop)
+QList<Finding> duplicateProjectCandidates(const ScanContext &context)
 {
     QList<FilePath> paths;
     for (const char *root : searchRoots) {
-        const QList<DirectoryEntry> entries = files.contentsOfDirectory(joined(home, root)).value_or(Group());
+        const QList<DirectoryEntry> entries =
+            context.files.contentsOfDirectory(joined(context.home, root)).value_or(Group());
         for (const Group &group : groupedByName(entries))
             paths.append(allButTheNewest(group));
     }
-    return {makeFinding(FindingKind::olderCopies, paths, files.allocatedSizes(paths, std::move(stop)))};
+    return {measuredFinding(context, FindingKind::olderCopies, paths)};
 }
 
 } // namespace tidlo

@@ -1,20 +1,19 @@
 #pragma once
 
-#include "platform/FileManager.h"
 #include "platform/Paths.h"
+#include "scanner/ScanContext.h"
 
 #include <span>
 
 namespace tidlo {
 
-/// Those of the \a relative paths that exist beneath \a home, absolute and in their order.
-inline QList<FilePath> existingPaths(const FileManager &files, const FilePath &home,
-                                     std::span<const char *const> relative)
+/// Those of the \a relative paths that exist beneath the home, absolute and in their order.
+inline QList<FilePath> existingPaths(const ScanContext &context, std::span<const char *const> relative)
 {
     QList<FilePath> paths;
     for (const char *path : relative) {
-        const FilePath absolute = joined(home, path);
-        if (files.fileExists(absolute))
+        const FilePath absolute = joined(context.home, path);
+        if (context.files.fileExists(absolute))
             paths.append(absolute);
     }
     return paths;

@@ -31,21 +31,23 @@ struct FileSizeScanner::Core
     std::stop_source stop;
     SerialExecutor executor;
 
-    QFuture<ScanHarvest> run(const ScanStep &step, const ScanHarvest &harvest);
-    static QCoro::Task<ScanResult> scan(std::shared_ptr<Core> core, ProgressCallback progress);
+    QFuture<ScanHarvest> run(const ScanStep &step, const ScanWishes &wishes, const ScanHarvest &harvest);
+    static QCoro::Task<ScanResult> scan(std::shared_ptr<Core> core, ProgressCallback progress, ScanWishes wishes);
 };
 
-QFuture<ScanHarvest> FileSizeScanner::Core::run(const ScanStep &step, const ScanHarvest &harvest)
+QFuture<ScanHarvest> FileSizeScanner::Core::run(const ScanStep &step, const ScanWishes &wishes,
+                                                const ScanHarvest &harvest)
 {
-    return executor.run([files = files, stop = stop.get_token(), run = step.run, harvest] {
+    return executor.run([files = files, stop = stop.get_token(), run = step.run, wishes, harvest] {
         ScanHarvest result = harvest;
         if (!stop.stop_requested())
-            run({*files, files->homeDirectoryForCurrentUser(), stop}, result);
+            run({*files, files->homeDirectoryForCurrentUser(), wishes, stop}, result);
         return result;
     });
 }
 
-QCoro::Task<ScanResult> FileSizeScanner::Core::scan(std::shared_ptr<Core> core, ProgressCallback progress)
+QCoro::Task<ScanResult> FileSizeScanner::Core::scan(std::shared_ptr<Core> core, ProgressCallback progress,
+                                                    ScanWishes wishes)
 {
     co_await QCoro::sleepFor(0ms); // A turn of the event loop: nothing is told from within the call.
     ScanHarvest harvest;
@@ -53,7 +55,7 @@ QCoro::Task<ScanResult> FileSizeScanner::Core::scan(std::shared_ptr<Core> core, 
         if (core->stop.stop_requested())
             co_return summarized(harvest.disk, harvest.findings); // The scanner is gone, and with it whom it told.
         progress(step.fraction, step.label);
-        harvest = co_await later(core->run(step, harvest));
+        harvest = co_await later(core->run(step, wishes, harvest));
     }
     const auto sumUp = [harvest] { return summarized(harvest.disk, harvest.findings); };
     const ScanResult result = co_await later(core->executor.run(sumUp));
@@ -76,9 +78,9 @@ FileSizeScanner::~FileSizeScanner()
     core->executor.waitForDone();
 }
 
-QCoro::Task<ScanResult> FileSizeScanner::scan(ProgressCallback progress)
+QCoro::Task<ScanResult> FileSizeScanner::scan(ProgressCallback progress, ScanWishes wishes)
 {
-    return Core::scan(core, std::move(progress));
+    return Core::scan(core, std::move(progress), std::move(wishes));
 }
 
 QCoro::Task<Cleanup> FileSizeScanner::moveToTrash(QList<CleanupCandidate> candidates, std::stop_token stop)

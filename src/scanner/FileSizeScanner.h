@@ -2,6 +2,7 @@
 
 #include "platform/FileManager.h"
 #include "scanner/MoveToTrash.h"
+#include "scanner/ScanContext.h"
 #include "scanner/ScanResult.h"
 
 #include <QCoro/QCoroTask>
@@ -31,10 +32,10 @@ public:
     FileSizeScanner(const FileSizeScanner &) = delete;
     FileSizeScanner &operator=(const FileSizeScanner &) = delete;
 
-    /// Runs all finding rules over the home folder. \a progress is called on the main thread before each step, and the
-    /// step begins when it has returned; it is never called from within scan() itself, nor when the scanner is gone.
-    /// The scan runs to its end whether or not anybody still waits for it.
-    QCoro::Task<ScanResult> scan(ProgressCallback progress);
+    /// Runs all finding rules over the home folder, as \a wishes want it. \a progress is called on the main thread
+    /// before each step, and the step begins when it has returned; it is never called from within scan() itself, nor
+    /// when the scanner is gone. The scan runs to its end whether or not anybody still waits for it.
+    QCoro::Task<ScanResult> scan(ProgressCallback progress, ScanWishes wishes = {});
 
     /// Moves every path of \a candidates to the Trash, in order, but for those never to be touched. A requested stop
     /// ends it between two items; the report tells what was done until then.

@@ -20,17 +20,35 @@ Finding makeFinding(FindingKind kind, const QList<FilePath> &paths, const QList<
     return {candidate, sizes};
 }
 
+Finding measuredFinding(const ScanContext &context, FindingKind kind, const QList<FilePath> &paths)
+{
+    QList<FilePath> proposed;
+    QList<FilePath> leftOut;
+    for (const FilePath &path : paths)
+        (context.spares(path) ? leftOut : proposed).append(path);
+    Finding finding = makeFinding(kind, proposed, context.files.allocatedSizes(proposed, context.stop));
+    finding.leftOut = leftOut;
+    return finding;
+}
+
 Finding makeFinding(FindingKind kind, const QList<CollectedItem> &items)
 {
     QList<FilePath> paths;
     QList<qint64> sizes;
+    QList<FilePath> leftOut;
     for (const CollectedItem &item : items) {
         if (item.group != qToUnderlying(kind))
             continue;
+        if (item.isLeftOut) {
+            leftOut.append(item.path);
+            continue;
+        }
         paths.append(item.path);
         sizes.append(item.allocatedSize);
     }
-    return makeFinding(kind, paths, sizes);
+    Finding finding = makeFinding(kind, paths, sizes);
+    finding.leftOut = leftOut;
+    return finding;
 }
 
 } // namespace tidlo

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/FileManager.h"
 #include "scanner/Finding.h"
+#include "scanner/ScanContext.h"
 
 namespace tidlo {
 
@@ -14,27 +14,25 @@ bool looksLikeProject(const EnumeratedEntry &entry);
 /// Generated folders inside projects that package managers and build tools can make again. Always three candidates:
 /// rebuildable folders, Composer's vendor folders, build outputs. Of nested matches the outermost alone is found. A
 /// requested stop ends the search soon, with what was found until then.
-QList<Finding> developerCandidates(const FileManager &files, const FilePath &home, std::stop_token stop = {});
+QList<Finding> developerCandidates(const ScanContext &context);
 
 /// The chat media of WhatsApp Desktop, always a candidate and the one that starts unselected; then its temporary
 /// caches, a candidate only when they take room. Nothing else of its container is ever listed, least of all the chats.
-QList<Finding> whatsAppCandidates(const FileManager &files, const FilePath &home, std::stop_token stop = {});
+QList<Finding> whatsAppCandidates(const ScanContext &context);
 
 /// Caches of browsers and developer tools that are made again when needed: one candidate, also when none exists. Only
 /// known folders are listed, never the whole of the caches folder.
-QList<Finding> cacheCandidates(const FileManager &files, const FilePath &home, std::stop_token stop = {});
+QList<Finding> cacheCandidates(const ScanContext &context);
 
 /// Installers, archives and videos directly in the Downloads folder, modified more than 45 days before \a now: one
 /// candidate, or none when the folder cannot be listed. A file without a date is not old.
-QList<Finding> downloadCandidates(const FileManager &files, const FilePath &home, FileTime now,
-                                  std::stop_token stop = {});
+QList<Finding> downloadCandidates(const ScanContext &context, FileTime now);
 
 /// Files of at least 100 MiB beneath the folders where people keep theirs, modified more than 60 days before \a now:
 /// one candidate, also when there are none. The length of a file decides, its allocated size is what counts as its
 /// bytes. What lies beneath a "node_modules" or ".git" folder, wherever that stands on the path, is left out. A
 /// requested stop ends the search soon, with what was found until then.
-QList<Finding> oldLargeFilesCandidates(const FileManager &files, const FilePath &home, FileTime now,
-                                       std::stop_token stop = {});
+QList<Finding> oldLargeFilesCandidates(const ScanContext &context, FileTime now);
 
 /// The name that a project folder has in common with its copies: lower-cased, without what copies, backups, dates and
 /// numbers append. A \a name that is not valid UTF-8 keeps each of its foreign bytes apart from every other.
@@ -44,6 +42,6 @@ QString normalizedProjectName(QByteArrayView name);
 /// candidate with all but the last modified of each such group, newest first; empty when there are none. Where dates
 /// are equal, the one listed first counts as newer, and a folder without a date is the oldest. Groups come in the order
 /// in which their first folder is listed.
-QList<Finding> duplicateProjectCandidates(const FileManager &files, const FilePath &home, std::stop_token stop = {});
+QList<Finding> duplicateProjectCandidates(const ScanContext &context);
 
 } // namespace tidlo

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <array>
-#include <utility>
 
 namespace tidlo {
 
@@ -49,16 +48,16 @@ QList<FilePath> rootsWithin(const FilePath &home)
 
 } // namespace
 
-QList<Finding> oldLargeFilesCandidates(const FileManager &files, const FilePath &home, FileTime now,
-                                       std::stop_token stop)
+QList<Finding> oldLargeFilesCandidates(const ScanContext &context, FileTime now)
 {
     const FileTime cutOff = now - untouchedAge;
     const DeepEnumeration enumeration{
-        .roots = rootsWithin(home),
+        .roots = rootsWithin(context.home),
         .shown = DeepEnumeration::Shown::everything,
         .visit = [cutOff](const EnumeratedEntry &entry) { return visit(entry, cutOff); },
+        .leavesOut = [&context](const FilePath &path) { return context.spares(path); },
     };
-    return {makeFinding(FindingKind::largeFiles, files.enumerate(enumeration, std::move(stop)))};
+    return {makeFinding(FindingKind::largeFiles, context.files.enumerate(enumeration, context.stop))};
 }
 
 } // namespace tidlo

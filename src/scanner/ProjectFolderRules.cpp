@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <array>
-#include <utility>
 
 namespace tidlo {
 
@@ -50,6 +49,44 @@ Visit visit(const EnumeratedEntry &folder)
     return {.action = Visit::Action::collect, .group = qToUnderlying(row->kind)};
 }
 
+/// Elsewhere than where web and app projects are kept, a folder of such a name may be anything.
+Visit visitInOwnPlace(const EnumeratedEntry &folder)
+{
+    const Visit visited = visit(folder);
+    return visited.action == Visit::Action::collect && !looksLikeProject(folder) ? Visit() : visited;
+}
+
+QList<CollectedItem> itemsBeneath(const ScanContext &context, const QList<FilePath> &roots,
+                                  Visit (*visit)(const EnumeratedEntry &))
+{
+    return context.files.enumerate({.roots = roots,
+                                    .visit = visit,
+                                    .leavesOut = [&context](const FilePath &path) { return context.spares(path); }},
+                                   context.stop);
+}
+
+/// Those of \a more that \a items have not met yet, in whole or in part; of nested ones the outermost.
+QList<CollectedItem> unmet(const QList<CollectedItem> &items, const QList<CollectedItem> &more)
+{
+    PlaceFinder finder;
+    PlaceSet met;
+    for (const CollectedItem &item : items)
+        met.insert(finder.placeOf(item.path));
+    PlaceSet all;
+    for (const CollectedItem &item : more)
+        all.insert(finder.placeOf(item.path));
+    QList<CollectedItem> result;
+    for (const CollectedItem &item : more) {
+        const FilePath place = finder.placeOf(item.path);
+        const FilePath folder = place.left(place.lastIndexOf('/'));
+        if (met.hasOneWithin(place) || met.hasOneAround(place) || all.hasOneAround(folder))
+            continue;
+        met.insert(place);
+        result.append(item);
+    }
+    return result;
+}
+
 } // namespace
 
 QList<FilePath> projectRoots(const FilePath &home)
@@ -62,9 +99,11 @@ bool looksLikeProject(const EnumeratedEntry &entry)
     return std::ranges::any_of(projectMarkers, [&](const char *marker) { return entry.siblingExists(marker); });
 }
 
-QList<Finding> developerCandidates(const FileManager &files, const FilePath &home, std::stop_token stop)
+QList<Finding> developerCandidates(const ScanContext &context)
 {
-    const QList<CollectedItem> items = files.enumerate({.roots = projectRoots(home), .visit = visit}, std::move(stop));
+    QList<CollectedItem> items = itemsBeneath(context, projectRoots(context.home), visit);
+    if (!context.wishes.also.isEmpty())
+        items += unmet(items, itemsBeneath(context, context.wishes.also, visitInOwnPlace));
     return {makeFinding(FindingKind::projectFolders, items), makeFinding(FindingKind::composerFolders, items),
             makeFinding(FindingKind::buildOutputs, items)};
 }

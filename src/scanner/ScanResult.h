@@ -13,7 +13,9 @@ using PathSizes = QHash<QUuid, QList<qint64>>;
 struct ScanResult
 {
     ScanSnapshot snapshot;
-    PathSizes sizes; ///< Of every candidate of the snapshot.
+    PathSizes sizes;                    ///< Of every candidate of the snapshot.
+    QHash<FilePath, FilePath> places{}; ///< Of those listed paths that are not their own place.
+    QList<FilePath> leftOut{};          ///< What was not proposed since it was to be spared, in the order of the rules.
 };
 
 } // namespace tidlo

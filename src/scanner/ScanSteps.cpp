@@ -12,29 +12,29 @@ void readDiskUsage(const ScanContext &context, ScanHarvest &harvest)
 
 void findProjectFolders(const ScanContext &context, ScanHarvest &harvest)
 {
-    harvest.findings += developerCandidates(context.files, context.home, context.stop);
+    harvest.findings += developerCandidates(context);
 }
 
 void checkWhatsApp(const ScanContext &context, ScanHarvest &harvest)
 {
-    harvest.findings += whatsAppCandidates(context.files, context.home, context.stop);
+    harvest.findings += whatsAppCandidates(context);
 }
 
 void checkCaches(const ScanContext &context, ScanHarvest &harvest)
 {
-    harvest.findings += cacheCandidates(context.files, context.home, context.stop);
+    harvest.findings += cacheCandidates(context);
 }
 
 void checkOldFiles(const ScanContext &context, ScanHarvest &harvest)
 {
     using Clock = std::chrono::system_clock;
-    harvest.findings += downloadCandidates(context.files, context.home, Clock::now(), context.stop);
-    harvest.findings += oldLargeFilesCandidates(context.files, context.home, Clock::now(), context.stop);
+    harvest.findings += downloadCandidates(context, Clock::now());
+    harvest.findings += oldLargeFilesCandidates(context, Clock::now());
 }
 
 void findProjectCopies(const ScanContext &context, ScanHarvest &harvest)
 {
-    harvest.findings += duplicateProjectCandidates(context.files, context.home, context.stop);
+    harvest.findings += duplicateProjectCandidates(context);
 }
 
 } // namespace tidlo

@@ -1,24 +1,15 @@
 #pragma once
 
 #include "model/ScanSnapshot.h"
-#include "platform/FileManager.h"
 #include "scanner/Finding.h"
+#include "scanner/ScanContext.h"
 
 #include <QLatin1StringView>
 
 #include <algorithm>
 #include <array>
-#include <stop_token>
 
 namespace tidlo {
-
-/// What the steps of one scan work with.
-struct ScanContext
-{
-    const FileManager &files;
-    FilePath home;
-    std::stop_token stop;
-};
 
 /// What the steps have found so far.
 struct ScanHarvest

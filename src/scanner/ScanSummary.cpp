@@ -35,11 +35,18 @@ ScanResult summarized(const ScanTotals &disk, const QList<Finding> &findings)
 {
     ScanResult result;
     QList<CleanupCandidate> &candidates = result.snapshot.candidates;
+    PlaceFinder places;
     for (const Finding &finding : findings) {
+        result.leftOut += finding.leftOut;
         if (isNothing(finding.candidate))
             continue;
         candidates.append(finding.candidate);
         result.sizes.insert(finding.candidate.id, finding.sizes);
+        for (const FilePath &path : finding.candidate.paths) {
+            const FilePath place = places.placeOf(path);
+            if (place != path)
+                result.places.insert(path, place);
+        }
     }
     std::ranges::stable_sort(candidates, comesBefore);
 

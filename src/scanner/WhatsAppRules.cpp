@@ -3,7 +3,6 @@
 #include "scanner/FindingRules.h"
 
 #include <array>
-#include <utility>
 
 namespace tidlo {
 
@@ -14,17 +13,11 @@ constexpr std::array cacheFolders{"Library/Caches/net.whatsapp.WhatsApp"};
 
 } // namespace
 
-QList<Finding> whatsAppCandidates(const FileManager &files, const FilePath &home, std::stop_token stop)
+QList<Finding> whatsAppCandidates(const ScanContext &context)
 {
-    const QList<FilePath> mediaPaths = existingPaths(files, home, mediaFolders);
-    const QList<FilePath> cachePaths = existingPaths(files, home, cacheFolders);
-    const QList<qint64> sizes = files.allocatedSizes(mediaPaths + cachePaths, std::move(stop));
-
-    QList<Finding> findings{makeFinding(FindingKind::chatMedia, mediaPaths, sizes.first(mediaPaths.size()))};
-    const Finding found = makeFinding(FindingKind::chatCaches, cachePaths, sizes.sliced(mediaPaths.size()));
-    if (found.candidate.bytes > 0)
-        findings.append(found);
-    return findings;
+    const Finding media = measuredFinding(context, FindingKind::chatMedia, existingPaths(context, mediaFolders));
+    const Finding caches = measuredFinding(context, FindingKind::chatCaches, existingPaths(context, cacheFolders));
+    return caches.candidate.bytes > 0 || !caches.leftOut.isEmpty() ? QList{media, caches} : QList{media};
 }
 
 } // namespace tidlo

@@ -77,8 +77,9 @@ struct Misuse
 TEST(CommandLine, WhatIsWrongIsSaidOnStandardErrorWithAUsageLine)
 {
     const char *const program = "Usage: tidlo-cli <command> [options]\n";
-    const char *const scan = "Usage: tidlo-cli scan [--paths] [--json]\n";
-    const char *const clean = "Usage: tidlo-cli clean [--yes] [--dry-run] [--risk <risk>] [--paths] [--json]\n";
+    const char *const scan = "Usage: tidlo-cli scan [--paths] [--json] [--except <path>] [--also <folder>]\n";
+    const char *const clean = "Usage: tidlo-cli clean [--yes] [--dry-run] [--risk <risk>] [--paths] [--json]\n"
+                              "       [--except <path>] [--also <folder>]\n";
     const std::array misuses{
         Misuse{{}, "No command was given.", program},
         Misuse{{"sweep"}, "Unknown command 'sweep'.", program},

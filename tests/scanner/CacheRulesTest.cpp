@@ -16,7 +16,7 @@ class CacheRules : public RuleTest
 protected:
     CleanupCandidate found() const
     {
-        const QList<CleanupCandidate> candidates = candidatesOf(cacheCandidates(files, home.path()));
+        const QList<CleanupCandidate> candidates = candidatesOf(cacheCandidates({files, home.path()}));
         EXPECT_THAT(candidates, SizeIs(1));
         return candidates.value(0);
     }

@@ -19,7 +19,7 @@ protected:
         home.setModified("Downloads/" + name, daysAgo(days));
         return path;
     }
-    QList<CleanupCandidate> candidates() const { return candidatesOf(downloadCandidates(files, home.path(), now)); }
+    QList<CleanupCandidate> candidates() const { return candidatesOf(downloadCandidates({files, home.path()}, now)); }
     CleanupCandidate found() const
     {
         const QList<CleanupCandidate> all = candidates();

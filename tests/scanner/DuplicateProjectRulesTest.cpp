@@ -26,7 +26,7 @@ protected:
     }
     CleanupCandidate found() const
     {
-        const QList<CleanupCandidate> candidates = candidatesOf(duplicateProjectCandidates(files, home.path()));
+        const QList<CleanupCandidate> candidates = candidatesOf(duplicateProjectCandidates({files, home.path()}));
         EXPECT_THAT(candidates, SizeIs(1));
         return candidates.value(0);
     }

@@ -63,6 +63,7 @@ TEST_F(FileSizeScannerTest, BeginsEachStepWhenItsProgressHasReturned)
     EXPECT_THAT(log.all(), ElementsAre("begin 8", "end 8", "home", "capacity",                         //
                                        "begin 18", "end 18", "home", "enumerate",                      //
                                        "begin 42", "end 42", "home", "exists", "sizes",                //
+                                       "exists", "sizes",                                              //
                                        "begin 56", "end 56", "home", "exists", "sizes",                //
                                        "begin 72", "end 72", "home", "contents", "sizes", "enumerate", //
                                        "begin 86", "end 86", "home", "contents", "sizes",              //

@@ -17,7 +17,7 @@ constexpr FindingKind kind = FindingKind::chatMedia;
 
 TEST(Finding, IsFilledWithPathsAndTheSumOfTheirSizes)
 {
-    const auto [candidate, sizes] = makeFinding(kind, {"/a", "/b"}, {40, 2});
+    const auto [candidate, sizes, leftOut] = makeFinding(kind, {"/a", "/b"}, {40, 2});
     const FindingKindRow &row = rowOf(kind);
     EXPECT_EQ(candidate.title, row.title);
     EXPECT_EQ(candidate.detail, row.detail);
@@ -27,17 +27,20 @@ TEST(Finding, IsFilledWithPathsAndTheSumOfTheirSizes)
     EXPECT_THAT(candidate.paths, ElementsAre("/a", "/b"));
     EXPECT_EQ(candidate.bytes, 42);
     EXPECT_THAT(sizes, ElementsAre(40, 2));
+    EXPECT_THAT(leftOut, IsEmpty());
 }
 
 TEST(Finding, TakesTheItemsOfOneGroup)
 {
     const QList<CollectedItem> items{{.path = "/a", .group = qToUnderlying(kind), .allocatedSize = 1},
                                      {.path = "/b", .group = 0, .allocatedSize = 2},
-                                     {.path = "/c", .group = qToUnderlying(kind), .allocatedSize = 4}};
-    const auto [candidate, sizes] = makeFinding(kind, items);
+                                     {.path = "/c", .group = qToUnderlying(kind), .allocatedSize = 4},
+                                     {.path = "/d", .group = qToUnderlying(kind), .isLeftOut = true}};
+    const auto [candidate, sizes, leftOut] = makeFinding(kind, items);
     EXPECT_THAT(candidate.paths, ElementsAre("/a", "/c"));
     EXPECT_EQ(candidate.bytes, 5);
     EXPECT_THAT(sizes, ElementsAre(1, 4));
+    EXPECT_THAT(leftOut, ElementsAre("/d"));
     EXPECT_THAT(makeFinding(FindingKind::olderCopies, items).candidate.paths, IsEmpty());
 }
 

@@ -29,7 +29,7 @@ protected:
     CleanupCandidate found() const { return foundIn(home.path()); }
     CleanupCandidate foundIn(const FilePath &folder) const
     {
-        const QList<CleanupCandidate> candidates = candidatesOf(oldLargeFilesCandidates(files, folder, now));
+        const QList<CleanupCandidate> candidates = candidatesOf(oldLargeFilesCandidates({files, folder}, now));
         EXPECT_THAT(candidates, SizeIs(1));
         return candidates.value(0);
     }
@@ -40,7 +40,7 @@ protected:
             asked = enumeration;
             return QList<CollectedItem>();
         });
-        oldLargeFilesCandidates(files, home.path(), now);
+        oldLargeFilesCandidates({files, home.path()}, now);
         return asked.visit(entry).action;
     }
 };
@@ -228,7 +228,8 @@ TEST_F(LargeFileRules, EndEarlyWhenAskedToStop)
     oldFile("Movies/file");
     std::stop_source stop;
     stop.request_stop();
-    EXPECT_THAT(oldLargeFilesCandidates(files, home.path(), now, stop.get_token()).at(0).candidate.paths, IsEmpty());
+    EXPECT_THAT(oldLargeFilesCandidates({files, home.path(), {}, stop.get_token()}, now).at(0).candidate.paths,
+                IsEmpty());
 }
 
 } // namespace tidlo

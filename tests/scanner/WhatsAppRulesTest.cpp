@@ -16,7 +16,7 @@ const FilePath cacheFolder = "Library/Caches/net.whatsapp.WhatsApp";
 class WhatsAppRules : public RuleTest
 {
 protected:
-    QList<CleanupCandidate> candidates() const { return candidatesOf(whatsAppCandidates(files, home.path())); }
+    QList<CleanupCandidate> candidates() const { return candidatesOf(whatsAppCandidates({files, home.path()})); }
 };
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "platform/linux/XdgTrash.h"
 
+#include "platform/Paths.h"
 #include "platform/Trash.h"
 #include "platform/linux/TrashFolder.h"
 #include "platform/linux/TrashMove.h"
@@ -71,6 +72,11 @@ std::optional<TrashOutcome> refusal(const SystemCalls &calls, const TrashItem &i
 }
 
 } // namespace
+
+bool liesInTrash(const FilePath &path, const FilePath &home)
+{
+    return leadsThroughTrash(path) || isSameOrWithin(path, joined(dataHomeIn(home, qgetenv("XDG_DATA_HOME")), "Trash"));
+}
 
 TrashOutcome moveToTrash(const FilePath &path, const FilePath &home)
 {

@@ -49,6 +49,12 @@ TrashOutcome failedWith(NSError *error)
 
 } // namespace
 
+bool liesInTrash(const FilePath &path, const FilePath &)
+{
+    const QList<FilePath> names = path.split('/');
+    return names.contains(".Trash") || names.contains(".Trashes");
+}
+
 /// The system's own Trash: it records where the item was, and chooses the Trash of the item's volume.
 TrashOutcome moveToTrash(const FilePath &givenPath, const FilePath &home)
 {

@@ -1,0 +1,47 @@
+#include "cli/PathArgument.h"
+
+#include <QStringDecoder>
+
+namespace tidlo {
+
+namespace {
+
+constexpr char16_t firstByte = 0xdc00; ///< Stands for a byte that is no text, with the byte added.
+
+} // namespace
+
+QString argumentText(QByteArrayView argument)
+{
+    QString text;
+    while (!argument.isEmpty()) {
+        qsizetype length = 1; // The first character that is one, at most four bytes long.
+        while (length < 4 && length < argument.size() && !argument.first(length).isValidUtf8())
+            ++length;
+        if (argument.first(length).isValidUtf8()) {
+            text += QString::fromUtf8(argument.first(length));
+        } else {
+            length = 1;
+            text += QChar(static_cast<char16_t>(firstByte + static_cast<unsigned char>(argument.front())));
+        }
+        argument = argument.sliced(length);
+    }
+    return text;
+}
+
+FilePath pathOfArgument(const QString &argument)
+{
+    FilePath path;
+    for (qsizetype i = 0; i < argument.size(); ++i) {
+        const QChar character = argument.at(i);
+        const bool isPair =
+            character.isHighSurrogate() && i + 1 < argument.size() && argument.at(i + 1).isLowSurrogate();
+        if (character.isLowSurrogate())
+            path.append(static_cast<char>(character.unicode() - firstByte));
+        else
+            path.append(argument.sliced(i, isPair ? 2 : 1).toUtf8());
+        i += isPair ? 1 : 0;
+    }
+    return path;
+}
+
+} // namespace tidlo

@@ -1,0 +1,70 @@
+#include "cli/ScanOptions.h"
+
+#include "cli/PathArgument.h"
+#include "cli/ProgressLine.h"
+#include "platform/Paths.h"
+#include "platform/Places.h"
+#include "platform/VisibleText.h"
+#include "scanner/OwnPlaces.h"
+
+#include <unistd.h>
+
+namespace tidlo {
+
+namespace {
+
+/// Nothing, having complained, if they name what does not exist or cannot be looked into.
+std::optional<ScanWishes> wishesFrom(const QCommandLineParser &options, const FileManager &files)
+{
+    ScanWishes wishes;
+    for (const QString &argument : options.values(QStringLiteral("except"))) {
+        const std::optional<FilePath> place = placeOfGiven(pathOfArgument(argument));
+        if (!place) {
+            complain(QStringLiteral("'%1' does not exist.").arg(argument));
+            return std::nullopt;
+        }
+        wishes.spared.insert(*place);
+    }
+    for (const QString &argument : options.values(QStringLiteral("also"))) {
+        // The slash: what a link leads to is searched.
+        const std::optional<FilePath> folder = placeOfGiven(joined(pathOfArgument(argument), {}));
+        const std::optional<QString> obstacle =
+            folder ? ownPlaceObstacle(files, *folder) : QStringLiteral("is no folder");
+        if (obstacle) {
+            complain(QStringLiteral("'%1' %2.").arg(argument, *obstacle));
+            return std::nullopt;
+        }
+        wishes.also.append(*folder);
+    }
+    return wishes;
+}
+
+void nameWhatWasLeftOut(const ScanResult &result)
+{
+    if (result.leftOut.isEmpty())
+        return;
+    QString lines = QStringLiteral("Left out:\n");
+    for (const FilePath &path : result.leftOut)
+        lines += QStringLiteral("  %1\n").arg(visibleText(path));
+    writeAll(STDERR_FILENO, lines.toUtf8());
+}
+
+} // namespace
+
+QList<CommandOption> scanOptions()
+{
+    return {{"except", "Leave out what is, lies in or holds this. Repeatable.", "path"},
+            {"also", "Look for project folders in this one, too. Repeatable.", "folder"}};
+}
+
+std::optional<ScanResult> scanAsWanted(const QCommandLineParser &options, CommandContext &context)
+{
+    const std::optional<ScanWishes> wishes = wishesFrom(options, context.files);
+    if (!wishes)
+        return std::nullopt;
+    const ScanResult result = scanWithProgress(context.scanner, *wishes);
+    nameWhatWasLeftOut(result);
+    return result;
+}
+
+} // namespace tidlo

@@ -1,0 +1,31 @@
+#include "scanner/OwnPlaces.h"
+
+#include "platform/Paths.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <unistd.h>
+
+namespace tidlo {
+
+std::optional<QString> ownPlaceObstacle(const FileManager &files, const FilePath &folder)
+{
+    const FilePath home = files.homeDirectoryForCurrentUser();
+    const std::optional<FileAttributes> attributes = files.attributesOfItem(folder);
+    if (!attributes || attributes->kind != FileKind::directory)
+        return QStringLiteral("is no folder");
+    if (isSameOrWithin(home, folder))
+        return QStringLiteral("is the home folder, or holds it");
+    if (isSameOrWithin(folder, joined(home, "Library")))
+        return QStringLiteral("is the Library of the home folder, or lies in it");
+    if (liesInTrash(folder, home))
+        return QStringLiteral("is a Trash, or lies in one");
+    if (QFileInfo(QFile::decodeName(folder)).ownerId() != geteuid())
+        return QStringLiteral("belongs to another user");
+    if (!files.contentsOfDirectory(folder))
+        return QStringLiteral("cannot be read");
+    return std::nullopt;
+}
+
+} // namespace tidlo
