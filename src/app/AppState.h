@@ -1,9 +1,9 @@
 #pragma once
 
+#include "app/ItemTicks.h"
 #include "model/AppSection.h"
 #include "model/CleanupReport.h"
 #include "scanner/MoveToTrash.h"
-#include "scanner/ScanResult.h"
 
 #include <QString>
 
@@ -32,7 +32,8 @@ struct AppState
 
     // Beside what is published.
 
-    PathSizes sizes;              ///< Of the candidates' paths.
+    ScanResult scanned;           ///< What the last scan found, whatever became of its candidates.
+    ItemTicks ticks;              ///< What of it was unticked, item by item.
     QList<StayedItem> stayed;     ///< What the cleanup of the report could not move.
     bool isMovingToTrash = false; ///< A cleanup is under way.
 };

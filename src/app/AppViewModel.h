@@ -93,9 +93,12 @@ public:
 
     // Beside the published properties; no change of these is told by objectWillChange().
 
-    /// Bytes on the disk of each path of the candidate \a id, as the last scan found them; none if there is no such
-    /// candidate.
-    QList<qint64> sizesOf(const QUuid &id) const { return read(state.sizes).value(id); }
+    /// The candidate \a id as the last scan found it, with all its items; an empty one if there is no such candidate.
+    CleanupCandidate scannedCandidate(const QUuid &id) const;
+    /// Bytes on the disk of each of its paths.
+    QList<qint64> sizesOf(const QUuid &id) const { return read(state.scanned).sizes.value(id); }
+    /// Which of its paths are moved with it, as things stand: none as long as it is not selected.
+    QList<bool> ticksOf(const QUuid &id) const;
     /// What the last cleanup could not move. Empty again when a scan begins.
     QList<StayedItem> stayed() const { return read(state.stayed); }
     /// Whether a cleanup is under way: then no other can begin.
@@ -115,9 +118,16 @@ public:
     /// no bundle, it goes on as if that had been declined.
     void beginFirstRun();
 
-    /// Flips the selection of the candidate with the same identifier, animated. Does nothing if \a candidate is never
-    /// to be touched or is no longer there.
+    /// Flips the selection of the candidate with the same identifier, animated. One without a ticked item gets all of
+    /// them back. Does nothing if \a candidate is never to be touched or is no longer there.
     Q_INVOKABLE void toggleCandidate(const CleanupCandidate &candidate);
+
+    /// Ticks or unticks items of the candidate \a id, indices of the paths that the scan found. It is replaced by one
+    /// with the paths that are left and their bytes; with all of them ticked again it is what it was. Of a candidate
+    /// that is not selected, just the ticked items are selected; one that has none left is deselected. What is unticked
+    /// is moved by no candidate: in the same assignment the same place, and whatever holds it, is taken out of every
+    /// other. Gives what was. Does nothing to a candidate never to be touched.
+    QList<ItemElsewhere> tickItems(const QUuid &id, const QList<int> &items, bool ticked);
 
     /// Scans the home folder and shows what was found, then asks for an explanation of it. Replaces a scan under way,
     /// whose results are thrown away.
@@ -231,6 +241,7 @@ private:
         publish(changed, [&] { property = std::move(value); });
     }
 
+    void replaceCandidates();
     QCoro::Task<> readDiskTotals();
     QCoro::Task<> runScan(std::stop_token cancelled);
     QCoro::Task<> explainWithGemini();

@@ -40,7 +40,8 @@ QCoro::Task<> AppViewModel::runScan(std::stop_token cancelled)
 
 void AppViewModel::showResults(const ScanResult &result)
 {
-    state.sizes = result.sizes;
+    state.scanned = result;
+    state.ticks = ItemTicks();
     setTotals(result.snapshot.totals);
     setCandidates(result.snapshot.candidates);
     setPhase(ScanPhase::results);

@@ -41,7 +41,68 @@ void AppViewModel::toggleCandidate(const CleanupCandidate &candidate)
     publish(&AppViewModel::candidatesChanged, [&] {
         CleanupCandidate &toggled = state.candidates[index];
         toggled.selected = !toggled.selected;
+        if (!toggled.selected || !toggled.paths.isEmpty() || !state.ticks.areUsed())
+            return;
+        state.ticks.tickAll(scannedCandidate(toggled.id), state.scanned);
+        replaceCandidates();
     });
+}
+
+CleanupCandidate AppViewModel::scannedCandidate(const QUuid &id) const
+{
+    const QList<CleanupCandidate> &scanned = read(state.scanned).snapshot.candidates;
+    const auto found = std::ranges::find(scanned, id, &CleanupCandidate::id);
+    return found == scanned.end() ? CleanupCandidate() : *found;
+}
+
+QList<bool> AppViewModel::ticksOf(const QUuid &id) const
+{
+    const QList<CleanupCandidate> &candidates = read(state.candidates);
+    const auto found = std::ranges::find(candidates, id, &CleanupCandidate::id);
+    const CleanupCandidate scanned = scannedCandidate(id);
+    if (found == candidates.end() || !found->selected)
+        return QList<bool>(scanned.paths.size(), false);
+    return state.ticks.of(scanned, state.scanned);
+}
+
+/// Makes each candidate what the ticks leave of it.
+void AppViewModel::replaceCandidates()
+{
+    for (CleanupCandidate &candidate : state.candidates)
+        candidate = state.ticks.left(candidate, scannedCandidate(candidate.id), state.scanned);
+}
+
+QList<ItemElsewhere> AppViewModel::tickItems(const QUuid &id, const QList<int> &items, bool ticked)
+{
+    const CleanupCandidate scanned = scannedCandidate(id);
+    const auto isMeant = [&](const CleanupCandidate &candidate) { return candidate.id == id; };
+    const auto current = std::ranges::find_if(read(state.candidates), isMeant);
+    if (current == state.candidates.end() || scanned.risk == CleanupRisk::never || (!ticked && !current->selected))
+        return {};
+    const bool isSelected = current->selected;
+    const QList<CleanupCandidate> before = state.candidates;
+    publish(&AppViewModel::candidatesChanged, [&] {
+        if (!ticked)
+            state.ticks.untick(scanned, items, state.scanned);
+        else if (isSelected)
+            state.ticks.tick(scanned, items, state.scanned);
+        else
+            state.ticks.tickAlone(scanned, items, state.scanned);
+        replaceCandidates();
+    });
+    const QList<CleanupCandidate> after = state.candidates;
+    for (const CleanupCandidate &candidate : after) {
+        const bool isEmptied =
+            candidate.selected && candidate.paths.isEmpty() && !scannedCandidate(candidate.id).paths.isEmpty();
+        if (isEmptied || (isMeant(candidate) && ticked && !isSelected))
+            toggleCandidate(candidate);
+    }
+    QList<ItemElsewhere> others;
+    for (qsizetype i = 0; i < after.size(); ++i) {
+        if (!isMeant(after.at(i)))
+            others += goneFrom(before.at(i), after.at(i));
+    }
+    return others;
 }
 
 qint64 AppViewModel::categoryBytes(CleanupCategory category) const

@@ -4,25 +4,73 @@
 #include "platform/ByteCountFormatter.h"
 #include "platform/VisibleText.h"
 
+#include <QLocale>
+
 #include <algorithm>
-#include <numeric>
 
 namespace tidlo {
 
+FoundItems::FoundItems(AppViewModel &shown, QObject *parent)
+    : ItemList(shown, parent)
+{
+    connect(&shown, &AppViewModel::candidatesChanged, this, &FoundItems::updateTicks);
+}
+
 void FoundItems::inspect(const QUuid &id)
 {
-    const QList<CleanupCandidate> candidates = shownApp().candidates();
-    const auto found = std::ranges::find(candidates, id, &CleanupCandidate::id);
-    const CleanupCandidate candidate = found == candidates.end() ? CleanupCandidate() : *found;
-    sizes = shownApp().sizesOf(candidate.id);
-    sizes.resize(candidate.paths.size());
-    show(visibleText(candidate.title), candidate.paths);
+    finding = shownApp().scannedCandidate(id);
+    sizes = shownApp().sizesOf(finding.id);
+    sizes.resize(finding.paths.size());
+    ticks = shownApp().ticksOf(finding.id);
+    whatWentToo.clear();
+    show(visibleText(finding.title), finding.paths);
+    Q_EMIT noteChanged();
 }
 
 void FoundItems::clear()
 {
-    sizes.clear();
-    ItemList::clear();
+    inspect({});
+}
+
+bool FoundItems::isTickable() const
+{
+    return finding.risk != CleanupRisk::never;
+}
+
+void FoundItems::toggle(int row)
+{
+    if (row < 0 || row >= count())
+        return;
+    const int item = shownItems().at(row);
+    setTicks({item}, !ticks.at(item));
+}
+
+void FoundItems::tickShown(bool ticked)
+{
+    setTicks(shownItems(), ticked);
+}
+
+void FoundItems::setTicks(const QList<int> &items, bool ticked)
+{
+    const QList<ItemElsewhere> others = shownApp().tickItems(finding.id, items, ticked);
+    whatWentToo.clear();
+    if (!others.isEmpty()) {
+        whatWentToo = QStringLiteral("Unticked in “%1” as well: %2")
+                          .arg(visibleText(others.first().title), visibleText(others.first().path));
+        if (others.size() > 1)
+            whatWentToo += QStringLiteral(", and %1 more").arg(others.size() - 1);
+    }
+    Q_EMIT noteChanged();
+}
+
+/// What is shown may be gone from the list of findings by now: then nothing of it is ticked.
+void FoundItems::updateTicks()
+{
+    ticks = shownApp().ticksOf(finding.id);
+    ticks.resize(finding.paths.size());
+    if (count() > 0)
+        Q_EMIT dataChanged(index(0), index(count() - 1), {TickedRole});
+    Q_EMIT shownChanged();
 }
 
 void FoundItems::setLargestFirst(bool largestFirst)
@@ -36,8 +84,17 @@ void FoundItems::setLargestFirst(bool largestFirst)
 
 QString FoundItems::summary() const
 {
-    const qint64 sum = std::accumulate(sizes.begin(), sizes.end(), qint64(0), checkedSum);
-    return QStringLiteral("%1 · %2").arg(countText(), byteCountText(sum));
+    qint64 all = 0;
+    qint64 ticked = 0;
+    for (qsizetype item = 0; item < sizes.size(); ++item) {
+        all = checkedSum(all, sizes.at(item));
+        ticked += ticks.at(item) ? sizes.at(item) : 0;
+    }
+    const qsizetype number = ticks.count(true);
+    if (number == 0 || number == ticks.size())
+        return QStringLiteral("%1 · %2").arg(countText(), byteCountText(all));
+    return QStringLiteral("%1 of %2 ticked · %3 of %4")
+        .arg(QLocale(QLocale::English).toString(number), countText(), byteCountText(ticked), byteCountText(all));
 }
 
 QString FoundItems::detailOf(int item) const

@@ -4,33 +4,48 @@
 
 namespace tidlo {
 
-/// What one finding consists of, each item with the size that the scan found.
+/// What one finding consists of, each item with the size that the scan found, and ticked if it is to be moved.
 class FoundItems : public tidlo::ItemList
 {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("It is made with the state that it shows.")
+    /// What went with the items that were unticked last, as a sentence; empty if nothing did.
+    Q_PROPERTY(QString note READ note NOTIFY noteChanged)
     Q_PROPERTY(bool largestFirst READ isLargestFirst WRITE setLargestFirst NOTIFY orderChanged)
 
 public:
-    using ItemList::ItemList;
+    /// \a app must outlive it.
+    explicit FoundItems(AppViewModel &app, QObject *parent = nullptr);
 
     bool isLargestFirst() const { return sorted; }
     void setLargestFirst(bool largestFirst); ///< Otherwise they are in the order they were found.
-    QString summary() const override;        ///< How many there are, and their size.
+    QString summary() const override;        ///< How many there are, and their size; what of it is ticked, if not all.
+    QString note() const { return whatWentToo; }
+    bool isTickable() const override;
 
     /// Shows the items of the candidate \a id; none if there is no such candidate.
     Q_INVOKABLE void inspect(const QUuid &id);
     void clear() override;
+    void toggle(int row) override;
+    /// Ticks, or unticks, all items that are shown at present.
+    Q_INVOKABLE void tickShown(bool ticked);
 
 Q_SIGNALS:
+    void noteChanged();
     void orderChanged();
 
 private:
     QString detailOf(int item) const override;
+    bool isTicked(int item) const override { return ticks.at(item); }
     void order(QList<int> &shown) const override;
+    void setTicks(const QList<int> &items, bool ticked);
+    void updateTicks();
 
     bool sorted = false;
+    CleanupCandidate finding; ///< As it was scanned.
+    QList<bool> ticks;        ///< Of each item.
+    QString whatWentToo;
     QList<qint64> sizes; ///< Of each item, in bytes on the disk.
 };
 

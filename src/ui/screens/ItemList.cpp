@@ -105,6 +105,8 @@ QVariant ItemList::data(const QModelIndex &index, int role) const
         return visibleText(paths.at(item));
     case DetailRole:
         return detailOf(item);
+    case TickedRole:
+        return isTicked(item);
     default:
         return {};
     }
@@ -112,7 +114,7 @@ QVariant ItemList::data(const QModelIndex &index, int role) const
 
 QHash<int, QByteArray> ItemList::roleNames() const
 {
-    return {{PathRole, "pathText"}, {DetailRole, "detailText"}};
+    return {{PathRole, "pathText"}, {DetailRole, "detailText"}, {TickedRole, "ticked"}};
 }
 
 const FilePath *ItemList::pathAt(int row) const

@@ -21,11 +21,13 @@ class ItemList : public QAbstractListModel
     /// Only paths that contain it are shown, whatever the case of their letters.
     Q_PROPERTY(QString filter READ filter WRITE setFilter NOTIFY filterChanged)
     Q_PROPERTY(int count READ count NOTIFY countChanged)
+    Q_PROPERTY(bool tickable READ isTickable NOTIFY shownChanged)
 
 public:
     enum Role {
         PathRole = Qt::UserRole,
         DetailRole,
+        TickedRole,
     };
 
     /// \a app must outlive it.
@@ -37,6 +39,7 @@ public:
     QString filter() const { return wanted; }
     void setFilter(const QString &filter);
     int count() const { return static_cast<int>(rows.size()); }
+    virtual bool isTickable() const { return false; } ///< Whether items can be ticked.
 
     int rowCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role) const override;
@@ -44,6 +47,9 @@ public:
 
     /// Shows nothing any more.
     Q_INVOKABLE virtual void clear();
+
+    /// Ticks the item, or unticks it, where items can be; out of range it does nothing.
+    Q_INVOKABLE virtual void toggle(int /*row*/) {}
 
     /// Shows the item in the desktop's file browser; out of range it does nothing.
     Q_INVOKABLE void showInFiles(int row);
@@ -57,7 +63,8 @@ Q_SIGNALS:
     void countChanged();
 
 protected:
-    const AppViewModel &shownApp() const { return app; }
+    AppViewModel &shownApp() const { return app; }
+    const QList<int> &shownItems() const { return rows; } ///< Indices of the list that is shown, in the order of rows.
 
     /// Shows other items from now on, and begins without a search.
     void show(const QString &title, const QList<FilePath> &list);
@@ -68,6 +75,7 @@ protected:
 private:
     /// What stands beside the path of an item, an index of the list that is shown.
     virtual QString detailOf(int item) const = 0;
+    virtual bool isTicked(int /*item*/) const { return false; }
     /// Puts \a shown, indices of that list from first to last, in the order in which they are shown.
     virtual void order(QList<int> &shown) const = 0;
 

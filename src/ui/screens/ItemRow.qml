@@ -9,11 +9,15 @@ Rectangle {
 
     required property string pathText
     required property string detailText
+    required property bool ticked
+    /// Whether it has a tick at all.
+    property bool tickable: false
     /// Whether the detail is a sentence: that stands in a line of its own.
     property bool detailBeneath: false
     /// Whether the arrow keys are here; only then can Tab reach the buttons.
     required property bool current
 
+    signal toggleRequested
     signal showRequested
     signal copyRequested
 
@@ -22,10 +26,13 @@ Rectangle {
     color: root.current ? TidloTheme.faded(TidloTheme.blue, 0.16)
                         : hover.hovered ? TidloTheme.faded(TidloTheme.systemGray, 0.1) : "transparent"
 
-    Accessible.role: Accessible.ListItem
+    Accessible.role: root.tickable ? Accessible.CheckBox : Accessible.ListItem
     Accessible.name: root.pathText + ", " + root.detailText
-    Accessible.description: qsTr("Press to show it in Files")
-    Accessible.onPressAction: root.showRequested()
+    Accessible.description: root.tickable ? qsTr("Return shows it in Files") : qsTr("Press to show it in Files")
+    Accessible.checkable: root.tickable
+    Accessible.checked: root.tickable && root.ticked
+    Accessible.onPressAction: root.tickable ? root.toggleRequested() : root.showRequested()
+    Accessible.onToggleAction: root.toggleRequested()
 
     HoverHandler {
         id: hover
@@ -37,6 +44,23 @@ Rectangle {
         anchors.rightMargin: 14
         spacing: 8
 
+        PlainButton {
+            objectName: "tick"
+            Layout.leftMargin: -8
+            Layout.rightMargin: -8
+            visible: root.tickable
+            padding: 8
+            focusPolicy: Qt.NoFocus
+            onClicked: root.toggleRequested()
+
+            Accessible.ignored: true
+
+            contentItem: Symbol {
+                name: root.ticked ? "checkmark.square.fill" : "square"
+                size: 16
+                color: root.ticked ? TidloTheme.green : TidloTheme.mutedText
+            }
+        }
         ColumnLayout {
             spacing: 1
 

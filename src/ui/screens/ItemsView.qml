@@ -5,7 +5,7 @@ import QtQuick.Templates as T
 import Tidlo.Design
 import Tidlo.Screens
 
-/// A list of items, to be searched, sorted and shown in the file browser. Nothing is changed here.
+/// A list of items, to be searched, sorted, shown in the file browser, and ticked where they can be.
 FocusScope {
     id: root
 
@@ -14,6 +14,10 @@ FocusScope {
     property bool detailBeneath: false
     /// What stands beside the search.
     property alias tools: tools.data
+    /// What stands beside the button that ends it.
+    property alias actions: actions.data
+    /// A sentence between them.
+    property string note: ""
 
     signal done
 
@@ -96,6 +100,7 @@ FocusScope {
                 highlightMoveDuration: 0
                 onCountChanged: if (list.currentIndex < 0 || list.currentIndex >= list.count) list.goTo(0)
 
+                Keys.onSpacePressed: root.items.toggle(list.currentIndex)
                 Keys.onReturnPressed: root.items.showInFiles(list.currentIndex)
                 Keys.onEnterPressed: root.items.showInFiles(list.currentIndex)
                 Keys.onPressed: (event) => {
@@ -119,17 +124,24 @@ FocusScope {
 
                     required property int index
 
+                    function takeKeys() {
+                        list.currentIndex = row.index;
+                        list.forceActiveFocus(Qt.MouseFocusReason);
+                    }
+
                     width: list.width
                     detailBeneath: root.detailBeneath
+                    tickable: root.items.tickable
+                    onToggleRequested: {
+                        row.takeKeys();
+                        root.items.toggle(row.index);
+                    }
                     current: list.activeFocus && list.currentIndex === row.index
                     onShowRequested: root.items.showInFiles(row.index)
                     onCopyRequested: root.items.copyPath(row.index)
 
                     TapHandler {
-                        onTapped: {
-                            list.currentIndex = row.index;
-                            list.forceActiveFocus(Qt.MouseFocusReason);
-                        }
+                        onTapped: row.takeKeys()
                     }
                 }
             }
@@ -142,11 +154,31 @@ FocusScope {
             }
         }
 
-        PrimaryButtonStyle {
-            objectName: "itemsDone"
-            Layout.alignment: Qt.AlignRight
-            text: qsTr("Done")
-            onClicked: root.done()
+        RowLayout {
+            Layout.fillWidth: true
+            spacing: 12
+
+            Row {
+                id: actions
+
+                spacing: 12
+            }
+            TidloText {
+                objectName: "itemsNote"
+                Layout.fillWidth: true
+                text: root.note
+                font: TidloType.small
+                color: TidloTheme.mutedText
+                wrapMode: Text.Wrap
+                maximumLineCount: 2
+                elide: Text.ElideRight
+                Accessible.role: Accessible.AlertMessage
+            }
+            PrimaryButtonStyle {
+                objectName: "itemsDone"
+                text: qsTr("Done")
+                onClicked: root.done()
+            }
         }
     }
 }

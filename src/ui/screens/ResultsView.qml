@@ -140,7 +140,22 @@ Item {
         contentItem: ItemsView {
             focus: true
             items: root.items
+            note: root.items.note
             onDone: sheet.close()
+            actions: [
+                SecondaryButtonStyle {
+                    objectName: "tickShown"
+                    visible: root.items.tickable
+                    text: qsTr("Tick shown")
+                    onClicked: root.items.tickShown(true)
+                },
+                SecondaryButtonStyle {
+                    objectName: "untickShown"
+                    visible: root.items.tickable
+                    text: qsTr("Untick shown")
+                    onClicked: root.items.tickShown(false)
+                }
+            ]
 
             tools: ToggleChip {
                 objectName: "largestFirst"

@@ -36,6 +36,13 @@ protected:
             texts.append(items->data(items->index(row), role).toString());
         return texts;
     }
+    QList<bool> ticks() const
+    {
+        QList<bool> ticks;
+        for (int row = 0; row < items->rowCount(); ++row)
+            ticks.append(items->data(items->index(row), FoundItems::TickedRole).toBool());
+        return ticks;
+    }
     QStringList shownPaths() const { return column(FoundItems::PathRole); }
     QStringList shownSizes() const { return column(FoundItems::DetailRole); }
 
@@ -51,6 +58,71 @@ TEST_F(FoundItemsTest, ShowTheSizesThatTheScanFoundAndMeasureNothing)
     inspect({"/a/8192", "/b/100000", "/c/0"});
     EXPECT_THAT(shownSizes(), ElementsAre(byteCountText(8192), byteCountText(100'000), byteCountText(0)));
     EXPECT_EQ(items->summary(), QStringLiteral("3 items · ") + byteCountText(108'192));
+}
+
+TEST_F(FoundItemsTest, AreTickedAndUntickedOneByOne)
+{
+    inspect({"/a/1", "/b/2", "/c/4"});
+    EXPECT_TRUE(items->isTickable());
+    EXPECT_THAT(ticks(), ElementsAre(true, true, true));
+    items->toggle(1);
+    EXPECT_THAT(ticks(), ElementsAre(true, false, true));
+    EXPECT_EQ(items->summary(), QStringLiteral("2 of 3 items ticked · 5 bytes of 7 bytes"));
+    EXPECT_THAT(app().candidates().at(1).paths, ElementsAre("/a/1", "/c/4"));
+    items->toggle(1);
+    EXPECT_THAT(ticks(), ElementsAre(true, true, true));
+    EXPECT_EQ(items->summary(), QStringLiteral("3 items · 7 bytes"));
+    items->toggle(-1);
+    items->toggle(3);
+    EXPECT_THAT(ticks(), ElementsAre(true, true, true));
+}
+
+TEST_F(FoundItemsTest, WhatIsShownIsTickedAndUntickedAtOnce)
+{
+    inspect({"/a/1", "/b/2", "/a/4"});
+    items->setFilter(QStringLiteral("/a/"));
+    items->tickShown(false);
+    items->setFilter({});
+    EXPECT_THAT(ticks(), ElementsAre(false, true, false));
+    items->tickShown(true);
+    EXPECT_THAT(ticks(), ElementsAre(true, true, true));
+}
+
+TEST_F(FoundItemsTest, AreTickedAsTheirFindingIsSelected)
+{
+    inspect({"/a/1", "/b/2"});
+    app().toggleCandidate(app().candidates().at(1));
+    EXPECT_THAT(ticks(), ElementsAre(false, false));
+    items->toggle(0);
+    EXPECT_THAT(ticks(), ElementsAre(true, false));
+    EXPECT_TRUE(app().candidates().at(1).selected);
+}
+
+TEST_F(FoundItemsTest, SayWhatWentWithThemInAnotherFinding)
+{
+    CleanupCandidate one = candidate(CleanupRisk::review);
+    one.title = QStringLiteral("One");
+    one.paths = {"/a/1", "/a/2", "/b/1"};
+    CleanupCandidate other = one;
+    other.id = QUuid::createUuid();
+    other.title = QStringLiteral("Other");
+    app().showResults({.snapshot = {.totals = {}, .candidates = {one, other}}, .sizes = {}});
+    items->inspect(one.id);
+    items->toggle(2);
+    EXPECT_EQ(items->note(), QStringLiteral("Unticked in “Other” as well: /b/1"));
+    items->tickShown(false);
+    EXPECT_EQ(items->note(), QStringLiteral("Unticked in “Other” as well: /a/1, and 1 more"));
+    items->tickShown(true);
+    EXPECT_EQ(items->note(), QStringLiteral(""));
+}
+
+TEST_F(FoundItemsTest, OfWhatIsNeverToBeTouchedHaveNoTicks)
+{
+    CleanupCandidate one = candidate(CleanupRisk::never);
+    one.paths = {"/a/1"};
+    app().showResults({.snapshot = {.totals = {}, .candidates = {one}}, .sizes = {}});
+    items->inspect(one.id);
+    EXPECT_FALSE(items->isTickable());
 }
 
 TEST_F(FoundItemsTest, ClearingShowsNothingAnyMore)
@@ -140,7 +212,7 @@ TEST_F(FoundItemsTest, TheTitleIsThatOfTheFinding)
 {
     CleanupCandidate finding = candidate(CleanupRisk::safe);
     finding.title = QStringLiteral("Caches\u202E");
-    app().setCandidates({finding});
+    app().showResults({.snapshot = {.totals = {}, .candidates = {finding}}, .sizes = {}});
     items->inspect(finding.id);
     EXPECT_EQ(items->title(), QStringLiteral("Caches\\u202e"));
 }
@@ -236,7 +308,7 @@ TEST_F(FoundItemsTest, RowsThatAreNotThereDoNothing)
 
 TEST_F(FoundItemsTest, ViewsReadTheRolesByTheseNames)
 {
-    EXPECT_THAT(items->roleNames().values(), testing::UnorderedElementsAre("pathText", "detailText"));
+    EXPECT_THAT(items->roleNames().values(), testing::UnorderedElementsAre("pathText", "detailText", "ticked"));
 }
 
 } // namespace tidlo

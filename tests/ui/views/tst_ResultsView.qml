@@ -477,6 +477,7 @@ ViewCase {
         ItemRow {
             pathText: "/c/https%3A%2F%2Fexample.org %1"
             detailText: "33 KB"
+            ticked: false
             current: false
         }
     }
@@ -629,6 +630,46 @@ ViewCase {
         keyClick(Qt.Key_Down);
         compare(list.currentIndex, 2);
         compare(copiedBy(() => keyClick(Qt.Key_C, Qt.ControlModifier)), path(2));
+    }
+
+    function test_an_item_is_ticked_and_unticked_data() {
+        return [
+            { tag: "mouse", press: (list, line) => mouseClick(findChild(line, "tick")) },
+            { tag: "space", press: (list, line) => {
+                list.currentIndex = line.index;
+                list.forceActiveFocus(Qt.TabFocusReason);
+                keyClick(Qt.Key_Space);
+            } },
+            { tag: "screen reader", press: (list, line) => line.Accessible.toggleAction() }
+        ];
+    }
+
+    function test_an_item_is_ticked_and_unticked(data) {
+        const content = lookInto(4);
+        const list = findChild(content, "items");
+        const line = list.itemAtIndex(3);
+        compare(line.Accessible.role, Accessible.CheckBox);
+        verify(line.Accessible.checked);
+        data.press(list, line);
+        compare(findChild(content, "itemsSummary").text, "22 of 23 items ticked · 3.89 GB of 4.02 GB");
+        verify(!line.Accessible.checked);
+        compare(item("row4").sizeText, "3.89 GB");
+        laidOut(); // The row has got its buttons.
+        data.press(list, line);
+        verify(line.Accessible.checked);
+        text("23 items · 4.02 GB", content);
+        compare(item("row4").sizeText, "4.02 GB");
+        compare(demo.selectedCount(), 8);
+    }
+
+    function test_what_the_search_shows_is_ticked_and_unticked_at_once() {
+        const content = lookInto(4);
+        findChild(content, "itemsSearch").forceActiveFocus();
+        keyClick(Qt.Key_2);
+        mouseClick(findChild(content, "untickShown"));
+        compare(findChild(content, "itemsSummary").text, "18 of 23 items ticked · 3.04 GB of 4.02 GB");
+        mouseClick(findChild(content, "tickShown"));
+        text("23 items · 4.02 GB", content);
     }
 
     /// The names of the items that are seen, from top to bottom.

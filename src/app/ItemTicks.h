@@ -1,0 +1,46 @@
+#pragma once
+
+#include "platform/Places.h"
+#include "scanner/ScanResult.h"
+
+#include <QSet>
+
+namespace tidlo {
+
+/// An item of a finding that went because it was unticked in another one.
+struct ItemElsewhere
+{
+    QString title; ///< Of the finding.
+    FilePath path;
+};
+
+/// Which items of the findings of a scan are unticked. What is unticked in one is unticked in all: the same place, and
+/// whatever holds it. A value; the findings it is asked about are those of one \a result.
+class ItemTicks final
+{
+public:
+    bool areUsed() const { return !unticked.isEmpty() || !passedOver.isEmpty(); }
+
+    void untick(const CleanupCandidate &finding, const QList<int> &items, const ScanResult &result);
+    /// What lies in an item is ticked with it, in every finding.
+    void tick(const CleanupCandidate &finding, const QList<int> &items, const ScanResult &result);
+    /// The same, and of this finding no other item is moved. That says nothing of other findings.
+    void tickAlone(const CleanupCandidate &finding, const QList<int> &items, const ScanResult &result);
+    void tickAll(const CleanupCandidate &finding, const ScanResult &result);
+
+    /// Whether each path of \a finding, as it was scanned, is ticked.
+    QList<bool> of(const CleanupCandidate &finding, const ScanResult &result) const;
+
+    /// \a candidate with what is ticked of \a scanned, the same one as it was scanned; as it is if it was not.
+    CleanupCandidate left(const CleanupCandidate &candidate, const CleanupCandidate &scanned,
+                          const ScanResult &result) const;
+
+private:
+    PlaceSet unticked;
+    QHash<QUuid, QSet<int>> passedOver; ///< Items of a finding of which others alone were ticked.
+};
+
+/// The items that \a before has and \a after, the same finding, has not.
+QList<ItemElsewhere> goneFrom(const CleanupCandidate &before, const CleanupCandidate &after);
+
+} // namespace tidlo
