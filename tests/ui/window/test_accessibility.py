@@ -104,7 +104,7 @@ class Accessibility(Case):
         self.window.click("check box", "Rebuildable.*", button=3)
         self.window.click("menu item", "Show items…")
         self.window.wait("dialog", "Rebuildable project folders")
-        self.window.wait("list item", ".*/Sites/one/node_modules, 33 KB")
+        self.window.wait("check box", ".*/Sites/one/node_modules, 33 KB")
         self.check_all()
 
         self.assertIsNotNone(self.window.find("text", "Search paths"))
