@@ -13,8 +13,8 @@
 namespace tidlo {
 
 /// The seam through which every existence test, listing, enumeration, measurement and Trash move goes. Nothing here
-/// throws, and nothing but trashItem changes anything on the disk, access times included where the system allows.
-/// Every operation may be called from any thread.
+/// throws, and nothing but trashItem and restoreItems changes anything on the disk, access times included where the
+/// system allows. Every operation may be called from any thread.
 class FileManager
 {
 public:
@@ -50,6 +50,11 @@ public:
 
     /// Moves one item to the Trash. Nothing is ever copied or deleted.
     virtual TrashOutcome trashItem(const FilePath &path) = 0;
+
+    /// Puts \a items of the user's Trashes back where they were, in order; nothing is ever replaced. An outcome for
+    /// each that was tried: \a stopRequested is asked before each.
+    virtual QList<TrashOutcome> restoreItems(const QList<TrashedItem> &items,
+                                             const std::function<bool()> &stopRequested) = 0;
 };
 
 /// The file manager of this system.

@@ -96,4 +96,10 @@ TrashOutcome LiveFileManager::trashItem(const FilePath &path)
     return moveToTrash(path, home);
 }
 
+QList<TrashOutcome> LiveFileManager::restoreItems(const QList<TrashedItem> &items,
+                                                  const std::function<bool()> &stopRequested)
+{
+    return restoreFromTrash(items, home, stopRequested);
+}
+
 } // namespace tidlo

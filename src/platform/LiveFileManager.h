@@ -23,6 +23,8 @@ public:
     std::optional<VolumeCapacity> volumeCapacity(const FilePath &path) const override;
     std::optional<VolumeCapacity> fileSystemAttributes(const FilePath &path) const override;
     TrashOutcome trashItem(const FilePath &path) override;
+    QList<TrashOutcome> restoreItems(const QList<TrashedItem> &items,
+                                     const std::function<bool()> &stopRequested) override;
 
 private:
     const FilePath home = homeFolder(); ///< Asked for once: the user database may be far away.

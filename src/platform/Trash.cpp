@@ -4,9 +4,9 @@
 
 namespace tidlo {
 
-TrashOutcome TrashOutcome::moved()
+TrashOutcome TrashOutcome::moved(TrashedItem trashed)
 {
-    return {.kind = Kind::moved};
+    return {.kind = Kind::moved, .trashed = std::move(trashed)};
 }
 
 TrashOutcome TrashOutcome::gone()

@@ -2,28 +2,50 @@
 
 #include "model/FilePath.h"
 
+#include <QList>
 #include <QString>
 
+#include <functional>
 #include <optional>
 
 namespace tidlo {
 
-/// What became of an item that was to be moved to the Trash.
+/// Which file or folder of this machine, whatever it is called. Once it is deleted another one may get the numbers.
+struct ItemIdentity
+{
+    quint64 device = 0;
+    quint64 inode = 0;
+    bool operator==(const ItemIdentity &) const = default;
+};
+
+/// An item in a Trash: all that is needed to put it back.
+struct TrashedItem
+{
+    FilePath trash;                         ///< The folder of that Trash.
+    FilePath name;                          ///< What the item is called in there.
+    FilePath origin;                        ///< Where it was, and goes back to.
+    std::optional<ItemIdentity> identity{}; ///< Known of what this program itself has moved.
+
+    bool operator==(const TrashedItem &) const = default;
+};
+
+/// What became of an item that was to be moved to the Trash, or back from there.
 struct TrashOutcome
 {
     enum class Kind {
-        moved,        ///< It is in the Trash, with a record of where it came from.
-        gone,         ///< Nothing exists at its path.
+        moved,        ///< It is in the Trash, with a record of where it came from; or back at its place, without one.
+        gone,         ///< Nothing exists at its path; or in the Trash, under its name.
         refused,      ///< It was left alone on purpose; reason says why.
         failed,       ///< The system did not do it, and nothing has changed; reason says why, error holds the errno.
-        anotherMoved, ///< What took its place meanwhile is in the Trash, with a record; it is where it was put itself.
+        anotherMoved, ///< What took its place meanwhile was moved, with a record; it is where it was put itself.
     };
 
     Kind kind = Kind::failed;
     QString reason{}; ///< For a person, empty when moved or gone.
     int error = 0;
+    std::optional<TrashedItem> trashed{}; ///< Where it is, when it was moved to the Trash.
 
-    static TrashOutcome moved();
+    static TrashOutcome moved(TrashedItem trashed);
     static TrashOutcome gone();
     /// \a reason is a whole sentence.
     static TrashOutcome refused(const QString &reason);
@@ -37,6 +59,14 @@ struct TrashOutcome
 /// Nothing is ever copied, overwritten or deleted: what the system cannot rename into a Trash stays where it is. May be
 /// called from any thread, and by several programs at once.
 TrashOutcome moveToTrash(const FilePath &path, const FilePath &home);
+
+/// Puts \a items of the user's Trashes back where they were, in order, each by one rename that never replaces, and
+/// removes its record. Folders that are missing there are made, for the user alone. The way there follows no link, but
+/// for those that lead to the home; what would lead to another volume or into a Trash is refused. An outcome for each,
+/// in the same order, for as many as were tried: \a stopRequested is asked before each. May be called from any thread,
+/// and by several programs at once.
+QList<TrashOutcome> restoreFromTrash(const QList<TrashedItem> &items, const FilePath &home,
+                                     const std::function<bool()> &stopRequested);
 
 /// Whether what is at \a path, without links in it, is a Trash or lies in one: that of the user whose home folder is
 /// \a home, or any other that its name tells.

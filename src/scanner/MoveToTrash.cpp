@@ -62,6 +62,8 @@ Cleanup moveToTrash(FileManager &files, const QList<CleanupCandidate> &candidate
             if (outcome.kind == TrashOutcome::Kind::moved) {
                 ++report.removedItems;
                 report.recoveredBytes = checkedSum(report.recoveredBytes, share);
+                if (outcome.trashed)
+                    cleanup.moved.append(*outcome.trashed);
             } else if (outcome.kind != TrashOutcome::Kind::gone) {
                 cleanup.stayed.append({.path = path, .reason = outcome.reason});
             }

@@ -17,11 +17,12 @@ struct StayedItem
     bool operator==(const StayedItem &) const = default;
 };
 
-/// What came of moving candidates to the Trash: the record, and beside it what stayed.
+/// What came of moving candidates to the Trash: the record, and beside it what stayed and what can be put back.
 struct Cleanup
 {
     CleanupReport report;
     QList<StayedItem> stayed; ///< In the order in which they were tried.
+    QList<TrashedItem> moved; ///< In the order in which they were moved.
 };
 
 /// Moves every path of \a candidates to the Trash, in order, and reads the disk anew for the report. A candidate never

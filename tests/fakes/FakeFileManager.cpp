@@ -22,10 +22,20 @@ TrashOutcome moveToFolder(const FilePath &folder, const FilePath &path)
         target = folder + '/' + FilePath::number(++number) + ' ' + lastPathComponent(path).toByteArray();
     } while (lstat(target.constData(), &status) == 0);
     if (std::rename(path.constData(), target.constData()) == 0)
-        return {.kind = TrashOutcome::Kind::moved, .reason = {}};
+        return TrashOutcome::moved({.trash = folder, .name = lastPathComponent(target).toByteArray(), .origin = path});
     return {.kind = errno == ENOENT ? TrashOutcome::Kind::gone : TrashOutcome::Kind::failed,
             .reason = QStringLiteral("It could not be renamed."),
             .error = errno};
+}
+
+TrashOutcome moveBack(const TrashedItem &item)
+{
+    struct stat status;
+    if (lstat(item.origin.constData(), &status) == 0)
+        return TrashOutcome::refused(QStringLiteral("Something else is at its place by now."));
+    if (std::rename(joined(item.trash, item.name).constData(), item.origin.constData()) == 0)
+        return {.kind = TrashOutcome::Kind::moved};
+    return TrashOutcome::gone();
 }
 
 } // namespace
@@ -52,6 +62,16 @@ FakeFileManager::FakeFileManager(const FilePath &home)
     ON_CALL(*this, trashItem).WillByDefault([home](const FilePath &path) {
         return moveToFolder(home + "/.trash", path);
     });
+    ON_CALL(*this, restoreItems)
+        .WillByDefault([](const QList<TrashedItem> &items, const std::function<bool()> &stopRequested) {
+            QList<TrashOutcome> outcomes;
+            for (const TrashedItem &item : items) {
+                if (stopRequested())
+                    break;
+                outcomes.append(moveBack(item));
+            }
+            return outcomes;
+        });
 }
 
 } // namespace tidlo

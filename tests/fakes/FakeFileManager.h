@@ -24,6 +24,8 @@ public:
     MOCK_METHOD(std::optional<VolumeCapacity>, volumeCapacity, (const FilePath &), (const, override));
     MOCK_METHOD(std::optional<VolumeCapacity>, fileSystemAttributes, (const FilePath &), (const, override));
     MOCK_METHOD(TrashOutcome, trashItem, (const FilePath &), (override));
+    MOCK_METHOD(QList<TrashOutcome>, restoreItems, (const QList<TrashedItem> &, const std::function<bool()> &),
+                (override));
 
     /// For a test's own action to go on with.
     FileManager &live() const { return *liveFiles; }

@@ -52,6 +52,7 @@ MountTable::MountTable(const QByteArray &mountinfo)
                        .device = fields[2],
                        .root = unescaped(fields[3]),
                        .point = unescaped(fields[4]),
+                       .type = end < 0 ? FilePath() : fields.value(end + 1),
                        .source = end < 0 ? FilePath() : unescaped(fields.value(end + 2))});
     }
 }

@@ -28,6 +28,7 @@ struct Mount
     FilePath device{};    ///< "major:minor" of the file system. On Btrfs not what stat tells.
     FilePath root = "/";  ///< The folder of the file system that is mounted: more than "/" for a bind mount.
     FilePath point = "/"; ///< Where it is mounted.
+    FilePath type{};      ///< Of the file system, as the kernel calls it.
     FilePath source{};    ///< What the file system was mounted from, often a block device.
 };
 
@@ -37,6 +38,8 @@ class MountTable final
 public:
     /// From the text of /proc/self/mountinfo. Lines that are not understood are passed over.
     explicit MountTable(const QByteArray &mountinfo);
+
+    const QList<Mount> &all() const { return mounts; }
 
     /// The mount with this number. One that is not listed (it begins outside this process's root folder, as in a
     /// changed root) is taken for a file system of its own that is mounted at "/".

@@ -7,6 +7,8 @@
 #include <cerrno>
 #include <climits>
 
+#include <sys/sysmacros.h>
+
 namespace tidlo {
 
 namespace {
@@ -61,6 +63,19 @@ int stepDown(const SystemCalls &calls, OpenFolder &folder, const FilePath &names
 
 } // namespace
 
+ItemIdentity identityIn(const struct statx &status)
+{
+    return {.device = makedev(status.stx_dev_major, status.stx_dev_minor), .inode = status.stx_ino};
+}
+
+OrError<ItemIdentity> identityOf(const SystemCalls &calls, int descriptor)
+{
+    struct statx status;
+    if (calls.statx(descriptor, "", AT_EMPTY_PATH, STATX_INO, &status) != 0)
+        return Errno{errno};
+    return identityIn(status);
+}
+
 OrError<Identity> identityAt(const SystemCalls &calls, int held, int folder, const char *name)
 {
     // Both are asked anew: on layered file systems a number may change when a thing is moved.
@@ -70,9 +85,7 @@ OrError<Identity> identityAt(const SystemCalls &calls, int held, int folder, con
         return Errno{errno};
     if (calls.statx(folder, name, AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT, STATX_INO, &other) != 0)
         return errno == ENOENT ? OrError(Identity::absent) : Errno{errno};
-    const bool same = one.stx_ino == other.stx_ino && one.stx_dev_major == other.stx_dev_major &&
-                      one.stx_dev_minor == other.stx_dev_minor;
-    return same ? Identity::same : Identity::different;
+    return identityIn(one) == identityIn(other) ? Identity::same : Identity::different;
 }
 
 OrError<OpenFolder> openFolder(const SystemCalls &calls, const FilePath &path)

@@ -3,6 +3,7 @@
 #include "model/FilePath.h"
 #include "platform/Descriptor.h"
 #include "platform/OrError.h"
+#include "platform/Trash.h"
 #include "platform/linux/SystemCalls.h"
 
 #include <QList>
@@ -17,6 +18,12 @@ enum class Identity {
     different, ///< Something else has the name.
     absent,    ///< Nothing has it.
 };
+
+/// What \a status tells.
+ItemIdentity identityIn(const struct statx &status);
+
+/// What the open \a descriptor holds. An error if the system does not tell.
+OrError<ItemIdentity> identityOf(const SystemCalls &calls, int descriptor);
 
 /// Whether what is called \a name in \a folder, a link not followed, is the very thing that \a held holds open. As long
 /// as it is held, nothing else can have its number. An error if the system does not tell.

@@ -19,6 +19,7 @@ void repeat(std::function<Result(Arguments...)> &call)
 SystemCalls uninterrupted(SystemCalls calls)
 {
     repeat(calls.openat);
+    repeat(calls.openat2);
     repeat(calls.mkdirat);
     repeat(calls.statx);
     repeat(calls.fstatvfs);

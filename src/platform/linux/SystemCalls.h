@@ -3,19 +3,25 @@
 #include <functional>
 
 #include <fcntl.h>
+#include <linux/openat2.h>
 #include <stdio.h>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
+#include <sys/syscall.h>
 #include <unistd.h>
 
 namespace tidlo {
 
-/// Every call of the system that a move to the Trash makes, so that a test can make each of them fail. They are named
-/// and used as in the manual: what fails returns a negative number and sets errno.
+/// Every call of the system that a move to the Trash, or back, makes, so that a test can make each of them fail. They
+/// are named and used as in the manual: what fails returns a negative number and sets errno.
 struct SystemCalls
 {
     std::function<int(int folder, const char *name, int flags, mode_t mode)> openat =
         [](int folder, const char *name, int flags, mode_t mode) { return ::openat(folder, name, flags, mode); };
+    std::function<int(int folder, const char *name, open_how *how, size_t size)> openat2 =
+        [](int folder, const char *name, open_how *how, size_t size) {
+            return static_cast<int>(::syscall(SYS_openat2, folder, name, how, size));
+        };
     std::function<int(int folder, const char *name, mode_t mode)> mkdirat = ::mkdirat;
     std::function<int(int folder, const char *name, int flags, unsigned wanted, struct statx *status)> statx = ::statx;
     std::function<int(int file, struct statvfs *status)> fstatvfs = ::fstatvfs;

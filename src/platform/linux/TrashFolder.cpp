@@ -2,8 +2,7 @@
 
 #include "platform/Paths.h"
 #include "platform/Trash.h"
-
-#include <QDateTime>
+#include "platform/linux/TrashRecord.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -24,7 +23,17 @@ std::optional<TrashOutcome> checkOwner(const SystemCalls &calls, int folder)
     return std::nullopt;
 }
 
-/// Opens the folder \a name, which must be a real one and the user's own, as \a opened. It is made if it is missing.
+/// What is wrong with \a opened, which must be a real folder and the user's own.
+std::optional<TrashOutcome> problemOf(const SystemCalls &calls, const Descriptor &opened)
+{
+    if (opened.error() == ENOTDIR)
+        return TrashOutcome::refused(QStringLiteral("The Trash there is a link or a file, not a folder."));
+    if (!opened.isValid())
+        return TrashOutcome::failed(QStringLiteral("The Trash there cannot be opened"), opened.error());
+    return checkOwner(calls, opened.get());
+}
+
+/// Opens the folder \a name as \a opened. It is made if it is missing.
 std::optional<TrashOutcome> openOwn(const SystemCalls &calls, int parent, const FilePath &name, Descriptor &opened)
 {
     opened = Descriptor(calls.openat(parent, name.constData(), asFolder, 0));
@@ -33,22 +42,17 @@ std::optional<TrashOutcome> openOwn(const SystemCalls &calls, int parent, const 
             return TrashOutcome::failed(QStringLiteral("The Trash there cannot be made"), errno);
         opened = Descriptor(calls.openat(parent, name.constData(), asFolder, 0));
     }
-    if (opened.error() == ENOTDIR)
-        return TrashOutcome::refused(QStringLiteral("The Trash there is a link or a file, not a folder."));
-    if (!opened.isValid())
-        return TrashOutcome::failed(QStringLiteral("The Trash there cannot be opened"), opened.error());
-    return checkOwner(calls, opened.get());
+    return problemOf(calls, opened);
 }
 
-/// A Trash for everybody must not let one take away what another put in.
-bool isForEverybody(const SystemCalls &calls, const Descriptor &folder)
+/// Whether a folder of this name at the top of a mount is a Trash, whoever's it is.
+bool isTrashName(const FilePath &name)
 {
-    struct statx status;
-    return folder.isValid() && calls.statx(folder.get(), "", AT_EMPTY_PATH, STATX_MODE, &status) == 0 &&
-           (status.stx_mode & S_ISVTX) != 0;
+    const QByteArrayView prefix(".Trash-");
+    return name == ".Trash" || (name.startsWith(prefix) && name.size() > prefix.size() &&
+                                std::ranges::all_of(name.mid(prefix.size()), isdigit));
 }
 
-constexpr QLatin1StringView recordSuffix(".trashinfo");
 constexpr qsizetype longestExtension = 32; ///< Longer ones are no kind of file, they are just a dot in a name.
 
 /// Where the extension begins, dot included: at the end when there is none.
@@ -76,6 +80,7 @@ FilePath cut(const FilePath &text, qsizetype size)
 
 std::optional<TrashOutcome> TrashFolder::openInHome(const SystemCalls &calls, const PlannedFolder &trash)
 {
+    ownPath = trash.path();
     if (trash.missing.isEmpty()) {
         const auto problem = checkOwner(calls, trash.nearest.descriptor.get());
         return problem ? problem : openInside(calls, trash.nearest.descriptor);
@@ -98,13 +103,28 @@ std::optional<TrashOutcome> TrashFolder::openOnMount(const SystemCalls &calls, c
         return TrashOutcome::failed(QStringLiteral("The top of its volume cannot be opened"),
                                     top ? ESTALE : top.error());
     base = top->path;
-    const QByteArray user = QByteArray::number(geteuid());
     Descriptor trash;
-    const Descriptor shared(calls.openat(top->descriptor.get(), ".Trash", asFolder, 0));
-    if (isForEverybody(calls, shared) && !openOwn(calls, shared.get(), user, trash))
+    const Descriptor all = openTrashForEverybody(calls, top->descriptor);
+    ownPath = joined(base, ".Trash/" + trashNameAmongAll());
+    if (all.isValid() && !openOwn(calls, all.get(), trashNameAmongAll(), trash))
         return openInside(calls, trash);
-    const auto problem = openOwn(calls, top->descriptor.get(), ".Trash-" + user, trash);
+    ownPath = joined(base, trashNameAtTop());
+    const auto problem = openOwn(calls, top->descriptor.get(), trashNameAtTop(), trash);
     return problem ? problem : openInside(calls, trash);
+}
+
+std::optional<TrashOutcome> TrashFolder::openExisting(const SystemCalls &calls, const Descriptor &folder,
+                                                      const FilePath &path)
+{
+    ownPath = path;
+    if (const auto problem = checkOwner(calls, folder.get()))
+        return problem;
+    items = Descriptor(calls.openat(folder.get(), "files", asFolder, 0));
+    records = Descriptor(calls.openat(folder.get(), "info", asFolder, 0));
+    if (items.error() == ENOENT || records.error() == ENOENT)
+        return TrashOutcome::gone();
+    const auto problem = problemOf(calls, items);
+    return problem ? problem : problemOf(calls, records);
 }
 
 std::optional<TrashOutcome> TrashFolder::openInside(const SystemCalls &calls, const Descriptor &trash)
@@ -124,22 +144,35 @@ FilePath TrashFolder::recordedPath(const FilePath &path) const
     return base.isEmpty() ? path : path.mid(joined(base, {}).size());
 }
 
-QByteArray trashRecord(const FilePath &path, std::time_t moved)
+Descriptor openTrashForEverybody(const SystemCalls &calls, const Descriptor &top)
 {
-    const QByteArray date = QDateTime::fromSecsSinceEpoch(moved).toString(Qt::ISODate).toLatin1();
-    return "[Trash Info]\nPath=" + path.toPercentEncoding("/") + "\nDeletionDate=" + date + '\n';
+    Descriptor all(calls.openat(top.get(), ".Trash", asFolder, 0));
+    struct statx status;
+    const bool keepsApart = all.isValid() && calls.statx(all.get(), "", AT_EMPTY_PATH, STATX_MODE, &status) == 0 &&
+                            (status.stx_mode & S_ISVTX) != 0;
+    return keepsApart ? std::move(all) : Descriptor();
 }
 
-FilePath trashRecordName(const FilePath &trashName)
+FilePath trashNameAmongAll()
 {
-    return trashName + recordSuffix.data();
+    return QByteArray::number(geteuid());
+}
+
+FilePath trashNameAtTop()
+{
+    return ".Trash-" + trashNameAmongAll();
+}
+
+bool leadsThroughTrash(const FilePath &path)
+{
+    return (path + '/').contains("/.local/share/Trash/") || std::ranges::any_of(path.split('/'), isTrashName);
 }
 
 FilePath trashName(const FilePath &name, quint32 number, qsizetype limit)
 {
     const qsizetype dot = extensionStart(name);
     const FilePath ending = (number > 1 ? ' ' + QByteArray::number(number) : QByteArray()) + name.mid(dot);
-    const qsizetype room = limit - recordSuffix.size() - ending.size();
+    const qsizetype room = limit - trashRecordSuffix.size() - ending.size();
     return cut(name.left(dot), std::max<qsizetype>(room, 1)) + ending;
 }
 

@@ -5,8 +5,6 @@
 #include "platform/linux/MountTable.h"
 #include "platform/linux/OpenFolder.h"
 
-#include <ctime>
-
 namespace tidlo {
 
 /// A Trash that is held open: its folder of items and its folder of records, both the user's own.
@@ -20,6 +18,11 @@ public:
     /// administrator made for all, where that is one, or a folder of the user's own.
     std::optional<TrashOutcome> openOnMount(const SystemCalls &calls, const Mount &mount);
 
+    /// Opens the Trash in \a folder at \a path, which is there. Nothing when that went well, or what to tell: that it
+    /// is gone where it has no items or no records.
+    std::optional<TrashOutcome> openExisting(const SystemCalls &calls, const Descriptor &folder, const FilePath &path);
+
+    const FilePath &path() const { return ownPath; } ///< Without links.
     int files() const { return items.get(); }
     int info() const { return records.get(); }
     qsizetype longestName() const { return nameLimit; } ///< In bytes.
@@ -30,18 +33,24 @@ public:
 private:
     std::optional<TrashOutcome> openInside(const SystemCalls &calls, const Descriptor &trash);
 
+    FilePath ownPath;
     Descriptor items;
     Descriptor records;
     FilePath base; ///< Where recorded paths begin; empty when they are absolute.
     qsizetype nameLimit = NAME_MAX;
 };
 
-/// The text of a record (a ".trashinfo" file): where the item was, and when it was moved, in local time. \a path is
-/// absolute, or relative to the top folder of the mount.
-QByteArray trashRecord(const FilePath &path, std::time_t moved);
+/// Opens the folder of the Trashes of all users at the top of a mount, which \a top is. Not valid if there is none, or
+/// one that lets anybody take away what another put in.
+Descriptor openTrashForEverybody(const SystemCalls &calls, const Descriptor &top);
 
-/// The name that the record of \a trashName has.
-FilePath trashRecordName(const FilePath &trashName);
+/// What the user's own Trash at the top of a mount is called, in the folder for all and beside it.
+FilePath trashNameAmongAll();
+FilePath trashNameAtTop();
+
+/// Whether \a path leads through a Trash. Told by the names alone, so that Trashes of other users and of mounts seen
+/// elsewhere are known as well.
+bool leadsThroughTrash(const FilePath &path);
 
 /// The name in the Trash of an item called \a name, such that its record's name is not longer than \a limit bytes: the
 /// name itself, cut before its extension where it must be. A \a number above 1 is added, for a name that is taken.

@@ -1,12 +1,12 @@
 #include "platform/linux/TrashMove.h"
 
 #include "platform/Trash.h"
+#include "platform/linux/ExclusiveRename.h"
 #include "platform/linux/TrashFolder.h"
+#include "platform/linux/TrashRecord.h"
 
 #include <QRandomGenerator>
 
-#include <algorithm>
-#include <array>
 #include <cerrno>
 
 namespace tidlo {
@@ -21,12 +21,6 @@ quint32 numberOfTry(int attempt)
 {
     constexpr int counted = 9;
     return attempt <= counted ? attempt : QRandomGenerator::system()->bounded(counted + 1, 1'000'000'000);
-}
-
-bool cannotKeepFromReplacing(int error)
-{
-    constexpr std::array errors{EINVAL, ENOSYS, EOPNOTSUPP};
-    return std::ranges::count(errors, error) != 0;
 }
 
 bool isThere(const OrError<Identity> &identity)
@@ -55,7 +49,8 @@ std::optional<TrashOutcome> TrashMove::moveAs(const FilePath &name, const QByteA
     if (error != 0)
         return TrashOutcome::failed(QStringLiteral("Its record cannot be written"), error);
 
-    error = renameTo(name);
+    const NameInFolder from{.folder = item.folder(), .name = item.name()};
+    error = renameWithoutReplacing(calls, from, {.folder = trash.files(), .name = name}, item.isFolder());
     if (error == 0 || hasArrived(name))
         return checked(name);
     removeRecord(recordName);
@@ -90,42 +85,6 @@ void TrashMove::removeRecord(const FilePath &recordName) const
     calls.unlinkat(trash.info(), recordName.constData(), 0); // One that stays is a record of nothing and does no harm.
 }
 
-int TrashMove::renameTo(const FilePath &name) const
-{
-    const int renamed =
-        calls.renameat2(item.folder(), item.name().constData(), trash.files(), name.constData(), RENAME_NOREPLACE);
-    if (renamed == 0)
-        return 0;
-    return cannotKeepFromReplacing(errno) ? renameOntoReserved(name) : errno;
-}
-
-int TrashMove::renameOntoReserved(const FilePath &name) const
-{
-    const Descriptor reserved = reserve(name);
-    if (!reserved.isValid())
-        return reserved.error();
-    const auto isReserved = [&] { return isThere(identityAt(calls, reserved.get(), trash.files(), name.constData())); };
-    int error = isReserved() ? 0 : ESTALE;
-    if (error == 0 && calls.renameat2(item.folder(), item.name().constData(), trash.files(), name.constData(), 0) != 0)
-        error = errno;
-    if (error != 0 && isReserved())
-        calls.unlinkat(trash.files(), name.constData(), item.isFolder() ? AT_REMOVEDIR : 0);
-    return error;
-}
-
-Descriptor TrashMove::reserve(const FilePath &name) const
-{
-    if (!item.isFolder())
-        return Descriptor(calls.openat(trash.files(), name.constData(), exclusively, 0600));
-    if (calls.mkdirat(trash.files(), name.constData(), 0700) != 0)
-        return Descriptor::failed(errno);
-    constexpr int asFolder = O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
-    Descriptor folder(calls.openat(trash.files(), name.constData(), asFolder, 0));
-    if (!folder.isValid())
-        calls.unlinkat(trash.files(), name.constData(), AT_REMOVEDIR);
-    return folder;
-}
-
 bool TrashMove::hasLeft() const
 {
     const OrError<Identity> there = identityAt(calls, item.held(), item.folder(), item.name().constData());
@@ -141,7 +100,7 @@ TrashOutcome TrashMove::checked(const FilePath &name) const
 {
     const OrError<Identity> arrived = identityAt(calls, item.held(), trash.files(), name.constData());
     if (arrived && *arrived != Identity::different) // Who took it out again knows where it is.
-        return TrashOutcome::moved();
+        return movedAs(name);
     const bool isBack =
         calls.renameat2(trash.files(), name.constData(), item.folder(), item.name().constData(), RENAME_NOREPLACE) == 0;
     if (isBack)
@@ -149,7 +108,7 @@ TrashOutcome TrashMove::checked(const FilePath &name) const
     if (!arrived)
         return isBack ? TrashOutcome::failed(QStringLiteral("What arrived in the Trash cannot be checked"),
                                              arrived.error())
-                      : TrashOutcome::moved();
+                      : movedAs(name);
     if (isBack)
         return {.kind = TrashOutcome::Kind::failed,
                 .reason = QStringLiteral("Something else took its place meanwhile."),
@@ -157,6 +116,16 @@ TrashOutcome TrashMove::checked(const FilePath &name) const
     return {.kind = TrashOutcome::Kind::anotherMoved,
             .reason = QStringLiteral("Something else took its place meanwhile, and is in the Trash now."),
             .error = ESTALE};
+}
+
+TrashOutcome TrashMove::movedAs(const FilePath &name) const
+{
+    // Asked for now: on layered file systems the move may have changed it.
+    const OrError<ItemIdentity> identity = identityOf(calls, item.held());
+    return TrashOutcome::moved({.trash = trash.path(),
+                                .name = name,
+                                .origin = item.path(),
+                                .identity = identity ? std::optional(*identity) : std::nullopt});
 }
 
 } // namespace tidlo

@@ -23,20 +23,16 @@ private:
     /// Nothing when \a name is taken.
     std::optional<TrashOutcome> moveAs(const FilePath &name, const QByteArray &record) const;
 
-    // These three return 0 or the errno.
+    /// Returns 0 or the errno.
     int writeRecord(const FilePath &recordName, const QByteArray &record) const;
-    int renameTo(const FilePath &name) const;
-    /// For file systems that cannot be told not to replace what has the name: an empty thing of ours holds it, and is
-    /// all that is replaced.
-    int renameOntoReserved(const FilePath &name) const;
-
-    Descriptor reserve(const FilePath &name) const;
     void removeRecord(const FilePath &recordName) const;
     bool hasLeft() const;
     /// A network file system may report an error for what it did.
     bool hasArrived(const FilePath &name) const;
     /// Makes sure that what was renamed is what was meant; if not, it goes back.
     TrashOutcome checked(const FilePath &name) const;
+    /// That it is in the Trash as \a name.
+    TrashOutcome movedAs(const FilePath &name) const;
 
     const SystemCalls &calls;
     const TrashItem &item;

@@ -4,7 +4,11 @@
 #include "platform/Trash.h"
 #include "platform/linux/TrashFolder.h"
 #include "platform/linux/TrashMove.h"
+#include "platform/linux/TrashRecord.h"
+#include "platform/linux/TrashRestore.h"
 #include "platform/linux/UserFolders.h"
+
+#include <QSet>
 
 #include <algorithm>
 #include <cerrno>
@@ -13,27 +17,13 @@ namespace tidlo {
 
 namespace {
 
-/// Whether a folder of this name at the top of a mount is a Trash, whoever's it is.
-bool isTrashName(const FilePath &name)
-{
-    const QByteArrayView prefix(".Trash-");
-    return name == ".Trash" || (name.startsWith(prefix) && name.size() > prefix.size() &&
-                                std::ranges::all_of(name.mid(prefix.size()), isdigit));
-}
-
-/// Told by the names alone, so that Trashes of other users and of mounts seen elsewhere are known as well.
-bool leadsThroughTrash(const FilePath &path)
-{
-    return (path + '/').contains("/.local/share/Trash/") || std::ranges::any_of(path.split('/'), isTrashName);
-}
-
 bool hasTrashAtTop(const SystemCalls &calls, const TrashItem &item)
 {
     const auto has = [&](const QByteArray &name) {
         struct statx status;
         return calls.statx(item.held(), name.constData(), AT_SYMLINK_NOFOLLOW, STATX_TYPE, &status) == 0;
     };
-    return item.isFolder() && (has(".Trash") || has(".Trash-" + QByteArray::number(geteuid())));
+    return item.isFolder() && (has(".Trash") || has(trashNameAtTop()));
 }
 
 /// Whether \a path is followed through \a item, a link. A folder on the way is found by its place.
@@ -83,6 +73,12 @@ TrashOutcome moveToTrash(const FilePath &path, const FilePath &home)
     return XdgTrash(home, dataHomeIn(home, qgetenv("XDG_DATA_HOME"))).move(path, std::time(nullptr));
 }
 
+QList<TrashOutcome> restoreFromTrash(const QList<TrashedItem> &items, const FilePath &home,
+                                     const std::function<bool()> &stopRequested)
+{
+    return XdgTrash(home, dataHomeIn(home, qgetenv("XDG_DATA_HOME"))).restore(items, stopRequested);
+}
+
 TrashOutcome XdgTrash::move(const FilePath &path, std::time_t now) const
 {
     TrashItem item;
@@ -105,6 +101,36 @@ TrashOutcome XdgTrash::move(const FilePath &path, std::time_t now) const
             isOnMountOfHome ? trash.openInHome(calls, homeTrash) : trash.openOnMount(calls, mounts.mount(item.mount())))
         return *outcome;
     return TrashMove(calls, item, trash).run(trashRecord(trash.recordedPath(item.path()), now));
+}
+
+QList<TrashOutcome> XdgTrash::restore(const QList<TrashedItem> &items, const std::function<bool()> &stopRequested) const
+{
+    QSet<FilePath> paths;
+    for (const TrashedItem &item : items)
+        paths.insert(item.trash);
+    const OrError<UserTrashes> trashes =
+        openTrashes(calls, home, dataHome, [&](const FilePath &path) { return paths.contains(path); });
+
+    const auto outcomeOf = [&](const TrashedItem &item) {
+        if (!trashes)
+            return TrashOutcome::failed(QStringLiteral("The Trashes cannot be found"), trashes.error());
+        for (const UserTrash &trash : trashes->usable) {
+            if (trash.folder.path() == item.trash)
+                return TrashRestore(calls, trash).run(item);
+        }
+        for (const UnusableTrash &trash : trashes->unusable) {
+            if (trash.path == item.trash)
+                return trash.outcome;
+        }
+        return TrashOutcome::refused(QStringLiteral("Its Trash cannot be found."));
+    };
+    QList<TrashOutcome> outcomes;
+    for (const TrashedItem &item : items) {
+        if (stopRequested())
+            break;
+        outcomes.append(outcomeOf(item));
+    }
+    return outcomes;
 }
 
 } // namespace tidlo

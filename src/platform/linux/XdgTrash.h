@@ -9,7 +9,7 @@
 namespace tidlo {
 
 /// The Trash of the freedesktop.org Trash specification 1.0: that of the home for what is on the home's mount, and else
-/// the one at the top of the item's own mount. Keeps nothing between moves, so any thread may use it.
+/// the one at the top of the item's own mount. Keeps nothing between calls, so any thread may use it.
 class XdgTrash final
 {
 public:
@@ -23,6 +23,9 @@ public:
     /// Moves the item at \a path itself, a link not followed, and records \a now as the time of it. At every moment,
     /// whatever fails or is killed, the item is at its place, or in the Trash with a whole record of where it was.
     TrashOutcome move(const FilePath &path, std::time_t now) const;
+
+    /// As restoreFromTrash. At every moment each item is in the Trash with its record, or at its place.
+    QList<TrashOutcome> restore(const QList<TrashedItem> &items, const std::function<bool()> &stopRequested) const;
 
 private:
     FilePath home;

@@ -1,8 +1,10 @@
+#include "platform/Paths.h"
 #include "platform/Trash.h"
 
 #include <array>
 #include <cerrno>
 #include <climits>
+#include <cstdio>
 #include <cstdlib>
 
 #import <Foundation/Foundation.h>
@@ -36,6 +38,39 @@ bool isInTrash(NSURL *item)
                                                           toItemAtURL:item
                                                                 error:nil];
     return isTold && relationship != NSURLRelationshipOther;
+}
+
+ItemIdentity identityIn(const struct stat &item)
+{
+    return {.device = static_cast<quint64>(item.st_dev), .inode = item.st_ino};
+}
+
+/// What arrived in the Trash at \a place.
+TrashedItem trashedAt(const FilePath &place, const FilePath &origin)
+{
+    const qsizetype slash = place.lastIndexOf('/');
+    TrashedItem trashed{.trash = place.left(slash), .name = place.mid(slash + 1), .origin = origin};
+    struct stat item;
+    if (lstat(place.constData(), &item) == 0)
+        trashed.identity = identityIn(item);
+    return trashed;
+}
+
+TrashOutcome movedBack(const TrashedItem &item)
+{
+    const FilePath place = joined(item.trash, item.name);
+    struct stat status;
+    if (!item.identity)
+        return TrashOutcome::refused(QStringLiteral("Only the Finder knows where it was: choose \"Put Back\" there."));
+    if (lstat(place.constData(), &status) != 0)
+        return errno == ENOENT ? TrashOutcome::gone()
+                               : TrashOutcome::failed(QStringLiteral("It cannot be opened"), errno);
+    if (identityIn(status) != *item.identity)
+        return TrashOutcome::refused(QStringLiteral("Something else has its name in the Trash by now."));
+    if (renamex_np(place.constData(), item.origin.constData(), RENAME_EXCL) == 0)
+        return {.kind = TrashOutcome::Kind::moved};
+    return errno == EEXIST ? TrashOutcome::refused(QStringLiteral("Something else is at its place by now."))
+                           : TrashOutcome::failed(QStringLiteral("It cannot be moved back"), errno);
 }
 
 TrashOutcome failedWith(NSError *error)
@@ -74,9 +109,24 @@ TrashOutcome moveToTrash(const FilePath &givenPath, const FilePath &home)
         if (isInTrash(url))
             return TrashOutcome::refused(QStringLiteral("It is in a Trash already."));
         NSError *error = nil;
-        const BOOL isMoved = [NSFileManager.defaultManager trashItemAtURL:url resultingItemURL:nil error:&error];
-        return isMoved ? TrashOutcome::moved() : failedWith(error);
+        NSURL *place = nil;
+        if (![NSFileManager.defaultManager trashItemAtURL:url resultingItemURL:&place error:&error])
+            return failedWith(error);
+        return TrashOutcome::moved(trashedAt(place.fileSystemRepresentation, path));
     }
+}
+
+/// Programs may not read where the items in the Trash were: only what this run moved is known, and goes back.
+QList<TrashOutcome> restoreFromTrash(const QList<TrashedItem> &items, const FilePath &,
+                                     const std::function<bool()> &stopRequested)
+{
+    QList<TrashOutcome> outcomes;
+    for (const TrashedItem &item : items) {
+        if (stopRequested())
+            break;
+        outcomes.append(movedBack(item));
+    }
+    return outcomes;
 }
 
 } // namespace tidlo

@@ -47,6 +47,7 @@ SystemCalls instrumented(const Around &around, const SystemCalls &real)
                                                                    mode_t mode) {
         return ((flags & O_CREAT) != 0 ? create : open)(folder, name, flags, mode);
     };
+    instrument(calls.openat2, "openat2", counter);
     instrument(calls.mkdirat, "mkdirat", counter);
     instrument(calls.statx, "statx", counter);
     instrument(calls.fstatvfs, "fstatvfs", counter);

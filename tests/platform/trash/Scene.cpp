@@ -53,11 +53,28 @@ void Scene::setUp()
     itself = stateOf(item());
     inner = stateOf(item() + "/inner");
     inTrashBefore = setup.isNameTaken ? 2 : 0;
+    if (!setup.isBack)
+        return;
+    inTrash = move({}).trashed;
+    if (setup.isParentMissing)
+        std::filesystem::remove_all((parent() + "/old").toStdString());
 }
 
 TrashOutcome Scene::move(const SystemCalls &calls) const
 {
     return XdgTrash(home, home + "/.local/share", calls).move(item(), now);
+}
+
+TrashOutcome Scene::restore(const SystemCalls &calls) const
+{
+    return XdgTrash(home, home + "/.local/share", calls).restore({*inTrash}, [] { return false; }).value(0);
+}
+
+bool Scene::hasLitter() const
+{
+    if (!setup.isBack || isAtPlace())
+        return addedToTrash() != 0;
+    return stateOf(item()) != State();
 }
 
 bool Scene::isAtPlace() const
@@ -68,7 +85,7 @@ bool Scene::isAtPlace() const
 bool Scene::isInTrash() const
 {
     const DecodedTrash decoded = decodeTrash(trash(), top);
-    return std::ranges::any_of(decoded.items, [this](const TrashedItem &trashed) {
+    return std::ranges::any_of(decoded.items, [this](const DecodedItem &trashed) {
         const FilePath place = trash() + "/files/" + trashed.name;
         return trashed.originalPath == item() && stateOf(place) == itself && stateOf(place + "/inner") == inner;
     });

@@ -8,12 +8,14 @@
 
 namespace tidlo {
 
-/// What a move finds.
+/// What a move, or a restore, finds.
 struct SceneSetup
 {
     bool isFolder = false;    ///< The item.
     bool isNameTaken = false; ///< By an item in the Trash and its record, and the next name by an item without one.
     bool canKeepFromReplacing = true; ///< Whether the file system knows RENAME_NOREPLACE.
+    bool isBack = false;              ///< The item is in the Trash, and is to be put back.
+    bool isParentMissing = false;     ///< The folders are gone that it was in.
 };
 
 /// Where the Trash of \a home is.
@@ -36,12 +38,22 @@ public:
     /// Moves the item with \a calls.
     TrashOutcome move(const SystemCalls &calls) const;
 
-    FilePath item() const { return top + "/in/item"; }
+    /// Puts it back with \a calls.
+    TrashOutcome restore(const SystemCalls &calls) const;
+    /// Does what the setup tells.
+    TrashOutcome run(const SystemCalls &calls) const { return setup.isBack ? restore(calls) : move(calls); }
+    /// What a restore is told of it.
+    const TrashedItem &trashed() const { return *inTrash; }
+
+    FilePath item() const { return top + (setup.isParentMissing ? "/in/old/folder/item" : "/in/item"); }
     FilePath parent() const { return top + "/in"; }
     FilePath trash() const;
 
     bool isAtPlace() const; ///< The item is where it was, whole.
     bool isInTrash() const; ///< The item is in the Trash, whole, with a whole record of where it was.
+    bool isWhereItGoes() const { return setup.isBack ? isAtPlace() : isInTrash(); }
+    bool isWhereItWas() const { return setup.isBack ? isInTrash() : isAtPlace(); }
+    bool hasLitter() const; ///< Something is left of an attempt, or of a restore that went well.
     bool areOthersUnchanged() const;
     size_t addedToTrash() const; ///< How many records, whole or not, and items without one are new.
 
@@ -61,6 +73,7 @@ private:
     State itself;
     State inner;
     size_t inTrashBefore = 0;
+    std::optional<TrashedItem> inTrash;
 };
 
 } // namespace tidlo

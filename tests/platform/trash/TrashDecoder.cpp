@@ -80,7 +80,7 @@ bool isDate(const std::string &text)
     });
 }
 
-std::optional<TrashedItem> decodedRecord(const std::string &record)
+std::optional<DecodedItem> decodedRecord(const std::string &record)
 {
     const std::string path = "[Trash Info]\nPath=";
     const std::string date = "\nDeletionDate=";
@@ -91,7 +91,7 @@ std::optional<TrashedItem> decodedRecord(const std::string &record)
     const std::string when = record.substr(pathEnd + date.size(), record.size() - pathEnd - date.size() - 1);
     if (!bytes || !isDate(when))
         return std::nullopt;
-    return TrashedItem{.name = {}, .originalPath = FilePath::fromStdString(*bytes), .date = when, .inode = {}};
+    return DecodedItem{.name = {}, .originalPath = FilePath::fromStdString(*bytes), .date = when, .inode = {}};
 }
 
 std::optional<ino_t> inodeOf(const FilePath &path)
@@ -124,7 +124,7 @@ DecodedTrash decodeTrash(const FilePath &trash, const FilePath &top)
     return result;
 }
 
-bool restore(const FilePath &trash, const TrashedItem &item)
+bool restore(const FilePath &trash, const DecodedItem &item)
 {
     const FilePath from = trash + "/files/" + item.name;
     const FilePath record = trash + "/info/" + item.name + recordEnding.c_str();

@@ -11,7 +11,7 @@
 namespace tidlo {
 
 /// One record of a Trash, read by nothing but what the freedesktop.org Trash specification says.
-struct TrashedItem
+struct DecodedItem
 {
     FilePath name;              ///< In the Trash's folder of items.
     FilePath originalPath;      ///< Decoded; absolute.
@@ -22,7 +22,7 @@ struct TrashedItem
 /// What a Trash folder holds.
 struct DecodedTrash
 {
-    std::vector<TrashedItem> items;         ///< By name.
+    std::vector<DecodedItem> items;         ///< By name.
     std::vector<std::string> orphans;       ///< Names of items without a record.
     std::vector<std::string> brokenRecords; ///< Names of records that are not whole.
 };
@@ -32,6 +32,6 @@ struct DecodedTrash
 DecodedTrash decodeTrash(const FilePath &trash, const FilePath &top = {});
 
 /// Puts the item back to where its record says it was, as a desktop does. Returns whether that went well.
-bool restore(const FilePath &trash, const TrashedItem &item);
+bool restore(const FilePath &trash, const DecodedItem &item);
 
 } // namespace tidlo

@@ -1,5 +1,6 @@
-// At each call of the system that a move makes the program is killed, and each error that the call may tell is told.
-// Whatever happens, the item is at its place or in the Trash with a whole record, and the outcome told is true.
+// At each call of the system that a move or a restore makes the program is killed, and each error that the call may
+// tell is told. Whatever happens, the item is at its place or in the Trash with a whole record, and the outcome told is
+// true.
 
 #include "FastDisk.h"
 #include "InstrumentedCalls.h"
@@ -28,6 +29,8 @@ using Kind = TrashOutcome::Kind;
 /// The errors that are plausible for a call, after the manual and what file systems are known to do.
 const std::map<std::string, std::vector<int>> errorsOf{
     {"openat", {EACCES, EPERM, EIO, EMFILE, ENFILE, ENOMEM, EINTR, ELOOP, ENOENT, ENOTDIR, ENAMETOOLONG, ESTALE}},
+    {"openat2",
+     {EACCES, EPERM, EIO, EMFILE, ENFILE, ENOMEM, EINTR, ELOOP, ENOENT, ENOTDIR, EXDEV, EAGAIN, ENOSYS, ENAMETOOLONG}},
     {"create",
      {EACCES, EPERM, EIO, EMFILE, ENFILE, ENOMEM, EINTR, EEXIST, ENOSPC, EDQUOT, EROFS, ENOENT, ENAMETOOLONG, ESTALE}},
     {"mkdirat",
@@ -94,17 +97,18 @@ class Trial final
 public:
     Trial(Scene scene, const SceneSetup &setup)
         : scene(std::move(scene))
+        , isBack(setup.isBack)
         , real(setup.canKeepFromReplacing ? SystemCalls() : withoutKeepingFromReplacing({}))
     {
         this->scene.setUp();
-        const TrashOutcome outcome = this->scene.move(instrumented(
+        const TrashOutcome outcome = this->scene.run(instrumented(
             [this](const Call &call, const auto &make) {
                 trace.push_back(call);
                 return make();
             },
             real));
         EXPECT_EQ(outcome.kind, Kind::moved) << outcome.reason.toStdString();
-        EXPECT_TRUE(this->scene.isInTrash());
+        EXPECT_TRUE(this->scene.isWhereItGoes());
         EXPECT_TRUE(this->scene.areOthersUnchanged());
         if (!setup.canKeepFromReplacing) // Until then nothing differs from where it can, and that is tried as well.
             trace.erase(trace.begin(), std::ranges::find(trace, "renameat2", &Call::name));
@@ -137,7 +141,7 @@ private:
         scene.setUp();
         const ptrdiff_t openBefore = openDescriptors();
         int calls = 0;
-        const TrashOutcome outcome = scene.move(instrumented(
+        const TrashOutcome outcome = scene.run(instrumented(
             [&](const Call &now, const auto &make) {
                 calls = now.number;
                 return answer(fault, call, now, make);
@@ -172,10 +176,10 @@ private:
 
     void expectTrue(const TrashOutcome &outcome, const Fault &fault, const Call &call) const
     {
-        const bool told = outcome.kind == Kind::moved ? scene.isInTrash() : scene.isAtPlace();
+        const bool told = outcome.kind == Kind::moved ? scene.isWhereItGoes() : scene.isWhereItWas();
         EXPECT_TRUE(told) << static_cast<int>(outcome.kind) << ' ' << outcome.reason.toStdString();
         if (outcome.kind == Kind::gone) { // Only the system itself can have said so.
-            EXPECT_TRUE((call.path == "item" || scene.item().startsWith(call.path)) &&
+            EXPECT_TRUE((FilePath(call.path.c_str()).startsWith("item") || scene.item().startsWith(call.path)) &&
                         (fault.error == ENOENT || fault.error == ENOTDIR));
         }
         EXPECT_EQ(outcome.reason.isEmpty(), outcome.kind == Kind::moved || outcome.kind == Kind::gone);
@@ -183,8 +187,8 @@ private:
         // What cannot be removed stays, and so does what cannot be made out to be ours.
         const bool mayLeaveLitter = call.name == "unlinkat" || fault.way == Fault::Way::everything ||
                                     fault.way == Fault::Way::afterwards ||
-                                    (call.name == "statx" && fault.way == Fault::Way::fromThereOn);
-        EXPECT_TRUE(outcome.kind == Kind::moved || mayLeaveLitter || scene.addedToTrash() == 0)
+                                    (call.name == "statx" && (isBack || fault.way == Fault::Way::fromThereOn));
+        EXPECT_TRUE((outcome.kind == Kind::moved && !isBack) || mayLeaveLitter || !scene.hasLitter())
             << "something is left of the attempt";
     }
 
@@ -196,7 +200,7 @@ private:
         std::fflush(nullptr);
         const pid_t child = fork();
         if (child == 0) {
-            scene.move(instrumented(
+            scene.run(instrumented(
                 [&](const Call &now, const auto &make) {
                     const long result = make();
                     if (now.number == call.number)
@@ -220,6 +224,7 @@ private:
     }
 
     Scene scene;
+    bool isBack;
     SystemCalls real;
     std::vector<Call> trace;
 };
@@ -232,6 +237,23 @@ std::vector<SceneSetup> allSetups()
         for (const bool isNameTaken : {false, true}) {
             for (const bool canKeepFromReplacing : {false, true})
                 setups.push_back({isFolder, isNameTaken, canKeepFromReplacing});
+        }
+    }
+    return setups;
+}
+
+/// All that a restore may find.
+std::vector<SceneSetup> allSetupsOfRestores()
+{
+    std::vector<SceneSetup> setups;
+    for (const bool isFolder : {false, true}) {
+        for (const bool canKeepFromReplacing : {false, true}) {
+            for (const bool isParentMissing : {false, true})
+                setups.push_back({.isFolder = isFolder,
+                                  .isNameTaken = isFolder,
+                                  .canKeepFromReplacing = canKeepFromReplacing,
+                                  .isBack = true,
+                                  .isParentMissing = isParentMissing});
         }
     }
     return setups;
@@ -265,15 +287,41 @@ TEST(TrashFaults, NoKillAtAnyCallLosesAnything)
     EXPECT_EQ(tally.lost, 0);
 }
 
-TEST(TrashFaults, NothingIsLostAtAnyCallOfAMoveOnAnotherMount)
+TEST(TrashFaults, NoErrorOfAnyCallOfARestoreLosesAnything)
+{
+    const TemporaryHome home(fastDisk());
+    Tally tally;
+
+    for (const SceneSetup &setup : allSetupsOfRestores())
+        Trial(Scene(home.path(), setup), setup).injectErrors(tally);
+
+    tally.print();
+    EXPECT_GT(tally.injected, 1'000);
+    EXPECT_EQ(tally.lost, 0);
+}
+
+TEST(TrashFaults, NoKillAtAnyCallOfARestoreLosesAnything)
+{
+    const TemporaryHome home(fastDisk());
+    Tally tally;
+
+    for (const SceneSetup &setup : allSetupsOfRestores())
+        Trial(Scene(home.path(), setup), setup).injectKills(tally);
+
+    tally.print();
+    EXPECT_GT(tally.injected, 100);
+    EXPECT_EQ(tally.lost, 0);
+}
+
+TEST(TrashFaults, NothingIsLostAtAnyCallOnAnotherMount)
 {
     const TemporaryHome home(fastDisk());
     const FilePath stick = home.folder("stick");
     inOwnMounts([&] {
         mountMemory(stick);
         Tally tally;
-        for (const bool isFolder : {false, true}) {
-            const SceneSetup setup{.isFolder = isFolder};
+        for (const SceneSetup &setup : {SceneSetup{}, SceneSetup{.isFolder = true}, SceneSetup{.isBack = true},
+                                        SceneSetup{.isFolder = true, .isBack = true, .isParentMissing = true}}) {
             Trial trial(Scene(stick, setup, home.path()), setup);
             trial.injectErrors(tally);
             trial.injectKills(tally);

@@ -32,7 +32,7 @@ const char *const trashFolder = ".local/share/Trash";
 std::vector<FilePath> originalPaths(const FilePath &trash)
 {
     std::vector<FilePath> paths;
-    for (const TrashedItem &item : decodeTrash(trash).items)
+    for (const DecodedItem &item : decodeTrash(trash).items)
         paths.push_back(item.originalPath);
     return paths;
 }

@@ -65,11 +65,26 @@ TEST(TrashOnMounts, AnItemGoesToTheTrashOfItsOwnMount)
         const FilePath trash = stick + '/' + ownTrash();
         EXPECT_THAT(content(trash + "/info/an item.trashinfo"), StartsWith("[Trash Info]\nPath=in/an%20item\n"));
         EXPECT_THAT(decodeTrash(trash, stick).items,
-                    ElementsAre(Field(&TrashedItem::originalPath, stick + "/in/an item")));
+                    ElementsAre(Field(&DecodedItem::originalPath, stick + "/in/an item")));
         const auto after = home.inventory();
         for (const char *part : {"", "/files", "/info"})
             EXPECT_EQ(after.at("stick/" + ownTrash().toStdString() + part).mode & 07777U, 0700U) << part;
         EXPECT_FALSE(after.contains(".local"));
+    });
+}
+
+TEST(TrashOnMounts, TheOutcomeTellsWhichTrashItWas)
+{
+    const TemporaryHome home;
+    const FilePath stick = home.folder("stick");
+    const XdgTrash trash(home.path(), home / ".local/share");
+    inOwnMounts([&] {
+        mountMemory(stick);
+        const auto trashOf = [&](const FilePath &item) { return trash.move(item, 0).trashed.value().trash; };
+        EXPECT_EQ(trashOf(home.file("item")), home / ".local/share/Trash");
+        EXPECT_EQ(trashOf(home.file("stick/item")), stick + '/' + ownTrash());
+        chmod(home.folder("stick/.Trash").constData(), 01777);
+        EXPECT_EQ(trashOf(home.file("stick/item")), stick + "/.Trash/" + FilePath::number(geteuid()));
     });
 }
 
@@ -86,11 +101,11 @@ TEST(TrashOnMounts, TheTrashOfTheHomeIsForItsMountAlone)
         EXPECT_THAT(probe({.paths = {films + "/item"}, .home = home.path()}).lines, ElementsAre("moved"));
 
         EXPECT_THAT(decodeTrash(films + '/' + ownTrash(), films).items,
-                    ElementsAre(Field(&TrashedItem::originalPath, films + "/item")));
+                    ElementsAre(Field(&DecodedItem::originalPath, films + "/item")));
         EXPECT_FALSE(home.inventory().contains(".local"));
         EXPECT_THAT(probe({.paths = {home.file("disk/films/other")}, .home = home.path()}).lines, ElementsAre("moved"));
         EXPECT_THAT(decodeTrash(home / ".local/share/Trash").items,
-                    ElementsAre(Field(&TrashedItem::originalPath, home / "disk/films/other")));
+                    ElementsAre(Field(&DecodedItem::originalPath, home / "disk/films/other")));
     });
 }
 
@@ -105,7 +120,7 @@ TEST(TrashOnMounts, TheTrashOfTheHomeIsOnTheMountOfItsData)
                     ElementsAre("moved"));
 
         EXPECT_THAT(decodeTrash(data + "/own/Trash").items,
-                    ElementsAre(Field(&TrashedItem::originalPath, data + "/in/item")));
+                    ElementsAre(Field(&DecodedItem::originalPath, data + "/in/item")));
     });
 }
 
@@ -120,7 +135,7 @@ TEST(TrashOnMounts, AFolderThatAnAdministratorMadeForAllIsUsed)
         EXPECT_THAT(probe({.paths = {home.file("stick/item")}, .home = home.path()}).lines, ElementsAre("moved"));
 
         const FilePath trash = stick + "/.Trash/" + FilePath::number(geteuid());
-        EXPECT_THAT(decodeTrash(trash, stick).items, ElementsAre(Field(&TrashedItem::originalPath, stick + "/item")));
+        EXPECT_THAT(decodeTrash(trash, stick).items, ElementsAre(Field(&DecodedItem::originalPath, stick + "/item")));
         EXPECT_FALSE(home.inventory().contains("stick/" + ownTrash().toStdString()));
     });
 }

@@ -51,7 +51,7 @@ void expectAllComeBack(const TemporaryHome &home, const std::vector<FilePath> &n
     EXPECT_THAT(trash.orphans, IsEmpty());
     EXPECT_THAT(trash.brokenRecords, IsEmpty());
     EXPECT_THAT(witness.complaints(), IsEmpty());
-    for (const TrashedItem &item : trash.items) {
+    for (const DecodedItem &item : trash.items) {
         ASSERT_TRUE(item.originalPath.startsWith(home / "in/")) << item.originalPath.toStdString();
         const auto was = before.find(item.originalPath.mid(home.path().size() + 1).toStdString());
         ASSERT_NE(was, before.end()) << item.originalPath.toPercentEncoding().toStdString();
@@ -160,7 +160,7 @@ TEST(TrashNames, FiftyItemsOfOneNameKeepApart)
     EXPECT_THAT(witness.complaints(), IsEmpty());
     const DecodedTrash trash = decodeTrash(trashOf(home));
     std::set<FilePath> originals;
-    for (const TrashedItem &item : trash.items) {
+    for (const DecodedItem &item : trash.items) {
         originals.insert(item.originalPath);
         EXPECT_EQ(item.inode, before.at(item.originalPath.mid(home.path().size() + 1).toStdString()).inode);
     }
@@ -184,8 +184,8 @@ TEST(TrashNames, AnItemWithoutARecordInTheTrashIsKept)
     EXPECT_THAT(witness.complaints(), IsEmpty());
     const DecodedTrash trash = decodeTrash(trashOf(home));
     EXPECT_THAT(trash.orphans, testing::ElementsAre("a.txt", "b"));
-    EXPECT_THAT(trash.items, testing::ElementsAre(Field(&TrashedItem::name, FilePath("a 2.txt")),
-                                                  Field(&TrashedItem::name, FilePath("b 2"))));
+    EXPECT_THAT(trash.items, testing::ElementsAre(Field(&DecodedItem::name, FilePath("a 2.txt")),
+                                                  Field(&DecodedItem::name, FilePath("b 2"))));
 }
 
 TEST(TrashNames, ARecordWithoutAnItemInTheTrashIsKept)
@@ -202,7 +202,7 @@ TEST(TrashNames, ARecordWithoutAnItemInTheTrashIsKept)
     EXPECT_EQ(home.inventory().at(orphan), before.at(orphan));
     EXPECT_THAT(decodeTrash(trashOf(home)).items,
                 testing::ElementsAre(
-                    AllOf(Field(&TrashedItem::name, FilePath("a 2.txt")), Field(&TrashedItem::originalPath, item))));
+                    AllOf(Field(&DecodedItem::name, FilePath("a 2.txt")), Field(&DecodedItem::originalPath, item))));
 }
 
 TEST(TrashNames, AnotherNameOfTheItemItselfInTheTrashIsNotTakenForIt)
@@ -217,8 +217,8 @@ TEST(TrashNames, AnotherNameOfTheItemItselfInTheTrashIsNotTakenForIt)
     EXPECT_FALSE(home.inventory().contains("a.txt"));
     const DecodedTrash trash = decodeTrash(trashOf(home));
     EXPECT_THAT(trash.orphans, testing::ElementsAre("a.txt"));
-    EXPECT_THAT(trash.items, testing::ElementsAre(AllOf(Field(&TrashedItem::name, FilePath("a 2.txt")),
-                                                        Field(&TrashedItem::originalPath, item))));
+    EXPECT_THAT(trash.items, testing::ElementsAre(AllOf(Field(&DecodedItem::name, FilePath("a 2.txt")),
+                                                        Field(&DecodedItem::originalPath, item))));
 }
 
 } // namespace tidlo

@@ -73,7 +73,7 @@ TEST(TrashRaces, FourProgramsThatMoveItemsOfTheSameNamesKeepThemApart)
     EXPECT_THAT(witness.complaints(), IsEmpty());
     const DecodedTrash trash = decodeTrash(trashOf(home));
     std::set<std::string> originals;
-    for (const TrashedItem &item : trash.items) {
+    for (const DecodedItem &item : trash.items) {
         originals.insert(relativeTo(home, item.originalPath));
         EXPECT_EQ(item.inode, before.at(relativeTo(home, item.originalPath)).inode);
     }
@@ -164,7 +164,7 @@ public:
         const DecodedTrash trash = decodeTrash(trashOf(home));
         EXPECT_THAT(trash.orphans, IsEmpty());
         EXPECT_THAT(trash.brokenRecords, IsEmpty());
-        for (const TrashedItem &trashed : trash.items) {
+        for (const DecodedItem &trashed : trash.items) {
             EXPECT_TRUE(trashed.inode) << "a record of nothing";
             EXPECT_TRUE(trashed.originalPath == home / "in/item" || trashed.originalPath == home / "aside/in/item");
         }
@@ -330,7 +330,7 @@ TEST(TrashRaces, AFolderThatIsSwappedAllTheTimeLosesNothing)
         const TrashOutcome outcome = trash.move(item, timeOfMove);
         const DecodedTrash decoded = decodeTrash(trashOf(home));
         ASSERT_THAT(decoded.items, SizeIs(outcome.kind == Kind::moved ? 1 : 0)) << outcome.reason.toStdString();
-        for (const TrashedItem &trashed : decoded.items) {
+        for (const DecodedItem &trashed : decoded.items) {
             ASSERT_TRUE(trashed.inode == file || trashed.inode == linkItself);
             movedLinks += trashed.inode == linkItself ? 1 : 0;
             ASSERT_TRUE(restore(trashOf(home), trashed));

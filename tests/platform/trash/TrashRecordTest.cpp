@@ -1,11 +1,19 @@
+#include "platform/linux/TrashRecord.h"
+
 #include "platform/linux/TrashFolder.h"
+#include "support/TemporaryHome.h"
 
 #include <QList>
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
 #include <cstdlib>
 #include <ctime>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace tidlo {
 
@@ -70,6 +78,54 @@ TEST(TrashRecord, EscapesEveryByteThatIsNotPlain)
 TEST(TrashRecord, KeepsARelativePathRelative)
 {
     EXPECT_EQ(pathLine("films/a b"), "Path=films/a%20b");
+}
+
+TEST(TrashRecordRead, TellsTheFirstPathAndDateInWhateverOrder)
+{
+    const auto record = parsedTrashRecord(
+        "[Trash Info]\nX=1\nDeletionDate=2026-01-02T03:04:05\nPath=a%20b\nPath=c\nDeletionDate=x\n[More]\nY=");
+    ASSERT_TRUE(record);
+    EXPECT_EQ(record->path, "a b");
+    EXPECT_EQ(record->date, "2026-01-02T03:04:05");
+    EXPECT_EQ(parsedTrashRecord("[Trash Info]\nPath=/a")->date, "");
+}
+
+TEST(TrashRecordRead, IsWhatWasWritten)
+{
+    for (const FilePath path : {"/home/u/a.txt", "/100% new\nline", "/=;#[]?&+,'\"\\", "/\xc3\xa4\xff\x01\x7f", "a b"})
+        EXPECT_EQ(parsedTrashRecord(trashRecord(path, moved))->path, path);
+}
+
+TEST(TrashRecordRead, IsNothingWhereItIsNoRecordOrLeadsElsewhere)
+{
+    for (const QByteArray text : {"", "\n", "[Trash Info]", "[Trash Info]\nDeletionDate=2026-01-02T03:04:05\n",
+                                  "Path=/a\n", "[Trash info]\nPath=/a\n", " [Trash Info]\nPath=/a\n"})
+        EXPECT_FALSE(parsedTrashRecord(text)) << text.constData();
+    for (const QByteArray path :
+         {"",  "/",   "//a",         "/a/",         "/a//b",  "/a/./b", "/a/../b", "..",    "../a", "a/..",
+          ".", "/..", "/a/%2e%2e/b", "/a%2F..%2Fb", "/a%00b", "/a%0",   "/a%",     "/a%zz", "/a%2", "%"})
+        EXPECT_FALSE(parsedTrashRecord("[Trash Info]\nPath=" + path + "\n")) << path.constData();
+}
+
+TEST(TrashRecordRead, IsBoundInLengthAndInKind)
+{
+    const TemporaryHome home;
+    const Descriptor info(open(home.path().constData(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+    const auto errorOf = [&](const FilePath &name) { return readTrashRecord({}, info.get(), name).error(); };
+    for (const qsizetype size : {longestTrashRecord, longestTrashRecord + 1}) {
+        const QByteArray start = "[Trash Info]\nPath=/a\n#";
+        const Descriptor file(open(home.file("long", 0).constData(), O_WRONLY | O_CLOEXEC));
+        const QByteArray text = start + QByteArray(size - start.size(), 'x');
+        ASSERT_EQ(write(file.get(), text.constData(), text.size()), size);
+        EXPECT_EQ(errorOf("long"), size == longestTrashRecord ? 0 : EFBIG);
+    }
+    home.folder("folder");
+    home.link("link", "long");
+    ASSERT_EQ(mkfifo((home / "fifo").constData(), 0600), 0);
+    EXPECT_EQ(errorOf("folder"), EBADMSG);
+    EXPECT_EQ(errorOf("fifo"), EBADMSG) << "and nobody waits for its other end";
+    EXPECT_EQ(errorOf("link"), ELOOP);
+    EXPECT_EQ(errorOf("nothing"), ENOENT);
 }
 
 TEST(TrashName, IsTheNameItself)

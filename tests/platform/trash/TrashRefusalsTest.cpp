@@ -161,7 +161,7 @@ TEST(TrashOfHome, IsWhereProgramsKeepTheirData)
     EXPECT_THAT(probe({.paths = {item}, .home = home.path(), .dataHome = home / "own/data"}).lines,
                 ElementsAre("moved"));
 
-    EXPECT_THAT(decodeTrash(home / "own/data/Trash").items, ElementsAre(Field(&TrashedItem::originalPath, item)));
+    EXPECT_THAT(decodeTrash(home / "own/data/Trash").items, ElementsAre(Field(&DecodedItem::originalPath, item)));
     EXPECT_FALSE(home.inventory().contains(".local"));
 }
 
@@ -186,7 +186,7 @@ TEST(TrashOfHome, MayBeReachedThroughALink)
 
     EXPECT_THAT(probe({.paths = {item}, .home = home.path()}).lines, ElementsAre("moved"));
 
-    EXPECT_THAT(decodeTrash(home / "disk/bin").items, ElementsAre(Field(&TrashedItem::originalPath, item)));
+    EXPECT_THAT(decodeTrash(home / "disk/bin").items, ElementsAre(Field(&DecodedItem::originalPath, item)));
 }
 
 TEST(TrashOfHome, IsNotUsedWhereItsFoldersAreLinksOrFiles)

@@ -83,6 +83,23 @@ TEST_P(TrashSystems, TheRecordIsWholeAndOnTheDiskBeforeTheItemIsRenamed)
                 ElementsAre("create item 3.trashinfo", "pwrite ", "fsync ", "close ", "renameat2 item"));
 }
 
+TEST_P(TrashSystems, TellsWhereTheItemIsAndWasAndWhichItIs)
+{
+    const auto identity = [](const FilePath &path) {
+        struct stat status
+        {};
+        EXPECT_EQ(lstat(path.constData(), &status), 0);
+        return ItemIdentity{.device = status.st_dev, .inode = status.st_ino};
+    };
+    const ItemIdentity before = identity(scene.item());
+
+    const TrashOutcome outcome = scene.move(calls);
+
+    EXPECT_EQ(outcome.trashed,
+              (TrashedItem{.trash = scene.trash(), .name = "item 3", .origin = scene.item(), .identity = before}));
+    EXPECT_EQ(identity(scene.trash() + "/files/item 3"), before);
+}
+
 TEST_P(TrashSystems, ARecordIsWholeThatIsWrittenByteByByte)
 {
     calls.pwrite = [](int file, const void *bytes, size_t, off_t at) { return ::pwrite(file, bytes, 1, at); };
@@ -270,7 +287,7 @@ TEST_P(TrashSystems, AFileSystemOfShorterNamesGetsShorterNames)
 
     EXPECT_THAT(decodeTrash(scene.trash()).items,
                 testing::Contains(
-                    testing::AllOf(Field(&TrashedItem::name, "a name tha"), Field(&TrashedItem::originalPath, path))));
+                    testing::AllOf(Field(&DecodedItem::name, "a name tha"), Field(&DecodedItem::originalPath, path))));
 }
 
 TEST_P(TrashSystems, AFileSystemThatDoesNotTellItsLongestNameIsTakenToBeUsual)
