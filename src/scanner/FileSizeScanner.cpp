@@ -92,6 +92,15 @@ QCoro::Task<Cleanup> FileSizeScanner::moveToTrash(QList<CleanupCandidate> candid
     return later(core->executor.run(job));
 }
 
+QCoro::Task<Restoration> FileSizeScanner::restore(QList<TrashedItem> items, std::stop_token stop)
+{
+    const auto job = [files = core->files, items = std::move(items), stop = std::move(stop),
+                      end = core->stop.get_token()] {
+        return restoreItems(*files, items, [&] { return stop.stop_requested() || end.stop_requested(); });
+    };
+    return later(core->executor.run(job));
+}
+
 QCoro::Task<ScanTotals> FileSizeScanner::diskTotals(FilePath home)
 {
     const auto job = [files = core->files, home = std::move(home)] { return tidlo::diskTotals(*files, home); };

@@ -2,6 +2,7 @@
 
 #include "platform/FileManager.h"
 #include "scanner/MoveToTrash.h"
+#include "scanner/RestoreItems.h"
 #include "scanner/ScanContext.h"
 #include "scanner/ScanResult.h"
 
@@ -14,8 +15,8 @@
 
 namespace tidlo {
 
-/// The one component that reads the file system for a scan and moves things to the Trash. This is its whole public
-/// face.
+/// The one component that reads the file system for a scan and moves things to the Trash and back. This is its whole
+/// public face.
 ///
 /// An actor: its work runs on a thread of its own, one job at a time. Operations are called on the main thread, suspend
 /// there while the work goes on, for one turn of the event loop at least, and never fail: what cannot be read or moved
@@ -40,6 +41,9 @@ public:
     /// Moves every path of \a candidates to the Trash, in order, but for those never to be touched. A requested stop
     /// ends it between two items; the report tells what was done until then.
     QCoro::Task<Cleanup> moveToTrash(QList<CleanupCandidate> candidates, std::stop_token stop = {});
+
+    /// Puts \a items back from the Trash to where they were. A requested stop ends it between two items.
+    QCoro::Task<Restoration> restore(QList<TrashedItem> items, std::stop_token stop = {});
 
     /// The figures of the volume that holds \a home; everything that only a scan can know is 0.
     QCoro::Task<ScanTotals> diskTotals(FilePath home);

@@ -225,6 +225,19 @@ TEST_F(FileSizeScannerTest, StopsMovingBetweenTwoItemsWhenAsked)
     EXPECT_EQ(QCoro::waitFor(scanner->moveToTrash({candidate}, stop.get_token())).report.removedItems, 1);
 }
 
+TEST_F(FileSizeScannerTest, PutsBackUntilItIsAskedToStop)
+{
+    std::stop_source stop;
+    CleanupCandidate candidate;
+    candidate.paths = {home.file("a"), home.file("b")};
+    const QList<TrashedItem> moved = QCoro::waitFor(scanner->moveToTrash({candidate})).moved;
+    EXPECT_EQ(QCoro::waitFor(scanner->restore({moved[0]}, stop.get_token())).restored, moved.first(1));
+    stop.request_stop();
+    const Restoration stopped = QCoro::waitFor(scanner->restore({moved[1]}, stop.get_token()));
+    EXPECT_TRUE(stopped.restored.isEmpty());
+    EXPECT_EQ(stopped.left, moved.last(1));
+}
+
 TEST_F(FileSizeScannerTest, MovesNothingMoreOnceDestroyed)
 {
     // Given a move that waits behind a scan, which ends when the scanner does.
