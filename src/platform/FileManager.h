@@ -2,7 +2,7 @@
 
 #include "platform/DeepEnumeration.h"
 #include "platform/FileAttributes.h"
-#include "platform/Trash.h"
+#include "platform/TrashContents.h"
 
 #include <QList>
 
@@ -55,6 +55,9 @@ public:
     /// each that was tried: \a stopRequested is asked before each.
     virtual QList<TrashOutcome> restoreItems(const QList<TrashedItem> &items,
                                              const std::function<bool()> &stopRequested) = 0;
+
+    /// What the user's Trashes hold. A requested stop ends it soon, with what was found and counted until then.
+    virtual TrashContents trashedItems(std::stop_token stop = {}) const = 0;
 };
 
 /// The file manager of this system.

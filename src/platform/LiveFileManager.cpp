@@ -39,6 +39,19 @@ std::optional<QList<DirectoryEntry>> listed(const FilePath &path)
     return entries;
 }
 
+/// As FileManager::trashedItems; throws without memory.
+TrashContents listed(const DirectoryWalker &walker, const FilePath &home, std::stop_token stop)
+{
+    TrashContents contents = listTrashes(home, stop);
+    QList<FilePath> paths;
+    for (const ListedItem &listed : contents.items)
+        paths.append(joined(joined(listed.item.trash, "files"), listed.item.name));
+    const QList<qint64> sizes = walker.allocatedSizes(paths, std::move(stop));
+    for (qsizetype at = 0; at < sizes.size(); ++at)
+        contents.items[at].bytes = sizes[at];
+    return contents;
+}
+
 } // namespace
 
 std::unique_ptr<FileManager> makeFileManager()
@@ -100,6 +113,15 @@ QList<TrashOutcome> LiveFileManager::restoreItems(const QList<TrashedItem> &item
                                                   const std::function<bool()> &stopRequested)
 {
     return restoreFromTrash(items, home, stopRequested);
+}
+
+TrashContents LiveFileManager::trashedItems(std::stop_token stop) const
+{
+    try {
+        return listed(walker, home, std::move(stop));
+    } catch (const std::bad_alloc &) {
+        return {.items = {}, .unread = {{.path = home, .reason = qt_error_string(ENOMEM)}}};
+    }
 }
 
 } // namespace tidlo

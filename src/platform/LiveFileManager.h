@@ -25,6 +25,7 @@ public:
     TrashOutcome trashItem(const FilePath &path) override;
     QList<TrashOutcome> restoreItems(const QList<TrashedItem> &items,
                                      const std::function<bool()> &stopRequested) override;
+    TrashContents trashedItems(std::stop_token stop) const override;
 
 private:
     const FilePath home = homeFolder(); ///< Asked for once: the user database may be far away.

@@ -101,6 +101,18 @@ QCoro::Task<Restoration> FileSizeScanner::restore(QList<TrashedItem> items, std:
     return later(core->executor.run(job));
 }
 
+QCoro::Task<TrashContents> FileSizeScanner::trashedItems(std::stop_token stop)
+{
+    const auto job = [files = core->files, stop = std::move(stop), end = core->stop.get_token()] {
+        std::stop_source either;
+        const auto request = [&] { either.request_stop(); };
+        const std::stop_callback whenStopped(stop, request);
+        const std::stop_callback whenEnded(end, request);
+        return files->trashedItems(either.get_token());
+    };
+    return later(core->executor.run(job));
+}
+
 QCoro::Task<ScanTotals> FileSizeScanner::diskTotals(FilePath home)
 {
     const auto job = [files = core->files, home = std::move(home)] { return tidlo::diskTotals(*files, home); };

@@ -45,6 +45,9 @@ public:
     /// Puts \a items back from the Trash to where they were. A requested stop ends it between two items.
     QCoro::Task<Restoration> restore(QList<TrashedItem> items, std::stop_token stop = {});
 
+    /// What the user's Trashes hold. A requested stop ends it soon, with what was found until then.
+    QCoro::Task<TrashContents> trashedItems(std::stop_token stop = {});
+
     /// The figures of the volume that holds \a home; everything that only a scan can know is 0.
     QCoro::Task<ScanTotals> diskTotals(FilePath home);
 

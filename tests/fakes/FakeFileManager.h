@@ -26,6 +26,7 @@ public:
     MOCK_METHOD(TrashOutcome, trashItem, (const FilePath &), (override));
     MOCK_METHOD(QList<TrashOutcome>, restoreItems, (const QList<TrashedItem> &, const std::function<bool()> &),
                 (override));
+    MOCK_METHOD(TrashContents, trashedItems, (std::stop_token), (const, override));
 
     /// For a test's own action to go on with.
     FileManager &live() const { return *liveFiles; }

@@ -3,6 +3,7 @@
 #include "platform/Paths.h"
 #include "platform/Trash.h"
 #include "platform/linux/TrashFolder.h"
+#include "platform/linux/TrashList.h"
 #include "platform/linux/TrashMove.h"
 #include "platform/linux/TrashRecord.h"
 #include "platform/linux/TrashRestore.h"
@@ -79,6 +80,11 @@ QList<TrashOutcome> restoreFromTrash(const QList<TrashedItem> &items, const File
     return XdgTrash(home, dataHomeIn(home, qgetenv("XDG_DATA_HOME"))).restore(items, stopRequested);
 }
 
+TrashContents listTrashes(const FilePath &home, std::stop_token stop)
+{
+    return XdgTrash(home, dataHomeIn(home, qgetenv("XDG_DATA_HOME"))).list(std::move(stop));
+}
+
 TrashOutcome XdgTrash::move(const FilePath &path, std::time_t now) const
 {
     TrashItem item;
@@ -131,6 +137,22 @@ QList<TrashOutcome> XdgTrash::restore(const QList<TrashedItem> &items, const std
         outcomes.append(outcomeOf(item));
     }
     return outcomes;
+}
+
+TrashContents XdgTrash::list(std::stop_token stop) const
+{
+    const OrError<UserTrashes> trashes = openTrashes(calls, home, dataHome, [](const FilePath &) { return true; });
+    TrashList list(calls, std::move(stop));
+    if (!trashes) {
+        list.addUnread(joined(dataHome, "Trash"),
+                       QStringLiteral("The Trashes cannot be found: ") + qt_error_string(trashes.error()));
+        return std::move(list).contents();
+    }
+    for (const UserTrash &trash : trashes->usable)
+        list.read(trash);
+    for (const UnusableTrash &trash : trashes->unusable)
+        list.addUnread(trash.path, trash.outcome.reason);
+    return std::move(list).contents();
 }
 
 } // namespace tidlo

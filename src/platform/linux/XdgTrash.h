@@ -1,7 +1,7 @@
 #pragma once
 
 #include "model/FilePath.h"
-#include "platform/Trash.h"
+#include "platform/TrashContents.h"
 #include "platform/linux/SystemCalls.h"
 
 #include <ctime>
@@ -26,6 +26,9 @@ public:
 
     /// As restoreFromTrash. At every moment each item is in the Trash with its record, or at its place.
     QList<TrashOutcome> restore(const QList<TrashedItem> &items, const std::function<bool()> &stopRequested) const;
+
+    /// As listTrashes.
+    TrashContents list(std::stop_token stop) const;
 
 private:
     FilePath home;

@@ -1,5 +1,6 @@
 #include "platform/Paths.h"
 #include "platform/Trash.h"
+#include "platform/TrashContents.h"
 
 #include <array>
 #include <cerrno>
@@ -127,6 +128,14 @@ QList<TrashOutcome> restoreFromTrash(const QList<TrashedItem> &items, const File
         outcomes.append(movedBack(item));
     }
     return outcomes;
+}
+
+TrashContents listTrashes(const FilePath &home, std::stop_token)
+{
+    return {.unread = {{.path = joined(home, ".Trash"),
+                        .reason = QStringLiteral("macOS lets no program read where the items in the Trash were. To put "
+                                                 "them back, select them in the Trash in the Finder, and choose \"Put "
+                                                 "Back\" in the File menu.")}}};
 }
 
 } // namespace tidlo

@@ -1,5 +1,6 @@
 #include "platform/linux/TrashRecord.h"
 
+#include "platform/Descriptor.h"
 #include "platform/linux/TrashFolder.h"
 #include "support/TemporaryHome.h"
 

@@ -4,6 +4,7 @@
 #include "InstrumentedCalls.h"
 #include "Scene.h"
 #include "TrashDecoder.h"
+#include "platform/Descriptor.h"
 #include "platform/linux/TrashRecord.h"
 #include "platform/linux/XdgTrash.h"
 #include "support/DeepTree.h"
@@ -331,7 +332,8 @@ TEST(TrashRestoringOnMounts, ARecordOfAMountMayNotLeadElsewhere)
             const auto before = home.inventory();
             for (const FilePath &origin : {path, home / "item", stick + "/item", stick + '/' + path}) {
                 const TrashedItem asked{.trash = item.trash, .name = "item", .origin = origin};
-                EXPECT_EQ(trash.restore({asked}, [] { return false; }).value(0).kind, Kind::refused) << path.constData();
+                EXPECT_EQ(trash.restore({asked}, [] { return false; }).value(0).kind, Kind::refused)
+                    << path.constData();
             }
             EXPECT_TRUE(home.inventory() == before);
         }
