@@ -24,7 +24,7 @@ QString CleanupOutcome::text() const
     return interrupted +
            QStringLiteral("Moved %1 (%2) to the Trash. The space returns when the Trash is emptied.\n")
                .arg(moved, byteCountText(report.recoveredBytes)) +
-           disk;
+           disk + QStringLiteral("To put something back: tidlo-cli restore\n");
 }
 
 QString CleanupOutcome::complaint() const

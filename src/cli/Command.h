@@ -38,7 +38,8 @@ struct Command
     const char *description; ///< What it does and what its exit status tells, in lines of 80 columns at most.
     QList<CommandOption> options;
     ExitStatus (*run)(const QCommandLineParser &options, CommandContext &context);
-    bool needsThread = true; ///< It scans, and so can do nothing where the system starts no thread.
+    const char *arguments = ""; ///< What it takes besides options, as usage shows it; empty if nothing.
+    bool needsThread = true;    ///< It scans, and so can do nothing where the system starts no thread.
 };
 
 } // namespace tidlo

@@ -54,8 +54,12 @@ QString usageLine(const Command &command)
     const QString indent(6, u' '); // Beneath the program's name.
     QString usage;
     QString line = QStringLiteral("Usage: tidlo-cli ") + QLatin1StringView(command.name);
-    for (const CommandOption &option : command.options) {
-        const QString word = QStringLiteral(" [%1]").arg(spelling(option));
+    QStringList words;
+    for (const CommandOption &option : command.options)
+        words.append(QStringLiteral(" [%1]").arg(spelling(option)));
+    if (*command.arguments != '\0')
+        words.append(QStringLiteral(" [%1]").arg(QLatin1StringView(command.arguments)));
+    for (const QString &word : words) {
         if (line.size() + word.size() > width)
             usage += std::exchange(line, indent) + u'\n';
         line += word;

@@ -17,7 +17,7 @@ namespace {
 /// Those that help tells of.
 QList<Command> commands()
 {
-    return {scanCommand(), cleanCommand(), explainCommand()};
+    return {scanCommand(), cleanCommand(), restoreCommand(), explainCommand()};
 }
 
 /// In the system's own words, what keeps it from starting a thread; nothing if nothing does.
@@ -67,7 +67,8 @@ std::optional<ExitStatus> answered(QCommandLineParser &parser, const Command &co
         return print(help);
     if (parser.isSet(QStringLiteral("version")))
         return print(QStringLiteral("tidlo-cli %1\n").arg(QCoreApplication::applicationVersion()));
-    if (const QStringList unexpected = parser.positionalArguments(); !unexpected.isEmpty())
+    const QStringList unexpected = *command.arguments == '\0' ? parser.positionalArguments() : QStringList();
+    if (!unexpected.isEmpty())
         return reportMisuse(command, QStringLiteral("Unexpected argument '%1'.").arg(unexpected.first()));
     return std::nullopt;
 }

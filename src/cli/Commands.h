@@ -10,6 +10,9 @@ Command scanCommand();
 /// "tidlo-cli clean": scans, asks, and moves what the scan selected to the Trash.
 Command cleanCommand();
 
+/// "tidlo-cli restore": shows what the user's Trashes hold, and puts back what is named.
+Command restoreCommand();
+
 /// "tidlo-cli explain": scans, and asks the AI proxy to explain what was found.
 Command explainCommand();
 

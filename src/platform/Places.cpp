@@ -33,17 +33,6 @@ FilePath beginningIn(const FilePath &folder)
     return joined(folder, {});
 }
 
-/// \a path from the root on, without slashes and dots at its end.
-FilePath absolute(FilePath path)
-{
-    std::error_code error;
-    if (!path.startsWith('/'))
-        path = joined(FilePath::fromStdString(fs::current_path(error).native()), path);
-    while (path.size() > 1 && (path.endsWith('/') || path.endsWith("/.")))
-        path.chop(1);
-    return path;
-}
-
 /// As its folder lists the item at \a place, which may be another spelling of the same name.
 FilePath asListed(const FilePath &place)
 {
@@ -87,10 +76,20 @@ FilePath PlaceFinder::resolved(const FilePath &folder)
     return truth;
 }
 
+FilePath absolutePath(FilePath path)
+{
+    std::error_code error;
+    if (!path.startsWith('/'))
+        path = joined(FilePath::fromStdString(fs::current_path(error).native()), path);
+    while (path.size() > 1 && (path.endsWith('/') || path.endsWith("/.")))
+        path.chop(1);
+    return path;
+}
+
 std::optional<FilePath> placeOfGiven(const FilePath &path)
 {
     std::error_code error;
-    const FilePath whole = absolute(path);
+    const FilePath whole = absolutePath(path);
     if (path.isEmpty() || !fs::exists(fs::symlink_status(whole.toStdString(), error)))
         return std::nullopt;
     const QByteArrayView name = lastPathComponent(path);

@@ -24,6 +24,9 @@ private:
     QHash<FilePath, FilePath> known; ///< Folders.
 };
 
+/// \a path from the root on, taken from the working folder where it is relative, without slashes and dots at its end.
+FilePath absolutePath(FilePath path);
+
 /// The place of what exists at \a path, which may be relative, end with slashes or ".", and be spelled in another case
 /// where the file system does not care. Nothing if there is nothing.
 std::optional<FilePath> placeOfGiven(const FilePath &path);

@@ -113,6 +113,7 @@ TEST(CleanCommand, YesOnTheCommandLineSkipsTheQuestion)
     EXPECT_THAT(run.output.toStdString(), StartsWith(" Size  Risk "));
     EXPECT_THAT(run.output.toStdString(), HasSubstr(allMoved));
     EXPECT_THAT(run.output.toStdString(), Not(HasSubstr("[y/N]")));
+    EXPECT_THAT(run.output.toStdString(), EndsWith("\nTo put something back: tidlo-cli restore\n"));
     EXPECT_THAT(existing(selectedPaths(*home)), IsEmpty());
 }
 

@@ -36,7 +36,7 @@ TEST(CommandLine, HelpGoesToStandardOutput)
 TEST(CommandLine, EachCommandHasItsOwnHelpThatFitsInto80Columns)
 {
     const TemporaryHome home;
-    for (const QByteArray command : {"scan", "clean", "explain"}) {
+    for (const QByteArray command : {"scan", "clean", "restore", "explain"}) {
         const CliRun run = runCli(home, {command, "--help"});
         EXPECT_EQ(run.status, 0);
         EXPECT_EQ(run.errors, "");
@@ -80,6 +80,8 @@ TEST(CommandLine, WhatIsWrongIsSaidOnStandardErrorWithAUsageLine)
     const char *const scan = "Usage: tidlo-cli scan [--paths] [--json] [--except <path>] [--also <folder>]\n";
     const char *const clean = "Usage: tidlo-cli clean [--yes] [--dry-run] [--risk <risk>] [--paths] [--json]\n"
                               "       [--except <path>] [--also <folder>]\n";
+    const char *const restore = "Usage: tidlo-cli restore [--since <time>] [--all] [--yes] [--dry-run] [--json]\n"
+                                "       [path...]\n";
     const std::array misuses{
         Misuse{{}, "No command was given.", program},
         Misuse{{"sweep"}, "Unknown command 'sweep'.", program},
@@ -92,6 +94,15 @@ TEST(CommandLine, WhatIsWrongIsSaidOnStandardErrorWithAUsageLine)
         Misuse{{"scan", "--", "--json"}, "Unexpected argument '--json'.", scan},
         Misuse{{"scan", "--json=yes"}, "Unexpected value after '--json'.", scan},
         Misuse{{"scan", "--yes"}, "Unknown option 'yes'.", scan},
+        Misuse{{"restore", "--all"}, "--all goes with --since, and without paths.", restore},
+        Misuse{{"restore", "--all", "--since", "1h", "x"}, "--all goes with --since, and without paths.", restore},
+        Misuse{{"restore", "--yes"}, "Name what is to be put back, or add --since and --all.", restore},
+        Misuse{{"restore", "--dry-run", "--since", "1h"},
+               "Name what is to be put back, or add --since and --all.",
+               restore},
+        Misuse{{"restore", "--since", "1w"},
+               "A time is so many minutes (10min), hours (2h) or days (3d) ago, today, or a date.",
+               restore},
         Misuse{{"clean", "--all"}, "Unknown option 'all'.", clean},
         Misuse{{"clean", "here"}, "Unexpected argument 'here'.", clean},
         Misuse{{"clean", "--risk"}, "Missing value after '--risk'.", clean},

@@ -1,0 +1,217 @@
+#include "cli/CommandHelp.h"
+#include "cli/Commands.h"
+#include "cli/FindingsText.h"
+#include "cli/PathArgument.h"
+#include "cli/ProgressLine.h"
+#include "cli/RestoreOutcome.h"
+#include "cli/StopOnSignal.h"
+#include "cli/TrashText.h"
+#include "platform/Places.h"
+#include "platform/VisibleText.h"
+
+#include <nlohmann/json.hpp>
+
+#include <unistd.h>
+
+namespace tidlo {
+
+namespace {
+
+/// What the person asked for.
+struct Wishes
+{
+    QStringList paths;
+    std::optional<FileTime> since;
+    bool all = false;
+    bool dryRun = false;
+    bool question = true;
+    bool json = false;
+
+    bool isListing() const { return paths.isEmpty() && !all; }
+};
+
+/// What is wrong with \a options; nothing if they can be done.
+std::optional<QString> complaintAbout(const QCommandLineParser &options, const Wishes &wishes)
+{
+    const bool hasSince = options.isSet(QStringLiteral("since"));
+    if (hasSince && !wishes.since)
+        return QStringLiteral("A time is so many minutes (10min), hours (2h) or days (3d) ago, today, or a date.");
+    if (wishes.all && (!hasSince || !wishes.paths.isEmpty()))
+        return QStringLiteral("--all goes with --since, and without paths.");
+    if (wishes.isListing() && (wishes.dryRun || options.isSet(QStringLiteral("yes"))))
+        return QStringLiteral("Name what is to be put back, or add --since and --all.");
+    return std::nullopt;
+}
+
+Wishes wishesFrom(const QCommandLineParser &options)
+{
+    const bool dryRun = options.isSet(QStringLiteral("dry-run"));
+    return {.paths = options.positionalArguments(),
+            .since = momentOf(options.value(QStringLiteral("since")), QDateTime::currentDateTime()),
+            .all = options.isSet(QStringLiteral("all")),
+            .dryRun = dryRun,
+            .question = !dryRun && !options.isSet(QStringLiteral("yes")),
+            .json = options.isSet(QStringLiteral("json"))};
+}
+
+/// An interruption ends the program by its signal: reading changes nothing.
+TrashContents contentsOf(FileSizeScanner &scanner, const Wishes &wishes)
+{
+    ProgressLine line;
+    line.show(QStringLiteral("Reading the Trash"));
+    TrashContents contents = QCoro::waitFor(scanner.trashedItems());
+    if (wishes.since)
+        contents.items.removeIf([&](const ListedItem &item) { return !item.moved || *item.moved < *wishes.since; });
+    return contents;
+}
+
+void complainOfUnread(const TrashContents &contents)
+{
+    for (const UnreadTrash &trash : contents.unread)
+        complain(visibleText(trash.path) + QStringLiteral(": ") + trash.reason);
+}
+
+nlohmann::ordered_json jsonOf(const TrashContents &contents)
+{
+    nlohmann::ordered_json items = nlohmann::ordered_json::array();
+    for (const ListedItem &each : contents.items) {
+        nlohmann::ordered_json item;
+        item["path"] = each.item.origin.toStdString();
+        item["moved"] = each.moved ? nlohmann::ordered_json(timeText(each).replace(u' ', u'T').toStdString())
+                                   : nlohmann::ordered_json();
+        item["bytes"] = each.bytes;
+        item["trash"] = each.item.trash.toStdString();
+        item["name"] = each.item.name.toStdString();
+        items.push_back(std::move(item));
+    }
+    nlohmann::ordered_json json;
+    json["items"] = std::move(items);
+    json["unknown"] = contents.unknown;
+    return json;
+}
+
+QString textOf(const TrashContents &contents, const Wishes &wishes)
+{
+    const QString nothing = wishes.since ? QStringLiteral("Nothing was moved to the Trash since then.\n")
+                                         : QStringLiteral("The Trash is empty.\n");
+    const QString unknown = QStringLiteral("%1 more: the Trash does not tell where they were.\n");
+    return (contents.items.isEmpty() && (contents.unknown == 0 || wishes.since)
+                ? nothing
+                : trashText(contents.items, terminalAt(STDOUT_FILENO))) +
+           (contents.unknown == 0 || wishes.since ? QString() : unknown.arg(contents.unknown));
+}
+
+ExitStatus list(const TrashContents &contents, const Wishes &wishes)
+{
+    const ExitStatus printed = wishes.json ? print(jsonOf(contents)) : print(textOf(contents, wishes));
+    complainOfUnread(contents);
+    if (printed != ExitStatus::succeeded)
+        return printed;
+    return contents.unread.isEmpty() ? ExitStatus::succeeded : ExitStatus::failed;
+}
+
+QString selectionText(const RestoreSelection &selection, const Wishes &wishes, const Terminal &terminal)
+{
+    QString text;
+    if (!selection.items.isEmpty())
+        text += trashText(selection.items, terminal);
+    if (!selection.others.isEmpty())
+        text += QStringLiteral("\nEarlier ones of the same places, which stay in the Trash:\n") +
+                trashText(selection.others, terminal);
+    if (wishes.dryRun)
+        text += QStringLiteral("\nDry run: %1 would be put back.\n").arg(selection.text());
+    return text;
+}
+
+/// Standard output is the outcome's alone where that is JSON, and what belongs to a question stands beside it.
+ExitStatus showSelection(const RestoreSelection &selection, const Wishes &wishes)
+{
+    if (!wishes.question && !wishes.json)
+        return print(selectionText(selection, wishes, terminalAt(STDOUT_FILENO)));
+    if (wishes.question || wishes.dryRun)
+        writeAll(STDERR_FILENO, selectionText(selection, wishes, terminalAt(STDERR_FILENO)).toUtf8());
+    return ExitStatus::succeeded;
+}
+
+bool mayBeRestored(const RestoreSelection &selection, const Wishes &wishes)
+{
+    if (wishes.dryRun || selection.items.isEmpty())
+        return false;
+    return !wishes.question ||
+           agreesTo(
+               QStringLiteral("Put back %1? The Trash does not tell which program moved them.").arg(selection.text()));
+}
+
+RestoreOutcome restore(const RestoreSelection &selection, CommandContext &context)
+{
+    ProgressLine line;
+    const StopOnSignal stop([&line] { line.show(QStringLiteral("Stopping after the item at hand")); });
+    line.show(QStringLiteral("Putting back %1").arg(selection.text()));
+    QList<TrashedItem> items;
+    for (const ListedItem &each : selection.items)
+        items.append(each.item);
+    const Restoration restoration = QCoro::waitFor(context.scanner.restore(items, stop.token()));
+    return {.selection = selection, .restoration = restoration, .signal = stop.signal()};
+}
+
+RestoreSelection selectionFrom(const TrashContents &contents, const Wishes &wishes)
+{
+    QList<FilePath> places;
+    for (const QString &argument : wishes.paths) {
+        const FilePath path = pathOfArgument(argument);
+        places.append(placeOfGiven(path).value_or(PlaceFinder().placeOf(absolutePath(path))));
+    }
+    return restoreSelection(contents.items, places);
+}
+
+ExitStatus runRestore(const QCommandLineParser &options, CommandContext &context)
+{
+    const Wishes wishes = wishesFrom(options);
+    if (const auto complaint = complaintAbout(options, wishes))
+        return reportMisuse(restoreCommand(), *complaint);
+    if (!wishes.isListing() && wishes.question && !canAsk()) {
+        complain(QStringLiteral("There is no terminal to ask on. Add --yes to put back without a question, or "
+                                "--dry-run."));
+        return ExitStatus::misused;
+    }
+    const TrashContents contents = contentsOf(context.scanner, wishes);
+    if (wishes.isListing())
+        return list(contents, wishes);
+
+    complainOfUnread(contents);
+    const RestoreSelection selection = selectionFrom(contents, wishes);
+    if (const ExitStatus status = showSelection(selection, wishes); status != ExitStatus::succeeded)
+        return status;
+    const RestoreOutcome outcome = mayBeRestored(selection, wishes)
+                                       ? restore(selection, context)
+                                       : RestoreOutcome{.selection = selection, .restoration = {}};
+    const ExitStatus printed = wishes.json ? print(outcome.json()) : print(outcome.text());
+    writeAll(STDERR_FILENO, outcome.complaint().toUtf8());
+    return printed == ExitStatus::succeeded ? outcome.exitStatus() : printed;
+}
+
+} // namespace
+
+Command restoreCommand()
+{
+    return {.name = "restore",
+            .summary = "Show what the Trash holds, and put back what you name.",
+            .description = "Shows what your Trashes hold, the last moved first, whichever program moved it.\n"
+                           "With paths it puts back what was at or beneath them, after a question; of\n"
+                           "several items of one place the one that was moved last. Nothing is ever\n"
+                           "replaced, and folders that are missing are made. Ctrl-C stops between two\n"
+                           "items.\n"
+                           "\n"
+                           "The exit status is 0 if nothing stayed that was to be put back, 1 if something\n"
+                           "stayed or a Trash could not be read, 2 if there is no terminal to ask on, 130\n"
+                           "after Ctrl-C.\n",
+            .options = {{"since", "Only what was moved since then: 10min, 2h, 3d, today, a date.", "time"},
+                        {"all", "Put back all that was moved since then."},
+                        {"yes", "Put back without a question."},
+                        {"dry-run", "Show what would be put back, and move nothing."},
+                        {"json", "Print one JSON object, and nothing else."}},
+            .run = runRestore,
+            .arguments = "path..."};
+}
+
+} // namespace tidlo

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "cli/Terminal.h"
+#include "platform/TrashContents.h"
+
+namespace tidlo {
+
+/// A table of \a items: when each was moved, its size, and where it was, with what could act on the terminal escaped.
+QString trashText(const QList<ListedItem> &items, const Terminal &terminal);
+
+/// When the item was moved, in local time: "2026-01-31 23:59:59". Empty if that is not known.
+QString timeText(const ListedItem &item);
+
+} // namespace tidlo
