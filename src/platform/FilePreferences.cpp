@@ -1,6 +1,8 @@
 #include "platform/AtomicFile.h"
+#include "platform/FolderLock.h"
 #include "platform/PreferenceStore.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QSettings>
 #include <QTemporaryDir>
@@ -36,28 +38,56 @@ public:
     void set(QLatin1StringView key, const QVariant &value) override
     {
         own.insert(key, value);
-        store();
+        const FolderLock lock(QFile::encodeName(folder()));
+        stored.sync(); // Another program may have set something else.
+        if (lock.isHeld() && stored.status() != QSettings::AccessError)
+            store(own);
+    }
+
+    std::optional<QVariant> kept(QLatin1StringView key) override
+    {
+        return isReadable(key) ? std::optional(stored.value(key)) : std::nullopt;
+    }
+
+    bool change(QLatin1StringView key, const std::function<QVariant(const QVariant &)> &changed) override
+    {
+        if (!QDir().mkpath(folder()))
+            return false;
+        const FolderLock lock(QFile::encodeName(folder()));
+        return lock.isHeld() && isReadable(key) && store({{key, changed(stored.value(key))}});
     }
 
 private:
-    void store()
+    QString folder() const { return QFileInfo(stored.fileName()).absolutePath(); }
+
+    /// Reads the file anew. Whether it tells what is under \a key, or that nothing is. A damaged file may hold a key
+    /// that nothing is read from.
+    bool isReadable(QLatin1StringView key)
     {
-        stored.sync(); // Another program may have set something else.
-        if (stored.status() == QSettings::AccessError)
-            return;
+        stored.sync();
+        QFile file(stored.fileName());
+        if (!file.exists())
+            return true;
+        return file.open(QIODevice::ReadOnly) && (stored.contains(key) || !file.readAll().contains(key.data()));
+    }
+
+    /// Replaces what is stored by itself with \a changes.
+    bool store(const QVariantMap &changes)
+    {
         QVariantMap values;
         for (const QString &key : stored.allKeys())
             values.insert(key, stored.value(key));
-        values.insert(own);
+        values.insert(changes);
         values.removeIf([](const QVariantMap::iterator &entry) { return !entry->isValid(); });
         const QByteArray content = fileSaying(values);
         if (content.isEmpty() && !values.isEmpty())
-            return;
+            return false;
         const QFileInfo file(stored.fileName());
         const QString place =
             file.exists() ? file.canonicalFilePath() : file.filePath(); // Some people make links of them.
-        writeAtomically(QFile::encodeName(place), content);
+        const bool isWritten = writeAtomically(QFile::encodeName(place), content) == 0;
         stored.sync();
+        return isWritten;
     }
 
     QSettings stored; ///< Only read from.

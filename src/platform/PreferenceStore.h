@@ -3,7 +3,9 @@
 #include <QLatin1StringView>
 #include <QVariant>
 
+#include <functional>
 #include <memory>
+#include <optional>
 
 namespace tidlo {
 
@@ -18,6 +20,14 @@ public:
 
     /// Holds \a value from now on, and keeps it at once where it can be kept. An invalid one leaves nothing there.
     virtual void set(QLatin1StringView key, const QVariant &value) = 0;
+
+    /// What is kept under \a key at this moment, whoever set it: a text or a truth value, or an invalid one if there is
+    /// none. Nothing if the place is there and cannot be read.
+    virtual std::optional<QVariant> kept(QLatin1StringView key) = 0;
+
+    /// Keeps what \a changed makes of what is kept under \a key: one step, between which no other program sets anything
+    /// here. False if that could not be read or kept; then nothing has changed.
+    virtual bool change(QLatin1StringView key, const std::function<QVariant(const QVariant &)> &changed) = 0;
 };
 
 /// The place that this system has for those of this user. Needs no application object.

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "model/FilePath.h"
 #include "platform/PreferenceStore.h"
 
+#include <QList>
 #include <QObject>
 
 namespace tidlo {
@@ -18,6 +20,10 @@ public:
     static constexpr QLatin1StringView theme{"tidloTheme"};                     ///< A text; "dark".
     static constexpr QLatin1StringView setupCompleted{"tidlo.setup.completed"}; ///< A truth value; false.
 
+    // Those of lists of paths, absent until one is added.
+    static constexpr QLatin1StringView spared{"tidlo.spared"}; ///< Places that are never suggested.
+    static constexpr QLatin1StringView places{"tidlo.places"}; ///< Folders where projects are looked for as well.
+
     /// The preferences of this user. Needs no application object.
     explicit UserDefaults(QObject *parent = nullptr);
 
@@ -27,6 +33,14 @@ public:
     QString string(QLatin1StringView key, const QString &otherwise) const;
     bool boolean(QLatin1StringView key) const;
 
+    /// The list under \a key as it is kept at this moment, whoever set it; nothing if it may be there and cannot be
+    /// read, which never counts as empty.
+    std::optional<QList<FilePath>> paths(QLatin1StringView key) const;
+    /// Keeps it with \a path added at its end, or without it. One step, between which no other program changes it.
+    /// False if that cannot be kept, or the list not be read.
+    bool addPath(QLatin1StringView key, const FilePath &path);
+    bool removePath(QLatin1StringView key, const FilePath &path);
+
     /// Stores at once, and tells whether or not the value is another. An invalid one leaves nothing stored.
     void set(QLatin1StringView key, const QVariant &value);
 
@@ -34,6 +48,8 @@ Q_SIGNALS:
     void changed(const QString &key);
 
 private:
+    bool changePaths(QLatin1StringView key, const std::function<void(QList<FilePath> &)> &change);
+
     const std::unique_ptr<PreferenceStore> store;
 };
 

@@ -21,7 +21,9 @@ namespace tidlo {
 using testing::AnyOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
+using testing::IsEmpty;
 using testing::Key;
+using testing::Not;
 using testing::UnorderedElementsAre;
 
 namespace {
@@ -375,6 +377,109 @@ TEST_F(UserDefaultsTest, ReplacesNoFileThatItCannotRead)
     chmod(file.toLocal8Bit().constData(), 0600);
     EXPECT_TRUE(result.succeeded) << result.output;
     EXPECT_EQ(content(), "other=kept\n");
+}
+
+TEST_F(UserDefaultsTest, KeepListsOfPathsOfAnyBytes)
+{
+    UserDefaults defaults(file);
+    EXPECT_THAT(defaults.paths(UserDefaults::spared).value(), IsEmpty());
+    for (const char *path : {"/plain", "/with space", "/caf\xe9", "/100%", "/new\nline", "/a,b;c=\"d\"", "/@Invalid()"})
+        EXPECT_TRUE(defaults.addPath(UserDefaults::spared, path));
+    EXPECT_TRUE(defaults.addPath(UserDefaults::spared, "/plain"));
+    EXPECT_TRUE(defaults.removePath(UserDefaults::spared, "/100%"));
+    EXPECT_THAT(UserDefaults(file).paths(UserDefaults::spared).value(),
+                ElementsAre("/plain", "/with space", "/caf\xe9", "/new\nline", "/a,b;c=\"d\"", "/@Invalid()"));
+    EXPECT_THAT(defaults.paths(UserDefaults::places).value(), IsEmpty());
+}
+
+TEST_F(UserDefaultsTest, AnEmptyListIsNotThere)
+{
+    UserDefaults defaults(file);
+    EXPECT_TRUE(defaults.addPath(UserDefaults::places, "/a"));
+    EXPECT_THAT(content(), HasSubstr("tidlo.places"));
+    EXPECT_TRUE(defaults.removePath(UserDefaults::places, "/a"));
+    EXPECT_THAT(content(), Not(HasSubstr("tidlo.places")));
+}
+
+TEST_F(UserDefaultsTest, AListIsAsAnyProgramKeptItLast)
+{
+    UserDefaults window(file);
+    window.set(UserDefaults::theme, QStringLiteral("light"));
+    EXPECT_TRUE(window.addPath(UserDefaults::spared, "/a"));
+    UserDefaults command(file);
+    EXPECT_TRUE(command.addPath(UserDefaults::spared, "/b"));
+    EXPECT_TRUE(command.removePath(UserDefaults::spared, "/a"));
+    EXPECT_THAT(window.paths(UserDefaults::spared).value(), ElementsAre("/b"));
+    window.set(UserDefaults::theme, QStringLiteral("dark"));
+    EXPECT_THAT(UserDefaults(file).paths(UserDefaults::spared).value(), ElementsAre("/b"));
+    EXPECT_EQ(theme(UserDefaults(file)), QStringLiteral("dark"));
+}
+
+TEST_F(UserDefaultsTest, ListsThatManyProgramsChangeAtOnceLoseNothing)
+{
+    constexpr int programs = 8;
+    constexpr int each = 20;
+    std::vector<pid_t> children;
+    for (int program = 0; program < programs; ++program) {
+        const pid_t child = fork();
+        if (child == 0) {
+            UserDefaults defaults(file);
+            bool isKept = true;
+            for (int number = 0; number < each; ++number) {
+                const FilePath path = '/' + FilePath::number(program) + '/' + FilePath::number(number);
+                while (!defaults.addPath(UserDefaults::spared, path)) {
+                    isKept = false; // Only the lock may have been missed.
+                }
+                defaults.set(UserDefaults::theme, QString::number(number));
+            }
+            _exit(isKept ? 0 : 1);
+        }
+        children.push_back(child);
+    }
+    for (const pid_t child : children)
+        waitpid(child, nullptr, 0);
+    EXPECT_EQ(UserDefaults(file).paths(UserDefaults::spared).value().size(), programs * each);
+}
+
+TEST_F(UserDefaultsTest, AListThatCannotBeReadNeverCountsAsEmpty)
+{
+    for (const char *list : {"relative", "/a%zz", "/a  /b", "/a%00", "", "[1, 2]", "/\xff"}) {
+        writeFile(QByteArray("[General]\ntidlo.spared=") + list + "\n");
+        UserDefaults defaults(file);
+        EXPECT_EQ(defaults.paths(UserDefaults::spared), std::nullopt) << list;
+        EXPECT_FALSE(defaults.addPath(UserDefaults::spared, "/b")) << list;
+        EXPECT_EQ(UserDefaults(file).paths(UserDefaults::spared), std::nullopt) << "It is as it was: " << list;
+    }
+    writeFile("[General]\ntidlo.spared\n");
+    EXPECT_EQ(UserDefaults(file).paths(UserDefaults::spared), std::nullopt);
+}
+
+TEST_F(UserDefaultsTest, AListInADamagedFileThatNeverHeldOneIsEmpty)
+{
+    writeFile("garbage\n");
+    EXPECT_THAT(UserDefaults(file).paths(UserDefaults::spared).value(), IsEmpty());
+}
+
+TEST_F(UserDefaultsTest, AListInAFileThatCannotBeOpenedCannotBeRead)
+{
+    UserDefaults(file).addPath(UserDefaults::spared, "/a");
+    const ChildResult result = inChild([this] {
+        chmod(QFile::encodeName(file).constData(), 0);
+        const bool isOrdinaryUser = geteuid() != 0 || becomeNobody();
+        UserDefaults defaults(file);
+        EXPECT_EQ(defaults.paths(UserDefaults::spared), std::nullopt);
+        EXPECT_FALSE(defaults.addPath(UserDefaults::spared, "/b"));
+        return isOrdinaryUser && !HasFailure();
+    });
+    EXPECT_TRUE(result.succeeded) << result.output;
+}
+
+TEST_F(UserDefaultsTest, AListThatWouldBeTooLongIsNotKept)
+{
+    UserDefaults defaults(file);
+    EXPECT_TRUE(defaults.addPath(UserDefaults::spared, '/' + FilePath(900'000, 'x')));
+    EXPECT_FALSE(defaults.addPath(UserDefaults::spared, '/' + FilePath(200'000, 'y')));
+    EXPECT_EQ(defaults.paths(UserDefaults::spared).value().size(), 1);
 }
 
 } // namespace tidlo

@@ -1,3 +1,5 @@
+#include "platform/FolderLock.h"
+#include "platform/HomeFolder.h"
 #include "platform/PreferenceStore.h"
 
 #import <Foundation/Foundation.h>
@@ -28,6 +30,23 @@ public:
             [defaults setBool:value.toBool() forKey:name(key)];
         else
             [defaults setObject:value.toString().toNSString() forKey:name(key)];
+    }
+
+    std::optional<QVariant> kept(QLatin1StringView key) override
+    {
+        const bool isThere = [defaults objectForKey:name(key)] != nil;
+        const QVariant found = value(key);
+        return isThere && !found.isValid() ? std::nullopt : std::optional(found);
+    }
+
+    bool change(QLatin1StringView key, const std::function<QVariant(const QVariant &)> &changed) override
+    {
+        const FolderLock lock(homeFolder());
+        const std::optional<QVariant> former = kept(key);
+        if (!lock.isHeld() || !former)
+            return false;
+        set(key, changed(*former));
+        return [defaults synchronize];
     }
 
 private:

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "platform/Descriptor.h"
+
+#include <cerrno>
+#include <chrono>
+#include <thread>
+
+#include <fcntl.h>
+#include <sys/file.h>
+
+namespace tidlo {
+
+/// Held, no other program that asks for it changes what it guards in the same folder. It is let go by the system, too,
+/// where the program is killed.
+class FolderLock final
+{
+public:
+    explicit FolderLock(const FilePath &folder)
+        : descriptor(::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
+    {
+        constexpr int tries = 100; // For a second: who holds it longer is stopped, or broken.
+        for (int left = tries; left > 0 && !isFree(); --left)
+            std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    }
+
+    /// Whether it was had in time. True where the system has none of the kind.
+    bool isHeld() const { return !isMissed; }
+
+private:
+    bool isFree()
+    {
+        isMissed = descriptor.isValid() && flock(descriptor.get(), LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+        return !isMissed;
+    }
+
+    const Descriptor descriptor;
+    bool isMissed = false;
+};
+
+} // namespace tidlo
