@@ -35,7 +35,9 @@ struct AppState
     ScanResult scanned;           ///< What the last scan found, whatever became of its candidates.
     ItemTicks ticks;              ///< What of it was unticked, item by item.
     QList<StayedItem> stayed;     ///< What the cleanup of the report could not move.
-    bool isMovingToTrash = false; ///< A cleanup is under way.
+    QList<TrashedItem> trashed;   ///< What the last cleanup moved to the Trash and nobody has put back here.
+    QList<StayedItem> notPutBack; ///< What of it could not be put back when that was tried last.
+    bool isMovingFiles = false;   ///< A cleanup is under way, or its items are being put back.
 };
 
 } // namespace tidlo

@@ -101,8 +101,13 @@ public:
     QList<bool> ticksOf(const QUuid &id) const;
     /// What the last cleanup could not move. Empty again when a scan begins.
     QList<StayedItem> stayed() const { return read(state.stayed); }
-    /// Whether a cleanup is under way: then no other can begin.
-    bool isMovingToTrash() const { return read(state.isMovingToTrash); }
+    /// Whether there is something of the last cleanup of this run that can be put back now.
+    bool canPutBack() const { return !read(state.trashed).isEmpty() && !state.isMovingFiles; }
+    /// What could not be put back, until that is acknowledged.
+    QList<StayedItem> notPutBack() const { return read(state.notPutBack); }
+    void acknowledgeNotPutBack() { setNotPutBack({}); }
+    /// Whether a cleanup is under way, or is being taken back: then neither can begin.
+    bool isMovingFiles() const { return read(state.isMovingFiles); }
 
     /// Held as long as an operation is under way, also when this object is gone: then operations end soon, each at its
     /// next turn of the event loop.
@@ -147,6 +152,10 @@ public:
     /// selected, or while they are being moved.
     Q_INVOKABLE void moveSelectedToTrash();
 
+    /// Puts everything that the last cleanup of this run moved to the Trash back where it was, and scans again. What
+    /// cannot be put back is told by notPutBack(), and can be tried again. Does nothing unless canPutBack().
+    Q_INVOKABLE void putEverythingBack();
+
     /// Declines the offer to move to the Applications folder; the wizard follows where setup has not been completed.
     Q_INVOKABLE void skipMoveToApplicationsPrompt();
 
@@ -182,7 +191,8 @@ Q_SIGNALS:
     void showMoveToApplicationsErrorChanged();
     void moveToApplicationsErrorMessageChanged();
     void isGeneratingAIChanged();
-    void isMovingToTrashChanged();
+    void isMovingFilesChanged(); ///< And with it perhaps what can be put back.
+    void notPutBackChanged();
 
 protected:
     void setPhase(ScanPhase value) { assign(state.phase, std::move(value), &AppViewModel::phaseChanged); }
@@ -247,7 +257,9 @@ private:
     QCoro::Task<> explainWithGemini();
     QCoro::Task<> runCleanup(QList<CleanupCandidate> selected);
     void setCleanup(std::optional<CleanupReport> report, QList<StayedItem> stayed);
-    void setMovingToTrash(bool isMoving);
+    QCoro::Task<> runPutBack();
+    void setMovingFiles(bool isMoving);
+    void setNotPutBack(const QList<StayedItem> &items);
     bool isSetupNeeded() const;
     bool canBePlaced() const;
     void openCopy();

@@ -7,9 +7,9 @@ namespace tidlo {
 void AppViewModel::moveSelectedToTrash()
 {
     const QList<CleanupCandidate> selected = selectedCandidates();
-    if (selected.isEmpty() || state.isMovingToTrash)
+    if (selected.isEmpty() || state.isMovingFiles)
         return;
-    setMovingToTrash(true);
+    setMovingFiles(true);
     setPhase(ScanPhase::scanning);
     setSection(AppSection::scan);
     setScanProgress(0.22);
@@ -34,10 +34,11 @@ QCoro::Task<> AppViewModel::runCleanup(QList<CleanupCandidate> selected)
             return candidate.selected && candidate.risk != CleanupRisk::never;
         });
     });
+    state.trashed = cleanup.moved;
     setCleanup(cleanup.report, cleanup.stayed);
     setPhase(ScanPhase::report);
     setSection(AppSection::report);
-    setMovingToTrash(false);
+    setMovingFiles(false);
 }
 
 void AppViewModel::setCleanup(std::optional<CleanupReport> report, QList<StayedItem> stayed)
@@ -48,10 +49,41 @@ void AppViewModel::setCleanup(std::optional<CleanupReport> report, QList<StayedI
     });
 }
 
-void AppViewModel::setMovingToTrash(bool isMoving)
+void AppViewModel::putEverythingBack()
 {
-    state.isMovingToTrash = isMoving;
-    Q_EMIT isMovingToTrashChanged();
+    if (!canPutBack())
+        return;
+    setMovingFiles(true);
+    setPhase(ScanPhase::scanning);
+    setSection(AppSection::scan);
+    setScanProgress(0.22);
+    setScanLabel(QStringLiteral("Putting files back"));
+    runPutBack();
+}
+
+QCoro::Task<> AppViewModel::runPutBack()
+{
+    const std::shared_ptr<const void> held = underWay;
+    const QPointer<AppViewModel> self(this);
+    const Restoration restoration = co_await scanner.restore(state.trashed);
+    if (!self)
+        co_return;
+    state.trashed = restoration.left;
+    setMovingFiles(false);
+    startScan();
+    setNotPutBack(restoration.stayed);
+}
+
+void AppViewModel::setMovingFiles(bool isMoving)
+{
+    state.isMovingFiles = isMoving;
+    Q_EMIT isMovingFilesChanged();
+}
+
+void AppViewModel::setNotPutBack(const QList<StayedItem> &items)
+{
+    state.notPutBack = items;
+    Q_EMIT notPutBackChanged();
 }
 
 } // namespace tidlo

@@ -92,23 +92,23 @@ TEST_F(CleanupFlow, IsNotBegunAgainWhileItIsUnderWay)
     show({withFiles("A", {"a"}), withFiles("B", {"b"})});
     NotificationLog log(model());
     int changes = 0;
-    QObject::connect(&model(), &AppViewModel::isMovingToTrashChanged, [&changes] { ++changes; });
-    EXPECT_FALSE(model().isMovingToTrash());
+    QObject::connect(&model(), &AppViewModel::isMovingFilesChanged, [&changes] { ++changes; });
+    EXPECT_FALSE(model().isMovingFiles());
 
     model().moveSelectedToTrash();
-    EXPECT_TRUE(model().isMovingToTrash());
+    EXPECT_TRUE(model().isMovingFiles());
     log.taken();
     model().moveSelectedToTrash();
     EXPECT_THAT(log.taken(), IsEmpty());
     waitForReport();
 
-    EXPECT_FALSE(model().isMovingToTrash());
+    EXPECT_FALSE(model().isMovingFiles());
     EXPECT_EQ(changes, 2);
     EXPECT_EQ(model().cleanupReport()->removedItems, 2);
     // And another can begin.
     show({withFiles("C", {"c"})});
     model().moveSelectedToTrash();
-    waitUntil([&] { return !model().isMovingToTrash(); });
+    waitUntil([&] { return !model().isMovingFiles(); });
     EXPECT_EQ(model().cleanupReport()->removedItems, 1);
 }
 

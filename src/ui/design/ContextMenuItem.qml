@@ -2,12 +2,14 @@ import QtQuick
 import QtQuick.Templates as T
 import Tidlo.Design
 
-/// A line of a context menu.
+/// A line of a context menu, that is there while it can be chosen.
 T.MenuItem {
     id: root
 
     implicitWidth: implicitContentWidth + leftPadding + rightPadding
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
+    height: root.enabled ? implicitHeight : 0
+    visible: root.enabled
     leftPadding: 10
     rightPadding: 10
     topPadding: 6

@@ -52,7 +52,7 @@ Findings::Findings(AppViewModel &shown, QObject *parent)
 {
     connect(&app, &AppViewModel::candidatesChanged, this, &Findings::updateRows);
     connect(&app, &AppViewModel::candidatesChanged, this, &Findings::selectionChanged);
-    connect(&app, &AppViewModel::isMovingToTrashChanged, this, &Findings::selectionChanged);
+    connect(&app, &AppViewModel::isMovingFilesChanged, this, &Findings::selectionChanged);
     connect(&app, &AppViewModel::selectedFilterChanged, this, &Findings::updateRows);
     connect(&app, &AppViewModel::selectedFilterChanged, this, &Findings::filterChanged);
     connect(&app, &AppViewModel::totalsChanged, this, &Findings::headlineChanged);
@@ -89,7 +89,7 @@ QString Findings::selectionText() const
 
 bool Findings::canMove() const
 {
-    return !app.isMovingToTrash() && !app.selectedCandidates().isEmpty();
+    return !app.isMovingFiles() && !app.selectedCandidates().isEmpty();
 }
 
 Findings::Filter Findings::filter() const

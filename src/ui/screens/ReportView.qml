@@ -14,10 +14,10 @@ Item {
     property double cornerRadius: 0
 
     function showMenu(x: double, y: double, byKeys: bool) {
-        if (!root.report.hasStayed)
+        if (!root.report.hasStayed && !root.report.canPutBack)
             return;
         menu.popup(root, x, y);
-        menu.currentIndex = byKeys ? 0 : -1;
+        menu.currentIndex = !byKeys ? -1 : root.report.canPutBack ? 0 : 1;
     }
 
     TapHandler {
@@ -29,6 +29,12 @@ Item {
         enabled: root.visible
         sequences: ["Menu", "Shift+F10"]
         onActivated: root.showMenu(22, header.height + 22, true)
+    }
+
+    Shortcut {
+        enabled: root.visible && root.report.canPutBack
+        sequences: [StandardKey.Undo]
+        onActivated: root.report.putEverythingBack()
     }
 
     HeaderRow {
@@ -115,21 +121,34 @@ Item {
         id: menu
 
         // Acted upon once the menu has given the keyboard back.
-        property bool chosen: false
+        property ContextMenuItem chosen: null
 
         objectName: "reportMenu"
-        onAboutToShow: menu.chosen = false
+        onAboutToShow: menu.chosen = null
         onClosed: {
-            if (!menu.chosen)
-                return;
-            root.items.inspect();
-            sheet.open();
+            if (menu.chosen === putBack) {
+                root.report.putEverythingBack();
+            } else if (menu.chosen === showStayed) {
+                root.items.inspect();
+                sheet.open();
+            }
         }
 
         ContextMenuItem {
+            id: putBack
+
+            objectName: "putBack"
+            text: qsTr("Put everything back")
+            enabled: root.report.canPutBack
+            onTriggered: menu.chosen = putBack
+        }
+        ContextMenuItem {
+            id: showStayed
+
             objectName: "showStayed"
             text: qsTr("What stayed…")
-            onTriggered: menu.chosen = true
+            enabled: root.report.hasStayed
+            onTriggered: menu.chosen = showStayed
         }
     }
 

@@ -2,6 +2,8 @@
 
 #include "model/TidloPercent.h"
 #include "platform/ByteCountFormatter.h"
+#include "platform/VisibleText.h"
+#include "ui/screens/Excerpt.h"
 
 #include <algorithm>
 
@@ -14,6 +16,8 @@ ShownReport::ShownReport(AppViewModel &shown, QObject *parent)
     connect(&app, &AppViewModel::cleanupReportChanged, this, &ShownReport::changed);
     connect(&app, &AppViewModel::candidatesChanged, this, &ShownReport::changed);
     connect(&app, &AppViewModel::totalsChanged, this, &ShownReport::changed);
+    connect(&app, &AppViewModel::isMovingFilesChanged, this, &ShownReport::canPutBackChanged);
+    connect(&app, &AppViewModel::notPutBackChanged, this, &ShownReport::notPutBackChanged);
 }
 
 CleanupReport ShownReport::reportOf(const AppViewModel &app)
@@ -42,6 +46,22 @@ QString ShownReport::diskText() const
 bool ShownReport::hasStayed() const
 {
     return !app.stayed().isEmpty();
+}
+
+QString ShownReport::notPutBack() const
+{
+    constexpr qsizetype told = 3;
+    constexpr qsizetype charactersOfPath = 200;
+    const QList<StayedItem> items = app.notPutBack();
+    QStringList texts;
+    for (const StayedItem &item : items.first(std::min(told, items.size()))) {
+        const Excerpt path = excerptOf(visibleText(item.path), charactersOfPath);
+        texts.append(path.text + (path.more > 0 ? QStringLiteral("…\n") : QStringLiteral("\n")) +
+                     visibleText(item.reason));
+    }
+    if (items.size() > told)
+        texts.append(QStringLiteral("And %1 more.").arg(items.size() - told));
+    return texts.join(QStringLiteral("\n\n"));
 }
 
 double ShownReport::freeShare() const

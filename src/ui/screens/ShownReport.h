@@ -39,6 +39,8 @@ class ShownReport : public QObject
     Q_PROPERTY(QString freeText READ freeText NOTIFY changed)
     Q_PROPERTY(QList<tidlo::ReportFigure> figures READ figures NOTIFY changed)
     Q_PROPERTY(bool hasStayed READ hasStayed NOTIFY changed)
+    Q_PROPERTY(bool canPutBack READ canPutBack NOTIFY canPutBackChanged)
+    Q_PROPERTY(QString notPutBack READ notPutBack NOTIFY notPutBackChanged)
 
 public:
     /// \a app must outlive it.
@@ -54,8 +56,18 @@ public:
     QList<ReportFigure> figures() const;
     bool hasStayed() const; ///< Whether the cleanup left something where it was.
 
+    bool canPutBack() const { return app.canPutBack(); }
+    /// What could not be put back and why, for a person: the first three, and how many more; empty if there is nothing.
+    QString notPutBack() const;
+
+    /// As AppViewModel has them.
+    Q_INVOKABLE void putEverythingBack() { app.putEverythingBack(); }
+    Q_INVOKABLE void acknowledgeNotPutBack() { app.acknowledgeNotPutBack(); }
+
 Q_SIGNALS:
     void changed();
+    void canPutBackChanged();
+    void notPutBackChanged();
 
 private:
     AppViewModel &app;

@@ -127,6 +127,16 @@ FocusScope {
         onClosed: root.shown.app.showMoveToApplicationsError = false
     }
 
+    Alert {
+        objectName: "notPutBackAlert"
+        visible: root.shown.report.notPutBack !== ""
+        windowRadius: root.cornerRadius
+        title: qsTr("Not everything was put back")
+        message: root.shown.report.notPutBack
+        defaultText: qsTr("OK")
+        onClosed: root.shown.report.acknowledgeNotPutBack()
+    }
+
     Sheet {
         objectName: "setupSheet"
         visible: root.shown.app.showSetupWizard && !root.shown.app.showMoveToApplicationsError // One after the other.

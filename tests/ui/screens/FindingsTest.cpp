@@ -170,7 +170,7 @@ TEST_F(FindingsTest, NothingCanBeMovedWhileSomethingIs)
     show({candidate(CleanupRisk::safe), candidate(CleanupRisk::review)});
     app().moveSelectedToTrash();
     EXPECT_FALSE(findings.canMove());
-    waitUntil([this] { return !app().isMovingToTrash(); });
+    waitUntil([this] { return !app().isMovingFiles(); });
     show({candidate(CleanupRisk::safe)});
     EXPECT_TRUE(findings.canMove());
 }

@@ -25,7 +25,7 @@ protected:
         finding.paths = paths;
         app().setCandidates({finding});
         app().moveSelectedToTrash();
-        waitUntil([this] { return !app().isMovingToTrash(); });
+        waitUntil([this] { return !app().isMovingFiles(); });
         items.inspect();
     }
 

@@ -169,7 +169,7 @@ void Demo::cleanUpInVain(int count)
     }
     model.setCandidates({finding});
     model.moveSelectedToTrash();
-    waitUntil([this] { return !model.isMovingToTrash(); });
+    waitUntil([this] { return !model.isMovingFiles(); });
 }
 
 void Demo::showMovePrompt(bool shown)
