@@ -37,6 +37,7 @@ struct AppState
     QList<StayedItem> stayed;     ///< What the cleanup of the report could not move.
     QList<TrashedItem> trashed;   ///< What the last cleanup moved to the Trash and nobody has put back here.
     QList<StayedItem> notPutBack; ///< What of it could not be put back when that was tried last.
+    bool isSparedUnknown = false; ///< A cleanup was refused, since what is never to be suggested cannot be read.
     bool isMovingFiles = false;   ///< A cleanup is under way, or its items are being put back.
 };
 

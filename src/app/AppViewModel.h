@@ -101,6 +101,15 @@ public:
     QList<bool> ticksOf(const QUuid &id) const;
     /// What the last cleanup could not move. Empty again when a scan begins.
     QList<StayedItem> stayed() const { return read(state.stayed); }
+    /// The listed paths of all findings that hold \a path, and their sizes: what would be spared with it.
+    QList<HoldingItem> holdersOf(const FilePath &path) const { return tidlo::holdersOf(read(state.scanned), path); }
+    /// Keeps \a path, one that is listed, as never to be suggested, and takes it out of what is shown, with what lies
+    /// in it and what holds it. False if that cannot be kept; then nothing changes.
+    bool spare(const FilePath &path);
+    /// Whether nothing was moved to the Trash since it cannot be read what is never to be suggested; until that is
+    /// acknowledged.
+    bool isSparedUnknown() const { return read(state.isSparedUnknown); }
+    void acknowledgeSparedUnknown() { setSparedUnknown(false); }
     /// Whether there is something of the last cleanup of this run that can be put back now.
     bool canPutBack() const { return !read(state.trashed).isEmpty() && !state.isMovingFiles; }
     /// What could not be put back, until that is acknowledged.
@@ -149,7 +158,7 @@ public:
     void viewReport();
 
     /// Moves the selected candidates to the Trash, takes them off the list and shows a report. Does nothing if none is
-    /// selected, or while they are being moved.
+    /// selected, while they are being moved, or where it cannot be read what is never to be suggested.
     Q_INVOKABLE void moveSelectedToTrash();
 
     /// Puts everything that the last cleanup of this run moved to the Trash back where it was, and scans again. What
@@ -193,6 +202,7 @@ Q_SIGNALS:
     void isGeneratingAIChanged();
     void isMovingFilesChanged(); ///< And with it perhaps what can be put back.
     void notPutBackChanged();
+    void isSparedUnknownChanged();
 
 protected:
     void setPhase(ScanPhase value) { assign(state.phase, std::move(value), &AppViewModel::phaseChanged); }
@@ -252,14 +262,16 @@ private:
     }
 
     void replaceCandidates();
+    void deselectEmptied();
     QCoro::Task<> readDiskTotals();
     QCoro::Task<> runScan(std::stop_token cancelled);
     QCoro::Task<> explainWithGemini();
-    QCoro::Task<> runCleanup(QList<CleanupCandidate> selected);
+    QCoro::Task<> runCleanup(QList<CleanupCandidate> selected, QList<FilePath> spared);
     void setCleanup(std::optional<CleanupReport> report, QList<StayedItem> stayed);
     QCoro::Task<> runPutBack();
     void setMovingFiles(bool isMoving);
     void setNotPutBack(const QList<StayedItem> &items);
+    void setSparedUnknown(bool isUnknown);
     bool isSetupNeeded() const;
     bool canBePlaced() const;
     void openCopy();

@@ -9,19 +9,24 @@ void AppViewModel::moveSelectedToTrash()
     const QList<CleanupCandidate> selected = selectedCandidates();
     if (selected.isEmpty() || state.isMovingFiles)
         return;
+    const std::optional<QList<FilePath>> spared = environment.defaults->paths(UserDefaults::spared);
+    if (!spared) {
+        setSparedUnknown(true);
+        return;
+    }
     setMovingFiles(true);
     setPhase(ScanPhase::scanning);
     setSection(AppSection::scan);
     setScanProgress(0.22);
     setScanLabel(QStringLiteral("Moving selected files to Trash"));
-    runCleanup(selected);
+    runCleanup(selected, *spared);
 }
 
-QCoro::Task<> AppViewModel::runCleanup(QList<CleanupCandidate> selected)
+QCoro::Task<> AppViewModel::runCleanup(QList<CleanupCandidate> selected, QList<FilePath> spared)
 {
     const std::shared_ptr<const void> held = underWay;
     const QPointer<AppViewModel> self(this);
-    const Cleanup cleanup = co_await scanner.moveToTrash(std::move(selected));
+    const Cleanup cleanup = co_await scanner.moveToTrash(std::move(selected), std::move(spared));
     if (!self)
         co_return;
     const ScanTotals totals = co_await scanner.diskTotals(environment.fileManager->homeDirectoryForCurrentUser());
@@ -78,6 +83,12 @@ void AppViewModel::setMovingFiles(bool isMoving)
 {
     state.isMovingFiles = isMoving;
     Q_EMIT isMovingFilesChanged();
+}
+
+void AppViewModel::setSparedUnknown(bool isUnknown)
+{
+    state.isSparedUnknown = isUnknown;
+    Q_EMIT isSparedUnknownChanged();
 }
 
 void AppViewModel::setNotPutBack(const QList<StayedItem> &items)

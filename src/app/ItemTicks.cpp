@@ -9,11 +9,6 @@ namespace tidlo {
 
 namespace {
 
-FilePath placeOf(const FilePath &path, const ScanResult &result)
-{
-    return result.places.value(path, path);
-}
-
 QList<int> allItems(const CleanupCandidate &finding)
 {
     QList<int> items(finding.paths.size());
@@ -26,16 +21,16 @@ QList<int> allItems(const CleanupCandidate &finding)
 void ItemTicks::untick(const CleanupCandidate &finding, const QList<int> &items, const ScanResult &result)
 {
     for (const int item : items)
-        unticked.insert(placeOf(finding.paths.at(item), result));
+        unticked.insert(result.placeOf(finding.paths.at(item)));
 }
 
 void ItemTicks::tick(const CleanupCandidate &finding, const QList<int> &items, const ScanResult &result)
 {
     const auto others = passedOver.find(finding.id);
     for (const int item : items) {
-        unticked.removeWithin(placeOf(finding.paths.at(item), result));
+        unticked.removeWithin(result.placeOf(finding.paths.at(item)));
         if (others != passedOver.end())
-            others->remove(item);
+            others->remove(finding.paths.at(item));
     }
     if (others != passedOver.end() && others->isEmpty())
         passedOver.erase(others);
@@ -43,8 +38,7 @@ void ItemTicks::tick(const CleanupCandidate &finding, const QList<int> &items, c
 
 void ItemTicks::tickAlone(const CleanupCandidate &finding, const QList<int> &items, const ScanResult &result)
 {
-    const QList<int> all = allItems(finding);
-    passedOver.insert(finding.id, QSet<int>(all.begin(), all.end()));
+    passedOver.insert(finding.id, QSet<FilePath>(finding.paths.begin(), finding.paths.end()));
     tick(finding, items, result);
 }
 
@@ -55,11 +49,11 @@ void ItemTicks::tickAll(const CleanupCandidate &finding, const ScanResult &resul
 
 QList<bool> ItemTicks::of(const CleanupCandidate &finding, const ScanResult &result) const
 {
-    const QSet<int> others = passedOver.value(finding.id);
+    const QSet<FilePath> others = passedOver.value(finding.id);
     QList<bool> ticks;
     ticks.reserve(finding.paths.size());
-    for (int item = 0; item < finding.paths.size(); ++item)
-        ticks.append(!others.contains(item) && !unticked.hasOneWithin(placeOf(finding.paths.at(item), result)));
+    for (const FilePath &path : finding.paths)
+        ticks.append(!others.contains(path) && !unticked.hasOneWithin(result.placeOf(path)));
     return ticks;
 }
 

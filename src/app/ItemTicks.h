@@ -37,7 +37,7 @@ public:
 
 private:
     PlaceSet unticked;
-    QHash<QUuid, QSet<int>> passedOver; ///< Items of a finding of which others alone were ticked.
+    QHash<QUuid, QSet<FilePath>> passedOver; ///< Items of a finding of which others alone were ticked.
 };
 
 /// The items that \a before has and \a after, the same finding, has not.

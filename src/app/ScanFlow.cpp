@@ -31,7 +31,9 @@ QCoro::Task<> AppViewModel::runScan(std::stop_token cancelled)
         self->setScanProgress(fraction);
         self->setScanLabel(label);
     };
-    const ScanResult result = co_await scanner.scan(showProgress);
+    const ScanWishes wishes{.spared = environment.defaults->paths(UserDefaults::spared).value_or(QList<FilePath>()),
+                            .also = environment.defaults->paths(UserDefaults::places).value_or(QList<FilePath>())};
+    const ScanResult result = co_await scanner.scan(showProgress, wishes);
     if (!self || cancelled.stop_requested())
         co_return; // A superseded scan writes nothing.
     showResults(result);

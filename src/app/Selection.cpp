@@ -72,6 +72,37 @@ void AppViewModel::replaceCandidates()
         candidate = state.ticks.left(candidate, scannedCandidate(candidate.id), state.scanned);
 }
 
+/// Of what has no item left the tick goes as well.
+void AppViewModel::deselectEmptied()
+{
+    for (const CleanupCandidate &candidate : selectedCandidates()) {
+        if (candidate.paths.isEmpty() && !scannedCandidate(candidate.id).paths.isEmpty())
+            toggleCandidate(candidate);
+    }
+}
+
+bool AppViewModel::spare(const FilePath &path)
+{
+    const FilePath place = read(state.scanned).placeOf(path);
+    if (!environment.defaults->addPath(UserDefaults::spared, place))
+        return false;
+    PlaceSet spared;
+    spared.insert(place);
+    const QList<CleanupCandidate> before = state.scanned.snapshot.candidates;
+    publish(&AppViewModel::candidatesChanged, [&] {
+        leaveOut(state.scanned, spared);
+        QSet<QUuid> gone;
+        for (const CleanupCandidate &candidate : before)
+            gone.insert(candidate.id);
+        for (const CleanupCandidate &candidate : state.scanned.snapshot.candidates)
+            gone.remove(candidate.id);
+        state.candidates.removeIf([&](const CleanupCandidate &candidate) { return gone.contains(candidate.id); });
+        replaceCandidates();
+    });
+    deselectEmptied();
+    return true;
+}
+
 QList<ItemElsewhere> AppViewModel::tickItems(const QUuid &id, const QList<int> &items, bool ticked)
 {
     const CleanupCandidate scanned = scannedCandidate(id);
@@ -91,12 +122,9 @@ QList<ItemElsewhere> AppViewModel::tickItems(const QUuid &id, const QList<int> &
         replaceCandidates();
     });
     const QList<CleanupCandidate> after = state.candidates;
-    for (const CleanupCandidate &candidate : after) {
-        const bool isEmptied =
-            candidate.selected && candidate.paths.isEmpty() && !scannedCandidate(candidate.id).paths.isEmpty();
-        if (isEmptied || (isMeant(candidate) && ticked && !isSelected))
-            toggleCandidate(candidate);
-    }
+    if (ticked && !isSelected)
+        toggleCandidate(*std::ranges::find_if(after, isMeant));
+    deselectEmptied();
     QList<ItemElsewhere> others;
     for (qsizetype i = 0; i < after.size(); ++i) {
         if (!isMeant(after.at(i)))

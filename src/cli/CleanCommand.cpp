@@ -85,13 +85,13 @@ bool mayBeMoved(const CleanupSelection &selection, const Wishes &wishes)
     return !wishes.question || agreesTo(QStringLiteral("Move %1 to the Trash?").arg(selection.text()));
 }
 
-CleanupOutcome moveToTrash(const CleanupSelection &selection, CommandContext &context)
+CleanupOutcome moveToTrash(const CleanupSelection &selection, const QList<FilePath> &spared, CommandContext &context)
 {
     ProgressLine line;
     const StopOnSignal stop([&line] { line.show(QStringLiteral("Stopping after the item at hand")); });
     if (!selection.paths.isEmpty())
         line.show(QStringLiteral("Moving %1 to the Trash").arg(selection.text()));
-    const Cleanup cleanup = QCoro::waitFor(context.scanner.moveToTrash(selection.candidates, stop.token()));
+    const Cleanup cleanup = QCoro::waitFor(context.scanner.moveToTrash(selection.candidates, spared, stop.token()));
     return {.cleanup = cleanup, .items = selection.paths.size(), .signal = stop.signal()};
 }
 
@@ -122,6 +122,8 @@ ExitStatus runClean(const QCommandLineParser &options, CommandContext &context)
         complain(QStringLiteral("There is no terminal to ask on. Add --yes to move without a question, or --dry-run."));
         return ExitStatus::misused;
     }
+    if (!knowsWhatIsSpared(context))
+        return ExitStatus::failed;
     const std::optional<ScanResult> result = scanAsWanted(options, context);
     if (!result)
         return ExitStatus::misused;
@@ -129,7 +131,10 @@ ExitStatus runClean(const QCommandLineParser &options, CommandContext &context)
     if (const ExitStatus status = showSelection(selection, *wishes); status != ExitStatus::succeeded)
         return status;
     const bool agreed = mayBeMoved(selection, *wishes);
-    return printOutcome(moveToTrash(agreed ? selection : CleanupSelection(), context), *wishes);
+    if (!knowsWhatIsSpared(context)) // By now.
+        return ExitStatus::failed;
+    const QList<FilePath> spared = *context.defaults.paths(UserDefaults::spared);
+    return printOutcome(moveToTrash(agreed ? selection : CleanupSelection(), spared, context), *wishes);
 }
 
 } // namespace

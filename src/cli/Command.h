@@ -1,6 +1,7 @@
 #pragma once
 
 #include "cli/Output.h"
+#include "platform/UserDefaults.h"
 #include "scanner/FileSizeScanner.h"
 
 #include <QCommandLineParser>
@@ -13,6 +14,7 @@ struct CommandContext
 {
     FileManager &files;
     FileSizeScanner &scanner;
+    UserDefaults &defaults;
 };
 
 /// A long option of a command.

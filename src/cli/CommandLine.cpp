@@ -17,7 +17,7 @@ namespace {
 /// Those that help tells of.
 QList<Command> commands()
 {
-    return {scanCommand(), cleanCommand(), restoreCommand(), explainCommand()};
+    return {scanCommand(), cleanCommand(), restoreCommand(), spareCommand(), explainCommand()};
 }
 
 /// In the system's own words, what keeps it from starting a thread; nothing if nothing does.

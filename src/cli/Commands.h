@@ -13,6 +13,9 @@ Command cleanCommand();
 /// "tidlo-cli restore": shows what the user's Trashes hold, and puts back what is named.
 Command restoreCommand();
 
+/// "tidlo-cli spare": shows and changes what is never to be suggested.
+Command spareCommand();
+
 /// "tidlo-cli explain": scans, and asks the AI proxy to explain what was found.
 Command explainCommand();
 

@@ -14,22 +14,22 @@ namespace tidlo {
 namespace {
 
 /// Nothing, having complained, if they name what does not exist or cannot be looked into.
-std::optional<ScanWishes> wishesFrom(const QCommandLineParser &options, const FileManager &files)
+std::optional<ScanWishes> wishesFrom(const QCommandLineParser &options, const CommandContext &context)
 {
-    ScanWishes wishes;
+    ScanWishes wishes{.spared = context.defaults.paths(UserDefaults::spared).value_or(QList<FilePath>()), .also = {}};
     for (const QString &argument : options.values(QStringLiteral("except"))) {
         const std::optional<FilePath> place = placeOfGiven(pathOfArgument(argument));
         if (!place) {
             complain(QStringLiteral("'%1' does not exist.").arg(argument));
             return std::nullopt;
         }
-        wishes.spared.insert(*place);
+        wishes.spared.append(*place);
     }
     for (const QString &argument : options.values(QStringLiteral("also"))) {
         // The slash: what a link leads to is searched.
         const std::optional<FilePath> folder = placeOfGiven(joined(pathOfArgument(argument), {}));
         const std::optional<QString> obstacle =
-            folder ? ownPlaceObstacle(files, *folder) : QStringLiteral("is no folder");
+            folder ? ownPlaceObstacle(context.files, *folder) : QStringLiteral("is no folder");
         if (obstacle) {
             complain(QStringLiteral("'%1' %2.").arg(argument, *obstacle));
             return std::nullopt;
@@ -57,11 +57,20 @@ QList<CommandOption> scanOptions()
             {"also", "Look for project folders in this one, too. Repeatable.", "folder"}};
 }
 
+bool knowsWhatIsSpared(const CommandContext &context)
+{
+    if (context.defaults.paths(UserDefaults::spared))
+        return true;
+    complain(QStringLiteral("What is never to be suggested cannot be read from the preferences."));
+    return false;
+}
+
 std::optional<ScanResult> scanAsWanted(const QCommandLineParser &options, CommandContext &context)
 {
-    const std::optional<ScanWishes> wishes = wishesFrom(options, context.files);
+    const std::optional<ScanWishes> wishes = wishesFrom(options, context);
     if (!wishes)
         return std::nullopt;
+    knowsWhatIsSpared(context); // If not, the person is told. Looking moves nothing.
     const ScanResult result = scanWithProgress(context.scanner, *wishes);
     nameWhatWasLeftOut(result);
     return result;

@@ -40,7 +40,8 @@ int main(int argc, char *argv[])
 
     const std::shared_ptr<FileManager> files = makeFileManager();
     FileSizeScanner scanner(files);
-    CommandContext context{.files = *files, .scanner = scanner};
+    UserDefaults defaults;
+    CommandContext context{.files = *files, .scanner = scanner, .defaults = defaults};
     const int status = static_cast<int>(runCommandLine(arguments, context));
     limit.begin(quitLimit, status);
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // No event loop is left that would.

@@ -129,4 +129,13 @@ bool PlaceSet::hasOneAround(const FilePath &place) const
     return false;
 }
 
+PlaceSet placesOf(const QList<FilePath> &paths)
+{
+    PlaceFinder finder;
+    PlaceSet places;
+    for (const FilePath &path : paths)
+        places.insert(finder.placeOf(path));
+    return places;
+}
+
 } // namespace tidlo

@@ -3,6 +3,7 @@
 #include "model/FilePath.h"
 
 #include <QHash>
+#include <QList>
 
 #include <optional>
 #include <set>
@@ -42,9 +43,14 @@ public:
 
     bool hasOneWithin(const FilePath &place) const; ///< That is \a place, or lies in it.
     bool hasOneAround(const FilePath &place) const; ///< That is \a place, or holds it.
+    /// That is \a place, lies in it, or holds it.
+    bool meets(const FilePath &place) const { return hasOneWithin(place) || hasOneAround(place); }
 
 private:
     std::set<FilePath> places;
 };
+
+/// The places of \a paths, as they are now.
+PlaceSet placesOf(const QList<FilePath> &paths);
 
 } // namespace tidlo

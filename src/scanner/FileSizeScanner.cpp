@@ -41,7 +41,7 @@ QFuture<ScanHarvest> FileSizeScanner::Core::run(const ScanStep &step, const Scan
     return executor.run([files = files, stop = stop.get_token(), run = step.run, wishes, harvest] {
         ScanHarvest result = harvest;
         if (!stop.stop_requested())
-            run({*files, files->homeDirectoryForCurrentUser(), wishes, stop}, result);
+            run({*files, files->homeDirectoryForCurrentUser(), placesOf(wishes.spared), wishes.also, stop}, result);
         return result;
     });
 }
@@ -83,11 +83,13 @@ QCoro::Task<ScanResult> FileSizeScanner::scan(ProgressCallback progress, ScanWis
     return Core::scan(core, std::move(progress), std::move(wishes));
 }
 
-QCoro::Task<Cleanup> FileSizeScanner::moveToTrash(QList<CleanupCandidate> candidates, std::stop_token stop)
+QCoro::Task<Cleanup> FileSizeScanner::moveToTrash(QList<CleanupCandidate> candidates, QList<FilePath> spared,
+                                                  std::stop_token stop)
 {
-    const auto job = [files = core->files, candidates = std::move(candidates), stop = std::move(stop),
-                      end = core->stop.get_token()] {
-        return tidlo::moveToTrash(*files, candidates, [&] { return stop.stop_requested() || end.stop_requested(); });
+    const auto job = [files = core->files, candidates = std::move(candidates), spared = std::move(spared),
+                      stop = std::move(stop), end = core->stop.get_token()] {
+        return tidlo::moveToTrash(*files, candidates, placesOf(spared),
+                                  [&] { return stop.stop_requested() || end.stop_requested(); });
     };
     return later(core->executor.run(job));
 }

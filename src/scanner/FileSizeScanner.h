@@ -38,9 +38,11 @@ public:
     /// when the scanner is gone. The scan runs to its end whether or not anybody still waits for it.
     QCoro::Task<ScanResult> scan(ProgressCallback progress, ScanWishes wishes = {});
 
-    /// Moves every path of \a candidates to the Trash, in order, but for those never to be touched. A requested stop
-    /// ends it between two items; the report tells what was done until then.
-    QCoro::Task<Cleanup> moveToTrash(QList<CleanupCandidate> candidates, std::stop_token stop = {});
+    /// Moves every path of \a candidates to the Trash, in order, but for those never to be touched, and for what is,
+    /// lies in or holds one of \a spared. A requested stop ends it between two items; the report tells what was done
+    /// until then.
+    QCoro::Task<Cleanup> moveToTrash(QList<CleanupCandidate> candidates, QList<FilePath> spared = {},
+                                     std::stop_token stop = {});
 
     /// Puts \a items back from the Trash to where they were. A requested stop ends it between two items.
     QCoro::Task<Restoration> restore(QList<TrashedItem> items, std::stop_token stop = {});

@@ -20,8 +20,10 @@ FilePath tildeExpanded(const FilePath &path, const FilePath &home)
 }
 
 /// What became of the item at \a path, which is moved if it exists.
-TrashOutcome outcomeOf(FileManager &files, const FilePath &path)
+TrashOutcome outcomeOf(FileManager &files, const FilePath &path, const PlaceSet &spared)
 {
+    if (!spared.isEmpty() && spared.meets(PlaceFinder().placeOf(path)))
+        return {.kind = TrashOutcome::Kind::refused, .reason = QStringLiteral("It is never to be suggested.")};
     if (files.fileExists(path))
         return files.trashItem(path);
     if (files.attributesOfItem(path))
@@ -42,7 +44,7 @@ void keepWhatStayed(const FileManager &files, QList<StayedItem> &stayed)
 
 } // namespace
 
-Cleanup moveToTrash(FileManager &files, const QList<CleanupCandidate> &candidates,
+Cleanup moveToTrash(FileManager &files, const QList<CleanupCandidate> &candidates, const PlaceSet &spared,
                     const std::function<bool()> &stopRequested)
 {
     const FilePath home = files.homeDirectoryForCurrentUser();
@@ -58,7 +60,7 @@ Cleanup moveToTrash(FileManager &files, const QList<CleanupCandidate> &candidate
             if (stopRequested())
                 break;
             const FilePath path = tildeExpanded(listed, home);
-            const TrashOutcome outcome = outcomeOf(files, path);
+            const TrashOutcome outcome = outcomeOf(files, path, spared);
             if (outcome.kind == TrashOutcome::Kind::moved) {
                 ++report.removedItems;
                 report.recoveredBytes = checkedSum(report.recoveredBytes, share);

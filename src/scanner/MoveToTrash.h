@@ -3,6 +3,7 @@
 #include "model/CleanupCandidate.h"
 #include "model/CleanupReport.h"
 #include "platform/FileManager.h"
+#include "platform/Places.h"
 
 #include <functional>
 
@@ -27,10 +28,11 @@ struct Cleanup
 
 /// Moves every path of \a candidates to the Trash, in order, and reads the disk anew for the report. A candidate never
 /// to be touched is counted and left alone. A leading "~" in a path stands for the home folder. A path where nothing
-/// exists is passed over, and so is a link that leads nowhere, which stays. What is not moved is counted nowhere. Each
+/// exists is passed over, and so is a link that leads nowhere, which stays, and what is, lies in or holds one of the
+/// \a spared places. What is not moved is counted nowhere. Each
 /// moved path counts an even share of its candidate's bytes; nothing is measured again. \a stopRequested is asked
 /// before each path.
-Cleanup moveToTrash(FileManager &files, const QList<CleanupCandidate> &candidates,
+Cleanup moveToTrash(FileManager &files, const QList<CleanupCandidate> &candidates, const PlaceSet &spared,
                     const std::function<bool()> &stopRequested);
 
 } // namespace tidlo

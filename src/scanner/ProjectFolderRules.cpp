@@ -1,5 +1,6 @@
 #include "platform/Paths.h"
 #include "scanner/FindingRules.h"
+#include "scanner/OwnPlaces.h"
 
 #include <algorithm>
 #include <array>
@@ -65,6 +66,13 @@ QList<CollectedItem> itemsBeneath(const ScanContext &context, const QList<FilePa
                                    context.stop);
 }
 
+QList<FilePath> ownPlaces(const ScanContext &context)
+{
+    QList<FilePath> roots = context.also;
+    roots.removeIf([&](const FilePath &folder) { return ownPlaceObstacle(context.files, folder).has_value(); });
+    return roots;
+}
+
 /// Those of \a more that \a items have not met yet, in whole or in part; of nested ones the outermost.
 QList<CollectedItem> unmet(const QList<CollectedItem> &items, const QList<CollectedItem> &more)
 {
@@ -102,8 +110,8 @@ bool looksLikeProject(const EnumeratedEntry &entry)
 QList<Finding> developerCandidates(const ScanContext &context)
 {
     QList<CollectedItem> items = itemsBeneath(context, projectRoots(context.home), visit);
-    if (!context.wishes.also.isEmpty())
-        items += unmet(items, itemsBeneath(context, context.wishes.also, visitInOwnPlace));
+    if (const QList<FilePath> roots = ownPlaces(context); !roots.isEmpty())
+        items += unmet(items, itemsBeneath(context, roots, visitInOwnPlace));
     return {makeFinding(FindingKind::projectFolders, items), makeFinding(FindingKind::composerFolders, items),
             makeFinding(FindingKind::buildOutputs, items)};
 }

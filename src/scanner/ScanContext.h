@@ -10,8 +10,8 @@ namespace tidlo {
 /// What somebody wants of a scan that not every scan does.
 struct ScanWishes
 {
-    PlaceSet spared{};      ///< What is, lies in or holds one of these places is not proposed, and not measured.
-    QList<FilePath> also{}; ///< Folders beneath which projects are looked for as well.
+    QList<FilePath> spared{}; ///< What is, lies in or holds one of these is not proposed, and not measured.
+    QList<FilePath> also{};   ///< Folders beneath which projects are looked for as well, but for those that may not be.
 };
 
 /// What the rules of one scan work with.
@@ -19,17 +19,12 @@ struct ScanContext
 {
     const FileManager &files;
     FilePath home;
-    ScanWishes wishes{};
+    PlaceSet spared{};      ///< As ScanWishes tells.
+    QList<FilePath> also{}; ///< As ScanWishes tells.
     std::stop_token stop{}; ///< Requested, it ends each rule soon, with what was found until then.
 
     /// Whether what lies at \a path is not to be proposed. From any thread.
-    bool spares(const FilePath &path) const
-    {
-        if (wishes.spared.isEmpty())
-            return false;
-        const FilePath place = PlaceFinder().placeOf(path);
-        return wishes.spared.hasOneWithin(place) || wishes.spared.hasOneAround(place);
-    }
+    bool spares(const FilePath &path) const { return !spared.isEmpty() && spared.meets(PlaceFinder().placeOf(path)); }
 };
 
 } // namespace tidlo

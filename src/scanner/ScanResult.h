@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/ScanSnapshot.h"
+#include "platform/Places.h"
 
 #include <QHash>
 
@@ -16,6 +17,24 @@ struct ScanResult
     PathSizes sizes;                    ///< Of every candidate of the snapshot.
     QHash<FilePath, FilePath> places{}; ///< Of those listed paths that are not their own place.
     QList<FilePath> leftOut{};          ///< What was not proposed since it was to be spared, in the order of the rules.
+
+    FilePath placeOf(const FilePath &listed) const { return places.value(listed, listed); }
 };
+
+/// A path that a finding lists, and that holds another.
+struct HoldingItem
+{
+    FilePath path;
+    qint64 bytes = 0; ///< On the disk.
+
+    bool operator==(const HoldingItem &) const = default;
+};
+
+/// What \a result lists that holds \a path, which it lists as well: each place once, the largest first.
+QList<HoldingItem> holdersOf(const ScanResult &result, const FilePath &path);
+
+/// Takes what is, lies in or holds one of \a spared out of the candidates, and the candidates that it leaves empty.
+/// What was summed up of the scan stays.
+void leaveOut(ScanResult &result, const PlaceSet &spared);
 
 } // namespace tidlo

@@ -101,6 +101,28 @@ TEST(PlaceSet, KnowsWhatLiesInWhat)
     EXPECT_FALSE(set.hasOneWithin("/b"));
 }
 
+TEST(PlaceSet, MeetsWhatIsLiesInOrHoldsAPlace)
+{
+    PlaceSet places;
+    EXPECT_FALSE(places.meets("/a"));
+    places.insert("/a/b");
+    for (const char *met : {"/", "/a", "/a/b", "/a/b/c/d"})
+        EXPECT_TRUE(places.meets(met)) << met;
+    for (const char *other : {"/a/bc", "/a/c", "/b"})
+        EXPECT_FALSE(places.meets(other)) << other;
+}
+
+TEST(PlaceSet, IsMadeOfThePlacesOfPaths)
+{
+    const TemporaryHome home;
+    home.folder("true");
+    home.link("link", home / "true");
+    const PlaceSet places = placesOf({home / "link/a", "/gone/b"});
+    EXPECT_TRUE(places.hasOneAround(home / "true/a/c"));
+    EXPECT_TRUE(places.hasOneWithin("/gone/b"));
+    EXPECT_FALSE(places.hasOneWithin(home / "link"));
+}
+
 TEST(PlaceSet, HoldsEverythingOnceTheRootIsInIt)
 {
     PlaceSet set;

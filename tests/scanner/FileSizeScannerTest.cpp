@@ -222,7 +222,7 @@ TEST_F(FileSizeScannerTest, StopsMovingBetweenTwoItemsWhenAsked)
         return TrashOutcome{.kind = TrashOutcome::Kind::moved, .reason = {}};
     });
     EXPECT_CALL(files, trashItem(home / "b")).Times(0);
-    EXPECT_EQ(QCoro::waitFor(scanner->moveToTrash({candidate}, stop.get_token())).report.removedItems, 1);
+    EXPECT_EQ(QCoro::waitFor(scanner->moveToTrash({candidate}, {}, stop.get_token())).report.removedItems, 1);
 }
 
 TEST_F(FileSizeScannerTest, PutsBackUntilItIsAskedToStop)

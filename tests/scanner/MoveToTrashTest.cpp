@@ -36,10 +36,12 @@ class MoveToTrash : public RuleTest
 protected:
     Cleanup cleanUp(const QList<CleanupCandidate> &candidates)
     {
-        return moveToTrash(files, candidates, [] { return false; });
+        return moveToTrash(files, candidates, spared, [] { return false; });
     }
 
     CleanupReport move(const QList<CleanupCandidate> &candidates) { return cleanUp(candidates).report; }
+
+    PlaceSet spared;
 };
 
 } // namespace
@@ -252,11 +254,29 @@ TEST_F(MoveToTrash, StopsBetweenTwoItemsAndTellsWhatWasDone)
     const CleanupReport report = moveToTrash(files,
                                              {candidate({home.file("a"), home.file("b"), home.file("c")}, 90),
                                               candidate({home.file("d")}, 10), candidate({}, 0, CleanupRisk::never)},
-                                             [&] { return isStopped; })
+                                             {}, [&] { return isStopped; })
                                      .report;
     EXPECT_EQ(report.removedItems, 2);
     EXPECT_EQ(report.recoveredBytes, 60);
     EXPECT_GT(report.finalDiskUsedPercent, 0);
+}
+
+TEST_F(MoveToTrash, LeavesWhatIsLiesInOrHoldsASparedPlaceAndTellsWhy)
+{
+    const FilePath itself = home.folder("itself");
+    const FilePath within = home.folder("around/within");
+    const FilePath holder = home.folder("holder");
+    home.link("link", home.folder("true"));
+    const FilePath beyondLink = home.file("link/file");
+    for (const FilePath &place : {itself, home / "around", home.file("holder/file"), home / "true/file"})
+        spared.insert(place);
+    const Cleanup cleanup =
+        cleanUp({candidate({itself, within, home / "gone", holder, beyondLink, home.file("other")}, 60)});
+    EXPECT_EQ(cleanup.report.removedItems, 1);
+    EXPECT_EQ(cleanup.report.recoveredBytes, 10);
+    const QString reason = QStringLiteral("It is never to be suggested.");
+    EXPECT_THAT(cleanup.stayed, ElementsAre(StayedItem{itself, reason}, StayedItem{within, reason},
+                                            StayedItem{holder, reason}, StayedItem{beyondLink, reason}));
 }
 
 TEST_F(MoveToTrash, MovesNamesOfAnyBytes)

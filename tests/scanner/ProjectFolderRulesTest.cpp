@@ -332,7 +332,7 @@ TEST_F(ProjectFolderRules, EndEarlyWhenAskedToStop)
     home.file("Sites/a/node_modules/x");
     std::stop_source stop;
     stop.request_stop();
-    EXPECT_THAT(developerCandidates({files, home.path(), {}, stop.get_token()}).at(rebuildable).candidate.paths,
+    EXPECT_THAT(developerCandidates({files, home.path(), {}, {}, stop.get_token()}).at(rebuildable).candidate.paths,
                 IsEmpty());
 }
 

@@ -53,7 +53,7 @@ TEST_F(RestoreItems, TakesBackWhatWasMoved)
     CleanupCandidate candidate;
     candidate.paths = {home.file("folder/inner"), home / "folder", home.file("file")};
     const auto never = [] { return false; };
-    const QList<TrashedItem> moved = moveToTrash(files, {candidate}, never).moved;
+    const QList<TrashedItem> moved = moveToTrash(files, {candidate}, {}, never).moved;
     EXPECT_EQ(moved.size(), 3);
 
     const Restoration restoration = restore(moved);

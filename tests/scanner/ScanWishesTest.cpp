@@ -14,8 +14,8 @@ constexpr FileTime longAgo{};
 class ScanWishesTest : public RuleTest
 {
 protected:
-    ScanContext context() const { return {files, home.path(), wishes}; }
-    void spare(const FilePath &relative) { wishes.spared.insert(home / relative); }
+    ScanContext context() const { return {files, home.path(), placesOf(wishes.spared), wishes.also}; }
+    void spare(const FilePath &relative) { wishes.spared.append(home / relative); }
 
     ScanWishes wishes;
 };
@@ -60,7 +60,7 @@ TEST_F(ScanWishesTest, EveryRuleSpares)
     home.file("Library/Caches/net.whatsapp.WhatsApp/x");
     home.folder("Sites/localhost/shop");
     home.folder("Sites/localhost/shop backup");
-    wishes.spared.insert(home.path());
+    wishes.spared.append(home.path());
     QList<FilePath> leftOut;
     for (const QList<Finding> &findings :
          {whatsAppCandidates(context()), cacheCandidates(context()), downloadCandidates(context(), now),
@@ -129,6 +129,14 @@ TEST_F(ScanWishesTest, WhereOwnPlacesOverlapEachFolderIsFoundOnce)
     EXPECT_THAT(found.at(0).candidate.paths, ElementsAre(home / "Sites/a/node_modules", home / "Sites/b/node_modules",
                                                          home / "code/a/node_modules"));
     EXPECT_THAT(found.at(2).candidate.paths, IsEmpty());
+}
+
+TEST_F(ScanWishesTest, AnOwnPlaceThatMayNotBeOneAnyMoreIsPassedOver)
+{
+    home.file("code/a/package.json");
+    home.folder("code/a/node_modules");
+    wishes.also = {home.path()};
+    EXPECT_THAT(developerCandidates(context()).first().candidate.paths, IsEmpty());
 }
 
 TEST_F(ScanWishesTest, AnOwnPlaceThatIsMissingIsPassedOver)

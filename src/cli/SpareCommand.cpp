@@ -1,0 +1,100 @@
+#include "cli/Commands.h"
+#include "cli/Output.h"
+#include "cli/PathArgument.h"
+#include "cli/ScanOptions.h"
+#include "platform/Places.h"
+#include "platform/VisibleText.h"
+
+namespace tidlo {
+
+namespace {
+
+/// How the list is to be changed.
+struct Change
+{
+    QList<FilePath> added;
+    QList<FilePath> removed;
+};
+
+/// Nothing, having complained, if what is to be added does not exist, or what is to be removed is not among \a spared.
+std::optional<Change> changeFrom(const QCommandLineParser &options, const QList<FilePath> &spared)
+{
+    Change change;
+    for (const QString &argument : options.positionalArguments()) {
+        const std::optional<FilePath> place = placeOfGiven(pathOfArgument(argument));
+        if (!place) {
+            complain(QStringLiteral("'%1' does not exist.").arg(argument));
+            return std::nullopt;
+        }
+        change.added.append(*place);
+    }
+    PlaceFinder finder;
+    for (const QString &argument : options.values(QStringLiteral("remove"))) {
+        const FilePath path = pathOfArgument(argument);
+        const FilePath place = placeOfGiven(path).value_or(finder.placeOf(absolutePath(path)));
+        const qsizetype before = change.removed.size();
+        for (const FilePath &kept : spared) {
+            if (finder.placeOf(kept) == place)
+                change.removed.append(kept);
+        }
+        if (change.removed.size() == before) {
+            complain(QStringLiteral("'%1' is not in the list.").arg(argument));
+            return std::nullopt;
+        }
+    }
+    return change;
+}
+
+bool keep(const Change &change, UserDefaults &defaults)
+{
+    bool isKept = true;
+    for (const FilePath &path : change.removed)
+        isKept = defaults.removePath(UserDefaults::spared, path) && isKept;
+    for (const FilePath &path : change.added)
+        isKept = defaults.addPath(UserDefaults::spared, path) && isKept;
+    return isKept;
+}
+
+QString textOf(const QList<FilePath> &spared, const FileManager &files)
+{
+    QString text =
+        spared.isEmpty() ? QStringLiteral("Everything may be suggested.\n") : QStringLiteral("Never suggested:\n");
+    for (const FilePath &path : spared) {
+        const QString mark = files.attributesOfItem(path) ? QString() : QStringLiteral(" (no longer exists)");
+        text += QStringLiteral("  %1%2\n").arg(visibleText(path), mark);
+    }
+    return text;
+}
+
+ExitStatus runSpare(const QCommandLineParser &options, CommandContext &context)
+{
+    if (!knowsWhatIsSpared(context))
+        return ExitStatus::failed;
+    const std::optional<Change> change = changeFrom(options, *context.defaults.paths(UserDefaults::spared));
+    if (!change)
+        return ExitStatus::misused;
+    if (!keep(*change, context.defaults)) {
+        complain(QStringLiteral("The preferences cannot be written."));
+        return ExitStatus::failed;
+    }
+    return print(textOf(context.defaults.paths(UserDefaults::spared).value_or(QList<FilePath>()), context.files));
+}
+
+} // namespace
+
+Command spareCommand()
+{
+    return {.name = "spare",
+            .summary = "Show and change what is never suggested.",
+            .description = "Keeps paths that are never suggested again, by tidlo-cli and in the window: what\n"
+                           "is, lies in or holds one of them is left out of every scan, and is not moved to\n"
+                           "the Trash. Shows the list as it is then, with what no longer exists marked.\n"
+                           "Nothing is scanned. The exit status is 1 if the list cannot be read or kept, 2 if\n"
+                           "a path does not exist, or is not in the list; then nothing changes.\n",
+            .options = {{"remove", "Take this out of the list. Repeatable.", "path"}},
+            .run = runSpare,
+            .arguments = "path...",
+            .needsThread = false};
+}
+
+} // namespace tidlo
