@@ -4,6 +4,7 @@
 #include "model/AppSection.h"
 #include "model/CleanupReport.h"
 #include "scanner/MoveToTrash.h"
+#include "scanner/OwnPlaces.h"
 
 #include <QString>
 
@@ -32,11 +33,12 @@ struct AppState
 
     // Beside what is published.
 
-    ScanResult scanned;           ///< What the last scan found, whatever became of its candidates.
-    ItemTicks ticks;              ///< What of it was unticked, item by item.
-    QList<StayedItem> stayed;     ///< What the cleanup of the report could not move.
-    QList<TrashedItem> trashed;   ///< What the last cleanup moved to the Trash and nobody has put back here.
-    QList<StayedItem> notPutBack; ///< What of it could not be put back when that was tried last.
+    ScanResult scanned;                    ///< What the last scan found, whatever became of its candidates.
+    ItemTicks ticks;                       ///< What of it was unticked, item by item.
+    QList<StayedItem> stayed;              ///< What the cleanup of the report could not move.
+    QList<TrashedItem> trashed;            ///< What the last cleanup moved to the Trash and nobody has put back here.
+    QList<StayedItem> notPutBack;          ///< What of it could not be put back when that was tried last.
+    std::optional<OwnPlace> proposedPlace; ///< A folder that somebody wants projects to be looked for in.
     bool isSparedUnknown = false; ///< A cleanup was refused, since what is never to be suggested cannot be read.
     bool isMovingFiles = false;   ///< A cleanup is under way, or its items are being put back.
 };

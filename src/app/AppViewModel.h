@@ -110,6 +110,15 @@ public:
     /// acknowledged.
     bool isSparedUnknown() const { return read(state.isSparedUnknown); }
     void acknowledgeSparedUnknown() { setSparedUnknown(false); }
+    /// A folder that proposePlace() was given, or why it cannot be a place to look for projects in; until that is
+    /// answered.
+    std::optional<OwnPlace> proposedPlace() const { return read(state.proposedPlace); }
+    /// Looks what is at \a folder, to ask whether projects are to be looked for in it as well. It is the scanner that
+    /// looks, after what it does at the moment.
+    void proposePlace(const FilePath &folder) { runProposal(folder); }
+    /// Ends the proposal; \a isWanted keeps the folder, if it can be one, for all scans to come. False if it cannot be
+    /// kept.
+    bool answerProposal(bool isWanted);
     /// Whether there is something of the last cleanup of this run that can be put back now.
     bool canPutBack() const { return !read(state.trashed).isEmpty() && !state.isMovingFiles; }
     /// What could not be put back, until that is acknowledged.
@@ -203,6 +212,7 @@ Q_SIGNALS:
     void isMovingFilesChanged(); ///< And with it perhaps what can be put back.
     void notPutBackChanged();
     void isSparedUnknownChanged();
+    void proposedPlaceChanged();
 
 protected:
     void setPhase(ScanPhase value) { assign(state.phase, std::move(value), &AppViewModel::phaseChanged); }
@@ -269,6 +279,8 @@ private:
     QCoro::Task<> runCleanup(QList<CleanupCandidate> selected, QList<FilePath> spared);
     void setCleanup(std::optional<CleanupReport> report, QList<StayedItem> stayed);
     QCoro::Task<> runPutBack();
+    QCoro::Task<> runProposal(FilePath folder);
+    void setProposedPlace(const std::optional<OwnPlace> &place);
     void setMovingFiles(bool isMoving);
     void setNotPutBack(const QList<StayedItem> &items);
     void setSparedUnknown(bool isUnknown);

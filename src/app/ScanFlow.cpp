@@ -40,6 +40,29 @@ QCoro::Task<> AppViewModel::runScan(std::stop_token cancelled)
     co_await explainWithGemini();
 }
 
+QCoro::Task<> AppViewModel::runProposal(FilePath folder)
+{
+    const std::shared_ptr<const void> held = underWay;
+    const QPointer<AppViewModel> self(this);
+    const OwnPlace place = co_await scanner.ownPlace(std::move(folder));
+    if (self)
+        setProposedPlace(place);
+}
+
+bool AppViewModel::answerProposal(bool isWanted)
+{
+    const std::optional<OwnPlace> place = proposedPlace();
+    setProposedPlace(std::nullopt);
+    return !isWanted || !place || !place->obstacle.isEmpty() ||
+           environment.defaults->addPath(UserDefaults::places, place->folder);
+}
+
+void AppViewModel::setProposedPlace(const std::optional<OwnPlace> &place)
+{
+    state.proposedPlace = place;
+    Q_EMIT proposedPlaceChanged();
+}
+
 void AppViewModel::showResults(const ScanResult &result)
 {
     state.scanned = result;

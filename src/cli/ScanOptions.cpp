@@ -2,7 +2,6 @@
 
 #include "cli/PathArgument.h"
 #include "cli/ProgressLine.h"
-#include "platform/Paths.h"
 #include "platform/Places.h"
 #include "platform/VisibleText.h"
 #include "scanner/OwnPlaces.h"
@@ -26,15 +25,12 @@ std::optional<ScanWishes> wishesFrom(const QCommandLineParser &options, const Co
         wishes.spared.append(*place);
     }
     for (const QString &argument : options.values(QStringLiteral("also"))) {
-        // The slash: what a link leads to is searched.
-        const std::optional<FilePath> folder = placeOfGiven(joined(pathOfArgument(argument), {}));
-        const std::optional<QString> obstacle =
-            folder ? ownPlaceObstacle(context.files, *folder) : QStringLiteral("is no folder");
-        if (obstacle) {
-            complain(QStringLiteral("'%1' %2.").arg(argument, *obstacle));
+        const OwnPlace place = ownPlaceAt(context.files, pathOfArgument(argument));
+        if (!place.obstacle.isEmpty()) {
+            complain(QStringLiteral("'%1' %2.").arg(argument, place.obstacle));
             return std::nullopt;
         }
-        wishes.also.append(*folder);
+        wishes.also.append(place.folder);
     }
     return wishes;
 }

@@ -115,6 +115,12 @@ QCoro::Task<TrashContents> FileSizeScanner::trashedItems(std::stop_token stop)
     return later(core->executor.run(job));
 }
 
+QCoro::Task<OwnPlace> FileSizeScanner::ownPlace(FilePath given)
+{
+    const auto job = [files = core->files, given = std::move(given)] { return ownPlaceAt(*files, given); };
+    return later(core->executor.run(job));
+}
+
 QCoro::Task<ScanTotals> FileSizeScanner::diskTotals(FilePath home)
 {
     const auto job = [files = core->files, home = std::move(home)] { return tidlo::diskTotals(*files, home); };

@@ -2,6 +2,7 @@
 
 #include "platform/FileManager.h"
 #include "scanner/MoveToTrash.h"
+#include "scanner/OwnPlaces.h"
 #include "scanner/RestoreItems.h"
 #include "scanner/ScanContext.h"
 #include "scanner/ScanResult.h"
@@ -49,6 +50,9 @@ public:
 
     /// What the user's Trashes hold. A requested stop ends it soon, with what was found until then.
     QCoro::Task<TrashContents> trashedItems(std::stop_token stop = {});
+
+    /// What is at \a given, to look for project folders there.
+    QCoro::Task<OwnPlace> ownPlace(FilePath given);
 
     /// The figures of the volume that holds \a home; everything that only a scan can know is 0.
     QCoro::Task<ScanTotals> diskTotals(FilePath home);

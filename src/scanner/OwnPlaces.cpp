@@ -1,6 +1,7 @@
 #include "scanner/OwnPlaces.h"
 
 #include "platform/Paths.h"
+#include "platform/Places.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -8,6 +9,14 @@
 #include <unistd.h>
 
 namespace tidlo {
+
+OwnPlace ownPlaceAt(const FileManager &files, const FilePath &given)
+{
+    const std::optional<FilePath> folder = placeOfGiven(joined(given, {})); // The slash: what a link leads to.
+    if (!folder)
+        return {.folder = given, .obstacle = QStringLiteral("is no folder")};
+    return {.folder = *folder, .obstacle = ownPlaceObstacle(files, *folder).value_or(QString())};
+}
 
 std::optional<QString> ownPlaceObstacle(const FileManager &files, const FilePath &folder)
 {

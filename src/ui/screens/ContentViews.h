@@ -6,6 +6,7 @@
 #include "app/AppViewModel.h"
 #include "ui/screens/Findings.h"
 #include "ui/screens/FoundItems.h"
+#include "ui/screens/KeptPaths.h"
 #include "ui/screens/Preferences.h"
 #include "ui/screens/Presentation.h"
 #include "ui/screens/ProxyStatus.h"

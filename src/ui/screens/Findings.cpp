@@ -53,6 +53,7 @@ Findings::Findings(AppViewModel &shown, QObject *parent)
     connect(&app, &AppViewModel::candidatesChanged, this, &Findings::updateRows);
     connect(&app, &AppViewModel::candidatesChanged, this, &Findings::selectionChanged);
     connect(&app, &AppViewModel::isMovingFilesChanged, this, &Findings::selectionChanged);
+    connect(&app, &AppViewModel::isSparedUnknownChanged, this, &Findings::isSparedUnknownChanged);
     connect(&app, &AppViewModel::selectedFilterChanged, this, &Findings::updateRows);
     connect(&app, &AppViewModel::selectedFilterChanged, this, &Findings::filterChanged);
     connect(&app, &AppViewModel::totalsChanged, this, &Findings::headlineChanged);

@@ -17,6 +17,7 @@ class Findings : public QAbstractListModel
     Q_PROPERTY(QString headline READ headline NOTIFY headlineChanged)
     Q_PROPERTY(QString selectionText READ selectionText NOTIFY selectionChanged)
     Q_PROPERTY(bool canMove READ canMove NOTIFY selectionChanged)
+    Q_PROPERTY(bool isSparedUnknown READ isSparedUnknown NOTIFY isSparedUnknownChanged)
     Q_PROPERTY(Filter filter READ filter WRITE setFilter NOTIFY filterChanged)
     Q_PROPERTY(QString summary READ summary NOTIFY summaryChanged)
     Q_PROPERTY(QString summaryRest READ summaryRest NOTIFY summaryChanged)
@@ -48,6 +49,7 @@ public:
     QString headline() const;
     QString selectionText() const;
     bool canMove() const; ///< Whether something is selected and no cleanup is under way.
+    bool isSparedUnknown() const { return app.isSparedUnknown(); } ///< As AppViewModel has it.
     Filter filter() const;
     void setFilter(Filter filter);
     bool isExplaining() const { return app.isGeneratingAI(); } ///< An explanation is awaited.
@@ -71,10 +73,12 @@ public:
     /// As AppViewModel has them.
     Q_INVOKABLE void viewReport() { app.viewReport(); }
     Q_INVOKABLE void moveSelectedToTrash() { app.moveSelectedToTrash(); }
+    Q_INVOKABLE void acknowledgeSparedUnknown() { app.acknowledgeSparedUnknown(); }
 
 Q_SIGNALS:
     void headlineChanged();
     void selectionChanged();
+    void isSparedUnknownChanged();
     void filterChanged();
     void summaryChanged();
     void isExplainingChanged();

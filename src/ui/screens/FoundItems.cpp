@@ -3,12 +3,19 @@
 #include "model/CheckedSum.h"
 #include "platform/ByteCountFormatter.h"
 #include "platform/VisibleText.h"
+#include "ui/screens/Excerpt.h"
 
 #include <QLocale>
 
 #include <algorithm>
 
 namespace tidlo {
+
+namespace {
+
+constexpr qsizetype longestHolder = 80; ///< Characters of a path in a menu.
+
+} // namespace
 
 FoundItems::FoundItems(AppViewModel &shown, QObject *parent)
     : ItemList(shown, parent)
@@ -22,7 +29,7 @@ void FoundItems::inspect(const QUuid &id)
     sizes = shownApp().sizesOf(finding.id);
     sizes.resize(finding.paths.size());
     ticks = shownApp().ticksOf(finding.id);
-    whatWentToo.clear();
+    whatElse.clear();
     show(visibleText(finding.title), finding.paths);
     Q_EMIT noteChanged();
 }
@@ -50,15 +57,45 @@ void FoundItems::tickShown(bool ticked)
     setTicks(shownItems(), ticked);
 }
 
+QString FoundItems::spareText(int row) const
+{
+    const FilePath *path = pathAt(row);
+    const QList<HoldingItem> holders = path ? shownApp().holdersOf(*path) : QList<HoldingItem>();
+    if (holders.isEmpty())
+        return QStringLiteral("Never suggest this");
+    const Excerpt holder = excerptOf(visibleText(holders.first().path), longestHolder);
+    return QStringLiteral("Never suggest this, nor “%1%2”, which holds it (%3)%4")
+        .arg(holder.text, holder.more > 0 ? QStringLiteral("…") : QString(), byteCountText(holders.first().bytes),
+             holders.size() > 1 ? QStringLiteral(", and %1 more").arg(holders.size() - 1) : QString());
+}
+
+void FoundItems::spare(int row)
+{
+    const FilePath *chosen = pathAt(row);
+    if (!chosen)
+        return;
+    const FilePath path = *chosen;
+    const QString searched = filter();
+    const bool isKept = shownApp().spare(path);
+    if (isKept) {
+        inspect(finding.id);
+        setFilter(searched);
+    }
+    whatElse = isKept ? QStringLiteral("Never suggested again: %1. The menu of the settings shows the list.")
+                            .arg(visibleText(path))
+                      : QStringLiteral("The preferences cannot be read or written, so this cannot be kept.");
+    Q_EMIT noteChanged();
+}
+
 void FoundItems::setTicks(const QList<int> &items, bool ticked)
 {
     const QList<ItemElsewhere> others = shownApp().tickItems(finding.id, items, ticked);
-    whatWentToo.clear();
+    whatElse.clear();
     if (!others.isEmpty()) {
-        whatWentToo = QStringLiteral("Unticked in “%1” as well: %2")
-                          .arg(visibleText(others.first().title), visibleText(others.first().path));
+        whatElse = QStringLiteral("Unticked in “%1” as well: %2")
+                       .arg(visibleText(others.first().title), visibleText(others.first().path));
         if (others.size() > 1)
-            whatWentToo += QStringLiteral(", and %1 more").arg(others.size() - 1);
+            whatElse += QStringLiteral(", and %1 more").arg(others.size() - 1);
     }
     Q_EMIT noteChanged();
 }

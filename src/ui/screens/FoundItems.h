@@ -10,7 +10,7 @@ class FoundItems : public tidlo::ItemList
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("It is made with the state that it shows.")
-    /// What went with the items that were unticked last, as a sentence; empty if nothing did.
+    /// What else came of the last thing done to items, as a sentence; empty if nothing did.
     Q_PROPERTY(QString note READ note NOTIFY noteChanged)
     Q_PROPERTY(bool largestFirst READ isLargestFirst WRITE setLargestFirst NOTIFY orderChanged)
 
@@ -21,7 +21,7 @@ public:
     bool isLargestFirst() const { return sorted; }
     void setLargestFirst(bool largestFirst); ///< Otherwise they are in the order they were found.
     QString summary() const override;        ///< How many there are, and their size; what of it is ticked, if not all.
-    QString note() const { return whatWentToo; }
+    QString note() const { return whatElse; }
     bool isTickable() const override;
 
     /// Shows the items of the candidate \a id; none if there is no such candidate.
@@ -30,6 +30,11 @@ public:
     void toggle(int row) override;
     /// Ticks, or unticks, all items that are shown at present.
     Q_INVOKABLE void tickShown(bool ticked);
+
+    /// What spare() would do, as a line of a menu: names what would go too, and its size.
+    Q_INVOKABLE QString spareText(int row) const;
+    /// Keeps the item as never to be suggested; it is gone from the rows then. Out of range it does nothing.
+    Q_INVOKABLE void spare(int row);
 
 Q_SIGNALS:
     void noteChanged();
@@ -45,7 +50,7 @@ private:
     bool sorted = false;
     CleanupCandidate finding; ///< As it was scanned.
     QList<bool> ticks;        ///< Of each item.
-    QString whatWentToo;
+    QString whatElse;
     QList<qint64> sizes; ///< Of each item, in bytes on the disk.
 };
 

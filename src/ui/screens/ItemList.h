@@ -70,7 +70,8 @@ protected:
     void show(const QString &title, const QList<FilePath> &list);
     /// Makes the rows anew.
     void arrange();
-    QString countText() const; ///< "1 item", "100,000 items": of all, whatever is searched for.
+    const FilePath *pathAt(int row) const; ///< Null if there is no such row.
+    QString countText() const;             ///< "1 item", "100,000 items": of all, whatever is searched for.
 
 private:
     /// What stands beside the path of an item, an index of the list that is shown.
@@ -80,7 +81,6 @@ private:
     virtual void order(QList<int> &shown) const = 0;
 
     void prepareSearch();
-    const FilePath *pathAt(int row) const;
 
     AppViewModel &app;
     QString shownTitle;

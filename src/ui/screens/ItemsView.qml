@@ -20,6 +20,16 @@ FocusScope {
     property string note: ""
 
     signal done
+    /// The menu of a row is asked for, at a place in its item; by the keyboard or by the pointer.
+    signal menuAsked(Item item, int row, double x, double y, bool byKeys)
+
+    /// Has \a change make the rows anew, and stays where it is.
+    function stayWhile(change: var) {
+        const y = list.contentY, row = list.currentIndex;
+        change();
+        list.goTo(row);
+        list.contentY = Math.max(0, Math.min(y, list.contentHeight - list.height));
+    }
 
     implicitWidth: 820
     implicitHeight: 560
@@ -83,6 +93,11 @@ FocusScope {
                     list.currentIndex = Math.min(Math.max(row, 0), list.count - 1);
                 }
 
+                function askForMenu() {
+                    if (list.currentItem)
+                        root.menuAsked(list.currentItem, list.currentIndex, 10, 18, true);
+                }
+
                 objectName: "items"
                 anchors.fill: parent
                 anchors.margins: 6
@@ -105,7 +120,10 @@ FocusScope {
                 Keys.onEnterPressed: root.items.showInFiles(list.currentIndex)
                 Keys.onPressed: (event) => {
                     event.accepted = true;
-                    if (event.matches(StandardKey.Copy))
+                    const wantsMenu = event.key === Qt.Key_F10 && event.modifiers === Qt.ShiftModifier;
+                    if (event.key === Qt.Key_Menu || wantsMenu)
+                        list.askForMenu();
+                    else if (event.matches(StandardKey.Copy))
                         root.items.copyPath(list.currentIndex);
                     else if (event.key === Qt.Key_PageUp)
                         list.goTo(list.currentIndex - list.rowsShown);
@@ -142,6 +160,13 @@ FocusScope {
 
                     TapHandler {
                         onTapped: row.takeKeys()
+                    }
+                    TapHandler {
+                        acceptedButtons: Qt.RightButton
+                        onTapped: (eventPoint) => {
+                            row.takeKeys();
+                            root.menuAsked(row, row.index, eventPoint.position.x, eventPoint.position.y, false);
+                        }
                     }
                 }
             }

@@ -120,6 +120,38 @@ Item {
         }
     }
 
+    ContextMenu {
+        id: itemMenu
+
+        property int row: -1
+        property string line: ""
+        // Acted upon once the menu has given the keyboard back.
+        property bool chosen: false
+
+        function showFor(item: Item, row: int, x: double, y: double, byKeys: bool) {
+            itemMenu.row = row;
+            itemMenu.line = root.items.spareText(row);
+            itemMenu.popup(item, x, y);
+            itemMenu.currentIndex = byKeys ? 0 : -1;
+        }
+
+        objectName: "itemMenu"
+        onAboutToShow: itemMenu.chosen = false
+        onClosed: {
+            if (!itemMenu.chosen)
+                return;
+            itemsView.stayWhile(() => root.items.spare(itemMenu.row));
+            if (root.items.title === "")
+                sheet.close();
+        }
+
+        ContextMenuItem {
+            objectName: "neverSuggest"
+            text: itemMenu.line
+            onTriggered: itemMenu.chosen = true
+        }
+    }
+
     BottomActionBar {
         id: bar
 
@@ -138,10 +170,16 @@ Item {
         onClosed: root.items.clear()
 
         contentItem: ItemsView {
+            id: itemsView
+
             focus: true
             items: root.items
             note: root.items.note
             onDone: sheet.close()
+            onMenuAsked: (item, row, x, y, byKeys) => {
+                if (root.items.tickable)
+                    itemMenu.showFor(item, row, x, y, byKeys);
+            }
             actions: [
                 SecondaryButtonStyle {
                     objectName: "tickShown"

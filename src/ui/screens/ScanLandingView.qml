@@ -7,6 +7,34 @@ Item {
     id: root
 
     required property AppViewModel app
+    required property KeptPaths keptPaths
+    /// Of the window's corners.
+    property double cornerRadius: 0
+
+    function showMenu(x: double, y: double, byKeys: bool) {
+        menu.popup(root, x, y);
+        menu.currentIndex = byKeys ? 0 : -1;
+    }
+
+    TapHandler {
+        acceptedButtons: Qt.RightButton
+        onTapped: (eventPoint) => root.showMenu(eventPoint.position.x, eventPoint.position.y, false)
+    }
+
+    Shortcut {
+        enabled: root.visible
+        sequences: ["Menu", "Shift+F10"]
+        onActivated: root.showMenu(22, header.height + 22, true)
+    }
+
+    DropArea {
+        anchors.fill: parent
+        keys: ["text/uri-list"]
+        onDropped: (drop) => {
+            if (drop.urls.length === 1)
+                root.keptPaths.propose(drop.urls[0]);
+        }
+    }
 
     HeaderRow {
         id: header
@@ -67,5 +95,58 @@ Item {
                 onClicked: root.app.startScan()
             }
         }
+    }
+
+    ContextMenu {
+        id: menu
+
+        // Acted upon once the menu has given the keyboard back.
+        property bool chosen: false
+
+        objectName: "landingMenu"
+        onAboutToShow: menu.chosen = false
+        onClosed: if (menu.chosen) dialog.active = true
+
+        ContextMenuItem {
+            objectName: "alsoLookIn"
+            text: qsTr("Also look in…")
+            onTriggered: menu.chosen = true
+        }
+    }
+
+    // Made when it is asked for: few people ever do.
+    Loader {
+        id: dialog
+
+        active: false
+        source: "PlaceDialog.qml"
+
+        Connections {
+            target: dialog.item
+            function onChosen(folder: url) { root.keptPaths.propose(folder); }
+            function onDone() { dialog.active = false; }
+        }
+    }
+
+    Alert {
+        objectName: "placeAlert"
+        visible: root.keptPaths.question !== ""
+        windowRadius: root.cornerRadius
+        title: root.keptPaths.question
+        message: qsTr("Tidlo looks there in every scan from now on, for projects with a marker such as package.json. The menu of the settings takes it back.")
+        defaultText: qsTr("Look there too")
+        cancelText: qsTr("Cancel")
+        onAccepted: root.keptPaths.answer(true)
+        onRejected: root.keptPaths.answer(false)
+    }
+
+    Alert {
+        objectName: "placeRefusedAlert"
+        visible: root.keptPaths.refusal !== ""
+        windowRadius: root.cornerRadius
+        title: qsTr("Tidlo does not look there")
+        message: root.keptPaths.refusal
+        defaultText: qsTr("OK")
+        onClosed: root.keptPaths.answer(false)
     }
 }

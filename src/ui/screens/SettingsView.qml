@@ -8,11 +8,28 @@ Item {
 
     required property AppViewModel app
     required property Preferences preferences
+    required property KeptPaths keptPaths
     /// Of the window's corners.
     property double cornerRadius: 0
     property bool showUninstallConfirmation: false
 
     objectName: "settings"
+
+    function showMenu(x: double, y: double, byKeys: bool) {
+        menu.popup(root, x, y);
+        menu.currentIndex = byKeys ? 0 : -1;
+    }
+
+    TapHandler {
+        acceptedButtons: Qt.RightButton
+        onTapped: (eventPoint) => root.showMenu(eventPoint.position.x, eventPoint.position.y, false)
+    }
+
+    Shortcut {
+        enabled: root.visible
+        sequences: ["Menu", "Shift+F10"]
+        onActivated: root.showMenu(22, header.height + 22, true)
+    }
 
     HeaderRow {
         id: header
@@ -53,6 +70,45 @@ Item {
                 width: parent.width
                 onUninstallRequested: root.showUninstallConfirmation = true
             }
+        }
+    }
+
+    ContextMenu {
+        id: menu
+
+        // Acted upon once the menu has given the keyboard back.
+        property bool chosen: false
+
+        objectName: "settingsMenu"
+        onAboutToShow: menu.chosen = false
+        onClosed: {
+            if (!menu.chosen)
+                return;
+            root.keptPaths.inspect();
+            sheet.open();
+        }
+
+        ContextMenuItem {
+            objectName: "showKeptPaths"
+            text: qsTr("Never suggested, and looked into…")
+            onTriggered: menu.chosen = true
+        }
+    }
+
+    Sheet {
+        id: sheet
+
+        objectName: "keptPathsSheet"
+        windowRadius: root.cornerRadius
+        title: root.keptPaths.title
+        onClosed: root.keptPaths.clear()
+
+        contentItem: ItemsView {
+            focus: true
+            items: root.keptPaths
+            detailBeneath: true
+            note: root.keptPaths.note
+            onDone: sheet.close()
         }
     }
 

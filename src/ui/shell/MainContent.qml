@@ -46,7 +46,11 @@ FocusScope {
     // qmllint disable unqualified
     Component {
         id: landing
-        ScanLandingView { app: root.shown.app }
+        ScanLandingView {
+            app: root.shown.app
+            keptPaths: root.shown.keptPaths
+            cornerRadius: root.cornerRadius
+        }
     }
     Component {
         id: scanning
@@ -73,6 +77,7 @@ FocusScope {
         SettingsView {
             app: root.shown.app
             preferences: root.shown.preferences
+            keptPaths: root.shown.keptPaths
             cornerRadius: root.cornerRadius
         }
     }

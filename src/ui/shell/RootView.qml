@@ -137,6 +137,16 @@ FocusScope {
         onClosed: root.shown.report.acknowledgeNotPutBack()
     }
 
+    Alert {
+        objectName: "sparedUnknownAlert"
+        visible: root.shown.findings.isSparedUnknown
+        windowRadius: root.cornerRadius
+        title: qsTr("Nothing was moved")
+        message: qsTr("What is never to be suggested cannot be read from the preferences. It could be among what is selected.")
+        defaultText: qsTr("OK")
+        onClosed: root.shown.findings.acknowledgeSparedUnknown()
+    }
+
     Sheet {
         objectName: "setupSheet"
         visible: root.shown.app.showSetupWizard && !root.shown.app.showMoveToApplicationsError // One after the other.

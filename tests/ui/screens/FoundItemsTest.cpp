@@ -311,4 +311,49 @@ TEST_F(FoundItemsTest, ViewsReadTheRolesByTheseNames)
     EXPECT_THAT(items->roleNames().values(), testing::UnorderedElementsAre("pathText", "detailText", "ticked"));
 }
 
+TEST_F(FoundItemsTest, NeverToBeSuggestedGoAtOnceAndTheSearchStays)
+{
+    inspect({"/a/1", "/b/2", "/a/4"});
+    items->setFilter(QStringLiteral("a"));
+    EXPECT_EQ(items->spareText(1), QStringLiteral("Never suggest this"));
+    items->spare(1);
+    EXPECT_THAT(shownPaths(), ElementsAre(QStringLiteral("/a/1")));
+    EXPECT_THAT(shownSizes(), ElementsAre(byteCountText(1)));
+    EXPECT_THAT(ticks(), ElementsAre(true));
+    EXPECT_EQ(items->summary(), QStringLiteral("2 items · 3 bytes"));
+    EXPECT_EQ(items->note(), QStringLiteral("Never suggested again: /a/4. The menu of the settings shows the list."));
+    EXPECT_THAT(app().defaults().paths(UserDefaults::spared).value(), ElementsAre("/a/4"));
+    items->spare(1);
+    EXPECT_EQ(items->count(), 1);
+}
+
+TEST_F(FoundItemsTest, WhatHoldsTheItemIsNamedWithItsSizeBeforeItGoesToo)
+{
+    CleanupCandidate inner = candidate(CleanupRisk::safe);
+    inner.paths = {"/a/b/c"};
+    CleanupCandidate outer = candidate(CleanupRisk::safe);
+    outer.paths = {"/a/b", "/" + QByteArray(90, 'x')};
+    CleanupCandidate outermost = candidate(CleanupRisk::review);
+    outermost.paths = {"/a"};
+    app().showResults({.snapshot = {.totals = {}, .candidates = {inner, outer, outermost}},
+                       .sizes = {{inner.id, {10}}, {outer.id, {20, 1}}, {outermost.id, {30}}}});
+    items->inspect(inner.id);
+    EXPECT_EQ(items->spareText(0),
+              QStringLiteral("Never suggest this, nor “/a”, which holds it (%1), and 1 more").arg(byteCountText(30)));
+    items->spare(0);
+    EXPECT_EQ(items->title(), QString());
+    EXPECT_EQ(items->count(), 0);
+    ASSERT_EQ(app().candidates().size(), 1);
+    EXPECT_EQ(app().candidates().first().paths.size(), 1);
+}
+
+TEST_F(FoundItemsTest, WhatCannotBeKeptStaysAndIsTold)
+{
+    inspect({"/a/1"});
+    app().defaults().set(UserDefaults::spared, QStringLiteral("relative"));
+    items->spare(0);
+    EXPECT_EQ(items->count(), 1);
+    EXPECT_EQ(items->note(), QStringLiteral("The preferences cannot be read or written, so this cannot be kept."));
+}
+
 } // namespace tidlo

@@ -28,9 +28,11 @@ AppEnvironment Demo::environment()
         shownPaths.append(QFile::decodeName(path));
     });
     const auto files = std::make_shared<testing::NiceMock<FakeFileManager>>(home);
-    ON_CALL(*files, trashItem)
-        .WillByDefault(testing::Return(
-            TrashOutcome{.kind = TrashOutcome::Kind::refused, .reason = QStringLiteral("It holds a Trash.")}));
+    ON_CALL(*files, trashItem).WillByDefault([this](const FilePath &path) { return outcomeOf(path); });
+    ON_CALL(*files, restoreItems).WillByDefault([this](const QList<TrashedItem> &items, auto &&) {
+        putBackCount += static_cast<int>(items.size());
+        return QList<TrashOutcome>(items.size(), outcomeOf({}));
+    });
     AppEnvironment environment = demoEnvironment(home);
     environment.fileManager = files;
     environment.workspace = desktop;
@@ -50,6 +52,17 @@ QString Demo::phase() const
     return QLatin1StringView(names.at(static_cast<size_t>(model.phase())));
 }
 
+QUrl Demo::folderNamed(const QString &name) const
+{
+    QDir(folder.path()).mkdir(name);
+    return QUrl::fromLocalFile(folder.filePath(name));
+}
+
+void Demo::damagePreference(const QString &key)
+{
+    given.defaults->set(QLatin1StringView(key.toLatin1()), QStringLiteral("damaged"));
+}
+
 QString Demo::storedTheme() const
 {
     return given.defaults->string(UserDefaults::theme, {});
@@ -59,9 +72,13 @@ void Demo::reset()
 {
     uninstallCount = 0;
     launchCount = 0;
+    putBackCount = 0;
+    isTrashStuck = false;
     shownPaths.clear();
     given.defaults->set(UserDefaults::theme, {});
     given.defaults->set(UserDefaults::setupCompleted, {});
+    given.defaults->set(UserDefaults::spared, {});
+    given.defaults->set(UserDefaults::places, {});
     model.setSection(AppSection::scan);
     model.setPhase(ScanPhase::ready);
     model.setTotals({});
@@ -158,7 +175,22 @@ void Demo::setReport(double bytes, int removed, int kept, double diskUsed)
     model.setCleanupReport(report);
 }
 
+TrashOutcome Demo::outcomeOf(const FilePath &path) const
+{
+    if (isTrashStuck)
+        return {.kind = TrashOutcome::Kind::refused, .reason = QStringLiteral("It holds a Trash.")};
+    return {.kind = TrashOutcome::Kind::moved,
+            .reason = {},
+            .trashed = TrashedItem{.trash = {}, .name = {}, .origin = path}};
+}
+
 void Demo::cleanUpInVain(int count)
+{
+    isTrashStuck = true;
+    cleanUp(count);
+}
+
+void Demo::cleanUp(int count)
 {
     CleanupCandidate finding = demoFindings().constFirst();
     finding.paths.clear();

@@ -21,6 +21,7 @@ class Demo : public QObject
     Q_PROPERTY(QString storedTheme READ storedTheme)
     Q_PROPERTY(int uninstalls READ uninstalls)
     Q_PROPERTY(int launches READ launches)
+    Q_PROPERTY(int putBack READ putBack)
     Q_PROPERTY(QStringList shownInFiles READ shownInFiles)
 
 public:
@@ -31,10 +32,17 @@ public:
     QString phase() const;
     QString storedTheme() const;                      ///< Empty while none is stored.
     int uninstalls() const { return uninstallCount; } ///< How often the script that uninstalls was started.
+    int putBack() const { return putBackCount; }      ///< How many items were put back from the Trash, or should be.
     int launches() const { return launchCount; }      ///< How often a copy in the Applications folder was started.
 
     /// The paths that the file browser was asked to show, in that order.
     QStringList shownInFiles() const { return shownPaths; }
+
+    /// A folder in the home, which is made if need be.
+    Q_INVOKABLE QUrl folderNamed(const QString &name) const;
+
+    /// Makes what is kept under \a key something that cannot be understood.
+    Q_INVOKABLE void damagePreference(const QString &key);
 
     /// As when the application starts.
     Q_INVOKABLE void reset();
@@ -57,6 +65,10 @@ public:
 
     /// As after a cleanup that moved nothing: the first finding stayed, which is one of \a count items.
     Q_INVOKABLE void cleanUpInVain(int count);
+    /// As after a cleanup that says it moved them all; nothing is moved.
+    Q_INVOKABLE void cleanUp(int count = 1);
+    /// From now on nothing gets into the Trash, or out of it.
+    Q_INVOKABLE void stickTrash() { isTrashStuck = true; }
     Q_INVOKABLE void showMovePrompt(bool shown);
     Q_INVOKABLE void showMoveError(const QString &message);
 
@@ -74,10 +86,13 @@ public:
 
 private:
     AppEnvironment environment();
+    TrashOutcome outcomeOf(const FilePath &path) const;
 
     QTemporaryDir folder;
     int uninstallCount = 0;
     int launchCount = 0;
+    int putBackCount = 0;
+    bool isTrashStuck = false;
     QStringList shownPaths;
     AppEnvironment given = environment();
     OpenModel model{given};

@@ -183,4 +183,35 @@ ViewCase {
         keyClick(Qt.Key_Menu);
         verify(!item("reportMenu").visible);
     }
+
+    function test_without_a_cleanup_of_this_run_nothing_can_be_put_back() {
+        demo.cleanUpInVain(1);
+        mouseClick(shown, 400, 300, Qt.RightButton);
+        tryVerify(() => item("reportMenu").opened);
+        verify(!item("putBack").visible);
+        compare(item("putBack").height, 0);
+        keyClick(Qt.Key_Escape);
+        keyClick(Qt.Key_Z, Qt.ControlModifier);
+        compare(demo.phase, "report");
+    }
+
+    function test_everything_can_be_put_back_data() {
+        return [
+            { tag: "menu", ask: () => {
+                mouseClick(shown, 400, 300, Qt.RightButton);
+                tryVerify(() => item("reportMenu").opened);
+                verify(!item("showStayed").visible);
+                mouseClick(item("putBack"));
+            } },
+            { tag: "undo", ask: () => keyClick(Qt.Key_Z, Qt.ControlModifier) }
+        ];
+    }
+
+    function test_everything_can_be_put_back(data) {
+        demo.cleanUp();
+        data.ask();
+        compare(demo.phase, "scanning");
+        tryCompare(demo, "phase", "results");
+        compare(demo.putBack, 1);
+    }
 }

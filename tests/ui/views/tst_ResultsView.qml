@@ -556,6 +556,44 @@ ViewCase {
         tryVerify(() => !item("itemsSheet").visible);
     }
 
+    function test_an_item_can_be_spared_for_good_data() {
+        return [
+            { tag: "pointer", ask: (list) => mouseClick(list.itemAtIndex(1), 40, 18, Qt.RightButton) },
+            { tag: "menu key", ask: () => keyClick(Qt.Key_Menu) },
+            { tag: "shift and F10", ask: () => keyClick(Qt.Key_F10, Qt.ShiftModifier) }
+        ];
+    }
+
+    function test_an_item_can_be_spared_for_good(data) {
+        const content = lookInto(4), list = findChild(content, "items");
+        list.forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Down);
+        laidOut();
+        data.ask(list);
+        tryVerify(() => item("itemMenu").opened);
+        compare(item("neverSuggest").text, "Never suggest this");
+        mouseClick(item("neverSuggest"));
+        tryCompare(list, "count", 22);
+        compare(list.currentIndex, 1);
+        laidOut();
+        verify(list.itemAtIndex(1).Accessible.name.startsWith(path(2)));
+        text("Never suggested again: " + path(1) + ". The menu of the settings shows the list.", content);
+        verify(item("itemsSheet").opened);
+    }
+
+    function test_the_look_ends_with_the_last_item() {
+        const content = lookInto(0), list = findChild(content, "items");
+        list.forceActiveFocus(Qt.TabFocusReason);
+        for (let left = list.count; left > 0; --left) {
+            keyClick(Qt.Key_Menu);
+            tryVerify(() => item("itemMenu").opened);
+            keyClick(Qt.Key_Return);
+            tryCompare(list, "count", left - 1);
+            tryVerify(() => !item("itemMenu").visible);
+        }
+        tryVerify(() => !item("itemsSheet").visible);
+    }
+
     function test_a_path_can_be_copied_data() {
         return [
             { tag: "button", copy: (line) => mouseClick(findChild(line, "copyPath")) },

@@ -241,6 +241,35 @@ ViewCase {
         tryVerify(() => !alert.visible);
     }
 
+    function test_what_could_not_be_put_back_is_told() {
+        demo.cleanUp(5);
+        demo.stickTrash();
+        keyClick(Qt.Key_Z, Qt.ControlModifier);
+        const alert = item("notPutBackAlert");
+        tryVerify(() => alert.opened);
+        compare(demo.texts(alert.contentItem)[0], "Not everything was put back");
+        verify(alert.message.endsWith("/stays-2\nIt holds a Trash.\n\nAnd 2 more."));
+        tryCompare(demo, "phase", "results");
+        keyClick(Qt.Key_Return);
+        tryVerify(() => !alert.visible);
+    }
+
+    function test_while_it_cannot_be_read_what_is_spared_nothing_is_moved() {
+        demo.showResults();
+        demo.damagePreference("tidlo.spared");
+        demo.shown.findings.moveSelectedToTrash();
+        const alert = item("sparedUnknownAlert");
+        tryVerify(() => alert.opened);
+        compare(demo.texts(alert.contentItem)[0], "Nothing was moved");
+        compare(demo.phase, "results");
+        keyClick(Qt.Key_Return);
+        tryVerify(() => !alert.visible);
+        demo.shown.findings.moveSelectedToTrash();
+        tryVerify(() => alert.opened);
+        keyClick(Qt.Key_Escape);
+        tryVerify(() => !alert.visible);
+    }
+
     function test_a_failed_move_is_told_before_the_first_run_goes_on() {
         demo.showMoveError("Permission denied");
         demo.shown.app.showSetupWizard = true;

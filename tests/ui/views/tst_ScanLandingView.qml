@@ -8,6 +8,7 @@ ViewCase {
         ScanLandingView {
             anchors.fill: parent
             app: demo.shown.app
+            keptPaths: demo.shown.keptPaths
         }
     }
 
@@ -192,5 +193,48 @@ ViewCase {
             }
             ScriptAction { script: ++breath.turns }
         }
+    }
+
+    function test_a_folder_is_looked_into_as_well_once_that_is_affirmed_data() {
+        return [{ tag: "affirmed", key: Qt.Key_Return, count: 1 }, { tag: "declined", key: Qt.Key_Escape, count: 0 }];
+    }
+
+    function test_a_folder_is_looked_into_as_well_once_that_is_affirmed(data) {
+        const kept = demo.shown.keptPaths;
+        kept.propose(demo.folderNamed("code"));
+        const alert = item("placeAlert");
+        tryVerify(() => alert.opened);
+        verify(/^Also look for project folders in “.*code”\?$/.test(alert.title));
+        keyClick(data.key);
+        tryVerify(() => !alert.visible);
+        kept.inspect();
+        compare(kept.count, data.count);
+        compare([demo.phase, demo.section], ["ready", "scan"]);
+    }
+
+    function test_what_cannot_be_looked_into_is_refused() {
+        demo.shown.keptPaths.propose(demo.folderNamed("Library"));
+        const alert = item("placeRefusedAlert");
+        tryVerify(() => alert.opened);
+        verify(alert.message.endsWith("is the Library of the home folder, or lies in it."));
+        keyClick(Qt.Key_Return);
+        tryVerify(() => !alert.visible);
+        verify(!item("placeAlert").visible);
+    }
+
+    function test_its_menu_offers_to_look_elsewhere_data() {
+        return [
+            { tag: "pointer", ask: () => mouseClick(shown, 400, 600, Qt.RightButton) },
+            { tag: "menu key", ask: () => keyClick(Qt.Key_Menu) },
+            { tag: "shift and F10", ask: () => keyClick(Qt.Key_F10, Qt.ShiftModifier) }
+        ];
+    }
+
+    function test_its_menu_offers_to_look_elsewhere(data) {
+        data.ask();
+        tryVerify(() => item("landingMenu").opened);
+        compare(item("alsoLookIn").text, "Also look in…");
+        keyClick(Qt.Key_Escape);
+        tryVerify(() => !item("landingMenu").visible);
     }
 }

@@ -8,6 +8,7 @@ ViewCase {
         SettingsView {
             anchors.fill: parent
             app: demo.shown.app
+            keptPaths: demo.shown.keptPaths
             preferences: demo.shown.preferences
         }
     }
@@ -186,5 +187,37 @@ ViewCase {
         tryVerify(() => !alert().visible);
         verify(!shown.showUninstallConfirmation);
         compare(demo.uninstalls, 1);
+    }
+
+    function test_what_is_kept_for_all_scans_can_be_seen_and_taken_back_data() {
+        return [
+            { tag: "pointer", ask: () => mouseClick(shown, 400, 300, Qt.RightButton) },
+            { tag: "menu key", ask: () => keyClick(Qt.Key_Menu) },
+            { tag: "shift and F10", ask: () => keyClick(Qt.Key_F10, Qt.ShiftModifier) }
+        ];
+    }
+
+    function test_what_is_kept_for_all_scans_can_be_seen_and_taken_back(data) {
+        const kept = demo.shown.keptPaths;
+        kept.propose(demo.folderNamed("code"));
+        tryVerify(() => kept.question !== "");
+        kept.answer(true);
+        data.ask();
+        tryVerify(() => item("settingsMenu").opened);
+        mouseClick(item("showKeptPaths"));
+        const sheet = item("keptPathsSheet");
+        tryVerify(() => sheet.opened);
+        const list = findChild(sheet.contentItem, "items");
+        compare(list.count, 1);
+        laidOut();
+        text("Project folders are looked for in it", list.itemAtIndex(0));
+        list.forceActiveFocus(Qt.TabFocusReason);
+        verify(list.itemAtIndex(0).Accessible.checked);
+        keyClick(Qt.Key_Space);
+        verify(!list.itemAtIndex(0).Accessible.checked);
+        keyClick(Qt.Key_Escape);
+        tryVerify(() => !sheet.visible);
+        kept.inspect();
+        compare(kept.count, 0);
     }
 }

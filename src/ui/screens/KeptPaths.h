@@ -1,0 +1,64 @@
+#pragma once
+
+#include "ui/screens/ItemList.h"
+
+#include <QUrl>
+
+namespace tidlo {
+
+/// The paths that the user named once for all scans: what is never to be suggested, and where projects are looked for
+/// as well. Each is ticked while it is kept; unticked, it is taken back at once. It also asks whether a folder is to be
+/// added to the latter.
+class KeptPaths : public tidlo::ItemList
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("It is made with the state that it shows.")
+    /// What went wrong last, as a sentence; empty if nothing did.
+    Q_PROPERTY(QString note READ note NOTIFY noteChanged)
+    /// Whether a folder is to be looked into as well, as a question; empty if none is proposed.
+    Q_PROPERTY(QString question READ question NOTIFY proposalChanged)
+    /// Why a proposed folder cannot be looked into, as a sentence; empty if none is refused.
+    Q_PROPERTY(QString refusal READ refusal NOTIFY proposalChanged)
+
+public:
+    /// \a app must outlive it.
+    explicit KeptPaths(AppViewModel &app, QObject *parent = nullptr);
+
+    QString summary() const override; ///< How many there are of each kind.
+    bool isTickable() const override { return true; }
+    QString note() const { return failure; }
+    QString question() const;
+    QString refusal() const;
+
+    /// Shows them, as they are kept at this moment.
+    Q_INVOKABLE void inspect();
+    void clear() override;
+    void toggle(int row) override;
+
+    /// Proposes what is at \a folder as a place where projects are looked for.
+    Q_INVOKABLE void propose(const QUrl &folder);
+    Q_INVOKABLE void answer(bool isWanted);
+
+Q_SIGNALS:
+    void noteChanged();
+    void proposalChanged();
+
+private:
+    struct Entry
+    {
+        QLatin1StringView list; ///< The key of the preferences.
+        FilePath path;
+        bool isKept = true;
+    };
+
+    QString detailOf(int item) const override;
+    bool isTicked(int item) const override { return entries.at(item).isKept; }
+    void order(QList<int> &) const override {}
+    void fail(const QString &text);
+
+    QList<Entry> entries; ///< One for each item.
+    QString failure;
+};
+
+} // namespace tidlo
