@@ -50,7 +50,7 @@ Findings::Findings(AppViewModel &shown, QObject *parent)
     : QAbstractListModel(parent)
     , app(shown)
 {
-    connect(&app, &AppViewModel::candidatesChanged, this, &Findings::updateRows);
+    connect(&app, &AppViewModel::candidatesChanged, this, &Findings::updateCandidates);
     connect(&app, &AppViewModel::candidatesChanged, this, &Findings::selectionChanged);
     connect(&app, &AppViewModel::isMovingFilesChanged, this, &Findings::selectionChanged);
     connect(&app, &AppViewModel::isSparedUnknownChanged, this, &Findings::isSparedUnknownChanged);
@@ -59,7 +59,19 @@ Findings::Findings(AppViewModel &shown, QObject *parent)
     connect(&app, &AppViewModel::totalsChanged, this, &Findings::headlineChanged);
     connect(&app, &AppViewModel::aiSummaryChanged, this, &Findings::summaryChanged);
     connect(&app, &AppViewModel::isGeneratingAIChanged, this, &Findings::isExplainingChanged);
+    updateCandidates();
+}
+
+void Findings::updateCandidates()
+{
+    QSet<QUuid> updated;
+    for (const CleanupCandidate &candidate : app.candidates())
+        updated.insert(candidate.id);
+    const bool areOthers = !updated.intersects(candidates);
+    candidates = updated;
     updateRows();
+    if (areOthers)
+        Q_EMIT replaced();
 }
 
 void Findings::updateRows()

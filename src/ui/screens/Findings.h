@@ -3,6 +3,7 @@
 #include "app/AppViewModel.h"
 
 #include <QAbstractListModel>
+#include <QSet>
 #include <QtQml/qqmlregistration.h>
 
 namespace tidlo {
@@ -83,12 +84,15 @@ Q_SIGNALS:
     void summaryChanged();
     void isExplainingChanged();
     void countChanged();
+    void replaced(); ///< By those of another scan: none of the candidates was there before.
 
 private:
+    void updateCandidates();
     void updateRows();
     QString wholeSummary() const;
 
     AppViewModel &app;
+    QSet<QUuid> candidates; ///< All of them, by their identifiers.
     QList<CleanupCandidate> rows;
     qint64 maxBytes = 1; ///< Of all candidates, whether or not they pass the filter.
 };

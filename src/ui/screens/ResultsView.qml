@@ -40,6 +40,11 @@ Item {
         Accessible.role: Accessible.List
         Accessible.name: qsTr("Findings")
 
+        Connections {
+            target: root.findings
+            function onReplaced() { area.scrollTo(0, 0); }
+        }
+
         Column {
             id: column
 

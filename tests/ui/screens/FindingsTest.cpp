@@ -43,6 +43,20 @@ TEST_F(FindingsTest, AreInTheOrderOfTheScan)
     }
 }
 
+TEST_F(FindingsTest, AreReplacedByThoseOfAnotherScanOnly)
+{
+    const QList<CleanupCandidate> some{candidate(CleanupRisk::safe), candidate(CleanupRisk::review)};
+    const auto replacedBy = [this](const QList<CleanupCandidate> &others) {
+        return times(findings, &Findings::replaced, [&] { show(others); });
+    };
+
+    EXPECT_EQ(replacedBy(some), 1);
+    EXPECT_EQ(replacedBy({some.last()}), 0); // As after a cleanup.
+    EXPECT_EQ(times(findings, &Findings::replaced, [this] { findings.setFilter(Findings::Filter::Safe); }), 0);
+    EXPECT_EQ(replacedBy({candidate(CleanupRisk::safe)}), 1);
+    EXPECT_EQ(replacedBy({}), 1);
+}
+
 TEST_F(FindingsTest, ARowHasAllItsView)
 {
     CleanupCandidate shown = candidate(CleanupRisk::review, 6'180'000'000, CleanupCategory::whatsApp);

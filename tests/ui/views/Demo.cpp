@@ -100,6 +100,14 @@ void Demo::showResults()
     model.setAiSummary(demoExplanation());
 }
 
+void Demo::showResultsOfAnotherScan()
+{
+    ScanResult result = demoResult();
+    for (CleanupCandidate &candidate : result.snapshot.candidates)
+        candidate.id = QUuid::createUuid();
+    model.showResults(result);
+}
+
 void Demo::scanAt(double progress, const QString &label)
 {
     model.setPhase(ScanPhase::scanning);

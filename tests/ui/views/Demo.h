@@ -50,6 +50,9 @@ public:
     /// As after a scan that found demoFindings().
     Q_INVOKABLE void showResults();
 
+    /// As after another scan that found the same: each scan gives its findings identifiers of their own.
+    Q_INVOKABLE void showResultsOfAnotherScan();
+
     Q_INVOKABLE void scanAt(double progress, const QString &label);
     Q_INVOKABLE void setFigures(double diskUsed, double recoverable);
     Q_INVOKABLE void setSection(const QString &section);

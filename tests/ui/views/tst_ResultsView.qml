@@ -26,6 +26,26 @@ ViewCase {
         laidOut();
     }
 
+    function test_the_results_of_another_scan_begin_at_the_top() {
+        show();
+        const area = item("findings");
+        area.scrollTo(0, area.contentHeight);
+        verify(area.contentY > 0);
+        demo.showResultsOfAnotherScan();
+        laidOut();
+        compare(area.contentY, 0);
+    }
+
+    function test_what_changes_about_findings_leaves_their_place() {
+        show();
+        const area = item("findings");
+        area.scrollTo(0, 120);
+        demo.changeCandidate(0, { selected: false });
+        demo.setExplaining(false);
+        laidOut();
+        compare(area.contentY, 120);
+    }
+
     function test_tells_how_much_was_found() {
         show();
         text("AI-assisted results — 54.75 GB found");

@@ -172,6 +172,15 @@ ViewCase {
         compare([item("progressCard"), item("findings")], [card, list]);
     }
 
+    function test_the_results_keep_their_place_while_another_section_is_shown() {
+        demo.showResults();
+        tryVerify(() => item("findings").contentHeight > item("findings").height);
+        item("findings").scrollTo(0, 150);
+        for (const section of ["settings", "report", "results"])
+            demo.setSection(section);
+        compare(item("findings").contentY, 150);
+    }
+
     function test_the_offer_to_move_is_answered_data() {
         return [
             { tag: "not now", answer: (alert) => mouseClick(findChild(alert.contentItem, "cancelButton")) },
