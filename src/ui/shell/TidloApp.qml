@@ -16,8 +16,12 @@ Window {
     readonly property bool isFramed: root.chrome.isNative
     readonly property bool fillsScreen: visibility === Window.Maximized || visibility === Window.FullScreen
     readonly property double cornerRadius: fillsScreen || isFramed ? 0 : 10
-    /// In front of what must be answered first: meanwhile the window can still be moved and closed.
+    /// Something must be answered first.
+    readonly property bool isAsking: T.Overlay.overlay ? T.Overlay.overlay.visible : false
+    /// In front of that: meanwhile the window can still be moved and closed.
     readonly property double front: T.Overlay.overlay ? T.Overlay.overlay.z + 1 : 1
+    /// What holds the window is behind everything that takes a press.
+    readonly property double back: isAsking ? front : 0
 
     function zoom() {
         fillsScreen ? showNormal() : showMaximized();
@@ -35,21 +39,20 @@ Window {
     visible: true
 
     WindowHandle {
-        z: window.front
-        visible: !window.isFramed && T.Overlay.overlay.visible
+        anchors.fill: parent
+    }
+    WindowHandle {
+        z: window.back
+        visible: !window.isFramed
+        y: -scroller.contentY
         width: parent.width
         height: root.barHeight
         onDoubleClicked: window.zoom()
     }
-
-    WindowButtons {
-        z: window.front
-        visible: !window.isFramed
-        x: 20 - scroller.contentX
-        y: (root.barHeight - height) / 2 - scroller.contentY
-        window: window
-        onZoomRequested: window.zoom()
-        onReached: scroller.scrollTo(0, 0)
+    WindowEdges {
+        z: window.back
+        anchors.fill: parent
+        visible: !window.isFramed && !window.fillsScreen
     }
 
     ScrollArea {
@@ -59,16 +62,6 @@ Window {
         contentWidth: Math.max(width, window.leastContent.width)
         contentHeight: Math.max(height, window.leastContent.height)
 
-        // Whatever takes no press lets the window be held by it.
-        WindowHandle {
-            anchors.fill: parent
-        }
-        WindowHandle {
-            enabled: !window.isFramed
-            width: parent.width
-            height: root.barHeight
-            onDoubleClicked: window.zoom()
-        }
         RootView {
             id: root
 
@@ -79,9 +72,13 @@ Window {
         }
     }
 
-    WindowEdges {
+    WindowButtons {
         z: window.front
-        anchors.fill: parent
-        visible: !window.isFramed && !window.fillsScreen
+        visible: !window.isFramed
+        x: 20 - scroller.contentX
+        y: (root.barHeight - height) / 2 - scroller.contentY
+        window: window
+        onZoomRequested: window.zoom()
+        onReached: scroller.scrollTo(0, 0)
     }
 }
