@@ -16,6 +16,7 @@ PlainButton {
     rightPadding: root.sidePadding
     topPadding: 13
     bottomPadding: 13
+    opacity: 1
 
     contentItem: TidloText {
         text: root.text

@@ -10,10 +10,11 @@ T.AbstractButton {
     /// Corners of the focus ring.
     property double cornerRadius: 9
 
-    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    implicitWidth: Math.ceil(implicitContentWidth + leftPadding + rightPadding)
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     focusPolicy: Qt.StrongFocus
     hoverEnabled: true
+    opacity: style.opacityOfButton
 
     Accessible.role: root.checkable ? Accessible.CheckBox : Accessible.Button
     Accessible.name: root.text
@@ -23,12 +24,10 @@ T.AbstractButton {
     Keys.onReturnPressed: root.clicked()
     Keys.onEnterPressed: root.clicked()
 
-    HoverHandler {
-        cursorShape: root.enabled ? Qt.PointingHandCursor : Qt.ArrowCursor
-    }
+    PlainStyle {
+        id: style
 
-    FocusRing {
-        visible: root.visualFocus
+        button: root
         cornerRadius: root.cornerRadius
     }
 }

@@ -10,10 +10,11 @@ T.RadioButton {
     /// Corners of the focus ring.
     property double cornerRadius: 9
 
-    implicitWidth: implicitContentWidth + leftPadding + rightPadding
+    implicitWidth: Math.ceil(implicitContentWidth + leftPadding + rightPadding)
     implicitHeight: implicitContentHeight + topPadding + bottomPadding
     focusPolicy: Qt.StrongFocus
     hoverEnabled: true
+    opacity: style.opacityOfButton
 
     Accessible.name: root.text
     Accessible.onPressAction: root.clicked()
@@ -22,12 +23,10 @@ T.RadioButton {
     Keys.onReturnPressed: root.clicked()
     Keys.onEnterPressed: root.clicked()
 
-    HoverHandler {
-        cursorShape: root.enabled ? Qt.PointingHandCursor : Qt.ArrowCursor
-    }
+    PlainStyle {
+        id: style
 
-    FocusRing {
-        visible: root.visualFocus
+        button: root
         cornerRadius: root.cornerRadius
     }
 }

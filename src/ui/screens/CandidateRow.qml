@@ -18,8 +18,13 @@ PlainButton {
     required property bool ticked
     required property bool toggleable
     property double tickScale: 1
+    property bool isMade: false
 
-    onTickedChanged: tick.restart()
+    Component.onCompleted: root.isMade = true
+    onTickedChanged: {
+        if (root.isMade)
+            tick.restart();
+    }
 
     NumberAnimation {
         id: tick

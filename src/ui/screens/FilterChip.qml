@@ -8,18 +8,11 @@ PlainRadioButton {
 
     required property bool selected
 
-    leftPadding: 12
-    rightPadding: 12
-    topPadding: 6
-    bottomPadding: 6
     cornerRadius: height / 2
     checked: root.selected
 
-    contentItem: ChipText {
+    contentItem: ChipFace {
         text: root.text
-        selected: root.selected
-    }
-    background: ChipSurface {
         selected: root.selected
     }
 }

@@ -8,19 +8,12 @@ PlainButton {
 
     required property bool selected
 
-    leftPadding: 12
-    rightPadding: 12
-    topPadding: 6
-    bottomPadding: 6
     cornerRadius: height / 2
     checkable: true
     checked: root.selected
 
-    contentItem: ChipText {
+    contentItem: ChipFace {
         text: root.text
-        selected: root.selected
-    }
-    background: ChipSurface {
         selected: root.selected
     }
 }

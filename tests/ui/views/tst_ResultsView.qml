@@ -79,12 +79,11 @@ ViewCase {
     }
 
     function test_a_chip_shows_whether_it_is_chosen(data) {
-        const chip = item(data.chip), words = text(data.words, chip);
+        const chip = item(data.chip), words = text(data.words, chip), pill = chip.contentItem;
         compareFonts([[words, TidloType.smallStrong]]);
-        compare([chip.background.radius, chip.background.border.width], [chip.height / 2, 1]);
+        compare([pill.width, pill.height, pill.radius, pill.border.width], [chip.width, chip.height, chip.height / 2, 1]);
         compareColors([
-            [words, "color", ...data.text], [chip.background, "color", ...data.fill],
-            [chip.background, "border.color", ...data.border]
+            [words, "color", ...data.text], [pill, "color", ...data.fill], [pill, "border.color", ...data.border]
         ]);
     }
 
@@ -433,6 +432,44 @@ ViewCase {
         data.toggle(row);
         verify(row.tickScale < 1);
         tryCompare(row, "tickScale", 1);
+    }
+
+    function test_a_row_that_is_made_does_not_animate() {
+        show();
+        for (const row of rows())
+            compare(row.tickScale, 1, nameOf(row));
+        mouseClick(item("chipReview"));
+        for (const row of rows())
+            compare(row.tickScale, 1, nameOf(row) + " of those that are left");
+    }
+
+    function ringOf(item) {
+        return seen(item, part => String(part).startsWith("FocusRing"));
+    }
+
+    function test_the_explanation_shows_a_ring_for_the_keyboard_alone() {
+        show();
+        const explanation = item("explanation");
+        mouseClick(explanation);
+        verify(explanation.activeFocus);
+        compare(ringOf(explanation), []);
+
+        item("chipReview").forceActiveFocus(Qt.TabFocusReason);
+        keyClick(Qt.Key_Tab);
+        verify(explanation.activeFocus);
+        compare(ringOf(explanation).length, 1);
+
+        mouseClick(explanation);
+        item("chipReview").forceActiveFocus();
+        mouseClick(explanation);
+        compare(ringOf(explanation), []);
+    }
+
+    function test_nothing_divides_the_list_from_the_bar_beneath() {
+        show();
+        const whole = grabImage(shown), bar = place(item("moveToTrash").parent.parent);
+        for (const x of [300, 480])
+            compareColor(whole.pixel(x, bar.top), ...["r", "g", "b"].map(part => whole.pixel(x, bar.top + 3)[part]));
     }
 
     function test_what_cannot_be_toggled_does_not_animate() {
