@@ -77,6 +77,6 @@ Flickable {
     FocusRing {
         parent: root
         anchors.margins: 3
-        visible: root.activeFocus && root.activeFocusOnTab
+        visible: root.KeyFocus.isVisual && root.activeFocus
     }
 }

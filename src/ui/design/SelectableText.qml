@@ -30,7 +30,7 @@ TextEdit {
     }
 
     FocusRing {
-        visible: root.activeFocus
+        visible: root.KeyFocus.isVisual && root.activeFocus
         cornerRadius: 4
     }
 }

@@ -11,11 +11,6 @@ Item {
 
     implicitHeight: 86
 
-    Divider {
-        anchors.left: parent.left
-        anchors.right: parent.right
-    }
-
     RowLayout {
         anchors.fill: parent
         anchors.leftMargin: 22

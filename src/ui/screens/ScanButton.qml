@@ -15,7 +15,7 @@ PlainButton {
     text: qsTr("Scan")
     implicitWidth: 240
     implicitHeight: 240
-    cornerRadius: 128 // Beyond the ring at its largest.
+    cornerRadius: 120
 
     SequentialAnimation on breath {
         running: root.pulse && root.visible && root.Sight.isSeen

@@ -85,11 +85,20 @@ CardModifier {
         TidloText {
             width: parent.width
             text: qsTr("Classifying safe, rebuildable, review, and never-touch items.")
+            height: topPadding + 2 * Math.ceil(lines.height) // So that nothing moves where it takes two.
             font: TidloType.small
             color: TidloTheme.mutedText
             horizontalAlignment: Text.AlignHCenter
             wrapMode: Text.Wrap
+            verticalAlignment: Text.AlignVCenter
         }
+            Accessible.ignored: true
+
+            FontMetrics {
+                id: lines
+
+                font: TidloType.system(20, Font.Bold)
+            }
         Row {
             anchors.horizontalCenter: parent.horizontalCenter
             spacing: 10

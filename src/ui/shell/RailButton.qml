@@ -29,6 +29,8 @@ PlainRadioButton {
     }
 
     Tip {
+        x: root.width + 14
+        y: (root.height - height) / 2
         text: root.text
         visible: root.hovered
     }

@@ -25,6 +25,12 @@ Window {
 
     function zoom() {
         fillsScreen ? showNormal() : showMaximized();
+    function clearSelection() {
+        const text = window.activeFocusItem as TextEdit;
+        if (text)
+            text.deselect();
+    }
+
     }
 
     title: qsTr("Tidlo — AI Storage Cleaner")
@@ -47,6 +53,8 @@ Window {
         y: -scroller.contentY
         width: parent.width
         height: root.barHeight
+        onPressed: window.clearSelection()
+        onPressed: window.clearSelection()
         onDoubleClicked: window.zoom()
     }
     WindowEdges {

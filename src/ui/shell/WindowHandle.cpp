@@ -16,6 +16,7 @@ void WindowHandle::mousePressEvent(QMouseEvent *event)
 {
     pressedAt = event->scenePosition();
     isHeld = true;
+    Q_EMIT pressed();
 }
 
 void WindowHandle::mouseMoveEvent(QMouseEvent *event)

@@ -18,6 +18,7 @@ public:
     explicit WindowHandle(QQuickItem *parent = nullptr);
 
 Q_SIGNALS:
+    void pressed();
     void doubleClicked();
 
 protected:

@@ -83,4 +83,22 @@ TEST_F(WindowEdgesTest, TheWindowIsHeldByThemWhileAQuestionIsOpen)
     EXPECT_EQ(qobject_cast<WindowHandle *>(heldAt({600, 60})), nullptr) << "beneath the bar it is not";
 }
 
+TEST_F(WindowEdgesTest, APressOnAnEmptyPlaceClearsASelection)
+{
+    model->setAiSummary(demoExplanation());
+    model->setIsGeneratingAI(false);
+    auto *const text = tidlo->window()->findChild<QQuickItem *>(QStringLiteral("explanation"));
+    ASSERT_NE(text, nullptr);
+    const auto selected = [text] { return text->property("selectedText").toString(); };
+    for (const QPoint place : {QPoint(600, 100), QPoint(600, 8), QPoint(29, 500)}) {
+        text->forceActiveFocus();
+        QMetaObject::invokeMethod(text, "selectAll");
+        ASSERT_FALSE(selected().isEmpty());
+
+        heldAt(place);
+
+        EXPECT_EQ(selected(), QString());
+    }
+}
+
 } // namespace tidlo

@@ -66,6 +66,21 @@ ViewCase {
         });
     }
 
+    function test_around_the_scan_circle_it_is_a_circle() {
+        const circle = item("scanButton");
+        circle.forceActiveFocus(Qt.TabFocusReason);
+        const [ring] = rings(circle);
+        compare([ring.width, ring.height, ring.radius], [246, 246, 123]);
+        circle.pulse = false;
+        laidOut();
+        const picture = grabImage(shown), box = place(circle), way = 123 - lineWidth / 2;
+        const middle = [box.x + 120, box.y + 120];
+        for (let turn = 0; turn < 2 * Math.PI; turn += Math.PI / 12) {
+            const x = middle[0] + way * Math.cos(turn), y = middle[1] + way * Math.sin(turn);
+            verify(isNear(picture.pixel(x, y), TidloTheme.blue), "at " + turn);
+        }
+    }
+
     function test_a_press_of_the_mouse_draws_none() {
         forEveryControl((control) => {
             mousePress(control);

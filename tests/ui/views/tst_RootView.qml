@@ -127,6 +127,17 @@ ViewCase {
             compare(item("rail" + i).active, i === data.button);
     }
 
+    function test_the_tip_of_a_button_of_the_rail_lies_beside_the_rail() {
+        const button = item("rail1"), tip = Array.from(button.data).find(part => part.delay !== undefined);
+        mouseMove(button);
+        tryVerify(() => tip.opened);
+        const lies = tip.contentItem.mapToItem(shown, -tip.leftPadding, -tip.topPadding, tip.width, tip.height);
+        verify(lies.left >= item("rail").width);
+        fuzzyCompare(lies.top + lies.height / 2, place(button).top + button.height / 2, 1);
+        mouseMove(shown, 600, 20);
+        tryVerify(() => !tip.visible);
+    }
+
     function test_arrows_move_along_the_rail() {
         item("rail0").forceActiveFocus(Qt.TabFocusReason);
         for (let i = 1; i < 4; ++i) {

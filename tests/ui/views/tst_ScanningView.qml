@@ -55,6 +55,18 @@ ViewCase {
         compare(text("Scan pipeline").font, TidloType.system(21, Font.Bold));
     }
 
+    function test_nothing_moves_where_what_is_under_way_takes_two_lines() {
+        demo.scanAt(0.42, "Checking");
+        laidOut();
+        const words = text("Checking"), before = place(item("ring")), height = item("progressCard").height;
+        compare(words.lineCount, 1);
+        demo.scanAt(0.72, "Finding large files that nobody has opened for a long time");
+        laidOut();
+        compare(words.lineCount, 2);
+        compare([place(item("ring")), item("progressCard").height], [before, height]);
+        verify(words.implicitHeight <= words.height, words.implicitHeight + " in " + words.height);
+    }
+
     function test_it_has_the_head_of_every_screen_with_the_percentage() {
         demo.scanAt(0.42, "");
         compareHeader("Scanning your Mac");
