@@ -31,6 +31,7 @@ Item {
         id: area
 
         objectName: "findings"
+        focus: true
         anchors.top: header.bottom
         anchors.bottom: bar.top
         anchors.left: parent.left
@@ -39,6 +40,7 @@ Item {
 
         Accessible.role: Accessible.List
         Accessible.name: qsTr("Findings")
+        Accessible.focusable: true
 
         Connections {
             target: root.findings

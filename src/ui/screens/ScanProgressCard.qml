@@ -16,7 +16,19 @@ CardModifier {
     implicitWidth: 420
     implicitHeight: column.implicitHeight + 64
 
+    activeFocusOnTab: true
+
+    Accessible.role: Accessible.ProgressBar
+    Accessible.name: qsTr("%1 complete").arg(root.percentText)
+    Accessible.description: root.label
+    Accessible.focusable: true
+
     Component.onCompleted: root.rotate = true
+
+    FocusRing {
+        visible: root.KeyFocus.isVisual && root.activeFocus
+        cornerRadius: root.radius
+    }
 
     Column {
         id: column
@@ -29,9 +41,6 @@ CardModifier {
             anchors.horizontalCenter: parent.horizontalCenter
             width: 276
             height: 276
-
-            Accessible.role: Accessible.ProgressBar
-            Accessible.name: qsTr("%1 complete").arg(root.percentText)
 
             RingGauge {
                 objectName: "ring"
@@ -76,22 +85,13 @@ CardModifier {
         }
         TidloText {
             width: parent.width
+            height: topPadding + 2 * Math.ceil(lines.height) // So that nothing moves where it takes two.
             topPadding: 6
             text: root.label
             font: TidloType.system(20, Font.Bold)
             horizontalAlignment: Text.AlignHCenter
-            wrapMode: Text.Wrap
-        }
-        TidloText {
-            width: parent.width
-            text: qsTr("Classifying safe, rebuildable, review, and never-touch items.")
-            height: topPadding + 2 * Math.ceil(lines.height) // So that nothing moves where it takes two.
-            font: TidloType.small
-            color: TidloTheme.mutedText
-            horizontalAlignment: Text.AlignHCenter
-            wrapMode: Text.Wrap
             verticalAlignment: Text.AlignVCenter
-        }
+            wrapMode: Text.Wrap
             Accessible.ignored: true
 
             FontMetrics {
@@ -99,6 +99,15 @@ CardModifier {
 
                 font: TidloType.system(20, Font.Bold)
             }
+        }
+        TidloText {
+            width: parent.width
+            text: qsTr("Classifying safe, rebuildable, review, and never-touch items.")
+            font: TidloType.small
+            color: TidloTheme.mutedText
+            horizontalAlignment: Text.AlignHCenter
+            wrapMode: Text.Wrap
+        }
         Row {
             anchors.horizontalCenter: parent.horizontalCenter
             spacing: 10

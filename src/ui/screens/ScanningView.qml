@@ -2,7 +2,7 @@ import QtQuick
 import Tidlo.Design
 import Tidlo.Screens
 
-/// How the scan, or a cleanup, is going on. Nothing here can be pressed.
+/// How the scan, or a cleanup, is going on. Nothing here can be pressed; the keyboard waits at the progress.
 Item {
     id: root
 
@@ -45,6 +45,7 @@ Item {
 
             ScanProgressCard {
                 objectName: "progressCard"
+                focus: true
                 width: Math.min(420, body.width)
                 progress: root.progress.fraction
                 percentText: root.progress.percentText

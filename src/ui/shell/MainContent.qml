@@ -10,6 +10,16 @@ FocusScope {
     /// Of the window's corners.
     property double cornerRadius: 0
 
+    /// From a place that is no stop of the keyboard, such as a screen that has just been shown.
+    function goOn(forward: bool) {
+        const next = root.Window.activeFocusItem.nextItemInFocusChain(forward);
+        if (next)
+            next.forceActiveFocus(forward ? Qt.TabFocusReason : Qt.BacktabFocusReason);
+    }
+
+    Keys.onTabPressed: root.goOn(true)
+    Keys.onBacktabPressed: root.goOn(false)
+
     KeptScreen {
         id: scanningScreen
 

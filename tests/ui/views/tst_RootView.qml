@@ -161,6 +161,38 @@ ViewCase {
         verify(item("themeButton").activeFocus, "and around");
     }
 
+    function test_the_keyboard_goes_from_the_start_of_a_scan_to_its_progress_and_on_to_what_it_found_data() {
+        return [
+            { tag: "by the keyboard", start: (button) => keyClick(Qt.Key_Return), rings: 1 },
+            { tag: "by the mouse", start: (button) => mouseClick(button), rings: 0 }
+        ];
+    }
+
+    function test_the_keyboard_goes_from_the_start_of_a_scan_to_its_progress_and_on_to_what_it_found(data) {
+        const ringsOf = (control) => seen(control, part => String(part).startsWith("FocusRing")).length;
+        item("content").forceActiveFocus();
+        keyClick(Qt.Key_Tab);
+        verify(item("scanButton").activeFocus, "the first stop, not " + shown.Window.window.activeFocusItem);
+        data.start(item("scanButton"));
+        compare(demo.phase, "scanning");
+        verify(item("progressCard").activeFocus);
+        compare(ringsOf(item("progressCard")), data.rings);
+
+        tryVerify(() => demo.phase === "results");
+        verify(item("findings").activeFocus);
+        demo.showResultsOfAnotherScan();
+        tryVerify(() => findChild(shown, "row0"));
+        keyClick(Qt.Key_Tab);
+        verify(item("row0").activeFocus);
+    }
+
+    function test_the_end_of_a_scan_leaves_the_keyboard_where_it_went_meanwhile() {
+        mouseClick(item("scanButton"));
+        item("rail3").forceActiveFocus(Qt.TabFocusReason);
+        tryVerify(() => demo.phase === "results");
+        verify(item("rail3").activeFocus);
+    }
+
     function test_shows_the_screen_of_the_section() {
         for (const [section, phase, title] of [["scan", "ready", "Scan"], ["scan", "scanning", "Scanning your Mac"],
                 ["scan", "results", "Scan"], ["results", "results", "AI-assisted results — Zero KB found"],

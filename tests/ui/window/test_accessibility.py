@@ -147,6 +147,21 @@ class Accessibility(Case):
         self.assertEqual(self.window.find("label", "PROJECT FILES: 41 KB").description, "Source code kept intact")
         self.window.wait("label", "FILES REMOVED: 4")
 
+    def test_a_scan_started_by_a_key_leads_the_keyboard_to_its_results(self):
+        with Window(PROGRAM) as self.window:
+            self.assertEqual(repr(self.window.tab()), "push button “Scan”")
+            self.window.keys("Return")
+            self.window.wait("list", "Findings", state="focused")
+            self.window.wait("label", "Explanation")
+            self.assertEqual(self.window.tab().name, "Explanation")
+            self.assertEqual(self.window.tab().role, "check box")
+
+    def test_the_buttons_of_the_window_come_last(self):
+        with Window(PROGRAM) as self.window:
+            reached = [self.window.tab().name for _ in range(6)]
+
+            self.assertEqual(reached, ["Scan", "SCAN MY MAC", "Close", "Minimise", "Zoom", "Theme: Dark"])
+
     def test_tab_goes_round_and_the_focus_is_told(self):
         self.go_to("Scan")
 

@@ -8,7 +8,7 @@ import unittest
 from contextlib import contextmanager
 
 import home
-from events import PATIENCE
+from events import PATIENCE, eventually
 from explainer import Explainer
 from window import Window
 
@@ -81,10 +81,16 @@ class QuitAmidWork(unittest.TestCase):
         self.before = home.inventory()
         self.window = self.enterContext(Window(PROGRAM))
 
+    def wait_for_step(self, label):
+        def is_shown():
+            return any(bar.description == label for bar in self.window.matching("progress bar", ".*"))
+
+        eventually(f"the step “{label}” is shown", lambda: self.window.look(is_shown))
+
     def test_a_scan_that_a_file_system_holds_up_is_left_to_it(self):
         with hung(home.HOME / "Downloads"):
             scan(self.window)
-            self.window.wait("label", "Checking old downloads & large untouched files")
+            self.wait_for_step("Checking old downloads & large untouched files")
             self.window.click("push button", "Close")
             self.assertEqual(self.window.ended(), 0)
         self.assertEqual(home.inventory(), self.before)
@@ -94,7 +100,7 @@ class QuitAmidWork(unittest.TestCase):
         self.window.wait("heading", "AI-assisted results — .* found")
         with hung(home.HOME / "Downloads"):
             self.window.click("push button", "Move to Trash")
-            self.window.wait("label", "Moving selected files to Trash")
+            self.wait_for_step("Moving selected files to Trash")
             self.window.click("push button", "Close")
             self.assertEqual(self.window.ended(), 0)
         kept = home.inventory()
