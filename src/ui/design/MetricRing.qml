@@ -6,7 +6,7 @@ Column {
     id: root
 
     /// A fraction from 0 to 1.
-    required property double value
+    required property double share
     /// That fraction for people.
     required property string valueText
     required property string label
@@ -25,7 +25,7 @@ Column {
         lineWidth: 8
         trackColor: TidloTheme.faded(TidloTheme.systemGray, TidloTheme.mixed(TidloTheme.darkness, 0.2, 0.15))
         color: root.color
-        value: root.value
+        value: root.share
         valueText: root.valueText
         valueFont: TidloType.rounded(20, Font.Bold)
         label: root.label

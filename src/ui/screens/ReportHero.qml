@@ -42,7 +42,7 @@ ContinuousRectangle {
             }
         }
         MetricRing {
-            value: root.report.freeShare
+            share: root.report.freeShare
             valueText: root.report.freeText
             label: qsTr("FREE")
             color: TidloTheme.green

@@ -6,14 +6,14 @@ CardModifier {
     id: root
 
     required property string title
-    required property string value
+    required property string valueText
     required property string detail
     required property color tileColor
 
     implicitHeight: column.implicitHeight + 36
 
     Accessible.role: Accessible.StaticText
-    Accessible.name: qsTr("%1: %2").arg(root.title).arg(root.value)
+    Accessible.name: qsTr("%1: %2").arg(root.title).arg(root.valueText)
     Accessible.description: root.detail
 
     Column {
@@ -32,7 +32,7 @@ CardModifier {
             Accessible.ignored: true
         }
         TidloText {
-            text: root.value
+            text: root.valueText
             font: TidloType.system(22, Font.Bold)
             color: root.tileColor
             Accessible.ignored: true

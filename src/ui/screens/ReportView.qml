@@ -90,7 +90,7 @@ Item {
                         Layout.fillWidth: true
                         Layout.preferredWidth: 1
                         title: tile.figure.title
-                        value: tile.figure.value
+                        valueText: tile.figure.value
                         detail: tile.figure.detail
                         tileColor: TidloTheme.hues[tile.figure.hue]
                     }

@@ -8,7 +8,7 @@ ContinuousRectangle {
 
     required property string title
     required property string subtitle
-    required property double value
+    required property double share
     required property string valueText
     required property string label
     required property color metricColor
@@ -40,7 +40,7 @@ ContinuousRectangle {
             lineWidth: 7
             trackColor: TidloTheme.faded(TidloTheme.systemGray, 0.18)
             color: root.metricColor
-            value: root.value
+            value: root.share
             valueText: root.valueText
             valueFont: TidloType.rounded(18, Font.Bold)
             label: root.label

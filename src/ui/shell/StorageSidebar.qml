@@ -66,7 +66,7 @@ Rectangle {
                     ringName: "diskRing"
                     title: qsTr("Disk")
                     subtitle: qsTr("Macintosh HD usage")
-                    value: root.figures.usedShare
+                    share: root.figures.usedShare
                     valueText: root.figures.usedText
                     label: qsTr("USED")
                     metricColor: TidloTheme.red
@@ -76,7 +76,7 @@ Rectangle {
                     ringName: "recoverableRing"
                     title: qsTr("Recoverable")
                     subtitle: qsTr("Estimated cleanup space")
-                    value: root.figures.recoverableShare
+                    share: root.figures.recoverableShare
                     valueText: root.figures.recoverableText
                     label: qsTr("FREE")
                     metricColor: TidloTheme.green

@@ -10,6 +10,7 @@ TestCase {
     property Item shown
 
     function init() {
+        failOnWarning(/./);
         demo.reset();
         wear("dark");
         showAnew();

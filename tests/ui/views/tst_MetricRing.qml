@@ -10,7 +10,7 @@ ViewCase {
     view: Component {
         MetricRing {
             objectName: "metric"
-            value: root.value
+            share: root.value
             valueText: "63%"
             label: "FREE"
             caption: "of the disk"

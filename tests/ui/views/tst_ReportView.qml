@@ -66,7 +66,7 @@ ViewCase {
 
     function test_the_ring_is_given_the_free_share_but_never_less_than_a_sliver(data) {
         demo.setReport(0, 0, 0, data.used);
-        fuzzyCompare(ring().value, data.value, 1e-9);
+        fuzzyCompare(ring().share, data.value, 1e-9);
         compare([ring().label, ring().caption], ["FREE", ""]);
         compareColors([[ring(), "color", "green"]]);
     }

@@ -3,6 +3,7 @@
 import os
 import re
 import subprocess
+import tempfile
 
 from Xlib import Xutil
 
@@ -10,6 +11,8 @@ from events import Atspi, GLib, eventually, listen, listen_for_end_of
 from screen import Screen
 
 FROM_A_PAGER = 2  # Which may ask for what a program may not.
+# Qt writes it where what a service is asked with is loaded as the program ends.
+AS_IT_ENDS = "qt.core.qobject.connect: QObject::connect(QObject, Unknown): invalid nullptr parameter\n"
 
 
 def xdotool(*arguments):
@@ -62,10 +65,13 @@ class Element:
 
 
 class Window:
+    """Of a program that writes nothing to standard error."""
+
     def __init__(self, program, **environment):
         self.listener = listen()
         self.screen = Screen()
-        self.process = subprocess.Popen([program], env=os.environ | environment)
+        self.told = tempfile.TemporaryFile("w+")
+        self.process = subprocess.Popen([program], env=os.environ | environment, stderr=self.told)
         listen_for_end_of(self.process)
         desktop = Atspi.get_desktop(0)
         desktop.set_cache_mask(Atspi.Cache.NONE)
@@ -82,6 +88,10 @@ class Window:
         self.process.kill()
         self.process.wait()
         self.screen.close()
+        self.told.seek(0)
+        told = self.told.read().replace(AS_IT_ENDS, "")
+        self.told.close()
+        assert not told, f"The program wrote to standard error:\n{told}"
 
     def _application_of(self, desktop):
         candidates = (desktop.get_child_at_index(i) for i in range(desktop.get_child_count()))
