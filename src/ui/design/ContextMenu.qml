@@ -15,6 +15,8 @@ T.Menu {
     implicitHeight: contentHeight + topPadding + bottomPadding
     margins: 8
     padding: 5
+    scale: Fit.scale
+    transformOrigin: Item.TopLeft
     modal: true
     dim: false
 

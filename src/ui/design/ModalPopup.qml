@@ -17,21 +17,25 @@ T.Dialog {
     onAboutToShow: root.formerFocus.remember(root.parent.Window.activeFocusItem)
     onAboutToHide: root.formerFocus.giveBack()
 
-    anchors.centerIn: T.Overlay.overlay
+    // To anchor it there would take the scale into account twice.
+    parent: T.Overlay.overlay
+    x: (parent.width - width) / 2
+    y: (parent.height - height) / 2
     implicitWidth: contentWidth + leftPadding + rightPadding
     implicitHeight: contentHeight + topPadding + bottomPadding
     modal: true
     focus: true
     dim: true
+    scale: Fit.scale
 
     T.Overlay.modal: ContinuousRectangle {
-        radius: root.windowRadius
+        radius: root.windowRadius * Fit.scale
         color: TidloTheme.faded("black", TidloTheme.mixed(TidloTheme.darkness, 0.5, 0.3))
     }
 
     enter: Transition {
         NumberAnimation { property: "opacity"; from: 0; to: 1; duration: 160; easing.type: Easing.OutCubic }
-        NumberAnimation { property: "scale"; from: 0.96; to: 1; duration: 160; easing.type: Easing.OutCubic }
+        NumberAnimation { property: "scale"; from: 0.96 * Fit.scale; to: Fit.scale; duration: 160; easing.type: Easing.OutCubic }
     }
     exit: Transition {
         NumberAnimation { property: "opacity"; to: 0; duration: 120 }

@@ -12,10 +12,10 @@ Flickable {
 
     /// Scrolls no further than it takes to show the whole of \a item, one of the contents.
     function reveal(item: Item) {
-        const place = item.mapToItem(root.contentItem, 0, 0);
+        const place = item.mapToItem(root.contentItem, 0, 0, item.width, item.height);
         const nearest = (position, size, shown, room) => Math.min(position, Math.max(shown, position + size - room));
-        scrollTo(nearest(place.x, item.width, root.contentX, root.width),
-                 nearest(place.y, item.height, root.contentY, root.height));
+        scrollTo(nearest(place.x, place.width, root.contentX, root.width),
+                 nearest(place.y, place.height, root.contentY, root.height));
     }
 
     function scrollTo(x: double, y: double) {

@@ -16,6 +16,8 @@ T.ToolTip {
     topPadding: 5
     bottomPadding: 5
     delay: 700
+    scale: Fit.scale
+    transformOrigin: Item.TopLeft
 
     contentItem: TidloText {
         text: root.text

@@ -13,6 +13,8 @@ Window {
     required property size screenRoom
 
     readonly property size leastContent: Qt.size(1350, 720)
+    /// On a smaller screen everything is drawn smaller, as long as it can be read; from there on it scrolls.
+    readonly property double contentScale: Math.max(0.75, Math.min(1, width / leastContent.width, height / leastContent.height))
     readonly property bool isFramed: root.chrome.isNative
     readonly property bool fillsScreen: visibility === Window.Maximized || visibility === Window.FullScreen
     readonly property double cornerRadius: fillsScreen || isFramed ? 0 : 10
@@ -23,18 +25,23 @@ Window {
     /// What holds the window is behind everything that takes a press.
     readonly property double back: isAsking ? front : 0
 
-    function zoom() {
-        fillsScreen ? showNormal() : showMaximized();
     function clearSelection() {
         const text = window.activeFocusItem as TextEdit;
         if (text)
             text.deselect();
     }
 
+    function zoom() {
+        fillsScreen ? showNormal() : showMaximized();
+    }
+
+    Binding {
+        target: Fit
+        property: "scale"
+        value: window.contentScale
     }
 
     title: qsTr("Tidlo — AI Storage Cleaner")
-    // On a screen that is smaller the window opens as well, and its content scrolls.
     minimumWidth: Math.min(leastContent.width, screenRoom.width)
     minimumHeight: Math.min(leastContent.height, screenRoom.height)
     width: minimumWidth
@@ -46,14 +53,14 @@ Window {
 
     WindowHandle {
         anchors.fill: parent
+        onPressed: window.clearSelection()
     }
     WindowHandle {
         z: window.back
         visible: !window.isFramed
         y: -scroller.contentY
         width: parent.width
-        height: root.barHeight
-        onPressed: window.clearSelection()
+        height: root.barHeight * window.contentScale
         onPressed: window.clearSelection()
         onDoubleClicked: window.zoom()
     }
@@ -61,19 +68,24 @@ Window {
         z: window.back
         anchors.fill: parent
         visible: !window.isFramed && !window.fillsScreen
+        shownScale: window.contentScale
     }
 
     ScrollArea {
         id: scroller
 
         anchors.fill: parent
-        contentWidth: Math.max(width, window.leastContent.width)
-        contentHeight: Math.max(height, window.leastContent.height)
+        contentWidth: root.width * root.scale
+        contentHeight: root.height * root.scale
+        T.ScrollBar.horizontal: OverlayScrollBar {}
 
         RootView {
             id: root
 
-            anchors.fill: parent
+            width: Math.max(window.width / window.contentScale, window.leastContent.width)
+            height: Math.max(window.height / window.contentScale, window.leastContent.height)
+            scale: window.contentScale
+            transformOrigin: Item.TopLeft
             focus: true
             shown: window.shown
             cornerRadius: window.cornerRadius
@@ -83,8 +95,10 @@ Window {
     WindowButtons {
         z: window.front
         visible: !window.isFramed
-        x: 20 - scroller.contentX
-        y: (root.barHeight - height) / 2 - scroller.contentY
+        x: 20 * scale - scroller.contentX
+        y: (root.barHeight - height) / 2 * scale - scroller.contentY
+        scale: window.contentScale
+        transformOrigin: Item.TopLeft
         window: window
         onZoomRequested: window.zoom()
         onReached: scroller.scrollTo(0, 0)

@@ -6,6 +6,11 @@ import Tidlo.Shell
 Item {
     id: root
 
+    /// How large the content of the window is drawn.
+    required property double shownScale
+    readonly property double thickness: 5 * root.shownScale
+    readonly property double corner: 12 * root.shownScale
+
     component Grip: WindowHandle {
         id: grip
 
@@ -15,9 +20,6 @@ Item {
             cursorShape: grip.cursor
         }
     }
-
-    readonly property int thickness: 5
-    readonly property int corner: 12
 
     Grip {
         edges: Qt.TopEdge

@@ -62,7 +62,9 @@ TEST_F(TidloAppTest, OpensOneWindowOnTheLandingScreen)
 
 TEST_F(TidloAppTest, TheButtonsOfTheWindowStandInTheMiddleOfTheBarFromTwentyPointsOn)
 {
-    const QQuickWindow &window = *tidlo().window();
+    QQuickWindow &window = *tidlo().window();
+    window.resize(1350, 720);
+    QCoreApplication::processEvents();
     double left = 20;
     for (const char *name : {"closeButton", "minimiseButton", "zoomButton"}) {
         const auto *const button = window.findChild<QQuickItem *>(QLatin1StringView(name));
@@ -87,6 +89,35 @@ TEST_F(TidloAppTest, TheWindowIsNeverSmallerThanItsContentUnlessTheScreenIs)
     EXPECT_EQ(window->minimumHeight(), std::min(720, screen.height()));
     EXPECT_GE(window->maximumWidth(), 16'384); // It may grow freely.
     EXPECT_GE(window->maximumHeight(), 16'384);
+}
+
+TEST_F(TidloAppTest, InASmallerWindowEverythingIsDrawnSmallerAndFromThreeQuartersOnScrolls)
+{
+    struct Case
+    {
+        QSize window;
+        double scale;
+        QSizeF content; // As it is drawn.
+    };
+    environment.defaults->set(UserDefaults::setupCompleted, true);
+    QQuickWindow *const window = tidlo().window();
+    window->setMinimumSize({}); // As on a smaller screen.
+    const auto *const content = window->findChild<QQuickItem *>(QStringLiteral("content"))->parentItem();
+    for (const Case &row : {Case{{1800, 1100}, 1, {1800, 1100}}, Case{{1350, 720}, 1, {1350, 720}},
+                            Case{{1024, 600}, 1024 / 1350.0, {1024, 600}}, Case{{1350, 600}, 600 / 720.0, {1350, 600}},
+                            Case{{1012, 540}, 0.75, {1012.5, 540}}, Case{{800, 500}, 0.75, {1012.5, 540}}}) {
+        window->resize(row.window);
+        const auto drawn = [&] { return content->mapRectToScene(content->boundingRect()).size(); };
+        QCoreApplication::processEvents();
+
+        EXPECT_DOUBLE_EQ(content->scale(), row.scale) << row.window.width();
+        EXPECT_NEAR(drawn().width(), row.content.width(), 0.01) << row.window.width();
+        EXPECT_NEAR(drawn().height(), row.content.height(), 0.01) << row.window.width();
+        const auto *const close = window->findChild<QQuickItem *>(QStringLiteral("closeButton"));
+        const QRectF disc = close->mapRectToScene(close->boundingRect());
+        EXPECT_NEAR(disc.left(), 20 * row.scale, 0.01);
+        EXPECT_NEAR(disc.width(), 12 * row.scale, 0.01);
+    }
 }
 
 TEST_F(TidloAppTest, TheChromeOutlivesAChangeOfTheTheme)

@@ -83,6 +83,19 @@ TEST_F(WindowEdgesTest, TheWindowIsHeldByThemWhileAQuestionIsOpen)
     EXPECT_EQ(qobject_cast<WindowHandle *>(heldAt({600, 60})), nullptr) << "beneath the bar it is not";
 }
 
+TEST_F(WindowEdgesTest, AQuestionIsDrawnAsSmallAsTheWindow)
+{
+    tidlo->window()->setMinimumSize({});
+    tidlo->window()->resize(1024, 600);
+    model->setShowSetupWizard(true);
+    const auto *const button = tidlo->window()->findChild<QQuickItem *>(QStringLiteral("getStarted"));
+    ASSERT_NE(button, nullptr);
+    const double scale = 1024 / 1350.0;
+
+    waitUntil(
+        [&] { return qFuzzyCompare(button->mapRectToScene(button->boundingRect()).width(), button->width() * scale); });
+}
+
 TEST_F(WindowEdgesTest, APressOnAnEmptyPlaceClearsASelection)
 {
     model->setAiSummary(demoExplanation());

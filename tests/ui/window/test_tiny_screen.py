@@ -1,0 +1,64 @@
+"""On a screen where nothing could be read if everything were on it, the content scrolls in both directions."""
+
+import sys
+import unittest
+
+import home
+from events import eventually, eventually_seen
+from window import Window, xdotool
+
+PROGRAM = sys.argv.pop()
+SCREEN = (900, 500)
+SCALE = 0.75  # Which Qt tells assistive technology of a place, but not of a size.
+
+
+class TinyScreen(unittest.TestCase):
+    def setUp(self):
+        home.fill()
+        self.window = self.enterContext(Window(PROGRAM))
+        eventually("the window is as large as the screen", lambda: self.window.geometry == (0, 0, *SCREEN))
+
+    def is_on_screen(self, name):
+        element = self.window.find("push button|radio button", name)
+        if not element:
+            return False
+        box = element.extents
+        right, bottom = box.x + int(box.width * SCALE), box.y + int(box.height * SCALE)  # Places are whole pixels.
+        return box.x >= 0 and box.y >= 0 and right <= SCREEN[0] and bottom <= SCREEN[1]
+
+    def check_is_scrolled_to(self, name):
+        eventually_seen(f"{name} is on the screen", lambda: self.is_on_screen(name))
+
+    def test_the_wheel_scrolls_in_both_directions(self):
+        self.assertFalse(self.is_on_screen("Notifications"))
+        xdotool("mousemove", 20, 450, "click", "--repeat", 10, 7)  # The wheel, to the right.
+        self.check_is_scrolled_to("Notifications")
+        self.window.click("push button", "Theme: Dark")
+        self.window.wait("push button", "Theme: Light")
+
+        self.window.click("push button", "SCAN MY MAC")
+        self.window.wait("push button", "Move to Trash")
+        self.assertFalse(self.is_on_screen("Move to Trash"))
+        xdotool("mousemove", 700, 20, "click", "--repeat", 10, 5)
+        self.check_is_scrolled_to("Move to Trash")
+
+    def test_the_bars_are_dragged_though_they_lie_at_the_edge(self):
+        x, y = SCREEN[0] - 2, SCREEN[1] - 2
+        top = self.window.wait("push button", "SCAN MY MAC").extents.y
+        xdotool("mousemove", 300, y, "mousedown", 1, "mousemove", 500, y, "mouseup", 1)
+        self.check_is_scrolled_to("Notifications")
+        xdotool("mousemove", x, 200, "mousedown", 1, "mousemove", x, 400, "mouseup", 1)
+        eventually_seen("the content has been scrolled up",
+                        lambda: self.window.find("push button", "SCAN MY MAC").extents.y < top - 10)
+        self.assertEqual(self.window.geometry, (0, 0, *SCREEN))
+
+    def test_what_the_keyboard_reaches_comes_into_view(self):
+        for name in ("Notifications", "Settings", "SCAN MY MAC"):
+            for _ in range(20):
+                if self.window.tab().name == name:
+                    break
+            self.check_is_scrolled_to(name)
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=2, warnings="ignore")
