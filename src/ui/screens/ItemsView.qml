@@ -199,6 +199,7 @@ FocusScope {
                 maximumLineCount: 2
                 elide: Text.ElideRight
                 Accessible.role: Accessible.AlertMessage
+                Accessible.ignored: root.note === ""
             }
             PrimaryButtonStyle {
                 objectName: "itemsDone"
