@@ -1,9 +1,11 @@
 // Moves 1,000 folders of one name, each in a folder of its own, to the Trash, and makes the bare calls without which no
 // move that survives a power cut can do: mkdir, open, write, fsync, close and rename. The two take turns item by item,
-// so that a busy disk slows both. Prints the median of the rounds for each, and their ratio.
+// so that a busy disk slows both. Then puts 10,000 back, and makes the bare calls for that: open, read, close, rename
+// and unlink; the two take turns every 1,000 items. Prints the median of the rounds for each, and their ratios.
 //
 // trash_bench [folder to work in, on the disk to be measured]
 
+#include "platform/linux/TrashRecord.h"
 #include "platform/linux/XdgTrash.h"
 #include "support/TemporaryHome.h"
 
@@ -88,10 +90,79 @@ Round measure(const FilePath &disk)
     return round;
 }
 
+constexpr int restored = 10'000;
+constexpr int together = 1'000;
+
+/// Puts so many items and their records into the \a trash that were in the folder \a from, each in one of its own.
+QList<TrashedItem> filledTrash(const TemporaryHome &home, const FilePath &trash, const FilePath &from)
+{
+    QList<TrashedItem> items;
+    for (int item = 0; item < restored; ++item) {
+        const FilePath number = FilePath::number(item);
+        const FilePath origin = home.folder(from + '/' + number) + "/node_modules";
+        home.folder(trash + "/files/" + number);
+        const FilePath record = home.file(trash + "/info/" + number + ".trashinfo", 0);
+        const int file = open(record.constData(), O_WRONLY | O_CLOEXEC);
+        const QByteArray text = trashRecord(origin, now);
+        if (write(file, text.constData(), text.size()) != text.size() || close(file) != 0)
+            std::abort();
+        items.append({.trash = home / trash, .name = number, .origin = origin});
+    }
+    return items;
+}
+
+/// The least that a restore must do: read the record, rename the item, remove the record.
+bool restoreBarely(const TrashedItem &item)
+{
+    std::array<char, 4096> text;
+    const FilePath record = item.trash + "/info/" + item.name + ".trashinfo";
+    const int file = open(record.constData(), O_RDONLY | O_CLOEXEC);
+    return file >= 0 && read(file, text.data(), text.size()) > 0 && close(file) == 0 &&
+           rename((item.trash + "/files/" + item.name).constData(), item.origin.constData()) == 0 &&
+           unlink(record.constData()) == 0;
+}
+
+Round measureRestore(const FilePath &disk)
+{
+    const TemporaryHome home(disk);
+    const QList<TrashedItem> bareItems = filledTrash(home, "bare", "a");
+    const QList<TrashedItem> ourItems = filledTrash(home, ".local/share/Trash", "b");
+    const XdgTrash trash(home.path(), home / ".local/share");
+    sync();
+    Round round;
+    const auto bare = [&](int at) {
+        round.bare += timeOf([&] { return std::ranges::all_of(bareItems.mid(at, together), restoreBarely); });
+    };
+    const auto ours = [&](int at) {
+        const QList<TrashedItem> items = ourItems.mid(at, together);
+        round.ours += timeOf([&] {
+            return std::ranges::all_of(trash.restore(items, [] { return false; }), [](const TrashOutcome &outcome) {
+                return outcome.kind == TrashOutcome::Kind::moved;
+            });
+        });
+    };
+    for (int at = 0; at < restored; at += 2 * together) {
+        bare(at);
+        ours(at);
+        ours(at + together);
+        bare(at + together);
+    }
+    return round;
+}
+
 double median(std::array<Round, rounds> all, Milliseconds Round::*part)
 {
     std::ranges::nth_element(all, all.begin() + rounds / 2, {}, part);
     return (all[rounds / 2].*part).count();
+}
+
+void print(const std::array<Round, rounds> &all, int count, const char *what)
+{
+    const double bare = median(all, &Round::bare);
+    const double ours = median(all, &Round::ours);
+    std::printf("%6d bare sequences  %8.1f ms\n", count, bare);
+    std::printf("%6d %-14s  %8.1f ms\n", count, what, ours);
+    std::printf("ratio                  %8.2f\n", ours / bare);
 }
 
 } // namespace
@@ -104,9 +175,7 @@ int main(int count, char **arguments)
     const FilePath disk = count > 1 ? FilePath(arguments[1]) : QDir::currentPath().toLocal8Bit();
     std::array<Round, rounds> all;
     std::ranges::generate(all, [&] { return measure(disk); });
-    const double bare = median(all, &Round::bare);
-    const double ours = median(all, &Round::ours);
-    std::printf("%d bare sequences  %8.1f ms\n", items, bare);
-    std::printf("%d moves           %8.1f ms\n", items, ours);
-    std::printf("ratio                %8.2f\n", ours / bare);
+    print(all, items, "moves");
+    std::ranges::generate(all, [&] { return measureRestore(disk); });
+    print(all, restored, "restores");
 }

@@ -101,11 +101,13 @@ TEST_F(TrashListing, OrdersByTimeThenByTheRecordsOwnAndPutsWhatHasNoneLast)
     trash("b", record("/b", "2026-01-01T00:00:01"));
     trash("none", record("/none", "soon"));
     trash("c", record("/c", "2026-01-01T00:00:01"));
+    trash("d", record("/d", "2026-01-01T00:00:01"));
     trash("a", record("/a", "2026-01-01T00:00:02"));
-    home.setModified(ownTrash + "/info/c.trashinfo", FileTime(std::chrono::seconds(20)));
-    home.setModified(ownTrash + "/info/b.trashinfo", FileTime(std::chrono::seconds(10)));
+    home.setModified(ownTrash + "/info/c.trashinfo", FileTime(std::chrono::seconds(30)));
+    home.setModified(ownTrash + "/info/b.trashinfo", FileTime(std::chrono::seconds(20)));
+    home.setModified(ownTrash + "/info/d.trashinfo", FileTime(std::chrono::seconds(10)));
 
-    EXPECT_THAT(origins(), ElementsAre("/a", "/c", "/b", "/none"));
+    EXPECT_THAT(origins(), ElementsAre("/a", "/c", "/b", "/d", "/none"));
     EXPECT_FALSE(list().items.last().moved);
 }
 
