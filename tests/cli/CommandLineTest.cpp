@@ -10,7 +10,6 @@
 #include <csignal>
 
 #include <fcntl.h>
-#include <sys/syscall.h>
 #include <unistd.h>
 
 namespace tidlo {
@@ -180,25 +179,6 @@ TEST(CommandLine, ALocaleWithoutUtf8ChangesNothing)
         EXPECT_EQ(run.status, 0);
         EXPECT_EQ(run.errors, "");
     }
-}
-
-TEST(CommandLine, SaysSoWhereNoThreadCanBeStarted)
-{
-    const TemporaryHome home;
-    home.file("Sites/one/node_modules/a.js");
-    const CliSetup setup{.environment = {"ASAN_OPTIONS=detect_leaks=0"}, // That starts a process of its own.
-                         .inChild = [] {
-                             denySystemCall(SYS_clone, EAGAIN);
-                             denySystemCall(SYS_clone3, EAGAIN);
-                         }};
-    for (const QByteArrayList &arguments : {QByteArrayList{"scan"}, {"clean", "--yes"}, {"explain", "--prompt"}}) {
-        const CliRun run = runCli(home, arguments, setup);
-        EXPECT_EQ(run.status, 1);
-        EXPECT_EQ(run.output, "");
-        EXPECT_EQ(run.errors, "tidlo-cli: No thread can be started: Resource temporarily unavailable.\n");
-    }
-    EXPECT_EQ(runCli(home, {"--help"}, setup).status, 0);
-    EXPECT_TRUE(home.inventory().contains("Sites/one/node_modules/a.js"));
 }
 
 TEST(CommandLine, IgnoresAHomeThatIsNoAbsolutePathAndSaysSo)

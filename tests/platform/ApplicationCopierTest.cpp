@@ -2,7 +2,6 @@
 
 #include "platform/Workshop.h"
 #include "support/InChild.h"
-#include "support/OwnMounts.h"
 #include "support/PrintQt.h"
 #include "support/TemporaryHome.h"
 
@@ -15,9 +14,6 @@
 #include <fstream>
 #include <map>
 
-#include <sys/mount.h>
-#include <sys/syscall.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 namespace tidlo {
@@ -276,54 +272,6 @@ TEST_F(ApplicationCopier, LeavesWhatWasThereWholeWhenAPartCannotBeRead)
     EXPECT_NE(copyApplication(source, destination), std::nullopt);
 
     EXPECT_EQ(inventoryOf("Applications/"), former);
-}
-
-TEST_F(ApplicationCopier, LeavesWhatWasThereWholeWhenTheSourceVanishesHalfWay)
-{
-    home.file("Applications/Tidlo.app/old");
-    const auto former = inventoryOf("Applications/");
-    const ChildResult result = inChild([&] {
-        EXPECT_TRUE(denySystemCall(SYS_sendfile, ESTALE)); // By then the folders are made.
-        EXPECT_EQ(copyApplication(source, destination), because(ESTALE));
-        return !HasFailure();
-    });
-
-    EXPECT_TRUE(result.succeeded) << result.output;
-    EXPECT_EQ(inventoryOf("Applications/"), former);
-}
-
-TEST_F(ApplicationCopier, LeavesWhatWasThereWholeWhenThereIsNoRoom)
-{
-    home.file("from/Tidlo.app/Contents/large", 200'000);
-    before = inventoryOf("from/");
-
-    inOwnMounts([&] {
-        mountMemory(home / "Applications", "size=128k");
-        EXPECT_EQ(copyApplication(source, destination), because(ENOSPC));
-        EXPECT_TRUE(inventoryOf("Applications/").empty());
-
-        home.file("Applications/Tidlo.app/old", 8'192);
-        const auto former = inventoryOf("Applications/");
-        EXPECT_EQ(copyApplication(source, destination), because(ENOSPC));
-        EXPECT_EQ(inventoryOf("Applications/"), former);
-    });
-}
-
-TEST_F(ApplicationCopier, RefusesToReplaceWhereAVolumeIsMounted)
-{
-    home.folder("Applications/Tidlo.app/Contents/inner");
-    home.file("volume/kept");
-    for (const char *point : {"Applications/Tidlo.app/Contents/inner", "Applications/Tidlo.app"}) {
-        inOwnMounts([&] {
-            SCOPED_TRACE(point);
-            ASSERT_EQ(mount((home / "volume").constData(), (home / point).constData(), nullptr, MS_BIND, nullptr), 0);
-
-            EXPECT_EQ(copyApplication(source, destination), because(EBUSY));
-
-            EXPECT_EQ(access((home / point + "/kept").constData(), F_OK), 0);
-        });
-    }
-    EXPECT_TRUE(inventoryOf("Applications/").contains("Tidlo.app/Contents/inner"));
 }
 
 TEST_F(ApplicationCopier, CopiesNothingThatIsNeitherFolderNorFileNorLink)

@@ -1,7 +1,6 @@
 #include "platform/AtomicFile.h"
 
 #include "support/InChild.h"
-#include "support/OwnMounts.h"
 #include "support/PrintQt.h"
 #include "support/TemporaryHome.h"
 
@@ -89,20 +88,6 @@ TEST_F(AtomicFile, FailsWhereItMayNotBeWritten)
 
     EXPECT_TRUE(result.succeeded) << result.output;
     EXPECT_EQ(contentOf(path), "xxx");
-}
-
-TEST_F(AtomicFile, StaysTheOldOneWhenThereIsNoRoom)
-{
-    inOwnMounts([&] {
-        const FilePath folder = home.folder("folder");
-        mountMemory(folder, "size=64k");
-        EXPECT_EQ(writeAtomically(path, "old"), 0);
-
-        EXPECT_EQ(writeAtomically(path, QByteArray(100'000, 'x')), ENOSPC);
-
-        EXPECT_EQ(contentOf(path), "old");
-        EXPECT_THAT(home.inventory(), UnorderedElementsAre(Key("."), Key("folder"), Key("folder/file")));
-    });
 }
 
 } // namespace tidlo

@@ -1,6 +1,7 @@
 // Trees that break walkers: very deep, very wide, changing, or not to be entered.
 
 #include "platform/Allocation.h"
+#include "platform/ApplicationCopier.h"
 #include "platform/Descriptor.h"
 #include "platform/DirectoryWalker.h"
 #include "platform/LiveFileManager.h"
@@ -18,9 +19,7 @@
 #include <thread>
 
 #include <fcntl.h>
-#include <sys/mount.h>
 #include <sys/stat.h>
-#include <sys/syscall.h>
 
 namespace tidlo {
 
@@ -196,7 +195,7 @@ TEST(HostileTrees, AFolderSwappedForALinkNeverLeadsOutside)
     std::atomic<int> swaps = 0;
     std::jthread swapper([&] {
         for (; !done; ++swaps)
-            syscall(SYS_renameat2, AT_FDCWD, folder.constData(), AT_FDCWD, link.constData(), 2 /* RENAME_EXCHANGE */);
+            exchangeItems(folder, link);
     });
     for (int walk = 0; walk < 2'000 || swaps < 2'000; ++walk)
         ASSERT_LE(sizeOf(home / "tree"), block);
@@ -217,54 +216,6 @@ TEST(HostileTrees, WhatMayNotBeReadIsPassedOver)
     });
     chmod(closed.constData(), 0755);
     EXPECT_TRUE(result.succeeded) << result.output;
-}
-
-TEST(HostileTrees, OtherMountsAreNotEntered)
-{
-    const TemporaryHome home;
-    home.file("tree/file", block);
-    home.folder("tree/tmpfs");
-    home.folder("tree/bound");
-    home.file("tree/bound-file", 0);
-    home.file("outside/target/file", 5 * block);
-    bool isAllowed = false;
-    const auto walk = [&] {
-        isExpected(targetsIn(home / "tree").size(), 0);
-        return isExpected(sizeOf(home / "tree"), block) && targetsIn(home / "tree").isEmpty();
-    };
-    const auto work = [&](bool withoutOpenat2) {
-        if (!enterMountNamespace() || mount("tmpfs", (home / "tree/tmpfs").constData(), "tmpfs", 0, nullptr) != 0) {
-            std::puts("mounts forbidden");
-            return false;
-        }
-        mount((home / "outside").constData(), (home / "tree/bound").constData(), nullptr, MS_BIND, nullptr);
-        mount((home / "outside/target/file").constData(), (home / "tree/bound-file").constData(), nullptr, MS_BIND,
-              nullptr);
-        home.file("tree/tmpfs/target/file", 9 * block);
-        return (!withoutOpenat2 || denySystemCall(SYS_openat2, ENOSYS)) && walk();
-    };
-    for (const bool withoutOpenat2 : {false, true}) {
-        const ChildResult result = inChild([&] { return work(withoutOpenat2); });
-        isAllowed = result.output.find("mounts forbidden") == std::string::npos;
-        if (!isAllowed)
-            GTEST_SKIP() << "The kernel forbids mounts here, so nothing was proved about them.";
-        EXPECT_TRUE(result.succeeded) << result.output;
-    }
-}
-
-TEST(HostileTrees, AKernelWithoutOpenat2CountsTheSame)
-{
-    const TemporaryHome home;
-    makeComb(home.folder("comb"), 400, true);
-    home.file("outside/huge", 100 * block);
-    home.link("comb/link", home / "outside");
-    for (const int error : {ENOSYS, EPERM}) {
-        const ChildResult result = inChild([&] {
-            return limitDescriptors(64) && denySystemCall(SYS_openat2, error) &&
-                   isExpected(sizeOf(home / "comb"), 2 * 401 * block);
-        });
-        EXPECT_TRUE(result.succeeded) << result.output;
-    }
 }
 
 TEST(HostileTrees, WalkingChangesNothingNotEvenAccessTimes)

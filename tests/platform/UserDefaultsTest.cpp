@@ -1,7 +1,6 @@
 #include "platform/UserDefaults.h"
 
 #include "support/InChild.h"
-#include "support/OwnMounts.h"
 #include "support/PrintQt.h"
 #include "support/TemporaryHome.h"
 
@@ -242,27 +241,6 @@ TEST_F(UserDefaultsTest, HasItsDefaultsWhereTheFileCannotBeReadOrIsNone)
     EXPECT_TRUE(result.succeeded) << result.output;
 }
 
-TEST_F(UserDefaultsTest, KeepsTheOldFileWholeWhenThereIsNoRoom)
-{
-    inOwnMounts([&] {
-        const FilePath small = home.folder("small");
-        mountMemory(small, "size=64k");
-        const QString full = QString::fromUtf8(small + "/preferences.conf");
-        UserDefaults(full).set(UserDefaults::theme, QStringLiteral("system"));
-        QFile filling(QString::fromUtf8(small + "/filling"));
-        EXPECT_TRUE(filling.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
-        while (filling.write(QByteArray(4'096, 'x')) > 0) {
-        }
-        const std::string before = contentOf(full);
-        EXPECT_THAT(before, HasSubstr("tidloTheme=system"));
-
-        UserDefaults defaults(full);
-        set(defaults);
-
-        EXPECT_EQ(contentOf(full), before);
-    });
-}
-
 TEST_F(UserDefaultsTest, WaitsForNoLockThatAKilledProgramLeft)
 {
     home.file("preferences.conf.lock", 0);
@@ -331,21 +309,6 @@ TEST_F(UserDefaultsTest, IsWholeWheneverTheProgramIsKilled)
 
         ASSERT_THAT(content(), AnyOf("[General]\ntidloTheme=dark\n", "[General]\ntidloTheme=light\n")) << turn;
     }
-}
-
-TEST_F(UserDefaultsTest, OfTheUserLiesInTheirFolderForPreferences)
-{
-    const ChildResult result = inChild([&] {
-        setenv("XDG_CONFIG_HOME", (home / "config").constData(), 1);
-        UserDefaults defaults;
-        set(defaults);
-        return true;
-    });
-
-    EXPECT_TRUE(result.succeeded) << result.output;
-    QFile written(QString::fromUtf8(home / "config/com.tidlo.storagecleaner.conf"));
-    ASSERT_TRUE(written.open(QIODevice::ReadOnly));
-    EXPECT_THAT(written.readAll().toStdString(), HasSubstr("tidloTheme=light"));
 }
 
 TEST_F(UserDefaultsTest, KeepsTheOldFileWhereTheNewOneCannotBeDrafted)
