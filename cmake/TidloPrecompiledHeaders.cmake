@@ -1,10 +1,11 @@
 # What most sources include, read once for all of them. Only under the sanitizers, where everything is compiled for the
-# tests alone: elsewhere every source must include what it needs itself.
+# tests alone, and of tests that are compiled together: elsewhere every source must include what it needs itself.
+set(TIDLO_PRECOMPILE "${TIDLO_SANITIZERS}")
 
 # tidlo_precompiled_headers(name LINKS targets... HEADERS headers...): the headers, and whom they belong to.
 function(tidlo_precompiled_headers name)
     cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LINKS;HEADERS")
-    if(TIDLO_SANITIZERS)
+    if(TIDLO_PRECOMPILE)
         set(source "${CMAKE_CURRENT_BINARY_DIR}/${name}.cpp")
         file(CONFIGURE OUTPUT "${source}" CONTENT "// A library must have a source.\n")
         add_library(${name} OBJECT "${source}")
@@ -15,7 +16,7 @@ endfunction()
 
 # tidlo_use_precompiled_headers(target name): the target's sources begin with them. Macros that both see must be the same.
 function(tidlo_use_precompiled_headers target name)
-    if(TIDLO_SANITIZERS)
+    if(TARGET ${name})
         target_precompile_headers(${target} REUSE_FROM ${name})
         # They are C++, and serve no source of another language.
         get_target_property(sources ${target} SOURCES)

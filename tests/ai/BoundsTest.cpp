@@ -176,12 +176,12 @@ TEST_F(Bounds, OfSizeHoldForWhateverTheLibraryRefusesEarlier)
 
 TEST_F(Bounds, RefuseWhateverIsCompressed)
 {
-    for (const QByteArray header :
+    for (const QByteArray coding :
          {"Content-Encoding: gzip", "content-encoding:br", "CONTENT-ENCODING: identity",
           "Content-Encoding:", "Transfer-Encoding: gzip", "Transfer-Encoding: gzip, chunked", "transfer-encoding:zstd",
           "Transfer-Encoding:  chunked, gzip", "Transfer-Encoding: chunked\r\nTransfer-Encoding: deflate"}) {
-        EXPECT_EQ(explainAnswered(reply(200, answerOfA, header + "\r\n")), compressed) << header.constData();
-        EXPECT_EQ(explainAnswered(reply(500, answerOfA, header + "\r\n")), compressed) << header.constData();
+        EXPECT_EQ(explainAnswered(reply(200, answerOfA, coding + "\r\n")), compressed) << coding.constData();
+        EXPECT_EQ(explainAnswered(reply(500, answerOfA, coding + "\r\n")), compressed) << coding.constData();
     }
 }
 

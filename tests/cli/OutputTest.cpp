@@ -26,7 +26,7 @@ struct Pipe
     Pipe()
     {
         std::array<int, 2> ends{-1, -1};
-        EXPECT_EQ(pipe2(ends.data(), O_CLOEXEC), 0);
+        EXPECT_EQ(pipe(ends.data()), 0);
         readEnd = Descriptor(ends[0]);
         writeEnd = Descriptor(ends[1]);
     }

@@ -1,5 +1,6 @@
 #include "cli/TerminalSession.h"
 
+#include "support/OpenPty.h"
 #include "support/Patience.h"
 
 #include <gtest/gtest.h>
@@ -8,7 +9,6 @@
 #include <csignal>
 
 #include <poll.h>
-#include <pty.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
 
@@ -19,7 +19,7 @@ TerminalSession::TerminalSession(const TemporaryHome &home, const QByteArrayList
 {
     int ours = -1;
     int theirs = -1;
-    const winsize size{.ws_row = 50, .ws_col = static_cast<unsigned short>(columns), .ws_xpixel = 0, .ws_ypixel = 0};
+    winsize size{.ws_row = 50, .ws_col = static_cast<unsigned short>(columns), .ws_xpixel = 0, .ws_ypixel = 0};
     if (openpty(&ours, &theirs, nullptr, nullptr, &size) != 0)
         qFatal("There is no terminal to be had.");
     terminal = Descriptor(ours);

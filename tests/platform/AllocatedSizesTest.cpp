@@ -91,8 +91,9 @@ TEST(AllocatedSizes, WhatIsNeitherFileNorFolderCountsNothingAndIsNotOpened)
     const TemporaryHome home;
     home.file("folder/a", block);
     ASSERT_EQ(mkfifo((home / "folder/fifo").constData(), 0600), 0); // Opening it would wait for a writer for ever.
-    const Descriptor socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
-    sockaddr_un address{.sun_family = AF_UNIX, .sun_path = {}};
+    const Descriptor socket(::socket(AF_UNIX, SOCK_STREAM, 0));
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
     std::strncpy(address.sun_path, (home / "folder/socket").constData(), sizeof address.sun_path - 1);
     ASSERT_EQ(bind(socket.get(), reinterpret_cast<sockaddr *>(&address), sizeof address), 0);
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <random>
 
 namespace tidlo {
@@ -172,7 +173,7 @@ TEST(VisibleText, DifferentNamesAreShownDifferentlySinceEscapesCanBeUndone)
     std::mt19937 random(1);
     std::uniform_int_distribution<int> pieces(0, 5);
     std::uniform_int_distribution<int> bytes(0, 255);
-    std::uniform_int_distribution<char32_t> codePoints(0, 0x10ffff);
+    std::uniform_int_distribution<std::uint32_t> codePoints(0, 0x10ffff);
     for (int round = 0; round < 20'000; ++round) {
         FilePath name;
         for (int i = 0; i < 12; ++i) {

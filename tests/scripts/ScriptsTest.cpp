@@ -1,4 +1,5 @@
 #include "platform/Descriptor.h"
+#include "support/OpenPty.h"
 #include "support/Patience.h"
 #include "support/PrintQt.h"
 #include "support/TemporaryHome.h"
@@ -13,7 +14,6 @@
 #include <string>
 #include <vector>
 
-#include <pty.h>
 #include <unistd.h>
 
 namespace tidlo {

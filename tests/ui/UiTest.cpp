@@ -13,12 +13,12 @@ UiTest::~UiTest()
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
-AppEnvironment UiTest::demoEnvironmentOf(const FilePath &home) const
+AppEnvironment UiTest::withFakes() const
 {
-    AppEnvironment environment = demoEnvironment(home);
-    environment.fileManager = files;
-    environment.workspace = workspace;
-    return environment;
+    AppEnvironment made = demoEnvironment(home.path());
+    made.fileManager = files;
+    made.workspace = workspace;
+    return made;
 }
 
 OpenModel &UiTest::app()

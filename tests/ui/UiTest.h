@@ -37,10 +37,10 @@ protected:
     std::shared_ptr<testing::NiceMock<FakeFileManager>> files =
         std::make_shared<testing::NiceMock<FakeFileManager>>(home.path());
     std::shared_ptr<testing::NiceMock<FakeWorkspace>> workspace = std::make_shared<testing::NiceMock<FakeWorkspace>>();
-    AppEnvironment environment = demoEnvironmentOf(home.path());
+    AppEnvironment environment = withFakes();
 
 private:
-    AppEnvironment demoEnvironmentOf(const FilePath &home) const;
+    AppEnvironment withFakes() const;
 
     std::unique_ptr<OpenModel> owner;
 };

@@ -18,13 +18,13 @@ protected:
         QObject::connect(&sight, &Sight::isSeenChanged, &item, [this] { ++changes; });
     }
 
-    void putInto(QQuickWindow &window) { item.setParentItem(window.contentItem()); }
+    void putInto(QQuickWindow &shown) { item.setParentItem(shown.contentItem()); }
 
     /// Shows it and waits for the system to do so.
-    static void show(QQuickWindow &window)
+    static void show(QQuickWindow &hidden)
     {
-        window.show();
-        waitUntil([&] { return window.isExposed(); });
+        hidden.show();
+        waitUntil([&] { return hidden.isExposed(); });
     }
 
     QQuickWindow window;

@@ -203,9 +203,9 @@ void Demo::cleanUp(int count)
     CleanupCandidate finding = demoFindings().constFirst();
     finding.paths.clear();
     for (int number = 0; number < count; ++number) {
-        const QString folder = this->folder.filePath(QStringLiteral("stays-%1").arg(number));
-        QDir().mkpath(folder);
-        finding.paths.append(QFile::encodeName(folder));
+        const QString path = folder.filePath(QStringLiteral("stays-%1").arg(number));
+        QDir().mkpath(path);
+        finding.paths.append(QFile::encodeName(path));
     }
     model.setCandidates({finding});
     model.moveSelectedToTrash();
