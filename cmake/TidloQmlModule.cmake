@@ -11,6 +11,7 @@ function(tidlo_qml_module name)
         URI ${arg_URI}
         VERSION 1.0
         NO_PLUGIN
+        ${TIDLO_QML_OPTIONS}
         DEPENDENCIES QtQuick ${arg_IMPORTS}
         RESOURCE_PREFIX /qt/qml
         IMPORT_PATH "${QT_QML_OUTPUT_DIRECTORY}"

@@ -30,6 +30,7 @@ set(CMAKE_TRY_COMPILE_TARGET_TYPE STATIC_LIBRARY)
 
 # What a build runs of its own programs, or of those that come with Qt for macOS.
 set(CMAKE_CROSSCOMPILING_EMULATOR "${CMAKE_CURRENT_LIST_DIR}/run_here")
+set(TIDLO_QML_OPTIONS NO_CACHEGEN) # Large, and made of the QML files by Qt: it tells nothing of this project.
 set(MACDEPLOYQT /usr/bin/true CACHE FILEPATH "")
 
 # Qt and the other libraries are Debian's: their headers serve for both systems, of the libraries the symbols count.
