@@ -62,7 +62,7 @@ private:
 
 TEST_F(PackageMacOS, SignsWhatLiesWithinBeforeWhatHoldsIt)
 {
-    const QByteArray sign = "codesign --force --options runtime --sign - ";
+    const QByteArray sign = "codesign --force --sign - ";
     QByteArrayList said = run("-");
     ASSERT_GT(said.size(), 3);
     std::sort(said.begin() + 1, said.begin() + 3); // A folder has no order.
@@ -85,7 +85,7 @@ TEST_F(PackageMacOS, HandsOnOnlyWhatWasNotarised)
                             "xcrun stapler staple Tidlo.app", "ditto -c -k --keepParent Tidlo.app Tidlo.zip",
                             "spctl --assess --type execute --verbose Tidlo.app"));
     EXPECT_TRUE(
-        said.at(1).startsWith("codesign --force --options runtime --sign Developer ID Application: A --timestamp "));
+        said.at(1).startsWith("codesign --force --sign Developer ID Application: A --options runtime --timestamp "));
 }
 
 TEST_F(PackageMacOS, EndsWhenASignatureFails)
