@@ -74,7 +74,7 @@ FOUNDATION_EXPORT NSURLResourceKey const NSURLVolumeAvailableCapacityForImportan
 - (void)removeObjectForKey:(NSString *)defaultName;
 @end
 
-typedef NS_OPTIONS(NSUInteger, NSSearchPathDomainMask) { NSUserDomainMask = 1 };
+typedef NSUInteger NSSearchPathDomainMask;
 typedef NS_ENUM(NSUInteger, NSSearchPathDirectory) { NSTrashDirectory = 102 };
 typedef NS_ENUM(NSInteger, NSURLRelationship) {
     NSURLRelationshipContains,
