@@ -132,7 +132,8 @@ QList<TrashOutcome> restoreFromTrash(const QList<TrashedItem> &items, const File
 
 TrashContents listTrashes(const FilePath &home, std::stop_token)
 {
-    return {.unread = {{.path = joined(home, ".Trash"),
+    return {.items = {},
+            .unread = {{.path = joined(home, ".Trash"),
                         .reason = QStringLiteral("macOS lets no program read where the items in the Trash were. To put "
                                                  "them back, select them in the Trash in the Finder, and choose \"Put "
                                                  "Back\" in the File menu.")}}};

@@ -59,6 +59,7 @@ FOUNDATION_EXPORT NSURLResourceKey const NSURLVolumeAvailableCapacityForImportan
 @end
 
 @interface NSURL : NSObject
+@property(readonly, nullable) const char *fileSystemRepresentation;
 + (NSURL *)fileURLWithFileSystemRepresentation:(const char *)path
                                    isDirectory:(BOOL)isDir
                                  relativeToURL:(nullable NSURL *)baseURL;
