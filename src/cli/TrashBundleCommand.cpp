@@ -1,6 +1,7 @@
 #include "cli/CommandHelp.h"
 #include "cli/Commands.h"
 #include "cli/Output.h"
+#include "cli/PathArgument.h"
 #include "platform/Bundle.h"
 
 namespace tidlo {
@@ -10,8 +11,7 @@ namespace {
 ExitStatus runTrashBundle(const QCommandLineParser &options, CommandContext &context)
 {
     const Bundle bundle = mainBundle();
-    // Both have come the same way from bytes to text, which tells all paths apart that matter here.
-    const bool isMeant = options.value(QStringLiteral("at")) == QString::fromLocal8Bit(bundle.path);
+    const bool isMeant = pathOfArgument(options.value(QStringLiteral("at"))) == bundle.path;
     if (!bundle.isOurs() || !isMeant)
         return reportMisuse(trashBundleCommand(),
                             QStringLiteral("That is not the bundle that this program runs from."));
