@@ -73,6 +73,7 @@ FOUNDATION_EXPORT NSURLResourceKey const NSURLVolumeAvailableCapacityForImportan
 - (void)setObject:(nullable id)value forKey:(NSString *)defaultName;
 - (void)setBool:(BOOL)value forKey:(NSString *)defaultName;
 - (void)removeObjectForKey:(NSString *)defaultName;
+- (BOOL)synchronize;
 @end
 
 typedef NSUInteger NSSearchPathDomainMask;
