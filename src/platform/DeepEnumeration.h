@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/FileAttributes.h"
+#include "platform/WalkNotes.h"
 
 #include <QByteArrayView>
 #include <QList>
@@ -54,6 +55,8 @@ struct DeepEnumeration
     /// Whether an item that the visitor collects is to be listed without being measured, told by its path. As visit; it
     /// may be missing.
     std::function<bool(const FilePath &path)> leavesOut{};
+
+    WalkNotes *notes = nullptr; ///< What else is told; it may be missing.
 };
 
 /// An entry that a visitor collected.

@@ -42,7 +42,7 @@ bool comesBefore(const CountedItem &left, const CountedItem &right)
 
 QList<CollectedItem> DirectoryWalker::enumerate(const DeepEnumeration &enumeration, std::stop_token stop) const
 {
-    TreeWalk walk(limitsFor(workers, enumeration.roots), std::move(stop));
+    TreeWalk walk(limitsFor(workers, enumeration.roots), std::move(stop), enumeration.notes);
     const std::deque<CountedItem> items = walk.enumerate(enumeration);
     std::vector<const CountedItem *> ordered;
     std::ranges::transform(items, std::back_inserter(ordered), [](const CountedItem &item) { return &item; });
@@ -55,9 +55,10 @@ QList<CollectedItem> DirectoryWalker::enumerate(const DeepEnumeration &enumerati
     return result;
 }
 
-QList<qint64> DirectoryWalker::allocatedSizes(const QList<FilePath> &paths, std::stop_token stop) const
+QList<qint64> DirectoryWalker::allocatedSizes(const QList<FilePath> &paths, std::stop_token stop,
+                                              WalkNotes *notes) const
 {
-    TreeWalk walk(limitsFor(workers, paths), std::move(stop));
+    TreeWalk walk(limitsFor(workers, paths), std::move(stop), notes);
     QList<qint64> sizes;
     sizes.reserve(paths.size());
     for (const CountedItem &item : walk.measure(paths))

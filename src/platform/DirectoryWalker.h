@@ -26,7 +26,7 @@ public:
     QList<CollectedItem> enumerate(const DeepEnumeration &enumeration, std::stop_token stop) const;
 
     /// As FileManager::allocatedSizes.
-    QList<qint64> allocatedSizes(const QList<FilePath> &paths, std::stop_token stop) const;
+    QList<qint64> allocatedSizes(const QList<FilePath> &paths, std::stop_token stop, WalkNotes *notes = nullptr) const;
 
 private:
     int workers;

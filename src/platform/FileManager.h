@@ -30,8 +30,9 @@ public:
     virtual std::optional<FileAttributes> attributesOfItem(const FilePath &path) const = 0;
 
     /// The entries of a folder that are not hidden, with their attributes, in byte order of their names. The folder may
-    /// be reached through a link. Nothing if it cannot be listed to its end.
-    virtual std::optional<QList<DirectoryEntry>> contentsOfDirectory(const FilePath &folder) const = 0;
+    /// be reached through a link. Nothing if it cannot be listed to its end; \a notes, if any, tell that.
+    virtual std::optional<QList<DirectoryEntry>> contentsOfDirectory(const FilePath &folder,
+                                                                     WalkNotes *notes = nullptr) const = 0;
 
     /// Everything that the enumeration's visitor collects, root after root, depth first, each folder before its
     /// contents, in byte order of the names. A requested stop ends it soon, with what was found so far.
@@ -39,8 +40,10 @@ public:
 
     /// The bytes that deleting each of \a paths would free, in the same order: of a regular file its allocated size, of
     /// a folder or package that of all regular files beneath it, hidden ones included, contents of packages and other
-    /// mounts left out; of anything else 0. A requested stop ends it soon, with what was counted so far.
-    virtual QList<qint64> allocatedSizes(const QList<FilePath> &paths, std::stop_token stop = {}) const = 0;
+    /// mounts left out; of anything else 0. A requested stop ends it soon, with what was counted so far. What else it
+    /// meets is told by \a notes, if there are any.
+    virtual QList<qint64> allocatedSizes(const QList<FilePath> &paths, std::stop_token stop = {},
+                                         WalkNotes *notes = nullptr) const = 0;
 
     /// Figures of the volume that holds \a path; nothing if the request fails.
     virtual std::optional<VolumeCapacity> volumeCapacity(const FilePath &path) const = 0;
@@ -48,8 +51,14 @@ public:
     /// The size and free size that the file system itself tells for \a path; nothing if the request fails.
     virtual std::optional<VolumeCapacity> fileSystemAttributes(const FilePath &path) const = 0;
 
+    /// Whether files of the file system that holds \a path may share blocks in other ways than by links.
+    virtual bool mayShareBlocks(const FilePath &path) const = 0;
+
     /// Moves one item to the Trash. Nothing is ever copied or deleted.
     virtual TrashOutcome trashItem(const FilePath &path) = 0;
+
+    /// Of each of \a paths, whether trashItem() would leave it on purpose as things are now.
+    virtual QList<bool> leftByTrash(const QList<FilePath> &paths) const = 0;
 
     /// Puts \a items of the user's Trashes back where they were, in order; nothing is ever replaced. An outcome for
     /// each that was tried: \a stopRequested is asked before each.

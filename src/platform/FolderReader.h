@@ -15,6 +15,9 @@ struct EntryStatus
 {
     FileAttributes attributes;
     quint64 mount = 0; ///< Identifies the mount it lies on.
+    quint64 device = 0;
+    quint64 inode = 0; ///< Which file of the device.
+    quint32 links = 1; ///< How many names lead to it.
 };
 
 /// What identifies a folder for as long as it exists.
@@ -69,12 +72,16 @@ public:
     /// it.
     Batch readBatch(int folder);
 
+    /// The errno of a batch that failed.
+    int error() const { return failure; }
+
     /// The next entry of the batch, "." and ".." left out; nothing at its end.
     std::optional<Entry> nextEntry();
 
 private:
     struct Buffer;
     std::unique_ptr<Buffer> buffer;
+    int failure = 0;
 };
 
 /// Which attributes a caller needs: asking for less is cheaper on some file systems.

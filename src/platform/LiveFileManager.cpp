@@ -14,17 +14,25 @@ namespace tidlo {
 namespace {
 
 /// As FileManager::contentsOfDirectory; throws without memory.
-std::optional<QList<DirectoryEntry>> listed(const FilePath &path)
+std::optional<QList<DirectoryEntry>> listed(const FilePath &path, WalkNotes *notes)
 {
+    const auto tellUnread = [&](int error) {
+        if (notes != nullptr)
+            notes->addUnread(path, error);
+    };
     const Descriptor folder = FolderOpener().openRoot(path, true);
-    if (!folder.isValid())
+    if (!folder.isValid()) {
+        tellUnread(folder.error());
         return std::nullopt;
+    }
     QList<DirectoryEntry> entries;
     FolderReader reader;
     while (true) {
         const FolderReader::Batch batch = reader.readBatch(folder.get());
-        if (batch == FolderReader::Batch::failed)
+        if (batch == FolderReader::Batch::failed) {
+            tellUnread(reader.error());
             return std::nullopt;
+        }
         if (batch == FolderReader::Batch::end)
             break;
         while (const std::optional<FolderReader::Entry> entry = reader.nextEntry()) {
@@ -75,10 +83,10 @@ std::optional<FileAttributes> LiveFileManager::attributesOfItem(const FilePath &
     return status ? std::optional(status->attributes) : std::nullopt;
 }
 
-std::optional<QList<DirectoryEntry>> LiveFileManager::contentsOfDirectory(const FilePath &path) const
+std::optional<QList<DirectoryEntry>> LiveFileManager::contentsOfDirectory(const FilePath &path, WalkNotes *notes) const
 {
     try {
-        return listed(path);
+        return listed(path, notes);
     } catch (const std::bad_alloc &) {
         return std::nullopt;
     }
@@ -89,9 +97,10 @@ QList<CollectedItem> LiveFileManager::enumerate(const DeepEnumeration &enumerati
     return walker.enumerate(enumeration, std::move(stop));
 }
 
-QList<qint64> LiveFileManager::allocatedSizes(const QList<FilePath> &paths, std::stop_token stop) const
+QList<qint64> LiveFileManager::allocatedSizes(const QList<FilePath> &paths, std::stop_token stop,
+                                              WalkNotes *notes) const
 {
-    return walker.allocatedSizes(paths, std::move(stop));
+    return walker.allocatedSizes(paths, std::move(stop), notes);
 }
 
 std::optional<VolumeCapacity> LiveFileManager::volumeCapacity(const FilePath &path) const
@@ -104,9 +113,19 @@ std::optional<VolumeCapacity> LiveFileManager::fileSystemAttributes(const FilePa
     return fileSystemCapacityOf(path);
 }
 
+bool LiveFileManager::mayShareBlocks(const FilePath &path) const
+{
+    return tidlo::mayShareBlocks(path);
+}
+
 TrashOutcome LiveFileManager::trashItem(const FilePath &path)
 {
     return moveToTrash(path, home);
+}
+
+QList<bool> LiveFileManager::leftByTrash(const QList<FilePath> &paths) const
+{
+    return tidlo::leftByTrash(paths, home);
 }
 
 QList<TrashOutcome> LiveFileManager::restoreItems(const QList<TrashedItem> &items,

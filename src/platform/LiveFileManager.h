@@ -17,12 +17,16 @@ public:
     FilePath homeDirectoryForCurrentUser() const override { return home; }
     bool fileExists(const FilePath &path) const override;
     std::optional<FileAttributes> attributesOfItem(const FilePath &path) const override;
-    std::optional<QList<DirectoryEntry>> contentsOfDirectory(const FilePath &folder) const override;
+    std::optional<QList<DirectoryEntry>> contentsOfDirectory(const FilePath &folder,
+                                                             WalkNotes *notes = nullptr) const override;
     QList<CollectedItem> enumerate(const DeepEnumeration &enumeration, std::stop_token stop) const override;
-    QList<qint64> allocatedSizes(const QList<FilePath> &paths, std::stop_token stop) const override;
+    QList<qint64> allocatedSizes(const QList<FilePath> &paths, std::stop_token stop = {},
+                                 WalkNotes *notes = nullptr) const override;
     std::optional<VolumeCapacity> volumeCapacity(const FilePath &path) const override;
     std::optional<VolumeCapacity> fileSystemAttributes(const FilePath &path) const override;
+    bool mayShareBlocks(const FilePath &path) const override;
     TrashOutcome trashItem(const FilePath &path) override;
+    QList<bool> leftByTrash(const QList<FilePath> &paths) const override;
     QList<TrashOutcome> restoreItems(const QList<TrashedItem> &items,
                                      const std::function<bool()> &stopRequested) override;
     TrashContents trashedItems(std::stop_token stop) const override;

@@ -68,6 +68,11 @@ TrashOutcome moveToTrash(const FilePath &path, const FilePath &home);
 QList<TrashOutcome> restoreFromTrash(const QList<TrashedItem> &items, const FilePath &home,
                                      const std::function<bool()> &stopRequested);
 
+/// Of each of \a paths, whether moveToTrash() would leave it on purpose as things are now: since a volume is mounted
+/// there or inside, or for the sake of a Trash or of the home folder. What cannot be told counts as not left. May be
+/// called from any thread.
+QList<bool> leftByTrash(const QList<FilePath> &paths, const FilePath &home);
+
 /// Whether what is at \a path, without links in it, is a Trash or lies in one: that of the user whose home folder is
 /// \a home, or any other that its name tells.
 bool liesInTrash(const FilePath &path, const FilePath &home);

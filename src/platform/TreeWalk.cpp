@@ -94,13 +94,17 @@ private:
     void readEntries(const WalkFolder &folder);
     void measure(const WalkFolder &folder, const FolderReader::Entry &entry);
     void look(const WalkFolder &folder, const FolderReader::Entry &entry);
-    void collect(const WalkFolder &folder, const EnumeratedEntry &entry, int group);
+    void collect(const WalkFolder &folder, const EnumeratedEntry &entry, const EntryStatus &status, int group);
     void addChild(const WalkFolder &folder, QByteArrayView name, CountedItem *item);
+    qint64 counted(const EntryStatus &file);
+    void hand(CountedItem &item);
+    void tellUnread(const WalkFolder &folder, int error);
 
     TreeWalk &walk;
     FolderReader reader;
     std::vector<std::unique_ptr<WalkFolder>> children; ///< Found in the folder that is being read.
     qint64 bytes = 0;                                  ///< Of the files met in it.
+    QList<LinkedFile> linked;                          ///< Those of them that have several names.
 };
 
 bool TreeWalk::Worker::open(WalkFolder &folder, int parent)
@@ -122,10 +126,10 @@ bool TreeWalk::Worker::openBeneath(WalkFolder &folder, int parent)
         return folder.descriptor.error();
     };
     const int error = attempt();
-    if (error == EMFILE || error == ENFILE) {
+    const bool isShortOfDescriptors = error == EMFILE || error == ENFILE;
+    if (isShortOfDescriptors)
         walk.queue.closeSpare();
-        attempt();
-    }
+    tellUnread(folder, isShortOfDescriptors ? attempt() : error);
     return folder.isOpen();
 }
 
@@ -138,7 +142,8 @@ bool TreeWalk::Worker::openRoot(WalkFolder &root)
         const std::optional<EntryStatus> status =
             location.isValid() ? statusOf(location.folder(), location.name(), StatusDetail::sizeOnDisk) : std::nullopt;
         if (status && status->attributes.kind == FileKind::regular)
-            addBytes(*root.item, status->attributes.allocatedSize.value_or(0));
+            bytes = counted(*status);
+        hand(*root.item);
         if (!status || status->attributes.kind != FileKind::directory)
             return false;
     }
@@ -146,6 +151,7 @@ bool TreeWalk::Worker::openRoot(WalkFolder &root)
     const std::optional<EntryStatus> status =
         root.isOpen() ? statusOf(root.descriptor.get(), "", StatusDetail::sizeOnDisk) : std::nullopt;
     root.mount = status ? status->mount : 0;
+    tellUnread(root, root.descriptor.error());
     return status.has_value();
 }
 
@@ -160,6 +166,8 @@ bool TreeWalk::Worker::read(WalkFolder &folder, CallHelpers callHelpers)
             const FolderReader::Batch batch =
                 isStopped() ? FolderReader::Batch::end : reader.readBatch(folder.descriptor.get());
             listed = batch == FolderReader::Batch::end || batch == FolderReader::Batch::failed;
+            if (batch == FolderReader::Batch::failed)
+                tellUnread(folder, reader.error());
             shared = batch == FolderReader::Batch::full && walk.queue.shareListing(folder);
             if (shared)
                 callHelpers();
@@ -168,9 +176,41 @@ bool TreeWalk::Worker::read(WalkFolder &folder, CallHelpers callHelpers)
             listed = !shared;
         }
     }
-    if (folder.item != nullptr && bytes > 0)
-        addBytes(*folder.item, std::exchange(bytes, 0));
+    if (folder.item != nullptr)
+        hand(*folder.item);
     return listed;
+}
+
+/// The bytes of a regular file, whose links are kept where somebody wants to know of them.
+qint64 TreeWalk::Worker::counted(const EntryStatus &file)
+{
+    const qint64 size = file.attributes.allocatedSize.value_or(0);
+    if (file.links > 1 && walk.notes != nullptr)
+        linked.append({.device = file.device, .inode = file.inode, .bytes = size, .links = file.links});
+    return size;
+}
+
+/// Adds what was counted to \a item.
+void TreeWalk::Worker::hand(CountedItem &item)
+{
+    if (bytes > 0)
+        addBytes(item, std::exchange(bytes, 0));
+    if (linked.isEmpty())
+        return;
+    try {
+        const std::lock_guard lock(walk.itemsMutex);
+        item.linked += linked;
+    } catch (const std::bad_alloc &) { // Their bytes count all the same.
+    }
+    linked.clear();
+}
+
+void TreeWalk::Worker::tellUnread(const WalkFolder &folder, int error)
+{
+    if (walk.notes != nullptr && error != 0)
+        walk.notes->addUnread(folder.isRoot() ? FilePath::fromStdString(folder.name)
+                                              : pathOf(*folder.parent, QByteArrayView(folder.name)),
+                              error);
 }
 
 void TreeWalk::Worker::readEntries(const WalkFolder &folder)
@@ -192,7 +232,7 @@ void TreeWalk::Worker::measure(const WalkFolder &folder, const FolderReader::Ent
         const auto status = statusOf(folder.descriptor.get(), entry.name.data(), StatusDetail::sizeOnDisk);
         kind = status ? status->attributes.kind : FileKind::unknown;
         if (kind == FileKind::regular && status->mount == folder.mount) // A single file can be a mount, too.
-            bytes = checkedSum(bytes, status->attributes.allocatedSize.value_or(0));
+            bytes = checkedSum(bytes, counted(*status));
     }
     if (kind == FileKind::directory && !isPackageName(entry.name))
         addChild(folder, entry.name, folder.item);
@@ -202,26 +242,27 @@ void TreeWalk::Worker::look(const WalkFolder &folder, const FolderReader::Entry 
 {
     if (isHiddenName(entry.name))
         return;
-    FileAttributes attributes{.kind = entry.kind};
+    EntryStatus known{.attributes = {.kind = entry.kind}};
     const bool isShown = walk.wanted->shown == DeepEnumeration::Shown::everything;
     if (entry.kind == FileKind::unknown || (isShown && entry.kind != FileKind::directory)) {
         const auto status = statusOf(folder.descriptor.get(), entry.name.data(), StatusDetail::everything);
         if (!status || status->mount != folder.mount)
             return;
-        attributes = status->attributes;
+        known = *status;
     }
-    const bool isFolder = attributes.kind == FileKind::directory;
+    const bool isFolder = known.attributes.kind == FileKind::directory;
     if (!isFolder && !isShown)
         return;
-    const VisitedEntry visited(folder.descriptor.get(), entry.name, attributes);
+    const VisitedEntry visited(folder.descriptor.get(), entry.name, known.attributes);
     const Visit visit = walk.wanted->visit(visited);
     if (visit.action == Visit::Action::collect)
-        collect(folder, visited, visit.group);
+        collect(folder, visited, known, visit.group);
     else if (visit.action == Visit::Action::walkOn && isFolder && !isPackageName(entry.name))
         addChild(folder, entry.name, nullptr);
 }
 
-void TreeWalk::Worker::collect(const WalkFolder &folder, const EnumeratedEntry &entry, int group)
+void TreeWalk::Worker::collect(const WalkFolder &folder, const EnumeratedEntry &entry, const EntryStatus &status,
+                               int group)
 {
     const FilePath path = pathOf(folder, entry.name());
     CountedItem *item = nullptr;
@@ -237,8 +278,10 @@ void TreeWalk::Worker::collect(const WalkFolder &folder, const EnumeratedEntry &
         return;
     if (entry.attributes().kind == FileKind::directory)
         addChild(folder, entry.name(), item);
-    else if (entry.attributes().kind == FileKind::regular)
-        item->bytes = entry.attributes().allocatedSize.value_or(0);
+    else if (entry.attributes().kind == FileKind::regular) {
+        bytes = counted(status);
+        hand(*item);
+    }
 }
 
 void TreeWalk::Worker::addChild(const WalkFolder &folder, QByteArrayView name, CountedItem *item)
@@ -258,14 +301,25 @@ std::deque<CountedItem> TreeWalk::enumerate(const DeepEnumeration &enumeration)
     for (int index = 0; index < enumeration.roots.size(); ++index)
         addRoot(enumeration.roots.at(index), index, nullptr);
     run();
-    return std::move(items);
+    return takenItems();
 }
 
 std::deque<CountedItem> TreeWalk::measure(const QList<FilePath> &paths)
 {
-    for (int index = 0; index < paths.size(); ++index)
-        addRoot(paths.at(index), index, &items.emplace_back());
+    for (int index = 0; index < paths.size(); ++index) {
+        items.emplace_back().path = paths.at(index);
+        addRoot(paths.at(index), index, &items.back());
+    }
     run();
+    return takenItems();
+}
+
+std::deque<CountedItem> TreeWalk::takenItems()
+{
+    for (const CountedItem &item : items) {
+        if (notes != nullptr && !item.isLeftOut)
+            notes->setLinked(item.path, item.linked);
+    }
     return std::move(items);
 }
 

@@ -18,6 +18,7 @@ struct CountedItem
     int group = 0;
     bool isLeftOut = false;
     std::atomic<qint64> bytes = 0;
+    QList<LinkedFile> linked{}; ///< Guarded by the walk's mutex while it runs.
 };
 
 /// How many folders are read at once, and how many may stay open besides those.
@@ -31,9 +32,11 @@ struct WalkLimits
 class TreeWalk final
 {
 public:
-    TreeWalk(WalkLimits limits, std::stop_token stop)
+    /// \a notes may be null; else they must outlive it.
+    TreeWalk(WalkLimits limits, std::stop_token stop, WalkNotes *notes)
         : limits(limits)
         , stop(std::move(stop))
+        , notes(notes)
         , queue(limits.openFolders)
     {}
 
@@ -49,13 +52,15 @@ private:
 
     void addRoot(const FilePath &path, int index, CountedItem *item);
     void run();
+    std::deque<CountedItem> takenItems();
 
     const WalkLimits limits;
     const std::stop_token stop;
+    WalkNotes *const notes;
     const FolderOpener opener;
     WalkQueue queue;
     const DeepEnumeration *wanted = nullptr; ///< None when only sizes are.
-    std::mutex itemsMutex;                   ///< Guards the list; an item counts for itself.
+    std::mutex itemsMutex;                   ///< Guards the list and the linked files; an item counts for itself.
     std::deque<CountedItem> items;
 };
 

@@ -18,6 +18,10 @@ std::optional<VolumeCapacity> fileSystemCapacityOf(const FilePath &path);
 /// in one. What cannot be told, as of network and virtual disks, counts as not rotating, and so does a missing path.
 bool anyDiskRotates(const QList<FilePath> &paths);
 
+/// Whether files of the file system that holds \a path may share blocks in other ways than by links, so that deleting
+/// one of them frees less than it has. False where that cannot be told.
+bool mayShareBlocks(const FilePath &path);
+
 /// What keeps the item at \a path, a link not followed, from being removed: EBUSY if another volume is mounted there or
 /// beneath it, or the errno of what kept the system from telling. 0 if nothing does.
 int mountObstacle(const FilePath &path);

@@ -62,6 +62,9 @@ FakeFileManager::FakeFileManager(const FilePath &home)
     ON_CALL(*this, trashItem).WillByDefault([home](const FilePath &path) {
         return moveToFolder(home + "/.trash", path);
     });
+    ON_CALL(*this, leftByTrash).WillByDefault([](const QList<FilePath> &paths) {
+        return QList<bool>(paths.size(), false);
+    });
     ON_CALL(*this, restoreItems)
         .WillByDefault([](const QList<TrashedItem> &items, const std::function<bool()> &stopRequested) {
             QList<TrashOutcome> outcomes;

@@ -18,12 +18,16 @@ public:
     MOCK_METHOD(FilePath, homeDirectoryForCurrentUser, (), (const, override));
     MOCK_METHOD(bool, fileExists, (const FilePath &), (const, override));
     MOCK_METHOD(std::optional<FileAttributes>, attributesOfItem, (const FilePath &), (const, override));
-    MOCK_METHOD(std::optional<QList<DirectoryEntry>>, contentsOfDirectory, (const FilePath &), (const, override));
+    MOCK_METHOD(std::optional<QList<DirectoryEntry>>, contentsOfDirectory, (const FilePath &, WalkNotes *),
+                (const, override));
     MOCK_METHOD(QList<CollectedItem>, enumerate, (const DeepEnumeration &, std::stop_token), (const, override));
-    MOCK_METHOD(QList<qint64>, allocatedSizes, (const QList<FilePath> &, std::stop_token), (const, override));
+    MOCK_METHOD(QList<qint64>, allocatedSizes, (const QList<FilePath> &, std::stop_token, WalkNotes *),
+                (const, override));
     MOCK_METHOD(std::optional<VolumeCapacity>, volumeCapacity, (const FilePath &), (const, override));
     MOCK_METHOD(std::optional<VolumeCapacity>, fileSystemAttributes, (const FilePath &), (const, override));
+    MOCK_METHOD(bool, mayShareBlocks, (const FilePath &), (const, override));
     MOCK_METHOD(TrashOutcome, trashItem, (const FilePath &), (override));
+    MOCK_METHOD(QList<bool>, leftByTrash, (const QList<FilePath> &), (const, override));
     MOCK_METHOD(QList<TrashOutcome>, restoreItems, (const QList<TrashedItem> &, const std::function<bool()> &),
                 (override));
     MOCK_METHOD(TrashContents, trashedItems, (std::stop_token), (const, override));

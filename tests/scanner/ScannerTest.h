@@ -41,18 +41,18 @@ protected:
             before("exists");
             return files.live().fileExists(path);
         });
-        ON_CALL(files, contentsOfDirectory).WillByDefault([this, before](const FilePath &path) {
+        ON_CALL(files, contentsOfDirectory).WillByDefault([this, before](const FilePath &path, WalkNotes *notes) {
             before("contents");
-            return files.live().contentsOfDirectory(path);
+            return files.live().contentsOfDirectory(path, notes);
         });
         ON_CALL(files, enumerate).WillByDefault([before](const DeepEnumeration &, const std::stop_token &) {
             before("enumerate");
             return QList<CollectedItem>();
         });
         ON_CALL(files, allocatedSizes)
-            .WillByDefault([this, before](const QList<FilePath> &paths, const std::stop_token &stop) {
+            .WillByDefault([this, before](const QList<FilePath> &paths, const std::stop_token &stop, WalkNotes *notes) {
                 before("sizes");
-                return files.live().allocatedSizes(paths, stop);
+                return files.live().allocatedSizes(paths, stop, notes);
             });
         ON_CALL(files, volumeCapacity).WillByDefault([this, before](const FilePath &path) {
             before("capacity");

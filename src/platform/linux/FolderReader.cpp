@@ -139,6 +139,7 @@ FolderReader::Batch FolderReader::readBatch(int folder)
     buffer->filled = 0;
     const long count =
         uninterrupted([&] { return syscall(SYS_getdents64, folder, buffer->bytes.data(), buffer->bytes.size()); });
+    failure = count < 0 ? errno : 0;
     if (count <= 0)
         return count == 0 ? Batch::end : Batch::failed;
     buffer->filled = static_cast<size_t>(count);
@@ -161,7 +162,7 @@ std::optional<FolderReader::Entry> FolderReader::nextEntry()
 
 std::optional<EntryStatus> statusOf(int folder, const char *name, StatusDetail detail)
 {
-    constexpr unsigned least = STATX_TYPE | STATX_BLOCKS | STATX_MNT_ID;
+    constexpr unsigned least = STATX_TYPE | STATX_BLOCKS | STATX_MNT_ID | STATX_INO | STATX_NLINK;
     const unsigned wanted = detail == StatusDetail::sizeOnDisk ? least : least | STATX_SIZE | STATX_MTIME;
     const int flags = AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT | (*name == '\0' ? AT_EMPTY_PATH : 0);
     struct statx status;
@@ -177,8 +178,13 @@ std::optional<EntryStatus> statusOf(int folder, const char *name, StatusDetail d
         result.attributes.size = static_cast<qint64>(status.stx_size);
     if (told(STATX_MTIME))
         result.attributes.modified = fileTime(status.stx_mtime.tv_sec, status.stx_mtime.tv_nsec);
+    result.device = makedev(status.stx_dev_major, status.stx_dev_minor);
+    if (told(STATX_INO))
+        result.inode = status.stx_ino;
+    if (told(STATX_NLINK))
+        result.links = status.stx_nlink;
     // Before Linux 5.8 the device has to do, which two mounts may share.
-    result.mount = told(STATX_MNT_ID) ? status.stx_mnt_id : makedev(status.stx_dev_major, status.stx_dev_minor);
+    result.mount = told(STATX_MNT_ID) ? status.stx_mnt_id : result.device;
     return result;
 }
 

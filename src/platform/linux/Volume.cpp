@@ -5,13 +5,16 @@
 #include "platform/linux/OpenFolder.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <filesystem>
 #include <fstream>
 #include <set>
 
+#include <linux/magic.h>
 #include <sys/stat.h>
 #include <sys/sysmacros.h>
+#include <sys/vfs.h>
 
 namespace tidlo {
 
@@ -77,6 +80,15 @@ bool rotates(const fs::path &device)
 std::optional<VolumeCapacity> volumeCapacityOf(const FilePath &path)
 {
     return fileSystemCapacityOf(path); // Nothing here would be cleared for the user's sake.
+}
+
+bool mayShareBlocks(const FilePath &path)
+{
+    // Btrfs, XFS (unless told otherwise when it is made), ZFS and bcachefs; the last two are in no header here.
+    constexpr std::array<quint32, 4> kinds{BTRFS_SUPER_MAGIC, XFS_SUPER_MAGIC, 0x2FC12FC1, 0xCA451A4E};
+    struct statfs status;
+    return uninterrupted([&] { return statfs(path.constData(), &status); }) == 0 &&
+           std::ranges::any_of(kinds, [&](quint32 kind) { return kind == static_cast<quint32>(status.f_type); });
 }
 
 bool anyDiskRotates(const QList<FilePath> &paths)

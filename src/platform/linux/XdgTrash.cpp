@@ -74,6 +74,11 @@ TrashOutcome moveToTrash(const FilePath &path, const FilePath &home)
     return XdgTrash(home, dataHomeIn(home, qgetenv("XDG_DATA_HOME"))).move(path, std::time(nullptr));
 }
 
+QList<bool> leftByTrash(const QList<FilePath> &paths, const FilePath &home)
+{
+    return XdgTrash(home, dataHomeIn(home, qgetenv("XDG_DATA_HOME"))).leaves(paths);
+}
+
 QList<TrashOutcome> restoreFromTrash(const QList<TrashedItem> &items, const FilePath &home,
                                      const std::function<bool()> &stopRequested)
 {
@@ -107,6 +112,24 @@ TrashOutcome XdgTrash::move(const FilePath &path, std::time_t now) const
             isOnMountOfHome ? trash.openInHome(calls, homeTrash) : trash.openOnMount(calls, mounts.mount(item.mount())))
         return *outcome;
     return TrashMove(calls, item, trash).run(trashRecord(trash.recordedPath(item.path()), now));
+}
+
+QList<bool> XdgTrash::leaves(const QList<FilePath> &paths) const
+{
+    const OrError<QByteArray> mountinfo = readSystemFile(calls, "/proc/self/mountinfo");
+    const MountTable mounts(mountinfo ? *mountinfo : QByteArray());
+    const OrError<UserFolders> folders = findUserFolders(calls, mounts, home, dataHome);
+    const auto isLeft = [&](const FilePath &path) {
+        TrashItem item;
+        if (!mountinfo || !folders || item.open(calls, path))
+            return false;
+        const std::optional<TrashOutcome> outcome = refusal(calls, item, mounts, *folders);
+        return outcome && outcome->kind == TrashOutcome::Kind::refused;
+    };
+    QList<bool> left;
+    left.reserve(paths.size());
+    std::ranges::transform(paths, std::back_inserter(left), isLeft);
+    return left;
 }
 
 QList<TrashOutcome> XdgTrash::restore(const QList<TrashedItem> &items, const std::function<bool()> &stopRequested) const

@@ -24,6 +24,9 @@ public:
     /// whatever fails or is killed, the item is at its place, or in the Trash with a whole record of where it was.
     TrashOutcome move(const FilePath &path, std::time_t now) const;
 
+    /// As leftByTrash.
+    QList<bool> leaves(const QList<FilePath> &paths) const;
+
     /// As restoreFromTrash. At every moment each item is in the Trash with its record, or at its place.
     QList<TrashOutcome> restore(const QList<TrashedItem> &items, const std::function<bool()> &stopRequested) const;
 

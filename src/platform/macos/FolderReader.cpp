@@ -114,6 +114,7 @@ FolderReader::Batch FolderReader::readBatch(int folder)
     buffer->position = buffer->bytes.data();
     buffer->left =
         uninterrupted([&] { return getattrlistbulk(folder, &wanted, buffer->bytes.data(), buffer->bytes.size(), 0); });
+    failure = buffer->left < 0 ? errno : 0;
     if (buffer->left <= 0)
         return std::exchange(buffer->left, 0) == 0 ? Batch::end : Batch::failed;
     size_t filled = 0;
@@ -158,7 +159,10 @@ std::optional<EntryStatus> statusOf(int folder, const char *name, StatusDetail)
                        .size = status.st_size,
                        .allocatedSize = bytesOnDisk(static_cast<quint64>(std::max<qint64>(status.st_blocks, 0))),
                        .modified = fileTime(status.st_mtimespec.tv_sec, status.st_mtimespec.tv_nsec)},
-        .mount = static_cast<quint64>(status.st_dev)};
+        .mount = static_cast<quint64>(status.st_dev),
+        .device = static_cast<quint64>(status.st_dev),
+        .inode = status.st_ino,
+        .links = status.st_nlink};
 }
 
 std::optional<FolderIdentity> identityOf(int folder)

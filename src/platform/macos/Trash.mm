@@ -1,6 +1,8 @@
-#include "platform/Paths.h"
 #include "platform/Trash.h"
+
+#include "platform/Paths.h"
 #include "platform/TrashContents.h"
+#include "platform/Volume.h"
 
 #include <array>
 #include <cerrno>
@@ -115,6 +117,20 @@ TrashOutcome moveToTrash(const FilePath &givenPath, const FilePath &home)
             return failedWith(error);
         return TrashOutcome::moved(trashedAt(place.fileSystemRepresentation, path));
     }
+}
+
+QList<bool> leftByTrash(const QList<FilePath> &paths, const FilePath &home)
+{
+    QList<bool> left;
+    for (const FilePath &path : paths) {
+        @autoreleasepool {
+            NSURL *url = [NSURL fileURLWithFileSystemRepresentation:path.constData() isDirectory:NO relativeToURL:nil];
+            struct stat item;
+            left.append(lstat(path.constData(), &item) == 0 &&
+                        (mountObstacle(path) == EBUSY || isOnTheWayTo(home, item) || isInTrash(url)));
+        }
+    }
+    return left;
 }
 
 /// Programs may not read where the items in the Trash were: only what this run moved is known, and goes back.

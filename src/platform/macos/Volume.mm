@@ -42,6 +42,12 @@ bool anyDiskRotates(const QList<FilePath> &)
     return false;
 }
 
+bool mayShareBlocks(const FilePath &path)
+{
+    struct statfs status;
+    return statfs(path.constData(), &status) == 0 && FilePath(status.f_fstypename) == "apfs";
+}
+
 int mountObstacle(const FilePath &path)
 {
     std::error_code error;

@@ -230,7 +230,7 @@ TEST_F(WalkFaults, AStopLeavesTheRestOfAHugeListingUnread)
         };
         bends.batchesRead = 0;
 
-        TreeWalk({.workers = 1, .openFolders = openFolders}, stop.get_token())
+        TreeWalk({.workers = 1, .openFolders = openFolders}, stop.get_token(), nullptr)
             .enumerate({.roots = {wide}, .shown = DeepEnumeration::Shown::everything, .visit = visit});
 
         EXPECT_EQ(bends.batchesRead, 1) << openFolders;

@@ -27,7 +27,7 @@ namespace {
 
 qint64 sizeWithin(WalkLimits limits, const FilePath &path)
 {
-    return TreeWalk(limits, {}).measure({path}).front().bytes;
+    return TreeWalk(limits, {}, nullptr).measure({path}).front().bytes;
 }
 
 /// A chain of folders, in which each has a file, and an empty folder beside the next that is listed before it or after

@@ -388,4 +388,29 @@ TEST(TrashOnMounts, AVolumeThatAnotherOneCoversMeanwhileKeepsTheItem)
     });
 }
 
+TEST(TrashMounts, ItIsKnownBeforehandWhatWillBeLeft)
+{
+    const TemporaryHome home;
+    const FilePath stick = home.folder("holder/stick");
+    inOwnMounts([&] {
+        mountMemory(stick);
+        home.file(".local/share/Trash/files/a");
+        home.link("link", "nowhere");
+        const QList<FilePath> paths{home.file("file"),
+                                    home / "holder",
+                                    stick,
+                                    home.file("holder/stick/inner"),
+                                    home.path(),
+                                    home / ".local",
+                                    home / ".local/share/Trash/files/a",
+                                    home / "link",
+                                    home / "gone"};
+        const XdgTrash trash(home.path(), home / ".local/share");
+        EXPECT_EQ(trash.leaves(paths), (QList<bool>{false, true, true, false, true, true, true, false, false}));
+        for (const FilePath &path : paths.mid(0, 4))
+            EXPECT_EQ(trash.leaves({path}).first(), trash.move(path, 0).kind == TrashOutcome::Kind::refused)
+                << path.constData();
+    });
+}
+
 } // namespace tidlo
