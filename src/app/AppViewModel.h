@@ -4,6 +4,7 @@
 #include "app/AppState.h"
 #include "app/SpringAnimation.h"
 #include "scanner/FileSizeScanner.h"
+#include "scanner/Forecast.h"
 
 #include <QObject>
 
@@ -101,6 +102,11 @@ public:
     QList<bool> ticksOf(const QUuid &id) const;
     /// What the last cleanup could not move. Empty again when a scan begins.
     QList<StayedItem> stayed() const { return read(state.stayed); }
+    /// What emptying the Trash would give back of the candidate \a id as it is ticked, or of all that is selected.
+    Forecast forecast(const QUuid &id) const;
+    Forecast forecastOfSelected() const { return forecastOf(read(state.scanned), selectedCandidates()); }
+    /// The folders that the scan could not read.
+    UnreadFolders unread() const { return read(state.scanned).unread; }
     /// The listed paths of all findings that hold \a path, and their sizes: what would be spared with it.
     QList<HoldingItem> holdersOf(const FilePath &path) const { return tidlo::holdersOf(read(state.scanned), path); }
     /// Keeps \a path, one that is listed, as never to be suggested, and takes it out of what is shown, with what lies

@@ -65,6 +65,13 @@ QList<bool> AppViewModel::ticksOf(const QUuid &id) const
     return state.ticks.of(scanned, state.scanned);
 }
 
+Forecast AppViewModel::forecast(const QUuid &id) const
+{
+    const QList<CleanupCandidate> &candidates = read(state.candidates);
+    const auto found = std::ranges::find(candidates, id, &CleanupCandidate::id);
+    return found == candidates.end() ? Forecast() : forecastOf(state.scanned, {*found});
+}
+
 /// Makes each candidate what the ticks leave of it.
 void AppViewModel::replaceCandidates()
 {

@@ -59,22 +59,25 @@ std::optional<Wishes> wishesFrom(const QCommandLineParser &options)
     return wishes;
 }
 
-QString selectionText(const CleanupSelection &selection, const Wishes &wishes, const Terminal &terminal)
+QString selectionText(const CleanupSelection &selection, const QString &frees, const Wishes &wishes,
+                      const Terminal &terminal)
 {
     const QString findings = selection.candidates.isEmpty()
                                  ? QStringLiteral("Nothing is selected.\n")
-                                 : findingsText(selection.candidates, wishes.paths, terminal) + u'\n';
+                                 : findingsText(selection.candidates, wishes.paths, terminal) + frees + u'\n';
     const QString dryRun = QStringLiteral("Dry run: %1 would be moved to the Trash.\n").arg(selection.text());
     return wishes.dryRun ? findings + dryRun : findings;
 }
 
 /// Standard output is the report's alone where that is JSON, and what belongs to a question stands beside it.
-ExitStatus showSelection(const CleanupSelection &selection, const Wishes &wishes)
+ExitStatus showSelection(const CleanupSelection &selection, const ScanResult &result, const Wishes &wishes)
 {
+    const QString forecast = forecastText(forecastOf(result, selection.candidates));
+    const QString frees = forecast.isEmpty() ? QString() : QStringLiteral("Emptying the Trash %1.\n").arg(forecast);
     if (!wishes.question && !wishes.json)
-        return print(selectionText(selection, wishes, terminalAt(STDOUT_FILENO)));
+        return print(selectionText(selection, frees, wishes, terminalAt(STDOUT_FILENO)));
     if (wishes.question || wishes.dryRun)
-        writeAll(STDERR_FILENO, selectionText(selection, wishes, terminalAt(STDERR_FILENO)).toUtf8());
+        writeAll(STDERR_FILENO, selectionText(selection, frees, wishes, terminalAt(STDERR_FILENO)).toUtf8());
     return ExitStatus::succeeded;
 }
 
@@ -128,7 +131,7 @@ ExitStatus runClean(const QCommandLineParser &options, CommandContext &context)
     if (!result)
         return ExitStatus::misused;
     const CleanupSelection selection = cleanupSelection(result->snapshot.candidates, wishes->risks);
-    if (const ExitStatus status = showSelection(selection, *wishes); status != ExitStatus::succeeded)
+    if (const ExitStatus status = showSelection(selection, *result, *wishes); status != ExitStatus::succeeded)
         return status;
     const bool agreed = mayBeMoved(selection, *wishes);
     if (!knowsWhatIsSpared(context)) // By now.

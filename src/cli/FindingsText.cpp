@@ -126,16 +126,30 @@ QString findingsText(const QList<CleanupCandidate> &candidates, ListedPaths path
     return fits ? tableText(table, candidates, paths, terminal.colour) : stackedText(candidates, paths, terminal);
 }
 
-QString totalsText(const ScanTotals &totals, const Terminal &terminal)
+QString totalsText(const ScanTotals &totals, const Forecast &forecast, const Terminal &terminal)
 {
     const auto line = [&](const QString &label, const QString &figure) {
         return inked(Ink::faint, label.leftJustified(13), terminal.colour) + figure + u'\n';
     };
+    const QString frees = forecastText(forecast);
     return line(QStringLiteral("Found"), byteCountText(totals.totalBytes)) +
            line(QStringLiteral("Recoverable"), byteCountText(totals.recoverableBytes)) +
+           (frees.isEmpty() ? QString() : line({}, frees)) +
            line(QStringLiteral("Disk used"), tidloPercent(totals.diskUsedPercent)) +
            line(QStringLiteral("Free"),
                 QStringLiteral("%1 of %2").arg(byteCountText(totals.freeBytes), byteCountText(totals.volumeBytes)));
+}
+
+QString unreadText(const UnreadFolders &unread)
+{
+    if (unread.count == 0)
+        return {};
+    QString text = countText(unread.count, QStringLiteral("folder")) + QStringLiteral(" could not be read:\n");
+    for (const UnreadFolder &folder : unread.first)
+        text += QStringLiteral("  %1: %2\n").arg(visibleText(folder.path), folder.reason);
+    if (unread.count > unread.first.size())
+        text += QStringLiteral("  and %1 more\n").arg(unread.count - unread.first.size());
+    return text;
 }
 
 QString countText(qint64 count, const QString &thing)

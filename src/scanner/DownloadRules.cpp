@@ -26,7 +26,7 @@ bool isOldDownload(const DirectoryEntry &entry, FileTime cutOff)
 QList<Finding> downloadCandidates(const ScanContext &context, FileTime now)
 {
     const std::optional<QList<DirectoryEntry>> entries =
-        context.files.contentsOfDirectory(joined(context.home, "Downloads"));
+        context.files.contentsOfDirectory(joined(context.home, "Downloads"), context.notes);
     if (!entries)
         return {};
     QList<FilePath> paths;

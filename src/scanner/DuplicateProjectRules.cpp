@@ -102,7 +102,7 @@ QList<Finding> duplicateProjectCandidates(const ScanContext &context)
     QList<FilePath> paths;
     for (const char *root : searchRoots) {
         const QList<DirectoryEntry> entries =
-            context.files.contentsOfDirectory(joined(context.home, root)).value_or(Group());
+            context.files.contentsOfDirectory(joined(context.home, root), context.notes).value_or(Group());
         for (const Group &group : groupedByName(entries))
             paths.append(allButTheNewest(group));
     }

@@ -31,17 +31,19 @@ struct FileSizeScanner::Core
     std::stop_source stop;
     SerialExecutor executor;
 
-    QFuture<ScanHarvest> run(const ScanStep &step, const ScanWishes &wishes, const ScanHarvest &harvest);
+    QFuture<ScanHarvest> run(const ScanStep &step, const ScanWishes &wishes, const std::shared_ptr<WalkNotes> &notes,
+                             const ScanHarvest &harvest);
     static QCoro::Task<ScanResult> scan(std::shared_ptr<Core> core, ProgressCallback progress, ScanWishes wishes);
 };
 
 QFuture<ScanHarvest> FileSizeScanner::Core::run(const ScanStep &step, const ScanWishes &wishes,
-                                                const ScanHarvest &harvest)
+                                                const std::shared_ptr<WalkNotes> &notes, const ScanHarvest &harvest)
 {
-    return executor.run([files = files, stop = stop.get_token(), run = step.run, wishes, harvest] {
+    return executor.run([files = files, stop = stop.get_token(), run = step.run, wishes, notes, harvest] {
         ScanHarvest result = harvest;
         if (!stop.stop_requested())
-            run({*files, files->homeDirectoryForCurrentUser(), placesOf(wishes.spared), wishes.also, stop}, result);
+            run({*files, files->homeDirectoryForCurrentUser(), placesOf(wishes.spared), wishes.also, notes.get(), stop},
+                result);
         return result;
     });
 }
@@ -51,13 +53,18 @@ QCoro::Task<ScanResult> FileSizeScanner::Core::scan(std::shared_ptr<Core> core, 
 {
     co_await QCoro::sleepFor(0ms); // A turn of the event loop: nothing is told from within the call.
     ScanHarvest harvest;
+    const auto notes = std::make_shared<WalkNotes>();
     for (const ScanStep &step : scanSteps) {
         if (core->stop.stop_requested())
             co_return summarized(harvest.disk, harvest.findings); // The scanner is gone, and with it whom it told.
         progress(step.fraction, step.label);
-        harvest = co_await later(core->run(step, wishes, harvest));
+        harvest = co_await later(core->run(step, wishes, notes, harvest));
     }
-    const auto sumUp = [harvest] { return summarized(harvest.disk, harvest.findings); };
+    const auto sumUp = [harvest, notes, files = core->files] {
+        ScanResult result = summarized(harvest.disk, harvest.findings);
+        prepareForecast(result, *files, *notes);
+        return result;
+    };
     const ScanResult result = co_await later(core->executor.run(sumUp));
     if (!core->stop.stop_requested()) {
         progress(ScanEnd().fraction, ScanEnd().label);

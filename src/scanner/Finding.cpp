@@ -26,7 +26,7 @@ Finding measuredFinding(const ScanContext &context, FindingKind kind, const QLis
     QList<FilePath> leftOut;
     for (const FilePath &path : paths)
         (context.spares(path) ? leftOut : proposed).append(path);
-    Finding finding = makeFinding(kind, proposed, context.files.allocatedSizes(proposed, context.stop));
+    Finding finding = makeFinding(kind, proposed, context.files.allocatedSizes(proposed, context.stop, context.notes));
     finding.leftOut = leftOut;
     return finding;
 }

@@ -62,7 +62,8 @@ QList<CollectedItem> itemsBeneath(const ScanContext &context, const QList<FilePa
 {
     return context.files.enumerate({.roots = roots,
                                     .visit = visit,
-                                    .leavesOut = [&context](const FilePath &path) { return context.spares(path); }},
+                                    .leavesOut = [&context](const FilePath &path) { return context.spares(path); },
+                                    .notes = context.notes},
                                    context.stop);
 }
 

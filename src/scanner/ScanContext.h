@@ -19,9 +19,10 @@ struct ScanContext
 {
     const FileManager &files;
     FilePath home;
-    PlaceSet spared{};      ///< As ScanWishes tells.
-    QList<FilePath> also{}; ///< As ScanWishes tells.
-    std::stop_token stop{}; ///< Requested, it ends each rule soon, with what was found until then.
+    PlaceSet spared{};          ///< As ScanWishes tells.
+    QList<FilePath> also{};     ///< As ScanWishes tells.
+    WalkNotes *notes = nullptr; ///< Of the whole scan; they may be missing.
+    std::stop_token stop{};     ///< Requested, it ends each rule soon, with what was found until then.
 
     /// Whether what lies at \a path is not to be proposed. From any thread.
     bool spares(const FilePath &path) const { return !spared.isEmpty() && spared.meets(PlaceFinder().placeOf(path)); }

@@ -2,8 +2,10 @@
 
 #include "model/ScanSnapshot.h"
 #include "platform/Places.h"
+#include "platform/WalkNotes.h"
 
 #include <QHash>
+#include <QSet>
 
 namespace tidlo {
 
@@ -14,9 +16,13 @@ using PathSizes = QHash<QUuid, QList<qint64>>;
 struct ScanResult
 {
     ScanSnapshot snapshot;
-    PathSizes sizes;                    ///< Of every candidate of the snapshot.
-    QHash<FilePath, FilePath> places{}; ///< Of those listed paths that are not their own place.
-    QList<FilePath> leftOut{};          ///< What was not proposed since it was to be spared, in the order of the rules.
+    PathSizes sizes;                             ///< Of every candidate of the snapshot.
+    QHash<FilePath, FilePath> places{};          ///< Of those listed paths that are not their own place.
+    QHash<FilePath, QList<LinkedFile>> linked{}; ///< In each listed path that has some, the files with several links.
+    QSet<FilePath> refused{};                    ///< Listed paths that the Trash would leave.
+    UnreadFolders unread{};                      ///< What no rule could read.
+    bool sharesBlocks = false; ///< Whether the home's file system may share blocks in other ways than by links.
+    QList<FilePath> leftOut{}; ///< What was not proposed since it was to be spared, in the order of the rules.
 
     FilePath placeOf(const FilePath &listed) const { return places.value(listed, listed); }
 };

@@ -63,6 +63,21 @@ ScanResult summarized(const ScanTotals &disk, const QList<Finding> &findings)
     return result;
 }
 
+void prepareForecast(ScanResult &result, const FileManager &files, const WalkNotes &notes)
+{
+    QList<FilePath> listed;
+    for (const CleanupCandidate &candidate : std::as_const(result.snapshot.candidates))
+        listed += candidate.paths;
+    const QList<bool> left = files.leftByTrash(listed);
+    for (qsizetype item = 0; item < listed.size(); ++item) {
+        if (left.value(item))
+            result.refused.insert(listed.at(item));
+    }
+    result.linked = notes.linked();
+    result.unread = notes.unread();
+    result.sharesBlocks = files.mayShareBlocks(files.homeDirectoryForCurrentUser());
+}
+
 ScanTotals diskTotals(const FileManager &files, const FilePath &home)
 {
     const VolumeCapacity capacity = capacityOfVolume(files, home);

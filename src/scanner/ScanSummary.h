@@ -13,6 +13,9 @@ namespace tidlo {
 /// beyond 64 bits stops the program.
 ScanResult summarized(const ScanTotals &disk, const QList<Finding> &findings);
 
+/// Adds to \a result what a forecast of it needs: \a notes, and what the Trash would leave.
+void prepareForecast(ScanResult &result, const FileManager &files, const WalkNotes &notes);
+
 /// The figures of the volume that holds \a home, as its volume tells them or else its file system. What neither tells
 /// is 0, and so is everything that only a scan can know.
 ScanTotals diskTotals(const FileManager &files, const FilePath &home);

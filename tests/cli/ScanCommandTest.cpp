@@ -1,9 +1,12 @@
 #include "cli/CliRun.h"
 #include "cli/HomeToClean.h"
+#include "support/InChild.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
+
+#include <sys/stat.h>
 
 namespace tidlo {
 
@@ -79,7 +82,7 @@ TEST(ScanCommand, PrintsExactlyOneJsonObjectAndNothingElse)
     EXPECT_THAT(run.output.toStdString(), EndsWith("}\n"));
 
     const Json json = Json::parse(run.output.toStdString()); // Fails on anything behind the object.
-    EXPECT_THAT(keys(json), ElementsAre("totals", "candidates"));
+    EXPECT_THAT(keys(json), ElementsAre("totals", "candidates", "forecast"));
     EXPECT_THAT(keys(json["totals"]), ElementsAre("diskUsedPercent", "recoverablePercent", "totalBytes",
                                                   "recoverableBytes", "freeBytes", "volumeBytes"));
     EXPECT_EQ(json["totals"]["totalBytes"], 81'920);
@@ -171,6 +174,55 @@ TEST(ScanCommand, ChangesNothing)
     EXPECT_EQ(runCli(*home, {"scan"}).status, 0);
     EXPECT_EQ(runCli(*home, {"scan", "--json"}).status, 0);
     EXPECT_EQ(home->inventory(), before);
+}
+
+/// A home with a project folder of two blocks, of which one is linked from elsewhere.
+static void linkFromElsewhere(TemporaryHome &home)
+{
+    home.file("Sites/a/node_modules/own", 4096);
+    home.hardLink("store", home.file("Sites/a/node_modules/shared", 4096));
+}
+
+TEST(ScanCommand, SaysWhatEmptyingTheTrashFreesWhereThatIsLess)
+{
+    TemporaryHome home;
+    linkFromElsewhere(home);
+    EXPECT_THAT(
+        runCli(home, {"scan"}).output.toStdString(),
+        HasSubstr("\nRecoverable  8 KB\n             frees about 4 KB: 4 KB is linked from elsewhere\nDisk used"));
+}
+
+TEST(ScanCommand, TellsTheForecastInItsJson)
+{
+    TemporaryHome home;
+    linkFromElsewhere(home);
+    const Json json = Json::parse(runCli(home, {"scan", "--json"}).output.toStdString());
+    EXPECT_THAT(keys(json), ElementsAre("totals", "candidates", "forecast"));
+    EXPECT_EQ(json["forecast"], Json({{"freedBytes", 4096},
+                                      {"heldByLinksBytes", 4096},
+                                      {"listedTwiceBytes", 0},
+                                      {"refusedBytes", 0},
+                                      {"unreadableCount", 0},
+                                      {"unreadable", Json::array()}}));
+}
+
+TEST(ScanCommand, NamesTheFirstFoldersThatCouldNotBeRead)
+{
+    TemporaryHome home;
+    for (const char *name : {"1", "2", "3", "4"})
+        chmod(home.folder("Sites/closed" + QByteArray(name)).constData(), 0);
+    chmod(home.path().constData(), 0755);
+    const CliRun text = runCli(home, {"scan"}, {.inChild = [] { becomeNobody(); }});
+    EXPECT_THAT(text.output.toStdString(),
+                EndsWith("\n\n4 folders could not be read:\n  " + (home / "Sites/closed1").toStdString() +
+                         ": Permission denied\n  " + (home / "Sites/closed2").toStdString() +
+                         ": Permission denied\n  " + (home / "Sites/closed3").toStdString() +
+                         ": Permission denied\n  and 1 more\n"));
+    const CliRun object = runCli(home, {"scan", "--json"}, {.inChild = [] { becomeNobody(); }});
+    const Json json = Json::parse(object.output.toStdString());
+    EXPECT_EQ(json["forecast"]["unreadableCount"], 4);
+    EXPECT_EQ(json["forecast"]["unreadable"][0],
+              Json({{"path", (home / "Sites/closed1").toStdString()}, {"reason", "Permission denied"}}));
 }
 
 } // namespace tidlo

@@ -67,7 +67,7 @@ TEST_F(CacheRules, MeasureAllFoldersInOneRequest)
 {
     home.folder(".cache");
     home.folder(".gradle/caches");
-    EXPECT_CALL(files, allocatedSizes(ElementsAre(home / ".cache", home / ".gradle/caches"), _))
+    EXPECT_CALL(files, allocatedSizes(ElementsAre(home / ".cache", home / ".gradle/caches"), _, _))
         .WillOnce(testing::Return(QList<qint64>{40, 2}));
     EXPECT_EQ(found().bytes, 42);
 }
@@ -88,10 +88,11 @@ TEST_F(CacheRules, CountNothingThatCannotBeReadOrLeadsElsewhere)
 TEST_F(CacheRules, CountNothingOfACacheThatVanishesWhileItIsRead)
 {
     home.file(".cache/x");
-    ON_CALL(files, allocatedSizes).WillByDefault([&](const QList<FilePath> &paths, const std::stop_token &stop) {
-        std::rename((home / ".cache").constData(), (home / "gone").constData());
-        return files.live().allocatedSizes(paths, stop);
-    });
+    ON_CALL(files, allocatedSizes)
+        .WillByDefault([&](const QList<FilePath> &paths, const std::stop_token &stop, WalkNotes *notes) {
+            std::rename((home / ".cache").constData(), (home / "gone").constData());
+            return files.live().allocatedSizes(paths, stop, notes);
+        });
     EXPECT_THAT(found().paths, ElementsAre(home / ".cache"));
     EXPECT_EQ(found().bytes, 0);
 }

@@ -3,6 +3,7 @@
 
 namespace tidlo {
 
+using testing::_;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Return;
@@ -45,7 +46,7 @@ TEST_F(DownloadRules, GiveNoCandidateWhereTheFolderCannotBeListed)
     EXPECT_THAT(candidates(), IsEmpty());
     home.file("Downloads");
     EXPECT_THAT(candidates(), IsEmpty());
-    EXPECT_CALL(files, contentsOfDirectory(home / "Downloads")).WillOnce(Return(std::nullopt));
+    EXPECT_CALL(files, contentsOfDirectory(home / "Downloads", _)).WillOnce(Return(std::nullopt));
     EXPECT_THAT(candidates(), IsEmpty());
 }
 
@@ -149,10 +150,11 @@ TEST_F(DownloadRules, CountNothingOfAFileThatVanishesWhileItIsRead)
 {
     const FilePath gone = download("a.zip");
     const FilePath stays = download("b.zip");
-    ON_CALL(files, allocatedSizes).WillByDefault([&](const QList<FilePath> &paths, const std::stop_token &stop) {
-        std::remove(gone.constData());
-        return files.live().allocatedSizes(paths, stop);
-    });
+    ON_CALL(files, allocatedSizes)
+        .WillByDefault([&](const QList<FilePath> &paths, const std::stop_token &stop, WalkNotes *notes) {
+            std::remove(gone.constData());
+            return files.live().allocatedSizes(paths, stop, notes);
+        });
     const CleanupCandidate candidate = found();
     EXPECT_THAT(candidate.paths, ElementsAre(gone, stays));
     EXPECT_EQ(candidate.bytes, onDisk(stays));

@@ -202,7 +202,7 @@ TEST_F(DuplicateProjectRules, TakeAFolderWithoutDateForTheOldest)
         {.path = root + "shop copy", .attributes = {.kind = FileKind::directory}},
         {.path = root + "shop_2", .attributes = {.kind = FileKind::directory, .modified = daysAgo(90'000)}},
     };
-    ON_CALL(files, contentsOfDirectory(home / "Sites/localhost")).WillByDefault(Return(entries));
+    ON_CALL(files, contentsOfDirectory(home / "Sites/localhost", _)).WillByDefault(Return(entries));
     EXPECT_THAT(found().paths, ElementsAre(root + "shop", root + "shop copy"));
 }
 
@@ -252,7 +252,7 @@ TEST_F(DuplicateProjectRules, MeasureTheOlderCopiesInOneRequest)
     project("b", 1);
     const FilePath olderA = project("a copy", 9);
     const FilePath olderB = project("b copy", 9);
-    EXPECT_CALL(files, allocatedSizes(ElementsAre(olderA, olderB), _)).WillOnce(Return(QList<qint64>{40, 2}));
+    EXPECT_CALL(files, allocatedSizes(ElementsAre(olderA, olderB), _, _)).WillOnce(Return(QList<qint64>{40, 2}));
     EXPECT_EQ(found().bytes, 42);
 }
 

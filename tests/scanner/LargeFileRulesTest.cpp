@@ -228,8 +228,9 @@ TEST_F(LargeFileRules, EndEarlyWhenAskedToStop)
     oldFile("Movies/file");
     std::stop_source stop;
     stop.request_stop();
-    EXPECT_THAT(oldLargeFilesCandidates({files, home.path(), {}, {}, stop.get_token()}, now).at(0).candidate.paths,
-                IsEmpty());
+    EXPECT_THAT(
+        oldLargeFilesCandidates({files, home.path(), {}, {}, nullptr, stop.get_token()}, now).at(0).candidate.paths,
+        IsEmpty());
 }
 
 } // namespace tidlo

@@ -332,8 +332,9 @@ TEST_F(ProjectFolderRules, EndEarlyWhenAskedToStop)
     home.file("Sites/a/node_modules/x");
     std::stop_source stop;
     stop.request_stop();
-    EXPECT_THAT(developerCandidates({files, home.path(), {}, {}, stop.get_token()}).at(rebuildable).candidate.paths,
-                IsEmpty());
+    EXPECT_THAT(
+        developerCandidates({files, home.path(), {}, {}, nullptr, stop.get_token()}).at(rebuildable).candidate.paths,
+        IsEmpty());
 }
 
 } // namespace tidlo

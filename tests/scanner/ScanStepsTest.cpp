@@ -19,8 +19,8 @@ TEST_F(ScanSteps, HandTheStopOfTheScanToEverySearchAndEveryMeasurement)
     std::stop_source scan;
     scan.request_stop();
     const auto isStopped = Property(&std::stop_token::stop_requested, true);
-    EXPECT_CALL(files, enumerate(_, isStopped)).Times(2);      // Project folders and large files.
-    EXPECT_CALL(files, allocatedSizes(_, isStopped)).Times(5); // Chats and their caches, caches, downloads, copies.
+    EXPECT_CALL(files, enumerate(_, isStopped)).Times(2);         // Project folders and large files.
+    EXPECT_CALL(files, allocatedSizes(_, isStopped, _)).Times(5); // Chats and their caches, caches, downloads, copies.
 
     ScanHarvest harvest;
     for (const ScanStep &step : scanSteps)

@@ -8,6 +8,20 @@ Item {
     id: root
 
     required property Findings findings
+    /// Of the window's corners.
+    property double cornerRadius: 0
+
+    function showMenu(x: double, y: double, byKeys: bool) {
+        menu.popup(root, x, y);
+        menu.currentIndex = byKeys ? 0 : -1;
+    }
+
+    Keys.onMenuPressed: root.showMenu(22, 22, true)
+    Keys.onPressed: (event) => {
+        event.accepted = event.key === Qt.Key_F10 && event.modifiers === Qt.ShiftModifier;
+        if (event.accepted)
+            root.showMenu(22, 22, true);
+    }
 
     implicitHeight: 86
 
@@ -25,6 +39,11 @@ Item {
                 objectName: "selectionText"
                 text: root.findings.selectionText
                 font: TidloType.section
+
+                TapHandler {
+                    acceptedButtons: Qt.RightButton
+                    onTapped: (eventPoint) => root.showMenu(eventPoint.scenePosition.x - root.mapToItem(null, 0, 0).x, 22, false)
+                }
             }
             TidloText {
                 text: qsTr("Moves to Trash — never permanent")
@@ -43,5 +62,37 @@ Item {
             enabled: root.findings.canMove
             onClicked: root.findings.moveSelectedToTrash()
         }
+    }
+
+    ContextMenu {
+        id: menu
+
+        // Acted upon once the menu has given the keyboard back.
+        property bool chosen: false
+
+        objectName: "barMenu"
+        onAboutToShow: menu.chosen = false
+        onClosed: {
+            if (!menu.chosen)
+                return;
+            forecast.message = root.findings.whatThisFrees();
+            forecast.open();
+        }
+
+        ContextMenuItem {
+            objectName: "whatThisFrees"
+            text: qsTr("What this frees…")
+            onTriggered: menu.chosen = true
+        }
+    }
+
+    Alert {
+        id: forecast
+
+        objectName: "forecastAlert"
+        windowRadius: root.cornerRadius
+        title: qsTr("What this frees")
+        message: ""
+        defaultText: qsTr("OK")
     }
 }

@@ -19,6 +19,8 @@ namespace {
 // An explanation has some 800. Showing a million takes the window a quarter of a minute.
 constexpr qsizetype charactersShown = 4'000;
 
+constexpr qsizetype longestPath = 200; ///< Characters of a path in an alert.
+
 struct FilterRow
 {
     Findings::Filter filter;
@@ -98,6 +100,28 @@ QString Findings::headline() const
 QString Findings::selectionText() const
 {
     return QStringLiteral("%1 selected").arg(byteCountText(app.selectedBytes()));
+}
+
+QString Findings::whatThisFrees() const
+{
+    const Forecast forecast = app.forecastOfSelected();
+    const auto line = [](const char *text, qint64 bytes) {
+        return bytes > 0 ? QLatin1StringView(text).arg(byteCountText(bytes)) + u'\n' : QString();
+    };
+    QString text = QStringLiteral("%1 selected. Once it is in the Trash, emptying that frees %2 %3.\n")
+                       .arg(byteCountText(forecast.recoverable()),
+                            forecast.isAtMost ? QStringLiteral("at most") : QStringLiteral("about"),
+                            byteCountText(forecast.freed)) +
+                   line("%1 is linked from elsewhere.", forecast.heldByLinks) +
+                   line("%1 is listed twice.", forecast.listedTwice) + line("%1 cannot be moved.", forecast.refused);
+    const UnreadFolders unread = app.unread();
+    if (unread.count > 0)
+        text += QStringLiteral("\nFolders that could not be read: %1\n").arg(unread.count);
+    for (const UnreadFolder &folder : unread.first) {
+        const Excerpt path = excerptOf(visibleText(folder.path), longestPath);
+        text += path.text + (path.more > 0 ? QStringLiteral("…: ") : QStringLiteral(": ")) + folder.reason + u'\n';
+    }
+    return text.trimmed();
 }
 
 bool Findings::canMove() const

@@ -71,6 +71,9 @@ public:
     /// Puts the whole explanation on the clipboard, as it would be shown.
     Q_INVOKABLE void copySummary() const;
 
+    /// What emptying the Trash would give back of what is selected, a line for each part, and what could not be read.
+    Q_INVOKABLE QString whatThisFrees() const;
+
     /// As AppViewModel has them.
     Q_INVOKABLE void viewReport() { app.viewReport(); }
     Q_INVOKABLE void moveSelectedToTrash() { app.moveSelectedToTrash(); }

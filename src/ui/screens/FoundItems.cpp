@@ -128,10 +128,14 @@ QString FoundItems::summary() const
         ticked += ticks.at(item) ? sizes.at(item) : 0;
     }
     const qsizetype number = ticks.count(true);
+    const QString forecast = forecastText(shownApp().forecast(finding.id));
+    const QString frees = forecast.isEmpty() ? QString() : QStringLiteral(" · ") + forecast;
     if (number == 0 || number == ticks.size())
-        return QStringLiteral("%1 · %2").arg(countText(), byteCountText(all));
+        return QStringLiteral("%1 · %2").arg(countText(), byteCountText(all)) + frees;
     return QStringLiteral("%1 of %2 ticked · %3 of %4")
-        .arg(QLocale(QLocale::English).toString(number), countText(), byteCountText(ticked), byteCountText(all));
+               .arg(QLocale(QLocale::English).toString(number), countText(), byteCountText(ticked),
+                    byteCountText(all)) +
+           frees;
 }
 
 QString FoundItems::detailOf(int item) const

@@ -20,7 +20,8 @@ public:
 
     bool isLargestFirst() const { return sorted; }
     void setLargestFirst(bool largestFirst); ///< Otherwise they are in the order they were found.
-    QString summary() const override;        ///< How many there are, and their size; what of it is ticked, if not all.
+    /// How many there are, and their size; what of it is ticked, if not all; what that frees, where it is less.
+    QString summary() const override;
     QString note() const { return whatElse; }
     bool isTickable() const override;
 

@@ -166,6 +166,7 @@ Item {
         anchors.left: parent.left
         anchors.right: parent.right
         findings: root.findings
+        cornerRadius: root.cornerRadius
     }
 
     Sheet {

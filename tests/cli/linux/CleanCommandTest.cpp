@@ -276,4 +276,12 @@ TEST(CleanCommand, ReportsFailureWhenItsReportCannotBeWritten)
     EXPECT_THAT(trashed(*home), testing::SizeIs(4)) << "it had nothing to show before";
 }
 
+TEST(CleanCommand, SaysBeforeItMovesWhatEmptyingTheTrashFreesWhereThatIsLess)
+{
+    TemporaryHome home;
+    home.hardLink("store", home.file("Sites/a/node_modules/shared", 4096));
+    EXPECT_THAT(runCli(home, {"clean", "--dry-run"}).output.toStdString(),
+                testing::HasSubstr("Emptying the Trash frees about Zero KB: 4 KB is linked from elsewhere.\n"));
+}
+
 } // namespace tidlo

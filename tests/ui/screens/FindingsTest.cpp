@@ -309,4 +309,23 @@ TEST_F(FindingsTest, TheReportIsShownByItsSectionAndPhase)
     EXPECT_EQ(app().phase(), ScanPhase::report);
 }
 
+TEST_F(FindingsTest, TellWhatIsFreedOfWhatIsSelected)
+{
+    CleanupCandidate finding = candidate(CleanupRisk::safe);
+    finding.paths = {"/a", "/b", "/b", "/c"};
+    app().showResults({.snapshot = {.totals = {}, .candidates = {finding}},
+                       .sizes = {{finding.id, {100'000, 50'000, 50'000, 25'000}}},
+                       .linked = {{"/a", {{.device = 1, .inode = 2, .bytes = 60'000, .links = 2}}}},
+                       .refused = {"/c"},
+                       .unread = {.count = 4, .first = {{.path = "/x\n", .reason = QStringLiteral("Denied")}}}});
+    EXPECT_EQ(findings.whatThisFrees(),
+              QStringLiteral("225 KB selected. Once it is in the Trash, emptying that frees about 90 KB.\n"
+                             "60 KB is linked from elsewhere.\n"
+                             "50 KB is listed twice.\n"
+                             "25 KB cannot be moved.\n"
+                             "\n"
+                             "Folders that could not be read: 4\n"
+                             "/x\\n: Denied"));
+}
+
 } // namespace tidlo

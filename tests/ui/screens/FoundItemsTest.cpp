@@ -356,4 +356,17 @@ TEST_F(FoundItemsTest, WhatCannotBeKeptStaysAndIsTold)
     EXPECT_EQ(items->note(), QStringLiteral("The preferences cannot be read or written, so this cannot be kept."));
 }
 
+TEST_F(FoundItemsTest, TheSummarySaysWhatIsFreedWhereThatIsLess)
+{
+    CleanupCandidate finding = candidate(CleanupRisk::safe);
+    finding.paths = {"/a", "/b"};
+    app().showResults({.snapshot = {.totals = {}, .candidates = {finding}},
+                       .sizes = {{finding.id, {100'000, 50'000}}},
+                       .linked = {{"/a", {{.device = 1, .inode = 2, .bytes = 60'000, .links = 2}}}}});
+    items->inspect(finding.id);
+    EXPECT_EQ(items->summary(), QStringLiteral("2 items · 150 KB · frees about 90 KB: 60 KB is linked from elsewhere"));
+    items->toggle(0);
+    EXPECT_EQ(items->summary(), QStringLiteral("1 of 2 items ticked · 50 KB of 150 KB"));
+}
+
 } // namespace tidlo

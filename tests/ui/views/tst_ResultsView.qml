@@ -574,6 +574,28 @@ ViewCase {
         compare(demo.section, "report");
     }
 
+    function test_the_figure_of_the_selection_tells_what_it_frees_data() {
+        return [
+            { tag: "pointer", ask: () => mouseClick(item("selectionText"), 5, 5, Qt.RightButton) },
+            { tag: "menu key", ask: () => keyClick(Qt.Key_Menu) },
+            { tag: "shift and F10", ask: () => keyClick(Qt.Key_F10, Qt.ShiftModifier) }
+        ];
+    }
+
+    function test_the_figure_of_the_selection_tells_what_it_frees(data) {
+        show();
+        item("moveToTrash").forceActiveFocus(Qt.TabFocusReason);
+        data.ask();
+        tryVerify(() => item("barMenu").opened);
+        mouseClick(item("whatThisFrees"));
+        const alert = item("forecastAlert");
+        tryVerify(() => alert.opened);
+        compare(alert.message,
+            "48.57 GB selected. Once it is in the Trash, emptying that frees about 48.57 GB.");
+        keyClick(Qt.Key_Return);
+        tryVerify(() => !alert.visible);
+    }
+
     function lookInto(index) {
         show();
         mouseClick(item("row" + index), 200, 20, Qt.RightButton);
