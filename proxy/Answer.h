@@ -10,8 +10,8 @@ struct Answer
     int status = 200;
     QByteArray body = {};  ///< JSON, as the client's records describe it.
     QByteArray error = {}; ///< A word for the log; empty unless something failed.
-    QByteArray allow = {}; ///< The methods that there are at the address; empty unless another was used.
-    int retryAfter = 0;    ///< Seconds after which to try again, 0 if nothing is known about that.
+    QByteArray allow = {}; ///< The methods that the address allows; empty unless another was used.
+    int retryAfter = 0;    ///< Seconds after which to try again, 0 if that is not known.
 };
 
 /// An explanation that consists of \a text.

@@ -39,8 +39,8 @@ Task<std::invoke_result_t<Job>> called(Job job)
     co_return job();
 }
 
-/// Runs \a job on a thread of \a pool, which must outlive it, and goes on where it was awaited. What it throws is
-/// thrown there.
+/// Runs \a job on a thread of \a pool, which must outlive it; the coroutine that awaits it goes on in its own thread.
+/// What \a job throws is thrown there.
 template <std::invocable Job>
 Task<std::invoke_result_t<Job>> on(asio::thread_pool *pool, Job job)
 {

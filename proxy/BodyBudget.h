@@ -28,8 +28,8 @@ public:
         Share(const Share &) = delete;
         Share &operator=(const Share &) = delete;
 
-        /// Holds \a bytes in all, as soon as there is room for them; the first to wait gets room first. Whether there
-        /// was before \a deadline; if not, it holds what it held.
+        /// Holds \a bytes in all, as soon as there is room for them; the first to wait gets room first. Returns whether
+        /// there was room before \a deadline; if not, it still holds what it held.
         Task<bool> hold(size_t bytes, Clock::time_point deadline);
         /// Holds nothing any more.
         void release() { set(0); }

@@ -35,7 +35,7 @@ int noPassword(char *, int, int, void *)
     return 0;
 }
 
-/// Holds no longer than \a content.
+/// Valid only as long as \a content.
 Memory reading(const QByteArray &content)
 {
     return Memory(BIO_new_mem_buf(content.constData(), static_cast<int>(content.size())));
@@ -68,7 +68,7 @@ bool addExtension(X509 *certificate, int identifier, const char *value)
 
 bool addExtensions(X509 *certificate)
 {
-    return addExtension(certificate, NID_basic_constraints, "critical,CA:FALSE") && // It vouches for nobody else.
+    return addExtension(certificate, NID_basic_constraints, "critical,CA:FALSE") && // It signs for nobody else.
            addExtension(certificate, NID_ext_key_usage, "serverAuth") &&
            addExtension(certificate, NID_subject_alt_name, "DNS:localhost,IP:127.0.0.1,IP:::1");
 }
@@ -158,7 +158,7 @@ bool useKey(SSL_CTX *tls, const QByteArray &content)
     return key && SSL_CTX_use_PrivateKey(tls, key.get()) == 1;
 }
 
-/// Gives \a use what \a file holds; why that was not to be, or nothing.
+/// Gives \a use what \a file holds. Returns why that failed, or nothing.
 QString take(const QString &file, SSL_CTX *tls, bool (*use)(SSL_CTX *tls, const QByteArray &content))
 {
     const auto content = readSmallFile(file, Links::followed);

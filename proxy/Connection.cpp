@@ -129,7 +129,7 @@ Task<void> Connection::send(Answer answer)
     co_await stream.write(bytes);
 }
 
-/// How many bytes of what was turned down the client has yet to send, if that is known.
+/// How many bytes of a refused request the client has yet to send, if that is known.
 uint64_t Connection::unsent() const
 {
     if (parser.is_done())

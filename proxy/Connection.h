@@ -24,7 +24,7 @@ struct Service
     const Limits limits;
     RateLimiter limiter{limits.perMinute};
     BodyBudget bodies{limits.allBodiesBytes};
-    std::set<Stream *> silent = {}; ///< On which nothing has been asked yet.
+    std::set<Stream *> silent = {}; ///< Connections on which nothing has been asked yet.
     bool isStopping = false;
 };
 

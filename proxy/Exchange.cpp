@@ -121,7 +121,7 @@ Task<Reply> exchange(QUrl server, std::shared_ptr<SSL_CTX> tls, std::string requ
     stream.until(deadline);
     Reply reply;
     if (co_await connect(&stream, server, tls.get(), deadline)) {
-        co_await stream.write(request); // Who does not take all of it may have answered all the same.
+        co_await stream.write(request); // A server that does not take all of it may have answered already.
         reply = co_await readReply(&stream);
     }
     if (Clock::now() >= deadline)

@@ -16,7 +16,7 @@ struct Reply
 {
     enum class Outcome {
         whole,       ///< There is a status; if it is 200, a body too.
-        unreachable, ///< Nobody could be reached who could prove the name, or no reply came that could be understood.
+        unreachable, ///< No server that proved its name could be reached, or it sent no reply that could be understood.
         unusable,    ///< It is too long, or packed.
         late,        ///< The time ran out.
     };

@@ -47,7 +47,7 @@ Task<void> ExplainServer::accept()
         auto [error, socket] = co_await acceptor.async_accept(asTuple());
         if (!error) {
             begin(std::move(socket));
-        } else if (!service.isStopping) { // There is no descriptor left, or no memory: better late than never.
+        } else if (!service.isStopping) { // No descriptor or no memory is left: try again later.
             asio::steady_timer pause(acceptor.get_executor(), std::chrono::milliseconds(100));
             co_await pause.async_wait(asTuple());
         }

@@ -12,7 +12,7 @@ public:
     /// tls it speaks plain HTTP.
     ExplainServer(tcp::acceptor acceptor, std::shared_ptr<SSL_CTX> tls, Explain explain, const Limits &limits = {});
 
-    /// Accepts nothing any more but what has connected already, and lets that ask and what is under way be answered. On
+    /// Accepts no new connections but those that wait already, lets these ask, and has what is under way answered. On
     /// the loop's thread.
     void stop();
     /// Whether it has stopped, and every connection has ended.
@@ -27,7 +27,7 @@ private:
     Service service;
     tcp::acceptor acceptor;
     Places places;
-    asio::steady_timer placeLeft; ///< Whoever waits for it goes on when a place was left.
+    asio::steady_timer placeLeft; ///< Wakes who waits for a place when one is free.
     asio::steady_timer idle;      ///< Runs while there is no connection.
 };
 

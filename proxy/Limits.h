@@ -11,7 +11,7 @@ struct Limits
     std::chrono::milliseconds toRead = std::chrono::seconds(20);  ///< From the connection's start to the request's end.
     std::chrono::milliseconds toWrite = std::chrono::seconds(10); ///< The answer.
     std::chrono::milliseconds toClose = std::chrono::seconds(2);  ///< For the client to take the answer and leave.
-    std::chrono::milliseconds toBegin = std::chrono::seconds(1);  ///< For who has not asked yet when the service stops.
+    std::chrono::milliseconds toBegin = std::chrono::seconds(1);  ///< For a client to ask, once the service stops.
     std::chrono::seconds idle{0};             ///< Without a connection, after which the service stops; 0 for never.
     size_t headBytes = 16 * 1024;             ///< The lines in front of a body, or a line between two chunks of it.
     size_t bodyBytes = 256 * 1024;            ///< A body.

@@ -17,7 +17,7 @@ std::variant<std::string, Answer> questionIn(const std::string &body, const Upst
     return questionHead(upstream, question.size()) + question.toStdString();
 }
 
-/// How an unsuccessful status of the model's server is told.
+/// How a failure of the model's server is told to the client.
 Answer refused(int status)
 {
     switch (status) {

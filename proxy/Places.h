@@ -9,15 +9,15 @@
 
 namespace tidlo::proxy {
 
-/// Counts connections, all of them and those of each address. Who has many addresses of IPv6 has them in one network of
-/// 64 bits, which counts as one; an address of IPv4 that comes as one of IPv6 is the same.
+/// Counts connections, all of them and those of each address. A client with many IPv6 addresses has them in one network
+/// of 64 bits, which counts as one address. An IPv4 address written as an IPv6 one counts as itself.
 class Places final
 {
 public:
-    /// Whoever holds a place lets go of it when it ends; the places must still be there then.
+    /// A place is free again when this ends; Places must still exist then.
     using Place = std::shared_ptr<void>;
 
-    /// \a mostOfAddress may be 0: then addresses do not count. \a left is called when a place was left.
+    /// \a mostOfAddress may be 0: then addresses do not count. \a left is called when a place is free again.
     Places(size_t most, size_t mostOfAddress, std::function<void()> left);
 
     /// Nothing if there is none for \a address. Whether there is one at all is to be asked before.

@@ -11,7 +11,7 @@
 
 namespace tidlo::proxy {
 
-/// What reads a request. It bounds nothing but the head by itself.
+/// What reads a request. By itself it limits only the head.
 using RequestParser = boost::beast::http::request_parser<boost::beast::http::string_body>;
 
 /// The answer to whatever is no question, or cannot be one by what its head tells: nothing if its body, of at most

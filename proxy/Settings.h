@@ -29,7 +29,7 @@ struct CertificateFiles
     QString key;
 };
 
-/// What is said to whoever would let others read what is sent.
+/// Refuses settings that would let others read what is sent.
 inline const QString plainIsForLoopback =
     QStringLiteral("--plain-http is for loopback addresses alone: others could read what is sent.");
 

@@ -103,7 +103,7 @@ int run(const Settings &settings)
     const auto tls = tlsFor(settings);
     if (!tls.reason.isEmpty())
         return complain(tls.reason);
-    asio::thread_pool pool(1); // Decoding takes memory, many times what is decoded: once at a time.
+    asio::thread_pool pool(1); // Decoding takes many times the memory of what is decoded: one at a time.
     asio::io_context loop(1);
     auto acceptor = listenAs(settings, loop);
     if (!acceptor.reason.isEmpty())
