@@ -77,7 +77,7 @@ private:
         return ++values <= mostValues || refuse("The data holds too many values.");
     }
 
-    /// Where the value stands from now on; null if it is dropped.
+    /// Where the value is kept; null if it is dropped.
     Json *keep(Json value)
     {
         if (levels.empty())

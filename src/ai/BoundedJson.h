@@ -10,16 +10,16 @@
 
 namespace tidlo {
 
-/// What was asked for of a document, or why the document is refused.
+/// The wanted part of a document, or why the document is refused.
 struct BoundedJson
 {
     nlohmann::json document;
     QString refusal; ///< A sentence for a person; empty if nothing is refused.
 };
 
-/// Reads \a bytes, which must be one JSON document in UTF-8. Of its objects the values of \a keys alone are kept, and
-/// of a key that comes twice the last value. Any input is safe: one that is nested more than 64 levels deep or holds
-/// more than 10,000 values is refused, kept or not, so time and memory grow with its size alone. From any thread.
+/// Reads \a bytes, which must be one JSON document in UTF-8. Of its objects only the values of \a keys are kept; of a
+/// key that comes twice, the last value. Any input is safe: one that is nested more than 64 levels deep, or holds more
+/// than 10,000 values, kept or not, is refused, so time and memory grow only with its size. Any thread.
 BoundedJson readBoundedJson(const QByteArray &bytes, std::span<const std::string_view> keys);
 
 } // namespace tidlo

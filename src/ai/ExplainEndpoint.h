@@ -20,8 +20,8 @@ struct ExplainEndpoint
     std::function<QByteArray()> authorities = trustedCertificates;  ///< Called on another thread.
     std::function<std::optional<QString>()> identity = machineIdentity;
 
-    /// What the variable TIDLO_AI_PROXY_HOST of the environment names, for one run; else the host that the program was
-    /// built with. A variable that holds anything else than a host is told on standard error once, and nobody is asked.
+    /// The host that the environment variable TIDLO_AI_PROXY_HOST names, else the one that the program was built with.
+    /// If the variable holds anything but a host, standard error says so once, and nobody is asked.
     static QString liveHost();
 
     /// The host that \a text names, "host" or "host:port"; nothing if it is neither. An empty text stays empty.

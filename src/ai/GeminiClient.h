@@ -19,7 +19,7 @@ public:
     /// Asks for an explanation of \a candidates, all of them, over HTTPS. Gives the answer, or an error text that
     /// begins with "⚠️ ", or nothing when no answer came that could be shown. Never throws and never tries twice.
     /// Called on the main thread, which it does not block: a thread of its own asks, waits and decodes. When the time
-    /// is over or the application quits that thread is told to end, and left to the system if that holds it; the
+    /// is over or the application quits, that thread is told to end, and is left behind if the system holds it up; the
     /// answer then says so.
     static QCoro::Task<std::optional<QString>> explain(QList<CleanupCandidate> candidates,
                                                        ExplainEndpoint endpoint = {});
@@ -27,8 +27,8 @@ public:
     /// Whether what explain() gave is an error text.
     static bool isError(const QString &explanation);
 
-    /// The identifier of this machine that every request carries, "mac-unknown" where there is none. Read afresh by
-    /// every call.
+    /// The identifier of this machine that every request carries, "mac-unknown" where there is none. Read anew by every
+    /// call.
     static QString deviceUUID();
 };
 

@@ -9,7 +9,7 @@
 namespace tidlo {
 
 /// The messages exchanged with the AI proxy. Keys are the field names; unknown keys are ignored, and a record that
-/// lacks a key fails to decode as a whole. A text part alone may be missing or null.
+/// lacks a key fails to decode as a whole. Only a text part may be missing or null.
 
 struct GeminiPart
 {
@@ -56,7 +56,7 @@ struct Decoded
     QString error; ///< Empty when there is a record.
 };
 
-/// Compact JSON. None can fail: text becomes valid UTF-8 whatever it holds.
+/// Compact JSON. These cannot fail: text becomes valid UTF-8 whatever it holds.
 QByteArray encode(const GeminiGenerateRequest &request);
 QByteArray encode(const GeminiGenerateResponse &response);
 QByteArray encode(const ProxyErrorResponse &response);

@@ -21,7 +21,7 @@ constexpr std::array settings{
     Setting{CURLOPT_FORBID_REUSE, 1}, // A request is sent again when a connection that was kept turns out to be closed.
     Setting{CURLOPT_NOSIGNAL, 1},
     Setting{CURLOPT_QUICK_EXIT, 1}, // A resolver that takes its time is not waited for.
-    Setting{CURLOPT_VERBOSE, 1},    // Tells of every byte.
+    Setting{CURLOPT_VERBOSE, 1},    // Reports every byte.
 };
 
 template <auto release>
@@ -40,7 +40,7 @@ struct Arrival
     QByteArray body{};
     qint64 received = 0; ///< Bytes, whatever they are for.
     const char *refusal = nullptr;
-    std::array<char, CURL_ERROR_SIZE> words{}; ///< What libcurl says of a failure.
+    std::array<char, CURL_ERROR_SIZE> words{}; ///< libcurl's own words for a failure.
 
     void refuseIf(bool condition, const char *reason)
     {
@@ -51,7 +51,7 @@ struct Arrival
     {
         refuseIf(body.size() > limit || received > limit + mostAroundTheBody, "The reply is too large.");
     }
-    /// What libcurl wants to be told after \a size bytes.
+    /// What libcurl expects in return for \a size bytes.
     std::size_t taken(std::size_t size) const { return refusal == nullptr ? size : CURL_WRITEFUNC_ERROR; }
 };
 
@@ -171,7 +171,7 @@ HttpsReply HttpsExchange::perform(const HttpsRequest &request)
 
     curl_multi_add_handle(multi.get(), transfer.get());
     for (int running = 1; running > 0 && arrival.refusal == nullptr && !stopped;) {
-        curl_multi_poll(multi.get(), nullptr, 0, 60'000, nullptr); // Not at all at first, when there is work to do.
+        curl_multi_poll(multi.get(), nullptr, 0, 60'000, nullptr); // The first time it returns at once.
         curl_multi_perform(multi.get(), &running);
     }
     int others = 0;

@@ -25,7 +25,7 @@ struct HttpsRequest
     std::optional<QByteArray> body; ///< POSTed; without one, the request is a GET.
     qint64 replyLimit = 0;          ///< Bytes of the reply's body.
     QByteArray authorities{};       ///< The certificates that the server is verified against, as PEM.
-    QByteArray proxy{}; ///< Through which it is reached: a URL of the http or socks5h scheme, empty for none.
+    QByteArray proxy{};             ///< The proxy to go through: a URL of the http or socks5h scheme, empty for none.
 };
 
 /// What came back: a complete reply or a failure.
@@ -48,7 +48,7 @@ public:
     /// around its body.
     HttpsReply perform(const HttpsRequest &request);
 
-    /// Ends perform() at once, with a failure, and every further one as it begins. From any thread.
+    /// Ends perform() at once, with a failure, and every later call of it as it begins. Any thread.
     void stop();
 
 private:

@@ -50,7 +50,7 @@ private:
     Inquiry inquiry;
     HttpsExchange exchange;
     QPromise<Answer> promise;
-    bool givenUp = false; ///< Of the main thread alone.
+    bool givenUp = false; ///< For the main thread only.
 };
 
 std::thread start(const std::shared_ptr<Asking> &asking)

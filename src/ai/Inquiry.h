@@ -11,22 +11,22 @@
 
 namespace tidlo {
 
-/// What one thread finds out while the main thread waits for it, or gives it up.
+/// A question that one thread asks while the main thread waits for the answer, or gives up.
 struct Inquiry
 {
     using Answer = std::optional<QString>;
 
-    /// Waits for what it gives, on a thread of its own. To be stopped by its exchange.
+    /// Returns the answer, and may wait for it: it runs on a thread of its own. Stopping its exchange ends it.
     std::function<Answer(HttpsExchange &exchange)> ask;
 
-    /// The answer where there is none from that thread: why, for a person.
+    /// The answer when that thread gives none: the reason, for a person.
     std::function<Answer(const QString &reason)> excuse;
 
-    std::chrono::milliseconds timeLimit; ///< For all of it.
+    std::chrono::milliseconds timeLimit; ///< For the whole inquiry.
 };
 
-/// Asks, and gives the answer. When the time is over or the application quits, the answer is an excuse, at once; then
-/// the thread is stopped and, since the system may hold it all the same, left to it as QuitLimit.h explains. Called on
+/// Asks, and gives the answer. When the time is over or the application quits, the answer is the excuse, at once; the
+/// thread is told to stop and, since the system may still hold it up, left behind as QuitLimit.h explains. Called on
 /// the main thread, which it does not block. The coroutine goes on in a turn of the event loop.
 QCoro::Task<Inquiry::Answer> inquire(Inquiry inquiry);
 

@@ -31,15 +31,15 @@ struct AppState
     QString moveToApplicationsErrorMessage = QStringLiteral(""); ///< The text of that alert.
     bool isGeneratingAI = false;                                 ///< An explanation is awaited.
 
-    // Beside what is published.
+    // Not published.
 
     ScanResult scanned;                    ///< What the last scan found, whatever became of its candidates.
-    ItemTicks ticks;                       ///< What of it was unticked, item by item.
+    ItemTicks ticks;                       ///< The items of it that are unticked.
     QList<StayedItem> stayed;              ///< What the cleanup of the report could not move.
-    QList<TrashedItem> trashed;            ///< What the last cleanup moved to the Trash and nobody has put back here.
-    QList<StayedItem> notPutBack;          ///< What of it could not be put back when that was tried last.
+    QList<TrashedItem> trashed;            ///< What the last cleanup moved to the Trash and was not put back here.
+    QList<StayedItem> notPutBack;          ///< What could not be put back at the last attempt.
     std::optional<OwnPlace> proposedPlace; ///< A folder that somebody wants projects to be looked for in.
-    bool isSparedUnknown = false; ///< A cleanup was refused, since what is never to be suggested cannot be read.
+    bool isSparedUnknown = false; ///< A cleanup was refused: the list of what is never to be suggested cannot be read.
     bool isMovingFiles = false;   ///< A cleanup is under way, or its items are being put back.
 };
 

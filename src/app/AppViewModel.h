@@ -16,8 +16,8 @@ namespace tidlo {
 /// what the properties mean stands in AppState.h.
 ///
 /// Bound to the main thread: to read or write a property on any other stops the program. Work is done by the scanner
-/// and the network while the coroutines here are suspended; should the object be gone when they resume, they write
-/// nothing. No operation ever throws, and each returns at once but for the one that copies the application.
+/// and the network while the coroutines here are suspended; if the object is gone when they resume, they write nothing.
+/// No operation throws, and each returns at once, except the one that copies the application.
 ///
 /// Every assignment to a property tells observers, whether or not the value differs: objectWillChange() before, the
 /// property's own signal after.
@@ -92,7 +92,7 @@ public:
     qint64 selectedBytes() const;
     qsizetype protectedCount() const; ///< Of candidates never to be touched, visible or not.
 
-    // Beside the published properties; no change of these is told by objectWillChange().
+    // Not published: objectWillChange() does not tell when these change.
 
     /// The candidate \a id as the last scan found it, with all its items; an empty one if there is no such candidate.
     CleanupCandidate scannedCandidate(const QUuid &id) const;
@@ -112,15 +112,15 @@ public:
     /// Keeps \a path, one that is listed, as never to be suggested, and takes it out of what is shown, with what lies
     /// in it and what holds it. False if that cannot be kept; then nothing changes.
     bool spare(const FilePath &path);
-    /// Whether nothing was moved to the Trash since it cannot be read what is never to be suggested; until that is
+    /// Whether a cleanup moved nothing because the list of what is never to be suggested cannot be read; until that is
     /// acknowledged.
     bool isSparedUnknown() const { return read(state.isSparedUnknown); }
     void acknowledgeSparedUnknown() { setSparedUnknown(false); }
     /// A folder that proposePlace() was given, or why it cannot be a place to look for projects in; until that is
     /// answered.
     std::optional<OwnPlace> proposedPlace() const { return read(state.proposedPlace); }
-    /// Looks what is at \a folder, to ask whether projects are to be looked for in it as well. It is the scanner that
-    /// looks, after what it does at the moment.
+    /// Checks what is at \a folder, to ask whether to look for projects in it as well. The scanner checks it, after its
+    /// current work.
     void proposePlace(const FilePath &folder) { runProposal(folder); }
     /// Ends the proposal; \a isWanted keeps the folder, if it can be one, for all scans to come. False if it cannot be
     /// kept.
@@ -137,7 +137,7 @@ public:
     /// next turn of the event loop.
     std::weak_ptr<const void> operations() const { return underWay; }
 
-    // Of what it was made with.
+    // From the environment that it was made with.
 
     UserDefaults &defaults() const { return *environment.defaults; }
     Workspace &workspace() const { return *environment.workspace; }
@@ -151,11 +151,11 @@ public:
     /// them back. Does nothing if \a candidate is never to be touched or is no longer there.
     Q_INVOKABLE void toggleCandidate(const CleanupCandidate &candidate);
 
-    /// Ticks or unticks items of the candidate \a id, indices of the paths that the scan found. It is replaced by one
-    /// with the paths that are left and their bytes; with all of them ticked again it is what it was. Of a candidate
-    /// that is not selected, just the ticked items are selected; one that has none left is deselected. What is unticked
-    /// is moved by no candidate: in the same assignment the same place, and whatever holds it, is taken out of every
-    /// other. Gives what was. Does nothing to a candidate never to be touched.
+    /// Ticks or unticks items of the candidate \a id, by the indices of the paths that the scan found. The candidate is
+    /// replaced by one with the remaining paths and their bytes; with all of them ticked again it is what it was. If it
+    /// was not selected, only the items ticked now are selected; if no item is left, it is deselected. What is unticked
+    /// is moved by no candidate: the same assignment takes the same place, and whatever holds it, out of every other
+    /// one. Returns what was taken out of others. Does nothing to a candidate never to be touched.
     QList<ItemElsewhere> tickItems(const QUuid &id, const QList<int> &items, bool ticked);
 
     /// Scans the home folder and shows what was found, then asks for an explanation of it. Replaces a scan under way,
@@ -173,7 +173,7 @@ public:
     void viewReport();
 
     /// Moves the selected candidates to the Trash, takes them off the list and shows a report. Does nothing if none is
-    /// selected, while they are being moved, or where it cannot be read what is never to be suggested.
+    /// selected, while they are being moved, or when the list of what is never to be suggested cannot be read.
     Q_INVOKABLE void moveSelectedToTrash();
 
     /// Puts everything that the last cleanup of this run moved to the Trash back where it was, and scans again. What
@@ -261,7 +261,7 @@ private:
         return property;
     }
 
-    /// Has \a change, a callable, alter one property.
+    /// Lets \a change, a callable, alter one property.
     template <typename Change>
     void publish(Signal changed, Change change)
     {

@@ -7,7 +7,7 @@
 
 namespace tidlo {
 
-/// An item of a finding that went because it was unticked in another one.
+/// An item that was taken out of a finding because it was unticked in another one.
 struct ItemElsewhere
 {
     QString title; ///< Of the finding.
@@ -24,23 +24,24 @@ public:
     void untick(const CleanupCandidate &finding, const QList<int> &items, const ScanResult &result);
     /// What lies in an item is ticked with it, in every finding.
     void tick(const CleanupCandidate &finding, const QList<int> &items, const ScanResult &result);
-    /// The same, and of this finding no other item is moved. That says nothing of other findings.
+    /// The same, and no other item of this finding is moved. Other findings may still move those.
     void tickAlone(const CleanupCandidate &finding, const QList<int> &items, const ScanResult &result);
     void tickAll(const CleanupCandidate &finding, const ScanResult &result);
 
     /// Whether each path of \a finding, as it was scanned, is ticked.
     QList<bool> of(const CleanupCandidate &finding, const ScanResult &result) const;
 
-    /// \a candidate with what is ticked of \a scanned, the same one as it was scanned; as it is if it was not.
+    /// \a candidate with the ticked items of \a scanned, which is the same one as the scan found it; unchanged if the
+    /// scan did not find it.
     CleanupCandidate left(const CleanupCandidate &candidate, const CleanupCandidate &scanned,
                           const ScanResult &result) const;
 
 private:
     PlaceSet unticked;
-    QHash<QUuid, QSet<FilePath>> passedOver; ///< Items of a finding of which others alone were ticked.
+    QHash<QUuid, QSet<FilePath>> passedOver; ///< Items of a finding of which only others were ticked.
 };
 
-/// The items that \a before has and \a after, the same finding, has not.
+/// The items that \a before has and \a after, the same finding later, has not.
 QList<ItemElsewhere> goneFrom(const CleanupCandidate &before, const CleanupCandidate &after);
 
 } // namespace tidlo

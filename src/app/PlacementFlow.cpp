@@ -17,7 +17,7 @@ bool AppViewModel::canBePlaced() const
 {
     const Bundle bundle = environment.bundle();
     const FilePath &destination = environment.applicationPath;
-    const FilePath folder = destination.left(destination.lastIndexOf('/') + 1); // The slash: of a file there is none.
+    const FilePath folder = destination.left(destination.lastIndexOf('/') + 1); // The slash: a file does not count.
     return bundle.isApplication() && environment.fileManager->fileExists(folder) &&
            !isSameOrWithin(bundle.path, destination);
 }

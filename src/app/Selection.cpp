@@ -79,7 +79,7 @@ void AppViewModel::replaceCandidates()
         candidate = state.ticks.left(candidate, scannedCandidate(candidate.id), state.scanned);
 }
 
-/// Of what has no item left the tick goes as well.
+/// What has no item left loses its own tick.
 void AppViewModel::deselectEmptied()
 {
     for (const CleanupCandidate &candidate : selectedCandidates()) {

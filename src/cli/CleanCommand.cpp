@@ -42,7 +42,7 @@ struct Wishes
     bool json = false;
 };
 
-/// Nothing if a word for a risk is none.
+/// Nothing if a word names no risk.
 std::optional<Wishes> wishesFrom(const QCommandLineParser &options)
 {
     Wishes wishes{.risks = {},
@@ -69,7 +69,7 @@ QString selectionText(const CleanupSelection &selection, const QString &frees, c
     return wishes.dryRun ? findings + dryRun : findings;
 }
 
-/// Standard output is the report's alone where that is JSON, and what belongs to a question stands beside it.
+/// Writes to standard error what belongs to a question, and all else that is not the report if that is JSON.
 ExitStatus showSelection(const CleanupSelection &selection, const ScanResult &result, const Wishes &wishes)
 {
     const QString forecast = forecastText(forecastOf(result, selection.candidates));
@@ -134,7 +134,7 @@ ExitStatus runClean(const QCommandLineParser &options, CommandContext &context)
     if (const ExitStatus status = showSelection(selection, *result, *wishes); status != ExitStatus::succeeded)
         return status;
     const bool agreed = mayBeMoved(selection, *wishes);
-    if (!knowsWhatIsSpared(context)) // By now.
+    if (!knowsWhatIsSpared(context)) // Asked again: it may have changed meanwhile.
         return ExitStatus::failed;
     const QList<FilePath> spared = *context.defaults.paths(UserDefaults::spared);
     return printOutcome(moveToTrash(agreed ? selection : CleanupSelection(), spared, context), *wishes);

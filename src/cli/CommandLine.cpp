@@ -14,13 +14,13 @@ namespace tidlo {
 
 namespace {
 
-/// Those that help tells of.
+/// Those that the help lists.
 QList<Command> commands()
 {
     return {scanCommand(), cleanCommand(), restoreCommand(), spareCommand(), explainCommand()};
 }
 
-/// In the system's own words, what keeps it from starting a thread; nothing if nothing does.
+/// Why the system starts no thread, in its own words; nothing if it does.
 std::optional<QString> threadObstacle()
 {
     try {

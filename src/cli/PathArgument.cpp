@@ -6,7 +6,7 @@ namespace tidlo {
 
 namespace {
 
-constexpr char16_t firstByte = 0xdc00; ///< Stands for a byte that is no text, with the byte added.
+constexpr char16_t firstByte = 0xdc00; ///< Plus the byte, stands for a byte that is not UTF-8.
 
 } // namespace
 
@@ -14,7 +14,7 @@ QString argumentText(QByteArrayView argument)
 {
     QString text;
     while (!argument.isEmpty()) {
-        qsizetype length = 1; // The first character that is one, at most four bytes long.
+        qsizetype length = 1; // The first valid character, at most four bytes long.
         while (length < 4 && length < argument.size() && !argument.first(length).isValidUtf8())
             ++length;
         if (argument.first(length).isValidUtf8()) {

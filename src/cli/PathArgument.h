@@ -6,8 +6,8 @@
 
 namespace tidlo {
 
-// An argument of the command line is a text while options are told from values, and may be the bytes of a path after
-// that. Bytes that are no UTF-8 stand in the text as lone low surrogates, U+DC80 to U+DCFF, and so are not lost.
+// An argument of the command line is a text until options and values are told apart; after that it may be the bytes of
+// a path. Bytes that are not UTF-8 become lone low surrogates in the text, U+DC80 to U+DCFF, so that none is lost.
 
 /// The text of an \a argument.
 QString argumentText(QByteArrayView argument);

@@ -24,7 +24,7 @@ void erase()
         return; // The terminal is gone, and the line with it.
 }
 
-/// The default action has been restored by now, and comes when this returns.
+/// The default action is restored by now, and runs when this returns.
 void eraseAndEnd(int signal)
 {
     erase();

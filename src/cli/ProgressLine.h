@@ -24,7 +24,7 @@ private:
     SignalActions signalActions;
 };
 
-/// Scans as \a wishes want it and tells on standard error, where that is a terminal, which step is under way. An
+/// Scans as \a wishes say and tells on standard error, where that is a terminal, which step is under way. An
 /// interruption ends the program by the signal: a scan changes nothing.
 ScanResult scanWithProgress(FileSizeScanner &scanner, const ScanWishes &wishes);
 

@@ -123,7 +123,7 @@ QString selectionText(const RestoreSelection &selection, const Wishes &wishes, c
     return text;
 }
 
-/// Standard output is the outcome's alone where that is JSON, and what belongs to a question stands beside it.
+/// Writes to standard error what belongs to a question, and all else that is not the outcome if that is JSON.
 ExitStatus showSelection(const RestoreSelection &selection, const Wishes &wishes)
 {
     if (!wishes.question && !wishes.json)

@@ -18,7 +18,7 @@ bool isAtOrBeneath(const FilePath &path, const FilePath &place)
     return path == place || place == "/" || path.startsWith(place + '/');
 }
 
-/// So many seconds has one of \a unit.
+/// The seconds in one \a unit.
 qint64 secondsOf(const QString &unit)
 {
     constexpr qint64 minute = 60;

@@ -6,22 +6,22 @@
 
 namespace tidlo {
 
-/// The moment that \a word tells: so long before \a now ("10min", "2h", "3d"), the beginning of that day ("today"), or
-/// a date, with or without a time of day, in local time unless it names another zone. Nothing if it is none of these.
+/// The moment that \a word names: a time before \a now ("10min", "2h", "3d"), the beginning of that day ("today"), or a
+/// date, with or without a time of day, in local time unless it names another zone. Nothing if it is none of these.
 std::optional<FileTime> momentOf(const QString &word, const QDateTime &now);
 
 /// What is to be put back.
 struct RestoreSelection
 {
-    QList<ListedItem> items;  ///< Of each place one, the last moved; those first that hold others.
+    QList<ListedItem> items;  ///< One for each place, the last moved; those that hold others come first.
     QList<ListedItem> others; ///< Further ones of the same places, which stay.
-    QList<FilePath> missing;  ///< Named places at and beneath which nothing was.
+    QList<FilePath> missing;  ///< Named places where nothing was, nor beneath them.
 
     /// "14 items (3.2 GB)".
     QString text() const;
 };
 
-/// Of \a listed, the last moved first, what was at or beneath one of \a places; all of it if there are none.
+/// What was at or beneath one of \a places, or all if there are none; from \a listed, which has the last moved first.
 RestoreSelection restoreSelection(const QList<ListedItem> &listed, const QList<FilePath> &places);
 
 } // namespace tidlo

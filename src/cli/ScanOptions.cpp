@@ -66,7 +66,7 @@ std::optional<ScanResult> scanAsWanted(const QCommandLineParser &options, Comman
     const std::optional<ScanWishes> wishes = wishesFrom(options, context);
     if (!wishes)
         return std::nullopt;
-    knowsWhatIsSpared(context); // If not, the person is told. Looking moves nothing.
+    knowsWhatIsSpared(context); // If not, the person is told, and the scan goes on: it moves nothing.
     const ScanResult result = scanWithProgress(context.scanner, *wishes);
     nameWhatWasLeftOut(result);
     return result;

@@ -10,8 +10,8 @@ QList<CommandOption> scanOptions();
 /// Whether the list of what is never to be suggested can be read. Complains if it cannot.
 bool knowsWhatIsSpared(const CommandContext &context);
 
-/// Scans as \a options want it, shows the progress, and tells on standard error what was left out since that was
-/// wanted, or is never to be suggested. Nothing, having complained, if they name what does not exist or cannot be
+/// Scans as \a options say, shows the progress, and tells on standard error what was left out, because of an option or
+/// because it is never to be suggested. Nothing, having complained, if they name what does not exist or cannot be
 /// looked into; then nothing was scanned.
 std::optional<ScanResult> scanAsWanted(const QCommandLineParser &options, CommandContext &context);
 

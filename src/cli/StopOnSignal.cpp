@@ -18,7 +18,7 @@ void passOn(int signal)
     const int formerError = errno;
     const auto byte = static_cast<unsigned char>(signal);
     if (write(wakeUp, &byte, 1) != 1)
-        raise(signal); // Nobody would hear of it: end the program.
+        raise(signal); // Nobody would notice it, so the program ends.
     errno = formerError;
 }
 

@@ -13,7 +13,7 @@
 namespace tidlo {
 
 /// Handles the signals by which a person or the system asks the program to end, SIGINT, SIGTERM and SIGHUP, while it
-/// exists; then they do again what they did before. What is ignored stays ignored, as nohup wants it.
+/// exists; afterwards they do what they did before. A signal that is ignored stays ignored, as nohup wants it.
 class SignalActions final
 {
 public:
@@ -30,7 +30,7 @@ private:
     std::array<struct sigaction, signals.size()> former{};
 };
 
-/// While it exists, the first Ctrl-C (or SIGTERM, SIGHUP) requests a stop instead of ending the program; the same again
+/// While it exists, the first Ctrl-C (or SIGTERM, SIGHUP) requests a stop instead of ending the program; a second one
 /// ends it. The event loop of the thread that made it must run. One at a time.
 class StopOnSignal final
 {

@@ -7,8 +7,8 @@ namespace tidlo {
 /// What can be shown behind a descriptor.
 struct Terminal
 {
-    bool rewritable = false; ///< A terminal where a line that was written can be written anew.
-    bool colour = false;     ///< A terminal that has colours, and NO_COLOR does not ask for none.
+    bool rewritable = false; ///< A terminal where a written line can be replaced.
+    bool colour = false;     ///< A terminal with colours, unless NO_COLOR turns them off.
     int columns = 0;         ///< 0 where there is no limit, as in a file.
 };
 
@@ -17,7 +17,7 @@ Terminal terminalAt(int descriptor);
 
 enum class Ink { plain, strong, faint, green, blue, yellow, red };
 
-/// \a text, in that ink where \a colour is set.
+/// \a text in that ink, or as it is without \a colour.
 QString inked(Ink ink, const QString &text, bool colour);
 
 /// Whether a person can be asked: standard input and standard error are terminals.

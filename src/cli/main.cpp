@@ -34,7 +34,7 @@ int main(int argc, char *argv[])
     for (int i = 1; i < argc; ++i)
         arguments.append(argumentText(argv[i]));
 
-    QuitLimit limit; // Goes after the application, whose end it bounds too.
+    QuitLimit limit; // Destroyed after the application, whose end it limits too.
     const QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationVersion(QStringLiteral(TIDLO_VERSION));
 
@@ -44,6 +44,6 @@ int main(int argc, char *argv[])
     CommandContext context{.files = *files, .scanner = scanner, .defaults = defaults};
     const int status = static_cast<int>(runCommandLine(arguments, context));
     limit.begin(quitLimit, status);
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // No event loop is left that would.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // No event loop is left to do it.
     return status;
 }

@@ -21,7 +21,7 @@ enum class FindingKind {
     olderCopies,
 };
 
-/// What is fixed of a kind of finding before anything is looked for: its texts and its grading.
+/// What is known of a kind of finding before any scan: its texts and its grading.
 struct FindingKindRow
 {
     FindingKind kind;
@@ -106,7 +106,7 @@ inline constexpr std::array findingKinds{
     },
 };
 
-/// Everything that is fixed of \a kind.
+/// What is known of \a kind before any scan.
 constexpr const FindingKindRow &rowOf(FindingKind kind)
 {
     return findingKinds[static_cast<size_t>(kind)];

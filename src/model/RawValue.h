@@ -34,7 +34,7 @@ QString rawValue(Enum value)
     return row == rows.end() ? QString() : QString(row->text);
 }
 
-/// The case whose text is exactly \a text, compared with case; nothing for any other text.
+/// The case whose text is exactly \a text, upper and lower case told apart; nothing for any other text.
 template <typename Enum>
 std::optional<Enum> fromRawValue(QStringView text)
 {

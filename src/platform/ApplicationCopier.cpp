@@ -43,8 +43,9 @@ int obstacleToEmptying(const fs::path &path)
     return uninterrupted([&] { return access(path.c_str(), W_OK | X_OK); }) == 0 ? 0 : errno;
 }
 
-/// What keeps the item at \a path from being removed with all it holds, its own folder's rights apart: those show as it
-/// is moved aside. Asked before anything is done, so that what cannot go as a whole does not lose a part.
+/// What keeps the item at \a path from being removed with all it holds. The rights of the folder that it lies in are
+/// left out: they show when it is moved aside. Asked before anything is done, so that an item that cannot go as a whole
+/// does not lose a part.
 int obstacleToRemoval(const FilePath &path)
 {
     if (const int obstacle = mountObstacle(path))
@@ -84,14 +85,14 @@ bool mayBeThere(const FilePath &path)
     return isThere(path) || errno != ENOENT;
 }
 
-/// For where two items cannot change places at one moment: first the old one goes, then the new one comes. When this
-/// fails, what is at \a destination is the old one or the new one, or nothing, if the old one could not come back.
+/// For file systems that cannot exchange two items in one step: first the old one goes, then the new one comes. When
+/// this fails, what is at \a destination is the old one or the new one, or nothing, if the old one could not come back.
 int replaceInTwoSteps(const Workshop &workshop, const FilePath &destination, const PlacementSteps &steps)
 {
     int error = steps.rename(destination, workshop.former());
     if (error == 0)
         error = steps.rename(workshop.copy(), destination);
-    if (error != 0 && !isThere(destination)) // Whichever of the two told it, and whether or not that was true.
+    if (error != 0 && !isThere(destination)) // Whichever of the two reported it, and whether or not that was true.
         steps.rename(workshop.former(), destination);
     return error;
 }
@@ -107,7 +108,7 @@ int replaceFrom(const Workshop &workshop, const FilePath &source, const FilePath
     return isExchangeUnknown(error) ? replaceInTwoSteps(workshop, destination, steps) : error;
 }
 
-/// To be called when the new copy stands, so that none of them holds the only one.
+/// To be called when the new copy is in place, so that none of them holds the only one.
 void removeLeftOvers(const FilePath &destination, const PlacementSteps &steps)
 {
     for (const Workshop &left : Workshop::leftOver(destination)) {

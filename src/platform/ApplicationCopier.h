@@ -14,11 +14,11 @@ namespace tidlo {
 /// failure, which ends it and leaves what had been copied until then.
 int copyTree(const FilePath &source, const FilePath &destination);
 
-/// Lets the items at two paths of one file system change places, of whatever kind they are, at one moment: at no time
-/// is there nothing at either. Gives 0, or the errno of what went wrong; see isExchangeUnknown().
+/// Exchanges the items at two paths of one file system, of whatever kind they are, in one step: at no time is there
+/// nothing at either path. Gives 0, or the errno of what went wrong; see isExchangeUnknown().
 int exchangeItems(const FilePath &one, const FilePath &other);
 
-/// Whether an \a error of exchangeItems tells that the system or the file system cannot do that at all.
+/// Whether an \a error of exchangeItems means that the system or the file system cannot do that at all.
 bool isExchangeUnknown(int error);
 
 /// What a placement does to the disk, step by step, so that a test can make each step fail. Each gives 0, or the errno
@@ -40,10 +40,10 @@ PlacementSteps livePlacementSteps();
 /// permissions, links and times. Gives nothing, or the system's own words for what went wrong.
 ///
 /// It is replaced once the copy is whole, so there must be room for both. Whatever fails, and whenever the program is
-/// killed, the old one or the new one stands there, whole; only where the file system cannot let two items change
-/// places at one moment may there be nothing for a moment, and if the old one cannot come back then, the words tell
-/// where it lies. What an earlier placement left hidden beside the destination is removed once the new copy stands.
-/// Should the old one fail to go, that is told, and what is left of it stays hidden.
+/// killed, the old one or the new one is there, whole. Only where the file system cannot exchange two items in one step
+/// may there be nothing for a moment; if the old one cannot come back then, the words tell where it lies. What an
+/// earlier placement left hidden beside the destination is removed once the new copy is in place. If the old one cannot
+/// be removed, that is told, and what is left of it stays hidden.
 ///
 /// The source is never changed: a destination that is the source, lies in it or holds it is left alone, and so is one
 /// that holds a mounted volume. Blocks while it copies.

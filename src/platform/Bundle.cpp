@@ -44,7 +44,7 @@ std::optional<QByteArray> identifierIn(const QHash<QString, QString> &info)
 
 QHash<QString, QString> readInfoPlist(const FilePath &file)
 {
-    const Descriptor descriptor(open(file.constData(), O_RDONLY | O_CLOEXEC)); // The name need not be a text.
+    const Descriptor descriptor(open(file.constData(), O_RDONLY | O_CLOEXEC)); // The name may not be valid text.
     QFile device;
     if (!descriptor.isValid() || !device.open(descriptor.get(), QIODevice::ReadOnly))
         return {};

@@ -9,7 +9,8 @@
 
 namespace tidlo {
 
-/// By which systems know the application: its bundle, its desktop entry, its preferences and its cache are named so.
+/// The application's reverse-DNS identifier: its bundle, its desktop entry, its preferences and its cache are named by
+/// it.
 inline constexpr const char *applicationIdentifier = "com.tidlo.storagecleaner";
 
 /// The texts that a bundle says about itself, by their keys: what stands in the property list at \a file, an XML file.
@@ -25,7 +26,7 @@ struct Bundle
     std::optional<QByteArray> identifier; ///< Absent when the bundle names none.
 
     /// Whether it is a folder of that kind with its executable in the place for it. A program that merely lies
-    /// somewhere below such a folder is none of it.
+    /// somewhere below such a folder does not count.
     bool isApplication() const;
 
     /// Whether it is such a folder and this application's own: it names our identifier, or none.

@@ -17,7 +17,7 @@ public:
     /// The last path component.
     virtual QByteArrayView name() const = 0;
 
-    /// The kind alone is known of a folder; of anything else, also the rest where the enumeration asks for it.
+    /// For a folder, the kind alone; for anything else, all of them if the enumeration asks for them.
     virtual const FileAttributes &attributes() const = 0;
 
     /// Whether an entry \a sibling exists in the same folder. A link counts when what it leads to exists.
@@ -52,8 +52,8 @@ struct DeepEnumeration
     /// Called for each entry, from several threads at once and in no fixed order: it must keep nothing.
     std::function<Visit(const EnumeratedEntry &)> visit;
 
-    /// Whether an item that the visitor collects is to be listed without being measured, told by its path. As visit; it
-    /// may be missing.
+    /// Decides by its path whether an item that the visitor collects is listed without being measured. Called as visit
+    /// is; may be empty.
     std::function<bool(const FilePath &path)> leavesOut{};
 
     WalkNotes *notes = nullptr; ///< What else is told; it may be missing.

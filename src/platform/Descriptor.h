@@ -10,9 +10,9 @@
 
 namespace tidlo {
 
-/// Makes a \a call of the system, which tells a failure by a negative number and errno, again when a signal interrupted
-/// it; a hundred times at most, since a broken file system may say so for ever. Not meant for close(), which closes
-/// even so.
+/// Makes a system \a call that reports a failure by a negative number and errno, and repeats it when a signal
+/// interrupted it: a hundred times at most, since a broken file system may report that for ever. Not meant for close(),
+/// which closes even when it is interrupted.
 template <typename Call>
 auto uninterrupted(Call call)
 {
@@ -22,12 +22,12 @@ auto uninterrupted(Call call)
     return result;
 }
 
-/// Owns one file descriptor and closes it, or none.
+/// Owns one file descriptor, or none, and closes it.
 class Descriptor final
 {
 public:
     Descriptor() = default;
-    /// Takes what a call of the system gave: a descriptor, or -1, and errno why.
+    /// Takes the result of a system call: a descriptor, or -1 with the reason in errno.
     explicit Descriptor(int descriptor)
         : number(descriptor)
         , failure(descriptor < 0 ? errno : 0)
@@ -48,7 +48,7 @@ public:
             ::close(number);
     }
 
-    /// None, for the reason \a error.
+    /// Owns none, for the reason \a error.
     static Descriptor failed(int error)
     {
         Descriptor none;
@@ -58,7 +58,7 @@ public:
 
     int get() const { return number; }
     bool isValid() const { return number >= 0; }
-    int error() const { return failure; } ///< The errno of why it owns none, where one was told; else 0.
+    int error() const { return failure; } ///< Why it owns none, as an errno; 0 if there is no reason.
 
 private:
     int number = -1;

@@ -29,12 +29,12 @@ struct FileAttributes
     std::optional<FileTime> modified{};    ///< Content modification.
 };
 
-// What a damaged disk may tell ends where a figure does.
+// A damaged disk may report any figure, so both stop at the largest and smallest that there are.
 
-/// The moment so long after the beginning of 1970, or the last one before or after it that there is.
+/// The moment so long after the beginning of 1970, or the nearest one that FileTime can hold.
 FileTime fileTime(qint64 seconds, qint64 nanoseconds);
 
-/// The bytes of so many blocks of 512, in which systems count whatever the file system's own size of a block is.
+/// The bytes of so many blocks of 512, the unit in which systems count, whatever the file system's own block size is.
 qint64 bytesOnDisk(quint64 blocks);
 
 /// One entry of a folder's listing.

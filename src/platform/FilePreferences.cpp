@@ -60,8 +60,8 @@ public:
 private:
     QString folder() const { return QFileInfo(stored.fileName()).absolutePath(); }
 
-    /// Reads the file anew. Whether it tells what is under \a key, or that nothing is. A damaged file may hold a key
-    /// that nothing is read from.
+    /// Reads the file again. Returns whether it tells what is under \a key, or that nothing is. A damaged file may hold
+    /// a key that nothing is read from.
     bool isReadable(QLatin1StringView key)
     {
         stored.sync();
@@ -71,7 +71,7 @@ private:
         return file.open(QIODevice::ReadOnly) && (stored.contains(key) || !file.readAll().contains(key.data()));
     }
 
-    /// Replaces what is stored by itself with \a changes.
+    /// Replaces what is stored by the same with \a changes.
     bool store(const QVariantMap &changes)
     {
         QVariantMap values;

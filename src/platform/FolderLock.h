@@ -11,20 +11,20 @@
 
 namespace tidlo {
 
-/// Held, no other program that asks for it changes what it guards in the same folder. It is let go by the system, too,
-/// where the program is killed.
+/// A lock on a folder. While it is held, no other program that asks for it changes what it guards there. If the program
+/// is killed, the system releases it.
 class FolderLock final
 {
 public:
     explicit FolderLock(const FilePath &folder)
         : descriptor(::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
     {
-        constexpr int tries = 100; // For a second: who holds it longer is stopped, or broken.
+        constexpr int tries = 100; // One second: who holds it longer is stopped or broken.
         for (int left = tries; left > 0 && !isFree(); --left)
             std::this_thread::sleep_for(std::chrono::milliseconds(10));
     }
 
-    /// Whether it was had in time. True where the system has none of the kind.
+    /// Whether it was taken in time. True where the system has no such lock.
     bool isHeld() const { return !isMissed; }
 
 private:

@@ -9,7 +9,8 @@
 namespace tidlo {
 
 /// The home folder of the current user: $HOME where that is absolute, or what the user database says, or "/". Without
-/// slashes at its end. The database is asked by each call that needs it, so that who needs the answer often keeps it.
+/// slashes at its end. Each call that needs the database asks it, so a caller that needs the answer often should keep
+/// it.
 FilePath homeFolder();
 
 /// Makes homeFolder() the $HOME of this process, so that libraries and programs that it starts agree with it. Gives the

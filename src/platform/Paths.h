@@ -22,9 +22,9 @@ bool isHiddenName(QByteArrayView name);
 bool isPackageName(QByteArrayView name);
 
 /// Whether the item at \a path is the one at \a container or lies beneath it, whatever links and spellings lead there:
-/// told by where things are, not by their names. A link at the end of a path is followed. A folder of the container
-/// that is mounted a second time lies where it is reached. False if there is no container; true, so that nothing is
-/// done that it would forbid, wherever else the system does not tell.
+/// decided by where things are, not by their names. A link at the end of a path is followed. A folder of the container
+/// that is mounted a second time lies where it is reached. False if there is no container. True wherever else the
+/// system does not tell, so that nothing is done that should be forbidden.
 bool isSameOrWithin(const FilePath &path, const FilePath &container);
 
 } // namespace tidlo

@@ -10,8 +10,8 @@
 
 namespace tidlo {
 
-/// Tells where things truly are: a path with the links in front of its last name resolved, and that name as it is. Two
-/// paths that lead to one thing so have one place. Remembers the folders it has looked at; one thread at a time.
+/// Tells where things truly are: a path with the links in front of its last name resolved, and that name as it is. So
+/// two paths that lead to one thing have one place. Remembers the folders it has looked at; one thread at a time.
 class PlaceFinder final
 {
 public:

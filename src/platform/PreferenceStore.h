@@ -25,16 +25,16 @@ public:
     /// none. Nothing if the place is there and cannot be read.
     virtual std::optional<QVariant> kept(QLatin1StringView key) = 0;
 
-    /// Keeps what \a changed makes of what is kept under \a key: one step, between which no other program sets anything
-    /// here. False if that could not be read or kept; then nothing has changed.
+    /// Replaces what is kept under \a key by what \a changed makes of it, in one step: no other program can set
+    /// anything here in between. False if that could not be read or kept; then nothing has changed.
     virtual bool change(QLatin1StringView key, const std::function<QVariant(const QVariant &)> &changed) = 0;
 };
 
-/// The place that this system has for those of this user. Needs no application object.
+/// The place where this system keeps the preferences of this user. Needs no application object.
 std::unique_ptr<PreferenceStore> preferencesOfUser();
 
-/// A file for them alone. At every moment it is the old or the new one, whole; one that is missing, empty or damaged
-/// holds nothing.
+/// Preferences in a file of their own. At every moment it is the old or the new one, whole; one that is missing, empty
+/// or damaged holds nothing.
 std::unique_ptr<PreferenceStore> preferencesIn(const QString &file);
 
 } // namespace tidlo

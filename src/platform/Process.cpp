@@ -19,7 +19,7 @@ namespace tidlo {
 
 namespace {
 
-/// As a list of arguments that ends where the system expects it. Points into what it was given.
+/// The list of arguments as the system expects it, with its end marked. Points into what it was given.
 std::vector<char *> listOf(const FilePath &program, const QByteArrayList &arguments)
 {
     std::vector<char *> list{const_cast<char *>(program.constData())};

@@ -18,7 +18,7 @@ FilePath executablePath();
 void standBack();
 
 /// Starts the program at the path \a program in a session of its own, so that it outlives this one, with nothing to
-/// read and nobody to read what it writes; it is not waited for. Gives the system's words for why it could not be
+/// read, and what it writes is thrown away; it is not waited for. Gives the system's words for why it could not be
 /// started, or nothing.
 std::optional<QString> startDetached(const FilePath &program, const QByteArrayList &arguments);
 

@@ -18,7 +18,7 @@ void endNow(int)
     _exit(statusAtLimit);
 }
 
-/// After no time at all, the timer never rings.
+/// A timer that is set to zero never rings.
 void setTimer(std::chrono::milliseconds limit)
 {
     using namespace std::chrono;

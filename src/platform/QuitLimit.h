@@ -5,9 +5,9 @@
 
 namespace tidlo {
 
-/// Bounds the time that the end of the program may take: for a quit that a file system, or a question of the system's
-/// that nobody answers, would hold up. One at a time; it starts no thread. Meanwhile the process must not use SIGALRM
-/// or the real-time interval timer for anything else.
+/// Limits how long the end of the program may take, since a file system, or a question of the system's that nobody
+/// answers, could hold it up. One at a time; it starts no thread. Meanwhile the process must not use SIGALRM or the
+/// real-time interval timer for anything else.
 class QuitLimit final
 {
 public:

@@ -10,7 +10,8 @@
 
 namespace tidlo {
 
-/// Which file or folder of this machine, whatever it is called. Once it is deleted another one may get the numbers.
+/// Identifies a file or folder of this machine, whatever it is called. Once it is deleted, another one may get the same
+/// numbers.
 struct ItemIdentity
 {
     quint64 device = 0;
@@ -24,7 +25,7 @@ struct TrashedItem
     FilePath trash;                         ///< The folder of that Trash.
     FilePath name;                          ///< What the item is called in there.
     FilePath origin;                        ///< Where it was, and goes back to.
-    std::optional<ItemIdentity> identity{}; ///< Known of what this program itself has moved.
+    std::optional<ItemIdentity> identity{}; ///< Known only for what this program itself has moved.
 
     bool operator==(const TrashedItem &) const = default;
 };
@@ -37,7 +38,7 @@ struct TrashOutcome
         gone,         ///< Nothing exists at its path; or in the Trash, under its name.
         refused,      ///< It was left alone on purpose; reason says why.
         failed,       ///< The system did not do it, and nothing has changed; reason says why, error holds the errno.
-        anotherMoved, ///< What took its place meanwhile was moved, with a record; it is where it was put itself.
+        anotherMoved, ///< Something had taken its place and was moved instead, with a record.
     };
 
     Kind kind = Kind::failed;

@@ -14,7 +14,7 @@ std::optional<FilePath> firstUnquotable(const QList<FilePath> &paths, QByteArray
 
 UninstallScript uninstallScriptForMacOS(const FilePath &application, const QByteArray &identifier)
 {
-    // The path stands between double quotes, once more inside single ones.
+    // The path is inside double quotes, and those are inside single ones.
     if (const auto path = firstUnquotable({application}, "\"$`\\'"))
         return {.text = {}, .unquotable = path};
     return {.text = "#!/usr/bin/env bash\n"

@@ -12,7 +12,7 @@ namespace tidlo {
 struct UninstallScript
 {
     QByteArray text;
-    std::optional<FilePath> unquotable{}; ///< Holds a character that the shell reads as its own; then there is no text.
+    std::optional<FilePath> unquotable{}; ///< A path that the shell would not read as it is; then there is no text.
 };
 
 /// The script that uninstalls the application on this system: waits for it to end, moves the bundle at \a application
@@ -23,10 +23,10 @@ UninstallScript uninstallScript(const FilePath &application, const QByteArray &i
 /// The one for macOS, wherever it is asked for.
 UninstallScript uninstallScriptForMacOS(const FilePath &application, const QByteArray &identifier);
 
-/// What a shell reads as its own between double quotes.
+/// The characters that have a meaning for a shell between double quotes.
 inline constexpr QByteArrayView readByShell("\"$`\\");
 
-/// The first of \a paths that holds one of \a characters and so does not mean itself where it is quoted.
+/// The first of \a paths that holds one of \a characters and so cannot be quoted.
 std::optional<FilePath> firstUnquotable(const QList<FilePath> &paths, QByteArrayView characters = readByShell);
 
 } // namespace tidlo

@@ -6,7 +6,7 @@ namespace {
 
 constexpr qsizetype longestList = 1'000'000; ///< Characters; a longer one is neither kept nor read.
 
-/// A list is a text: its paths, percent-encoded, with spaces between. Nothing if it is none that was written here.
+/// A list is a text: its paths, percent-encoded, with spaces between. Nothing if the text is no such list.
 std::optional<QList<FilePath>> pathsFrom(const QVariant &kept)
 {
     if (!kept.isValid())

@@ -41,7 +41,7 @@ public:
     bool addPath(QLatin1StringView key, const FilePath &path);
     bool removePath(QLatin1StringView key, const FilePath &path);
 
-    /// Stores at once, and tells whether or not the value is another. An invalid one leaves nothing stored.
+    /// Stores at once, and signals the change even if the value is the same. An invalid one leaves nothing stored.
     void set(QLatin1StringView key, const QVariant &value);
 
 Q_SIGNALS:

@@ -7,8 +7,8 @@
 
 namespace tidlo {
 
-/// The capacity of the volume that holds \a path, and what of it is available to the user for things that matter, space
-/// that the system would clear for them included where it tells. Nothing if the request fails.
+/// The capacity of the volume that holds \a path, and what of it is available to the user for things that matter,
+/// including space that the system would clear for them, where it tells that. Nothing if the request fails.
 std::optional<VolumeCapacity> volumeCapacityOf(const FilePath &path);
 
 /// The same two figures as the file system itself tells them.

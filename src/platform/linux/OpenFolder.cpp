@@ -21,8 +21,8 @@ FilePath firstStretch(const FilePath &path)
     return path.size() < PATH_MAX ? path : path.left(path.lastIndexOf('/', PATH_MAX - 1));
 }
 
-/// The kernel's own word for where a descriptor is. It is believed only if the folder is found there again: the word
-/// for one that was removed is a path that was never there.
+/// The path that the kernel tells for a descriptor. It is believed only if the folder is found there again: for a
+/// removed folder the kernel tells a path that never existed.
 OrError<FilePath> truePath(const SystemCalls &calls, int folder)
 {
     FilePath path(PATH_MAX, '\0');
@@ -37,7 +37,7 @@ OrError<FilePath> truePath(const SystemCalls &calls, int folder)
     return *there == Identity::same ? OrError(path) : Errno{ESTALE};
 }
 
-/// After a folder was opened, no \a error means that it does not exist.
+/// Once a folder has been opened, it exists: an \a error that says otherwise becomes another one.
 int thoughItExists(int error)
 {
     return error == ENOENT || error == ENOTDIR ? ESTALE : error;

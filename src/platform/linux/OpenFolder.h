@@ -12,7 +12,7 @@
 
 namespace tidlo {
 
-/// What has a name, as compared with something that is held open.
+/// What is found under a name, compared with something that is held open.
 enum class Identity {
     same,
     different, ///< Something else has the name.
@@ -47,7 +47,7 @@ struct PlannedFolder
     OpenFolder nearest;      ///< Itself, or the nearest folder above it that exists.
     QList<FilePath> missing; ///< The names from there on, outermost first.
 
-    /// Where it is or will be, as truly as it is known.
+    /// Where it is or will be, as far as that is known.
     FilePath path() const;
 };
 

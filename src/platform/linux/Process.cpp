@@ -12,7 +12,7 @@ namespace {
 
 bool stepBack()
 {
-    // Half of the way to the least: a tenth of the share that others have who want a processor at the same time.
+    // Half of the way to the lowest priority: a tenth of the share of others that want a processor at the same time.
     constexpr int steps = 10;
     constexpr int most = 19;
     const auto thread = static_cast<id_t>(gettid()); // On Linux niceness is of one thread.

@@ -45,7 +45,7 @@ std::optional<TrashOutcome> openOwn(const SystemCalls &calls, int parent, const 
     return problemOf(calls, opened);
 }
 
-/// Whether a folder of this name at the top of a mount is a Trash, whoever's it is.
+/// Whether a folder of this name at the top of a mount is a Trash, whoever owns it.
 bool isTrashName(const FilePath &name)
 {
     const QByteArrayView prefix(".Trash-");
@@ -53,7 +53,7 @@ bool isTrashName(const FilePath &name)
                                 std::ranges::all_of(name.mid(prefix.size()), isdigit));
 }
 
-constexpr qsizetype longestExtension = 32; ///< Longer ones are no kind of file, they are just a dot in a name.
+constexpr qsizetype longestExtension = 32; ///< A longer one tells no kind of file: it is just a dot in a name.
 
 /// Where the extension begins, dot included: at the end when there is none.
 qsizetype extensionStart(const FilePath &name)

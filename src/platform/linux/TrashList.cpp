@@ -13,7 +13,7 @@ namespace tidlo {
 
 namespace {
 
-/// More, all paths together, no person has; a strange disk may.
+/// For all paths together. No person's Trash has more, but a strange disk may.
 constexpr qint64 mostBytesOfPaths = 64 << 20;
 
 /// The local time that a record tells.

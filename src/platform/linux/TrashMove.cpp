@@ -99,7 +99,7 @@ bool TrashMove::hasArrived(const FilePath &name) const
 TrashOutcome TrashMove::checked(const FilePath &name) const
 {
     const OrError<Identity> arrived = identityAt(calls, item.held(), trash.files(), name.constData());
-    if (arrived && *arrived != Identity::different) // Who took it out again knows where it is.
+    if (arrived && *arrived != Identity::different) // If it was taken out again, whoever did so knows where it is.
         return movedAs(name);
     const bool isBack =
         calls.renameat2(trash.files(), name.constData(), item.folder(), item.name().constData(), RENAME_NOREPLACE) == 0;

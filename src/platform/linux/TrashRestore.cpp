@@ -97,7 +97,7 @@ TrashOutcome TrashRestore::moveTo(const NameInFolder &place, const TrashedItem &
 TrashOutcome TrashRestore::checked(const NameInFolder &place, const TrashedItem &item, const Held &held) const
 {
     const OrError<Identity> arrived = find(held, place);
-    if (arrived && *arrived != Identity::different) // Who took it away again knows where it is.
+    if (arrived && *arrived != Identity::different) // If it was taken away again, whoever did so knows where it is.
         return TrashOutcome{.kind = TrashOutcome::Kind::moved};
     const NameInFolder trashed = inTrash(item);
     const bool isBack = calls.renameat2(place.folder, place.name.constData(), trashed.folder, trashed.name.constData(),

@@ -17,8 +17,8 @@ struct UserTrash
     FilePath home;         ///< In the Trash of the home: the home as it was given. Else empty.
     FilePath homeItself{}; ///< The same without links.
 
-    /// Where the item was whose record tells the \a recorded path: absolute, without those links that lead to the home.
-    /// Nothing where a record of this Trash must not tell such a path: the Trash of a mount knows relative ones alone.
+    /// Where an item was if its record tells the path \a recorded: absolute, without the links that lead to the home.
+    /// Nothing if a record of this Trash must not tell such a path: in the Trash of a mount it must be relative.
     std::optional<FilePath> originOf(const FilePath &recorded) const;
 };
 
@@ -35,8 +35,8 @@ struct UserTrashes
     QList<UnusableTrash> unusable;
 };
 
-/// Opens those Trashes of the user whose path \a isWanted, and touches no mount where none can be. Nothing is made.
-/// Through how many mounts a Trash may be seen, it is one.
+/// Opens those Trashes of the user for whose path \a isWanted is true. Makes nothing, and touches no mount that cannot
+/// hold one. A Trash that is seen through several mounts counts once.
 OrError<UserTrashes> openTrashes(const SystemCalls &calls, const FilePath &home, const FilePath &dataHome,
                                  const std::function<bool(const FilePath &path)> &isWanted);
 

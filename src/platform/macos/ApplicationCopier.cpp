@@ -13,8 +13,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Takes the mark off what was just copied that says it was fetched from elsewhere: whoever placed the application has
-/// been asked about the original. A mark that stays has the system ask once more.
+/// Removes from the copy the mark that says it was downloaded: the person has already been asked about the original. If
+/// a mark stays, the system asks once more.
 void releaseFromQuarantine(const FilePath &copy)
 {
     const auto release = [](const fs::path &item) {

@@ -35,8 +35,8 @@ std::optional<VolumeCapacity> volumeCapacityOf(const FilePath &path)
     }
 }
 
-// The machines that this runs on have shipped with solid state disks alone for years, and what an external disk is
-// takes a walk through the device tree to find out.
+// The machines that this runs on have had only solid-state disks for years, and to find out about an external disk
+// takes a walk through the device tree.
 bool anyDiskRotates(const QList<FilePath> &)
 {
     return false;

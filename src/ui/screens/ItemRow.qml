@@ -81,8 +81,8 @@ Rectangle {
                 Accessible.ignored: true
             }
         }
-        // Made for the row that is pointed at, or is current, alone: all the others appear the sooner. Made anew where
-        // the row comes to show another item, so that no press that began on one acts on the other.
+        // Made only for the row under the pointer and the current row, so that all others appear sooner. Made anew
+        // where the row comes to show another item, so that no press that began on one acts on the other.
         Repeater {
             model: hover.hovered || root.current ? [root.pathText] : []
 

@@ -106,7 +106,7 @@ FocusScope {
                 activeFocusOnTab: true
                 keyNavigationEnabled: true
                 reuseItems: true
-                cacheBuffer: 0 // Rows made ahead are looked for even after a search has left fewer.
+                cacheBuffer: 0 // Rows made ahead would be asked for even after a search has left fewer.
                 boundsBehavior: Flickable.StopAtBounds
                 T.ScrollBar.vertical: OverlayScrollBar {}
 

@@ -10,7 +10,7 @@ Item {
 
     required property ShownReport report
     required property StayedItems items
-    /// Of the window's corners.
+    /// The radius of the window's corners.
     property double cornerRadius: 0
 
     function showMenu(x: double, y: double, byKeys: bool) {

@@ -9,7 +9,7 @@ Item {
 
     required property Findings findings
     required property FoundItems items
-    /// Of the window's corners.
+    /// The radius of the window's corners.
     property double cornerRadius: 0
 
     HeaderRow {

@@ -8,7 +8,7 @@ Item {
 
     required property AppViewModel app
     required property KeptPaths keptPaths
-    /// Of the window's corners.
+    /// The radius of the window's corners.
     property double cornerRadius: 0
 
     function showMenu(x: double, y: double, byKeys: bool) {

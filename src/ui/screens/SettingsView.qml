@@ -9,7 +9,7 @@ Item {
     required property AppViewModel app
     required property Preferences preferences
     required property KeptPaths keptPaths
-    /// Of the window's corners.
+    /// The radius of the window's corners.
     property double cornerRadius: 0
     property bool showUninstallConfirmation: false
 

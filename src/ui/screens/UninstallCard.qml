@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Layouts
 import Tidlo.Design
 
-/// The way out.
+/// How to uninstall.
 CardModifier {
     id: root
 

@@ -7,7 +7,7 @@ FocusScope {
     id: root
 
     required property ShownState shown
-    /// Of the window's corners.
+    /// The radius of the window's corners.
     property double cornerRadius: 0
 
     /// From a place that is no stop of the keyboard, such as a screen that has just been shown.

@@ -9,7 +9,7 @@ FocusScope {
     id: root
 
     required property ShownState shown
-    /// Of the window's corners.
+    /// The radius of the window's corners.
     property double cornerRadius: 0
     readonly property alias chrome: chrome
     readonly property alias barHeight: topBar.height

@@ -2,8 +2,8 @@
 
 namespace tidlo {
 
-/// Gives the application the menus that all have on this system, beyond those that Qt gives it, where applications have
-/// any. To be called once, with an application object. Main thread.
+/// Gives the application the menus that all applications have on this system, if they have any, beyond those that Qt
+/// makes. To be called once, with an application object. Main thread.
 void addStandardMenus();
 
 } // namespace tidlo

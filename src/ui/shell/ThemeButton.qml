@@ -1,7 +1,7 @@
 import QtQuick
 import Tidlo.Design
 
-/// Shows the theme; a press takes the next one.
+/// Shows the theme; a press changes to the next one.
 PlainButton {
     id: root
 

@@ -60,7 +60,7 @@ QQuickWindow *TidloApp::window() const
 int runTidlo(int argumentCount, char **arguments)
 {
     settleHome();
-    QuitLimit limit; // Goes after the application, whose end it bounds too.
+    QuitLimit limit; // Destroyed after the application, whose end it limits too.
     QGuiApplication application(argumentCount, arguments);
     QGuiApplication::setApplicationName(QLatin1StringView(applicationIdentifier)); // Names the folder of its cache.
     QGuiApplication::setApplicationDisplayName(QStringLiteral("Tidlo"));

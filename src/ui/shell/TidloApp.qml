@@ -9,7 +9,7 @@ Window {
     id: window
 
     required property ShownState shown
-    /// What the screen has for windows.
+    /// The room that the screen has for windows.
     required property size screenRoom
 
     readonly property size leastContent: Qt.size(1350, 720)
