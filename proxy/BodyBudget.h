@@ -11,7 +11,7 @@ class BodyBudget final
 {
 public:
     /// A body of so many bytes always passes: most questions do even while somebody tries to use up all the rest.
-    static constexpr size_t alwaysPasses = 8 * 1024;
+    static constexpr size_t alwaysPasses = size_t{8} * 1024;
 
     explicit BodyBudget(size_t most)
         : most(most)

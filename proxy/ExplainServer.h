@@ -8,9 +8,9 @@ namespace tidlo::proxy {
 class ExplainServer final
 {
 public:
-    /// Accepts what \a acceptor listens for as soon as its loop runs, and must live as long as that does. Without \a
+    /// Accepts what \a listening listens for as soon as its loop runs, and must live as long as that does. Without \a
     /// tls it speaks plain HTTP.
-    ExplainServer(tcp::acceptor acceptor, std::shared_ptr<SSL_CTX> tls, Explain explain, const Limits &limits = {});
+    ExplainServer(tcp::acceptor listening, std::shared_ptr<SSL_CTX> tls, Explain explain, const Limits &limits = {});
 
     /// Accepts no new connections but those that wait already, lets these ask, and has what is under way answered. On
     /// the loop's thread.

@@ -33,13 +33,13 @@ Places::Place Places::take(const ip::address &address)
         return nullptr;
     ++count;
     ++taken;
-    return {this, [who = counted(address)](Places *places) { places->leave(who); }};
+    return {this, [network = counted(address)](Places *places) { places->leave(network); }};
 }
 
-void Places::leave(const ip::address &who)
+void Places::leave(const ip::address &network)
 {
     --taken;
-    const auto count = ofAddress.find(who);
+    const auto count = ofAddress.find(network);
     if (--count->second == 0)
         ofAddress.erase(count);
     left();

@@ -26,7 +26,7 @@ public:
     bool isEmpty() const { return taken == 0; }
 
 private:
-    void leave(const boost::asio::ip::address &counted);
+    void leave(const boost::asio::ip::address &network);
 
     const size_t most;
     const size_t mostOfAddress;

@@ -8,6 +8,7 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <exception>
 #include <sstream>
 
 #include <boost/asio/signal_set.hpp>
@@ -128,13 +129,18 @@ int run(const Settings &settings)
 int main(int argc, char *argv[])
 {
     using namespace tidlo::proxy;
-    QStringList arguments;
-    for (int i = 1; i < argc; ++i)
-        arguments.append(QString::fromLocal8Bit(argv[i]));
-    const auto settings = settingsFrom(arguments, QProcessEnvironment::systemEnvironment());
-    if (const auto *ending = std::get_if<Ending>(&settings)) {
-        std::fputs(qUtf8Printable(ending->text), ending->status == 0 ? stdout : stderr);
-        return ending->status;
+    try {
+        QStringList arguments;
+        for (int i = 1; i < argc; ++i)
+            arguments.append(QString::fromLocal8Bit(argv[i]));
+        const auto settings = settingsFrom(arguments, QProcessEnvironment::systemEnvironment());
+        if (const auto *ending = std::get_if<Ending>(&settings)) {
+            std::fputs(qUtf8Printable(ending->text), ending->status == 0 ? stdout : stderr);
+            return ending->status;
+        }
+        return run(std::get<Settings>(settings));
+    } catch (const std::exception &error) { // The system has no memory, thread or descriptor left to begin with.
+        std::fprintf(stderr, "tidlo-proxy: %s\n", error.what());
+        return 1;
     }
-    return run(std::get<Settings>(settings));
 }
