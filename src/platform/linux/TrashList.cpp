@@ -65,7 +65,7 @@ void TrashList::readRecord(const UserTrash &trash, const FilePath &recordName)
     struct statx status;
     if (name.isEmpty() || calls.statx(trash.folder.files(), name.constData(), AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT,
                                       STATX_TYPE, &status) != 0)
-        return; // A record of nothing.
+        return; // A record without an item.
     const OrError<TrashRecord> record = readTrashRecord(calls, trash.folder.info(), recordName);
     const std::optional<FilePath> origin = record ? trash.originOf(record->path) : std::nullopt;
     if (!origin || bytesOfPaths + origin->size() > mostBytesOfPaths) {

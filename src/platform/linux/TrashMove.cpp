@@ -82,7 +82,7 @@ int TrashMove::writeRecord(const FilePath &recordName, const QByteArray &record)
 
 void TrashMove::removeRecord(const FilePath &recordName) const
 {
-    calls.unlinkat(trash.info(), recordName.constData(), 0); // One that stays is a record of nothing and does no harm.
+    calls.unlinkat(trash.info(), recordName.constData(), 0); // A record that stays without an item does no harm.
 }
 
 bool TrashMove::hasLeft() const

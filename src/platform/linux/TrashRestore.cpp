@@ -126,7 +126,7 @@ void TrashRestore::removeRecord(const FilePath &name, const ItemIdentity &record
     const int info = trash.folder.info();
     if (calls.statx(info, name.constData(), AT_SYMLINK_NOFOLLOW, STATX_INO, &status) == 0 &&
         identityIn(status) == record)
-        calls.unlinkat(info, name.constData(), 0); // One that stays is a record of nothing and does no harm.
+        calls.unlinkat(info, name.constData(), 0); // A record that stays without an item does no harm.
 }
 
 } // namespace tidlo
