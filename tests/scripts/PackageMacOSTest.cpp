@@ -29,7 +29,7 @@ protected:
             program(FilePath("bin/") + tool, FilePath("echo ") + tool + " \"$@\"");
         const FilePath contents = "build/release/Tidlo.app/Contents/";
         for (const char *file : {"Frameworks/QtCore.framework/QtCore", "Frameworks/libcurl.4.dylib", "MacOS/Tidlo",
-                                 "MacOS/tidlo-cli", "PlugIns/platforms/libqcocoa.dylib"})
+                                 "MacOS/tidlo-cli", "PlugIns/platforms/libqcocoa.so"})
             home.file(contents + file, 1);
     }
 
@@ -46,16 +46,15 @@ protected:
         return file.readAll().replace("build/release/", "").trimmed().split('\n');
     }
 
-    const TemporaryHome home;
-
-private:
-    void program(const FilePath &name, const QByteArray &line)
+    void program(const FilePath &name, const QByteArray &line) const
     {
         const FilePath path = home.file(name, 0);
         QFile file(QFile::decodeName(path));
         EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write("#!/bin/sh\n" + line + '\n') > 0);
         chmod(path.constData(), 0755);
     }
+
+    const TemporaryHome home;
 };
 
 } // namespace
@@ -68,7 +67,7 @@ TEST_F(PackageMacOS, SignsWhatLiesWithinBeforeWhatHoldsIt)
     std::sort(said.begin() + 1, said.begin() + 3); // A folder has no order.
 
     EXPECT_THAT(said, ElementsAre("build release bundle", sign + "Tidlo.app/Contents/Frameworks/libcurl.4.dylib",
-                                  sign + "Tidlo.app/Contents/PlugIns/platforms/libqcocoa.dylib",
+                                  sign + "Tidlo.app/Contents/PlugIns/platforms/libqcocoa.so",
                                   sign + "Tidlo.app/Contents/Frameworks/QtCore.framework",
                                   sign + "Tidlo.app/Contents/MacOS/tidlo-cli",
                                   sign + "--entitlements packaging/Tidlo.entitlements Tidlo.app",
@@ -90,14 +89,14 @@ TEST_F(PackageMacOS, HandsOnOnlyWhatWasNotarised)
 
 TEST_F(PackageMacOS, EndsWhenASignatureFails)
 {
-    home.file("bin/codesign", 0);
-    QFile file(QFile::decodeName(home / "bin/codesign"));
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly) && file.write("#!/bin/sh\nexit 1\n") > 0);
-    file.close();
-    EXPECT_NE(
-        std::system(("PATH='" + home.path() + "/bin':$PATH bash '" + home.path() + "/scripts/package_macos' - profile")
-                        .constData()),
-        0);
+    for (const char *item : {"libcurl.4.dylib", "QtCore.framework", "tidlo-cli", "Tidlo.app"}) {
+        program("bin/codesign", FilePath("case $* in *") + item + ") exit 1;; esac");
+        EXPECT_NE(std::system(("PATH='" + home.path() + "/bin':$PATH bash '" + home.path() +
+                               "/scripts/package_macos' - > '" + home.path() + "/log'")
+                                  .constData()),
+                  0)
+            << item;
+    }
 }
 
 } // namespace tidlo

@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <csignal>
 
 namespace tidlo {
 
@@ -185,22 +186,25 @@ TEST(Run, StopsTheProxyWhenTheProgramFails)
     EXPECT_FALSE(isListening(port));
 }
 
-TEST(Run, StopsEverythingWhenItIsTerminated)
+TEST(Run, StopsEverythingWhenItIsTerminatedOrInterrupted)
 {
-    const int port = freePort();
-    BuiltTree tree(localhost(port));
-    tree.add("build/release/src/ui/shell/tidlo", "trap 'echo closed >> $LOG; kill %1; exit' TERM\n"
-                                                 "tail -f /dev/null & echo open; wait");
-    QProcess process;
-    tree.start(process, {}, display);
-    ASSERT_TRUE(process.waitForReadyRead(patience));
-    ASSERT_EQ(process.readAllStandardOutput(), "open\n");
+    for (const int signal : {SIGTERM, SIGINT}) {
+        const int port = freePort();
+        BuiltTree tree(localhost(port));
+        tree.add("build/release/src/ui/shell/tidlo", "trap 'echo closed >> $LOG; kill %1; exit' TERM\n"
+                                                     "tail -f /dev/null & echo open; wait");
+        QProcess process;
+        process.setChildProcessModifier([] { std::signal(SIGINT, SIG_DFL); }); // Whoever runs the test may ignore it.
+        tree.start(process, {}, display);
+        ASSERT_TRUE(process.waitForReadyRead(patience));
+        ASSERT_EQ(process.readAllStandardOutput(), "open\n");
 
-    process.terminate();
+        ::kill(static_cast<pid_t>(process.processId()), signal);
 
-    ASSERT_TRUE(process.waitForFinished(patience));
-    EXPECT_EQ(tree.log(), "build release tidlo tidlo-proxy\nclosed\n");
-    EXPECT_FALSE(isListening(port));
+        ASSERT_TRUE(process.waitForFinished(patience)) << signal;
+        EXPECT_EQ(tree.log(), "build release tidlo tidlo-proxy\nclosed\n") << signal;
+        EXPECT_FALSE(isListening(port)) << signal;
+    }
 }
 
 TEST(Run, StopsWhatTheWindowStartedToo)
@@ -278,6 +282,7 @@ TEST(Run, FailsWhereTheBuildFails)
 TEST(Run, ChangesNothingInTheHomeFolderButTheCertificate)
 {
     BuiltTree tree(localhost(freePort()));
+    tree.add("scripts/build", "cache=${CCACHE_DIR:-$HOME/.ccache}; mkdir -p \"$cache\"; echo > \"$cache/compiled\"");
 
     EXPECT_EQ(tree.run({}, display), 0);
     EXPECT_EQ(tree.run(), 0);

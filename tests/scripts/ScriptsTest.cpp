@@ -18,6 +18,7 @@
 
 namespace tidlo {
 
+using testing::Each;
 using testing::ElementsAre;
 using testing::EndsWith;
 using testing::HasSubstr;
@@ -63,10 +64,10 @@ public:
         QByteArray known;
         for (const QByteArray &package : installed)
             known += "echo " + package + " installed\n";
-        add("dpkg-query", known + "echo not-wanted deinstall");
+        add("dpkg-query", known + "echo not-cmake installed; echo cmake deinstall");
         add("apt-get", "LOG=" + home.path() + "/log\nif [[ $* == *--print-uris* ]]; then " + knowsOthers +
                            " || exit 100; echo \"'http://a/b' b 5000000 MD5Sum:1\"; echo \"'http://a/c' c 500000 "
-                           "MD5Sum:2\"; else echo apt-get \"$@\" >> $LOG; fi");
+                           "MD5Sum:2\"; else echo $DEBIAN_FRONTEND \"$@\" >> $LOG; fi");
     }
 
     /// Standard input is a terminal where \a typed is typed, unless that is null.
@@ -92,7 +93,15 @@ public:
                 .errors = process.readAllStandardError()};
     }
 
-    /// What was asked of the package manager, a line for each call.
+    /// CMake, which knows two presets and writes down what else is asked of it.
+    void addCMake() const
+    {
+        add("cmake", "case $* in *list-presets*) echo '  \"release\" - Optimised'; echo '  \"asan\" - Sanitizers';; "
+                     "*) echo \"$@\" >> " +
+                         home.path() + "/log; echo configured;; esac");
+    }
+
+    /// What was asked of the package manager, or of CMake, a line for each call.
     std::vector<std::string> requests() const
     {
         QFile log(QFile::decodeName(home / "log"));
@@ -183,6 +192,7 @@ TEST(Bootstrap, InstallsExactlyWhatIsMissingAndSaysWhatAndHowMuch)
                           "bootstrap: all is there.\n");
     EXPECT_THAT(system.requests(),
                 ElementsAre(EndsWith(" update"), EndsWith(" install --yes --no-install-recommends cmake ninja-build")));
+    EXPECT_THAT(system.requests(), Each(StartsWith("noninteractive "))) << "packages ask nothing either";
 }
 
 TEST(Bootstrap, SaysHowMuchAfterTheUpdateWhereAptKnowsNoPackagesBefore)
@@ -284,10 +294,26 @@ TEST(Bootstrap, AnInstallationIsNotBrokenOff)
     EXPECT_THAT(run.errors.toStdString(), EndsWith("bootstrap: all is there.\n"));
 }
 
+TEST(Build, BuildsWhatIsNamedAsThePresetSays)
+{
+    const SmallSystem system;
+    system.addCMake();
+    EXPECT_EQ(system.run("build", {QStringLiteral("asan"), QStringLiteral("one"), QStringLiteral("two")}).status, 0);
+    EXPECT_THAT(system.requests(), ElementsAre("--preset asan", "--build build/asan --target one two"));
+}
+
+TEST(Build, BuildsAllOfTheReleaseUnlessToldOtherwise)
+{
+    const SmallSystem system;
+    system.addCMake();
+    EXPECT_EQ(system.run("build").status, 0);
+    EXPECT_THAT(system.requests(), ElementsAre("--preset release", "--build build/release"));
+}
+
 TEST(Build, APresetThatIsUnknownIsNamedWithThoseThatAreThere)
 {
-    SmallSystem system;
-    system.add("cmake", "echo '  \"release\" - Optimised'; echo '  \"asan\" - Sanitizers'");
+    const SmallSystem system;
+    system.addCMake();
     const ScriptRun run = system.run("build", {QStringLiteral("fast")});
     EXPECT_EQ(run.status, 2);
     EXPECT_EQ(run.errors, "build: there is no preset \"fast\". There are: release, asan\n");
