@@ -15,6 +15,7 @@
 
 namespace tidlo {
 
+using testing::EndsWith;
 using testing::HasSubstr;
 using testing::StartsWith;
 using testing::UnorderedElementsAre;
@@ -128,6 +129,12 @@ private:
     TemporaryHome home;
 };
 
+/// Whoever runs the tests may ignore them, and a shell cannot undo that.
+void heedInterruptions()
+{
+    std::signal(SIGINT, SIG_DFL);
+}
+
 const QStringList display{QStringLiteral("DISPLAY=:1")};
 
 int freePort()
@@ -194,7 +201,7 @@ TEST(Run, StopsEverythingWhenItIsTerminatedOrInterrupted)
         tree.add("build/release/src/ui/shell/tidlo", "trap 'echo closed >> $LOG; kill %1; exit' TERM\n"
                                                      "tail -f /dev/null & echo open; wait");
         QProcess process;
-        process.setChildProcessModifier([] { std::signal(SIGINT, SIG_DFL); }); // Whoever runs the test may ignore it.
+        process.setChildProcessModifier(heedInterruptions);
         tree.start(process, {}, display);
         ASSERT_TRUE(process.waitForReadyRead(patience));
         ASSERT_EQ(process.readAllStandardOutput(), "open\n");
@@ -221,16 +228,17 @@ TEST(Run, StopsWhatTheWindowStartedToo)
     EXPECT_FALSE(tree.isAnythingLeft());
 }
 
-TEST(Run, StopsTheBuildWhenItIsTerminated)
+TEST(Run, StopsTheBuildWhenItIsInterrupted)
 {
     BuiltTree tree("explain.example");
     tree.add("scripts/build", waiting);
     QProcess process;
     process.setReadChannel(QProcess::StandardError);
+    process.setChildProcessModifier(heedInterruptions);
     tree.start(process, {}, display);
     ASSERT_TRUE(process.waitForReadyRead(patience));
 
-    process.terminate();
+    ::kill(static_cast<pid_t>(process.processId()), SIGINT);
 
     ASSERT_TRUE(process.waitForFinished(patience));
     EXPECT_EQ(tree.log(), "") << "no window opens";
@@ -321,6 +329,20 @@ TEST(Run, StartsNoProxyWhereOneAnswers)
 
     EXPECT_EQ(tree.errors, "");
     EXPECT_FALSE(tree.hasCertificate());
+}
+
+TEST(Run, TrustsTheProxyThatAnotherRunHasStarted)
+{
+    const int port = freePort();
+    BuiltTree tree(localhost(port));
+    ASSERT_EQ(tree.run({}, display), 0);
+    QTcpServer other;
+    ASSERT_TRUE(other.listen(QHostAddress::LocalHost, static_cast<quint16>(port)));
+
+    EXPECT_EQ(tree.run({}, display), 0);
+
+    EXPECT_EQ(tree.errors, "");
+    EXPECT_THAT(tree.log(), EndsWith("window trusts 1\nbuild release tidlo tidlo-proxy\nwindow trusts 1\n"));
 }
 
 TEST(Run, StartsNoProxyForAProgramThatAsksAnother)
