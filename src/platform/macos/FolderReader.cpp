@@ -162,7 +162,7 @@ std::optional<EntryStatus> statusOf(int folder, const char *name, StatusDetail)
         .mount = static_cast<quint64>(status.st_dev),
         .device = static_cast<quint64>(status.st_dev),
         .inode = status.st_ino,
-        .links = status.st_nlink};
+        .links = static_cast<quint32>(status.st_nlink)};
 }
 
 std::optional<FolderIdentity> identityOf(int folder)
