@@ -118,6 +118,7 @@ Item {
     Loader {
         id: dialog
 
+        objectName: "placeDialog"
         active: false
         source: "PlaceDialog.qml"
 

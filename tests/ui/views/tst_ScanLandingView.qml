@@ -234,7 +234,14 @@ ViewCase {
         data.ask();
         tryVerify(() => item("landingMenu").opened);
         compare(item("alsoLookIn").text, "Also look in…");
+        verify(!item("placeDialog").item);
+        mouseClick(item("alsoLookIn"));
+        tryVerify(() => item("placeDialog").item);
+        item("placeDialog").item.chosen(demo.folderNamed("code"));
+        item("placeDialog").item.done();
+        tryVerify(() => item("placeAlert").opened);
+        verify(!item("placeDialog").item);
         keyClick(Qt.Key_Escape);
-        tryVerify(() => !item("landingMenu").visible);
+        tryVerify(() => !item("placeAlert").visible);
     }
 }
