@@ -61,7 +61,7 @@ QColor mix(const SchemeColor &color, double darkness)
 }
 
 /// The platform tells its scheme by the colours that it gives to text and to what lies behind it.
-ColorScheme schemeOfSystem()
+ColorScheme schemeOfPlatform()
 {
     const QPalette palette = QGuiApplication::palette();
     const bool isDark = palette.color(QPalette::Window).lightnessF() < palette.color(QPalette::WindowText).lightnessF();
@@ -72,7 +72,7 @@ ColorScheme schemeOfSystem()
 
 TidloTheme::TidloTheme(QObject *parent)
     : QObject(parent)
-    , systemScheme(schemeOfSystem())
+    , platformScheme(schemeOfPlatform())
 {
     const SpringMotion motion = Motion::theme();
     change.setDuration(motion.duration);
@@ -86,7 +86,7 @@ TidloTheme::TidloTheme(QObject *parent)
 
 void TidloTheme::setPreference(const QString &preference)
 {
-    const ColorScheme before = effectiveColorScheme(storedPreference, systemScheme);
+    const ColorScheme before = scheme();
     const bool isFirst = !std::exchange(isChosen, true);
     if (preference == storedPreference)
         return;
@@ -94,26 +94,41 @@ void TidloTheme::setPreference(const QString &preference)
     Q_EMIT preferenceChanged();
     changeScheme(before);
     if (isFirst)
-        change.setCurrentTime(change.duration());
+        finishChange();
+}
+
+void TidloTheme::setDesktopScheme(std::optional<ColorScheme> told)
+{
+    const ColorScheme before = scheme();
+    const bool isFirst = !std::exchange(isTold, true);
+    desktopScheme = told;
+    changeScheme(before);
+    if (isFirst)
+        finishChange();
 }
 
 bool TidloTheme::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == qGuiApp && event->type() == QEvent::ApplicationPaletteChange)
-        followSystem();
+        followPlatform();
     return QObject::eventFilter(watched, event);
 }
 
-void TidloTheme::followSystem()
+ColorScheme TidloTheme::scheme() const
 {
-    const ColorScheme before = effectiveColorScheme(storedPreference, systemScheme);
-    systemScheme = schemeOfSystem();
+    return effectiveColorScheme(storedPreference, desktopScheme.value_or(platformScheme));
+}
+
+void TidloTheme::followPlatform()
+{
+    const ColorScheme before = scheme();
+    platformScheme = schemeOfPlatform();
     changeScheme(before);
 }
 
 void TidloTheme::changeScheme(ColorScheme before)
 {
-    if (effectiveColorScheme(storedPreference, systemScheme) == before)
+    if (scheme() == before)
         return;
     Q_EMIT schemeChanged();
     change.stop();

@@ -7,6 +7,8 @@
 #include <QVariantAnimation>
 #include <QtQml/qqmlregistration.h>
 
+#include <optional>
+
 namespace tidlo {
 
 /// The colours of the interface, and the theme that chooses them. All are sRGB. Main thread.
@@ -71,7 +73,7 @@ public:
     QString label() const { return themeLabel(storedPreference); }
     QString symbol() const { return themeSymbol(storedPreference); }
     QString nextPreference() const { return themeAfter(storedPreference); }
-    bool isDark() const { return effectiveColorScheme(storedPreference, systemScheme) == ColorScheme::dark; }
+    bool isDark() const { return scheme() == ColorScheme::dark; }
     double darkness() const { return currentDarkness; }
 
     static QColor blue();
@@ -107,6 +109,10 @@ public:
     /// \a dark and \a light, mixed as the schemes are at \a darkness, which is passed so that a binding follows it.
     Q_INVOKABLE static double mixed(double darkness, double dark, double light);
 
+    /// Which scheme the desktop wishes, if it tells; else the platform does, by its colours. What is told first is in
+    /// force at once, as the window may be new.
+    void setDesktopScheme(std::optional<ColorScheme> told);
+
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 Q_SIGNALS:
@@ -115,13 +121,17 @@ Q_SIGNALS:
     void colorsChanged();
 
 private:
-    void followSystem();
+    ColorScheme scheme() const;
+    void followPlatform();
     void changeScheme(ColorScheme before);
+    void finishChange() { change.setCurrentTime(change.duration()); }
 
     QString storedPreference = QStringLiteral("dark");
-    ColorScheme systemScheme = ColorScheme::light;
+    std::optional<ColorScheme> desktopScheme;
+    ColorScheme platformScheme = ColorScheme::light;
     double currentDarkness = 1;
     bool isChosen = false; ///< A preference has been set.
+    bool isTold = false;   ///< The desktop has told of its scheme.
     QVariantAnimation change;
 };
 

@@ -3,6 +3,7 @@
 #include "platform/Bundle.h"
 #include "platform/HomeFolder.h"
 #include "platform/QuitLimit.h"
+#include "ui/design/TidloTheme.h"
 #include "ui/design/TidloType.h"
 #include "ui/shell/StandardMenus.h"
 
@@ -17,6 +18,24 @@ void qml_register_types_Tidlo_Screens();
 void qml_register_types_Tidlo_Shell();
 
 namespace tidlo {
+
+namespace {
+
+/// The one that \a engine has of a type of Tidlo.Design.
+template <typename Token>
+Token &tokenOf(QQmlEngine &engine, const char *name)
+{
+    return *engine.singletonInstance<Token *>(qmlTypeId("Tidlo.Design", 1, 0, name));
+}
+
+std::optional<ColorScheme> wishedScheme(const DesktopWishes &wishes)
+{
+    if (!wishes.isDark)
+        return std::nullopt;
+    return *wishes.isDark ? ColorScheme::dark : ColorScheme::light;
+}
+
+} // namespace
 
 void registerQmlModules()
 {
@@ -51,6 +70,11 @@ bool TidloApp::open()
     return true;
 }
 
+void TidloApp::heed(const DesktopWishes &wishes)
+{
+    tokenOf<TidloTheme>(engine, "TidloTheme").setDesktopScheme(wishedScheme(wishes));
+}
+
 QQuickWindow *TidloApp::window() const
 {
     const QList<QObject *> roots = engine.rootObjects();
@@ -71,6 +95,8 @@ int runTidlo(int argumentCount, char **arguments)
     std::weak_ptr<const void> operations;
     {
         TidloApp tidlo;
+        // Before the window is made, so that the answer is there when it is shown.
+        const auto desktop = followDesktop([&tidlo](const DesktopWishes &wishes) { tidlo.heed(wishes); });
         operations = tidlo.model().operations();
         if (tidlo.open())
             status = QGuiApplication::exec();

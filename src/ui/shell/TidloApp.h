@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/AppViewModel.h"
+#include "platform/DesktopSettings.h"
 #include "ui/shell/ShownState.h"
 
 #include <QQmlApplicationEngine>
@@ -25,6 +26,9 @@ public:
 
     /// False if the window could not be made; what was wrong has been written to standard error.
     bool open();
+
+    /// From now on the window looks as the desktop wishes, wherever the person has not chosen otherwise.
+    void heed(const DesktopWishes &wishes);
 
     QQuickWindow *window() const;
     AppViewModel &model() { return *app; }

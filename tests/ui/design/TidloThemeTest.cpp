@@ -255,6 +255,53 @@ TEST_F(TidloThemeTest, TheSystemsSchemeDoesNotMatterToAChosenOne)
     EXPECT_TRUE(theme.isDark());
 }
 
+TEST_F(TidloThemeTest, WhatTheDesktopWishesHoldsWhateverColorsThePlatformGives)
+{
+    setSystem(ColorScheme::light);
+    theme.setPreference(QStringLiteral("system"));
+
+    EXPECT_EQ(times(&TidloTheme::schemeChanged, [this] { theme.setDesktopScheme(ColorScheme::dark); }), 1);
+    EXPECT_TRUE(theme.isDark());
+    EXPECT_EQ(theme.darkness(), 1);
+
+    EXPECT_EQ(times(&TidloTheme::schemeChanged, [] { setSystem(ColorScheme::dark); }), 0);
+    EXPECT_EQ(times(&TidloTheme::schemeChanged, [] { setSystem(ColorScheme::light); }), 0);
+    EXPECT_TRUE(theme.isDark());
+}
+
+TEST_F(TidloThemeTest, WhatTheDesktopWishesLaterIsReachedByAMotion)
+{
+    theme.setPreference(QStringLiteral("system"));
+    theme.setDesktopScheme(ColorScheme::dark);
+
+    theme.setDesktopScheme(ColorScheme::light);
+
+    EXPECT_FALSE(theme.isDark());
+    EXPECT_EQ(theme.darkness(), 1);
+    waitForDarkness(0);
+}
+
+TEST_F(TidloThemeTest, ADesktopThatWishesNothingMoreLeavesItToThePlatform)
+{
+    setSystem(ColorScheme::light);
+    theme.setPreference(QStringLiteral("system"));
+    theme.setDesktopScheme(ColorScheme::dark);
+
+    theme.setDesktopScheme(std::nullopt);
+
+    EXPECT_FALSE(theme.isDark());
+    waitForDarkness(0);
+}
+
+TEST_F(TidloThemeTest, TheDesktopsWishDoesNotMatterToAChosenScheme)
+{
+    theme.setPreference(QStringLiteral("dark"));
+    const auto wish = [this] { theme.setDesktopScheme(ColorScheme::light); };
+    EXPECT_EQ(times(&TidloTheme::schemeChanged, wish), 0);
+    EXPECT_TRUE(theme.isDark());
+    EXPECT_EQ(theme.darkness(), 1);
+}
+
 TEST_F(TidloThemeTest, AThemeThatIsMadeLaterKnowsTheSystemsScheme)
 {
     setSystem(ColorScheme::dark);

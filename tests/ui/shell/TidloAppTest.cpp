@@ -1,8 +1,10 @@
 #include "ui/shell/TidloApp.h"
 
 #include "ui/UiTest.h"
+#include "ui/design/TidloTheme.h"
 #include "ui/shell/WindowChromeConfigurator.h"
 
+#include <QQmlEngine>
 #include <QQuickWindow>
 
 #include <latch>
@@ -44,6 +46,14 @@ protected:
         const bool isFrameless = opened->window()->flags().testFlag(Qt::FramelessWindowHint);
         return isFrameless != WindowChromeConfigurator::isNative() && opened->window()->color() == Qt::transparent;
     }
+
+    template <typename Token>
+    Token &tokenOf(const char *name) const
+    {
+        return *qmlEngine(opened->window())->singletonInstance<Token *>(qmlTypeId("Tidlo.Design", 1, 0, name));
+    }
+
+    TidloTheme &theme() const { return tokenOf<TidloTheme>("TidloTheme"); }
 
     std::unique_ptr<TidloApp> opened;
 };
@@ -140,6 +150,18 @@ TEST_F(TidloAppTest, TheChromeOutlivesFullScreen)
     makePlain();
     opened->window()->showNormal();
     waitUntil([this] { return isAdjusted(); });
+}
+
+TEST_F(TidloAppTest, HeedsTheSchemeThatTheDesktopWishesWhileItIsToldToBeAsTheSystem)
+{
+    environment.defaults->set(UserDefaults::theme, QStringLiteral("system"));
+    for (const bool isDark : {true, false}) {
+        tidlo().heed({.isDark = isDark});
+        EXPECT_EQ(theme().isDark(), isDark);
+    }
+
+    environment.defaults->set(UserDefaults::theme, QStringLiteral("dark"));
+    EXPECT_TRUE(theme().isDark());
 }
 
 TEST_F(TidloAppTest, AFirstRunShowsTheWizardWhereThereIsNoApplicationsFolder)

@@ -70,6 +70,11 @@ class Screen:
         place, size = self.root.translate_coords(window, 0, 0), window.get_geometry()
         return place.x, place.y, size.width, size.height
 
+    def color_at(self, x, y):
+        """Red, green and blue of a pixel of the screen, from 0 to 255."""
+        blue, green, red, *_ = self.root.get_image(x, y, 1, 1, X.ZPixmap, 0xFFFFFF).data
+        return red, green, blue
+
     def ask_manager(self, window, message, *values):
         """Sends the window manager one of the messages that are meant for it."""
         data = (32, [*values, *[0] * (5 - len(values))])

@@ -1,0 +1,115 @@
+#include "platform/linux/SettingsPortal.h"
+
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusVariant>
+
+#include <utility>
+
+namespace tidlo {
+
+namespace {
+
+constexpr QLatin1StringView service("org.freedesktop.portal.Desktop");
+constexpr QLatin1StringView path("/org/freedesktop/portal/desktop");
+constexpr QLatin1StringView interface("org.freedesktop.portal.Settings");
+
+bool isNumber(const QVariant &value, uint number)
+{
+    return value.typeId() == QMetaType::UInt && value.toUInt() == number;
+}
+
+struct Setting
+{
+    QLatin1StringView group;
+    QLatin1StringView key;
+    /// Adds what a value says.
+    void (*add)(const QVariant &value, DesktopWishes &wishes);
+};
+
+constexpr std::array settings{
+    Setting{QLatin1StringView("org.freedesktop.appearance"), QLatin1StringView("color-scheme"),
+            [](const QVariant &value, DesktopWishes &wishes) {
+                if (isNumber(value, 1) || isNumber(value, 2))
+                    wishes.isDark = isNumber(value, 1);
+            }},
+};
+
+/// A value may come in a box within a box.
+QVariant unboxed(QVariant value)
+{
+    while (value.canConvert<QDBusVariant>())
+        value = value.value<QDBusVariant>().variant();
+    return value;
+}
+
+} // namespace
+
+SettingsPortal::SettingsPortal(const QDBusConnection &bus, std::function<void(const DesktopWishes &)> told,
+                               std::chrono::milliseconds patience)
+    : bus(bus)
+    , told(std::move(told))
+    , patience(patience)
+    , presence(service, bus, QDBusServiceWatcher::WatchForOwnerChange)
+{
+    static_assert(settings.size() == settingCount);
+    // Of anybody: to have the bus tell it of the portal alone, Qt would wait for the bus to say who that is.
+    this->bus.connect(QString(), path, interface, QStringLiteral("SettingChanged"), this,
+                      SLOT(takeChange(QDBusMessage)));
+    connect(&presence, &QDBusServiceWatcher::serviceOwnerChanged, this,
+            [this](const QString &, const QString &, const QString &owner) {
+                if (!owner.isEmpty())
+                    ask();
+            });
+    ask();
+}
+
+SettingsPortal::~SettingsPortal() = default;
+
+/// Whom an earlier question went to may be gone; its answer does not matter any more.
+void SettingsPortal::ask()
+{
+    for (size_t i = 0; i < settings.size(); ++i) {
+        QDBusMessage read = QDBusMessage::createMethodCall(service, path, interface, QStringLiteral("Read"));
+        read << QString(settings.at(i).group) << QString(settings.at(i).key);
+        const QDBusPendingCall call = bus.asyncCall(read, static_cast<int>(patience.count()));
+        questions.at(i) = std::make_unique<QDBusPendingCallWatcher>(call);
+        connect(questions.at(i).get(), &QDBusPendingCallWatcher::finished, this, [this, i](auto *question) {
+            const QDBusMessage answer = question->reply();
+            if (!answer.service().isEmpty()) // Else nobody answered in time.
+                portal = answer.service();
+            if (answer.type() == QDBusMessage::ReplyMessage && answer.signature() == QLatin1StringView("v"))
+                take(i, answer.arguments().constFirst());
+        });
+    }
+}
+
+void SettingsPortal::takeChange(const QDBusMessage &message)
+{
+    if (message.service() != portal || message.signature() != QLatin1StringView("ssv"))
+        return;
+    const QVariantList arguments = message.arguments();
+    for (size_t i = 0; i < settings.size(); ++i) {
+        if (arguments.at(0).toString() == settings.at(i).group && arguments.at(1).toString() == settings.at(i).key)
+            take(i, arguments.at(2));
+    }
+}
+
+void SettingsPortal::take(size_t setting, const QVariant &value)
+{
+    values.at(setting) = unboxed(value);
+    DesktopWishes now;
+    for (size_t i = 0; i < settings.size(); ++i)
+        settings.at(i).add(values.at(i), now);
+    if (now == wishes)
+        return;
+    wishes = now;
+    told(wishes);
+}
+
+std::unique_ptr<DesktopSettings> followDesktop(std::function<void(const DesktopWishes &wishes)> told)
+{
+    return std::make_unique<SettingsPortal>(QDBusConnection::sessionBus(), std::move(told));
+}
+
+} // namespace tidlo
