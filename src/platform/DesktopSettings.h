@@ -6,10 +6,12 @@
 
 namespace tidlo {
 
-/// How a person wants programs to look, as they told the desktop.
+/// How a person wants programs to look and move, as they told the desktop.
 struct DesktopWishes
 {
     std::optional<bool> isDark; ///< Dark rather than light; nothing where it does not matter, or was not told.
+
+    bool reducedMotion = false;
 
     bool operator==(const DesktopWishes &) const = default;
 };

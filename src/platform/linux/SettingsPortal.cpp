@@ -19,6 +19,17 @@ bool isNumber(const QVariant &value, uint number)
     return value.typeId() == QMetaType::UInt && value.toUInt() == number;
 }
 
+/// KDE gives its numbers as texts.
+bool isNothing(const QVariant &value)
+{
+    constexpr qsizetype longest = 32;
+    if (value.typeId() == QMetaType::Double)
+        return value.toDouble() <= 0;
+    bool isNumber = false;
+    const QString text = value.typeId() == QMetaType::QString ? value.toString() : QString();
+    return text.size() <= longest && text.toDouble(&isNumber) <= 0 && isNumber;
+}
+
 struct Setting
 {
     QLatin1StringView group;
@@ -27,12 +38,21 @@ struct Setting
     void (*add)(const QVariant &value, DesktopWishes &wishes);
 };
 
+/// Of several that say the same, it is enough if one does.
 constexpr std::array settings{
     Setting{QLatin1StringView("org.freedesktop.appearance"), QLatin1StringView("color-scheme"),
             [](const QVariant &value, DesktopWishes &wishes) {
                 if (isNumber(value, 1) || isNumber(value, 2))
                     wishes.isDark = isNumber(value, 1);
             }},
+    Setting{QLatin1StringView("org.freedesktop.appearance"), QLatin1StringView("reduced-motion"),
+            [](const QVariant &value, DesktopWishes &wishes) { wishes.reducedMotion |= isNumber(value, 1); }},
+    Setting{QLatin1StringView("org.gnome.desktop.interface"), QLatin1StringView("enable-animations"),
+            [](const QVariant &value, DesktopWishes &wishes) {
+                wishes.reducedMotion |= value.typeId() == QMetaType::Bool && !value.toBool();
+            }},
+    Setting{QLatin1StringView("org.kde.kdeglobals.KDE"), QLatin1StringView("AnimationDurationFactor"),
+            [](const QVariant &value, DesktopWishes &wishes) { wishes.reducedMotion |= isNothing(value); }},
 };
 
 /// A value may come in a box within a box.

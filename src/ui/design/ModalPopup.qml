@@ -34,11 +34,17 @@ T.Dialog {
     }
 
     enter: Transition {
-        NumberAnimation { property: "opacity"; from: 0; to: 1; duration: 160; easing.type: Easing.OutCubic }
-        NumberAnimation { property: "scale"; from: 0.96 * Fit.scale; to: Fit.scale; duration: 160; easing.type: Easing.OutCubic }
+        NumberAnimation { property: "opacity"; from: 0; to: 1; duration: Math.min(160, Motion.longestFade); easing.type: Easing.OutCubic }
+        NumberAnimation {
+            property: "scale"
+            from: (Motion.isReduced ? 1 : 0.96) * Fit.scale
+            to: Fit.scale
+            duration: Math.min(160, Motion.longestFade)
+            easing.type: Easing.OutCubic
+        }
     }
     exit: Transition {
-        NumberAnimation { property: "opacity"; to: 0; duration: 120 }
+        NumberAnimation { property: "opacity"; to: 0; duration: Math.min(120, Motion.longestFade) }
     }
 
     background: ContinuousRectangle {

@@ -3,6 +3,7 @@
 #include <QPointF>
 
 #include <cmath>
+#include <limits>
 #include <numbers>
 
 namespace tidlo {
@@ -47,6 +48,7 @@ double timeOfCreeping(const Spring &spring)
 constexpr Spring toggleSpring{.response = 0.24, .dampingFraction = 0.86};
 constexpr Spring gaugeSpring{.response = 0.8, .dampingFraction = 0.82};
 constexpr Spring themeSpring{.response = 0.3, .dampingFraction = 0.8};
+constexpr int shortFade = 100;
 
 /// A curve calls a plain function, so there is one for each spring.
 template <const Spring &spring>
@@ -89,24 +91,37 @@ double Spring::settlingTime() const
     return -std::log(thousandth * swing(*this)) / (dampingFraction * angularFrequency(*this));
 }
 
-SpringMotion Motion::toggle()
+void Motion::setReduced(bool isReduced)
 {
-    return motionOf<toggleSpring>();
+    if (isReduced == reduced)
+        return;
+    reduced = isReduced;
+    Q_EMIT changed();
 }
 
-SpringMotion Motion::gauge()
+SpringMotion Motion::toggle() const
 {
-    return motionOf<gaugeSpring>();
+    return reduced ? SpringMotion() : motionOf<toggleSpring>();
 }
 
-int Motion::gaugeDelay()
+SpringMotion Motion::gauge() const
 {
-    return 80;
+    return reduced ? SpringMotion() : motionOf<gaugeSpring>();
 }
 
-SpringMotion Motion::theme()
+int Motion::gaugeDelay() const
 {
-    return motionOf<themeSpring>();
+    return reduced ? 0 : 80;
+}
+
+SpringMotion Motion::theme() const
+{
+    return reduced ? SpringMotion{.duration = shortFade, .easing = easeInOut()} : motionOf<themeSpring>();
+}
+
+int Motion::longestFade() const
+{
+    return reduced ? shortFade : std::numeric_limits<int>::max();
 }
 
 QEasingCurve Motion::easeInOut()

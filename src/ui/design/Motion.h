@@ -20,7 +20,7 @@ struct Spring
     double settlingTime() const;
 };
 
-/// A spring as an animation of QML takes it.
+/// A spring as an animation of QML takes it, or what stands for it where motion is reduced.
 struct SpringMotion
 {
     Q_GADGET
@@ -33,26 +33,40 @@ public:
     QEasingCurve easing;
 };
 
-/// The motions that several views share. Times are milliseconds.
+/// The motions that several views share. Times are milliseconds. Where motion is reduced nothing swings, what would
+/// move is there at once, and what moves for ever stands still; colours and what appears may fade, shortly. Main
+/// thread.
 class Motion : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
     QML_SINGLETON
-    Q_PROPERTY(tidlo::SpringMotion toggle READ toggle CONSTANT)
-    Q_PROPERTY(tidlo::SpringMotion gauge READ gauge CONSTANT)
-    Q_PROPERTY(tidlo::SpringMotion theme READ theme CONSTANT)
-    Q_PROPERTY(int gaugeDelay READ gaugeDelay CONSTANT)
+    Q_PROPERTY(bool isReduced READ isReduced WRITE setReduced NOTIFY changed)
+    Q_PROPERTY(tidlo::SpringMotion toggle READ toggle NOTIFY changed)
+    Q_PROPERTY(tidlo::SpringMotion gauge READ gauge NOTIFY changed)
+    Q_PROPERTY(tidlo::SpringMotion theme READ theme NOTIFY changed)
+    Q_PROPERTY(int gaugeDelay READ gaugeDelay NOTIFY changed)
+    Q_PROPERTY(int longestFade READ longestFade NOTIFY changed)
     Q_PROPERTY(QEasingCurve easeInOut READ easeInOut CONSTANT)
 
 public:
-    static SpringMotion toggle(); ///< A row is ticked.
-    static SpringMotion gauge();  ///< A ring grows to its value when it appears,
-    static int gaugeDelay();      ///< after this wait.
-    static SpringMotion theme();  ///< The colours change.
+    bool isReduced() const { return reduced; }
+    void setReduced(bool isReduced);
+
+    SpringMotion toggle() const; ///< A row is ticked.
+    SpringMotion gauge() const;  ///< A ring grows to its value when it appears,
+    int gaugeDelay() const;      ///< after this wait.
+    SpringMotion theme() const;  ///< The colours change.
+    int longestFade() const;     ///< What a fade may take at most; without end unless motion is reduced.
 
     /// The platform's curve that begins and ends gently: a cubic Bezier with the control points (0.42, 0), (0.58, 1).
     static QEasingCurve easeInOut();
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    bool reduced = false;
 };
 
 } // namespace tidlo

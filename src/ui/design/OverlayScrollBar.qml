@@ -20,7 +20,7 @@ T.ScrollBar {
         opacity: root.active || root.hovered ? 1 : 0.35
 
         Behavior on opacity {
-            NumberAnimation { duration: 200 }
+            NumberAnimation { duration: Math.min(200, Motion.longestFade) }
         }
     }
 }

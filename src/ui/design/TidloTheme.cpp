@@ -1,7 +1,5 @@
 #include "ui/design/TidloTheme.h"
 
-#include "ui/design/Motion.h"
-
 #include <QEvent>
 #include <QGuiApplication>
 #include <QPalette>
@@ -74,9 +72,7 @@ TidloTheme::TidloTheme(QObject *parent)
     : QObject(parent)
     , platformScheme(schemeOfPlatform())
 {
-    const SpringMotion motion = Motion::theme();
-    change.setDuration(motion.duration);
-    change.setEasingCurve(motion.easing);
+    setMotion(Motion().theme());
     connect(&change, &QVariantAnimation::valueChanged, this, [this](const QVariant &value) {
         currentDarkness = value.toDouble();
         Q_EMIT colorsChanged();
@@ -105,6 +101,12 @@ void TidloTheme::setDesktopScheme(std::optional<ColorScheme> told)
     changeScheme(before);
     if (isFirst)
         finishChange();
+}
+
+void TidloTheme::setMotion(const SpringMotion &motion)
+{
+    change.setDuration(motion.duration);
+    change.setEasingCurve(motion.easing);
 }
 
 bool TidloTheme::eventFilter(QObject *watched, QEvent *event)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ui/design/Motion.h"
 #include "ui/design/ThemePreference.h"
 
 #include <QColor>
@@ -112,6 +113,9 @@ public:
     /// Which scheme the desktop wishes, if it tells; else the platform does, by its colours. What is told first is in
     /// force at once, as the window may be new.
     void setDesktopScheme(std::optional<ColorScheme> told);
+
+    /// How the colours change from now on.
+    void setMotion(const SpringMotion &motion);
 
     bool eventFilter(QObject *watched, QEvent *event) override;
 

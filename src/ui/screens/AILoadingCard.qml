@@ -44,15 +44,21 @@ CardModifier {
                 bottomColor: TidloTheme.blue
             }
             Symbol {
+                id: sparkles
+
+                property double beat: 1
+
                 anchors.centerIn: parent
                 name: "sparkles"
                 size: 11
                 weight: Font.Bold
                 color: TidloTheme.green
                 opacity: 0.7
+                scale: Motion.isReduced ? 1 : sparkles.beat
 
-                SequentialAnimation on scale {
-                    running: root.pulse && root.visible && root.Sight.isSeen
+                SequentialAnimation on beat {
+                    objectName: "pulse"
+                    running: root.pulse && !Motion.isReduced && root.visible && root.Sight.isSeen
                     loops: Animation.Infinite
 
                     NumberAnimation { from: 0.85; to: 1.2; duration: 800; easing: Motion.easeInOut }

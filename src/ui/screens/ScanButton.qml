@@ -10,7 +10,7 @@ PlainButton {
     /// From 0, small and opaque, to 1, large and faint.
     property double breath
     /// The same in steps that move the ring's edge by less than a quarter of a point: no frame is drawn between them.
-    readonly property double drawnBreath: Math.round(root.breath * 40) / 40
+    readonly property double drawnBreath: Motion.isReduced ? 0 : Math.round(root.breath * 40) / 40
 
     text: qsTr("Scan")
     implicitWidth: 240
@@ -18,7 +18,8 @@ PlainButton {
     cornerRadius: 120
 
     SequentialAnimation on breath {
-        running: root.pulse && root.visible && root.Sight.isSeen
+        objectName: "breathing"
+        running: root.pulse && !Motion.isReduced && root.visible && root.Sight.isSeen
         loops: Animation.Infinite
 
         NumberAnimation { from: 0; to: 1; duration: 1400; easing: Motion.easeInOut }

@@ -3,6 +3,7 @@
 #include "platform/Bundle.h"
 #include "platform/HomeFolder.h"
 #include "platform/QuitLimit.h"
+#include "ui/design/Motion.h"
 #include "ui/design/TidloTheme.h"
 #include "ui/design/TidloType.h"
 #include "ui/shell/StandardMenus.h"
@@ -72,7 +73,11 @@ bool TidloApp::open()
 
 void TidloApp::heed(const DesktopWishes &wishes)
 {
-    tokenOf<TidloTheme>(engine, "TidloTheme").setDesktopScheme(wishedScheme(wishes));
+    auto &motion = tokenOf<Motion>(engine, "Motion");
+    auto &theme = tokenOf<TidloTheme>(engine, "TidloTheme");
+    motion.setReduced(wishes.reducedMotion);
+    theme.setMotion(motion.theme());
+    theme.setDesktopScheme(wishedScheme(wishes));
 }
 
 QQuickWindow *TidloApp::window() const

@@ -27,7 +27,7 @@ public:
     /// False if the window could not be made; what was wrong has been written to standard error.
     bool open();
 
-    /// From now on the window looks as the desktop wishes, wherever the person has not chosen otherwise.
+    /// From now on the window looks and moves as the desktop wishes, wherever the person has not chosen otherwise.
     void heed(const DesktopWishes &wishes);
 
     QQuickWindow *window() const;

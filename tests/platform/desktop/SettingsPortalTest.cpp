@@ -11,6 +11,7 @@
 
 #include <gmock/gmock.h>
 
+#include <climits>
 #include <optional>
 
 namespace tidlo {
@@ -225,6 +226,60 @@ TEST_F(SettingsPortalTest, PassesOverWhoIsNotThePortal)
     waitForAll(); // What the stranger has sent has reached the bus before the question.
 
     EXPECT_THAT(toldOfDark(), ElementsAre(Optional(true)));
+}
+
+TEST_F(SettingsPortalTest, MotionIsReducedByWhicheverSettingSaysSo)
+{
+    struct Case
+    {
+        QString group;
+        QString key;
+        QVariantList reducing;
+        QVariantList others; // Or of another type.
+    };
+    portal.appear();
+    follow();
+    waitUntil([this] { return portal.questions() > 0; });
+    portal.tellChange(appearance, colorScheme, dark); // From now on there is always something that was told.
+    waitForAll();
+    for (const Case &row :
+         {Case{appearance, QStringLiteral("reduced-motion"), {1U}, {0U, 2U, UINT_MAX, 1, true, QStringLiteral("1")}},
+          Case{QStringLiteral("org.gnome.desktop.interface"),
+               QStringLiteral("enable-animations"),
+               {false},
+               {true, 0U, 0, 0.0, QStringLiteral("false"), QStringList()}},
+          Case{QStringLiteral("org.kde.kdeglobals.KDE"),
+               QStringLiteral("AnimationDurationFactor"),
+               {QStringLiteral("0"), QStringLiteral("0.0"), QString(32, u'0'), 0.0},
+               {QStringLiteral("1"), QStringLiteral("0.5"), QString(), QStringLiteral("none"), QStringLiteral("nan"),
+                QString(33, u'0'), 1.0, qQNaN(), 0U, false, QStringList(QStringLiteral("0"))}}}) {
+        for (const QVariant &value : row.reducing) {
+            portal.tellChange(row.group, row.key, value);
+            waitForAll();
+            EXPECT_EQ(told.constLast(), (DesktopWishes{.isDark = true, .reducedMotion = true}))
+                << row.key.toStdString();
+            for (const QVariant &other : row.others) {
+                portal.tellChange(row.group, row.key, value);
+                portal.tellChange(row.group, row.key, other);
+                waitForAll();
+                EXPECT_EQ(told.constLast(), (DesktopWishes{.isDark = true, .reducedMotion = false}))
+                    << row.key.toStdString() << " " << other.typeName() << " " << other.toString().toStdString();
+            }
+        }
+    }
+}
+
+TEST_F(SettingsPortalTest, AnswersOfAllItsQuestionsCountTogether)
+{
+    portal.set(appearance, colorScheme, light);
+    portal.set(QStringLiteral("org.gnome.desktop.interface"), QStringLiteral("enable-animations"), false);
+    portal.appear();
+
+    follow();
+    waitUntil([this] { return portal.questions() >= 4; });
+    waitForAll();
+
+    EXPECT_EQ(told.constLast(), (DesktopWishes{.isDark = false, .reducedMotion = true}));
 }
 
 TEST_F(SettingsPortalTest, AsksAPortalThatComesLater)

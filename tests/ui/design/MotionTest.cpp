@@ -12,20 +12,25 @@ namespace {
 struct NamedMotion
 {
     const char *name;
-    SpringMotion (*motion)();
+    SpringMotion (Motion::*ofKind)() const;
     Spring spring;
 };
 
-constexpr std::array motions{
-    NamedMotion{"toggle", Motion::toggle, {.response = 0.24, .dampingFraction = 0.86}},
-    NamedMotion{"gauge", Motion::gauge, {.response = 0.8, .dampingFraction = 0.82}},
-    NamedMotion{"theme", Motion::theme, {.response = 0.3, .dampingFraction = 0.8}},
+constexpr std::array namedMotions{
+    NamedMotion{"toggle", &Motion::toggle, {.response = 0.24, .dampingFraction = 0.86}},
+    NamedMotion{"gauge", &Motion::gauge, {.response = 0.8, .dampingFraction = 0.82}},
+    NamedMotion{"theme", &Motion::theme, {.response = 0.3, .dampingFraction = 0.8}},
 };
 
 class EveryMotion : public testing::TestWithParam<NamedMotion>
-{};
+{
+protected:
+    SpringMotion motion() const { return (motions.*GetParam().ofKind)(); }
 
-INSTANTIATE_TEST_SUITE_P(Motion, EveryMotion, testing::ValuesIn(motions),
+    Motion motions;
+};
+
+INSTANTIATE_TEST_SUITE_P(Motion, EveryMotion, testing::ValuesIn(namedMotions),
                          [](const auto &tested) { return tested.param.name; });
 
 /// One coordinate of a cubic Bezier from 0 to 1.
@@ -51,13 +56,13 @@ double gentle(double x)
 
 TEST_P(EveryMotion, LastsUntilItsSpringHasSettled)
 {
-    const auto &[name, motion, spring] = GetParam();
+    const Spring &spring = GetParam().spring;
     EXPECT_EQ(motion().duration, std::lround(spring.settlingTime() * 1000));
 }
 
 TEST_P(EveryMotion, MovesAsItsSpring)
 {
-    const auto &[name, motion, spring] = GetParam();
+    const Spring &spring = GetParam().spring;
     for (int i = 0; i < 100; ++i) {
         const double share = i / 100.0;
         EXPECT_DOUBLE_EQ(motion().easing.valueForProgress(share), spring.position(share * spring.settlingTime()));
@@ -66,8 +71,42 @@ TEST_P(EveryMotion, MovesAsItsSpring)
 
 TEST_P(EveryMotion, BeginsAtZeroAndEndsAtExactlyOne)
 {
-    EXPECT_EQ(GetParam().motion().easing.valueForProgress(0), 0);
-    EXPECT_EQ(GetParam().motion().easing.valueForProgress(1), 1);
+    EXPECT_EQ(motion().easing.valueForProgress(0), 0);
+    EXPECT_EQ(motion().easing.valueForProgress(1), 1);
+}
+
+TEST_P(EveryMotion, IsNoSpringAndShortWhereMotionIsReduced)
+{
+    motions.setReduced(true);
+    EXPECT_LE(motion().duration, 100);
+    for (int i = 0; i <= 100; ++i) {
+        EXPECT_GE(motion().easing.valueForProgress(i / 100.0), 0);
+        EXPECT_LE(motion().easing.valueForProgress(i / 100.0), 1);
+    }
+}
+
+TEST(Motion, WhereItIsReducedOnlyColorsTakeTheirTime)
+{
+    Motion motions;
+    motions.setReduced(true);
+    EXPECT_EQ(motions.toggle().duration, 0);
+    EXPECT_EQ(motions.gauge().duration, 0);
+    EXPECT_EQ(motions.gaugeDelay(), 0);
+    EXPECT_EQ(motions.theme().duration, 100);
+    EXPECT_EQ(motions.longestFade(), 100);
+}
+
+TEST(Motion, IsNotReducedUnlessToldAndTellsEachChangeOnce)
+{
+    Motion motions;
+    int changes = 0;
+    QObject::connect(&motions, &Motion::changed, [&changes] { ++changes; });
+    EXPECT_FALSE(motions.isReduced());
+    for (const bool isReduced : {false, true, true, false}) {
+        motions.setReduced(isReduced);
+        EXPECT_EQ(motions.isReduced(), isReduced);
+    }
+    EXPECT_EQ(changes, 2);
 }
 
 TEST(Motion, EaseInOutIsThePlatformsCurve)

@@ -281,6 +281,16 @@ TEST_F(TidloThemeTest, WhatTheDesktopWishesLaterIsReachedByAMotion)
     waitForDarkness(0);
 }
 
+TEST_F(TidloThemeTest, ChangesAsItIsToldTo)
+{
+    theme.setPreference(QStringLiteral("dark"));
+    theme.setMotion({.duration = 0, .easing = {}});
+
+    theme.setPreference(QStringLiteral("light"));
+
+    EXPECT_EQ(theme.darkness(), 0);
+}
+
 TEST_F(TidloThemeTest, ADesktopThatWishesNothingMoreLeavesItToThePlatform)
 {
     setSystem(ColorScheme::light);

@@ -156,12 +156,28 @@ TEST_F(TidloAppTest, HeedsTheSchemeThatTheDesktopWishesWhileItIsToldToBeAsTheSys
 {
     environment.defaults->set(UserDefaults::theme, QStringLiteral("system"));
     for (const bool isDark : {true, false}) {
-        tidlo().heed({.isDark = isDark});
+        tidlo().heed({.isDark = isDark, .reducedMotion = false});
         EXPECT_EQ(theme().isDark(), isDark);
     }
 
     environment.defaults->set(UserDefaults::theme, QStringLiteral("dark"));
     EXPECT_TRUE(theme().isDark());
+}
+
+TEST_F(TidloAppTest, ReducesMotionWhereTheDesktopWishesItAsLongAsItDoes)
+{
+    environment.defaults->set(UserDefaults::theme, QStringLiteral("dark"));
+    for (const bool isReduced : {true, false}) {
+        tidlo().heed({.isDark = {}, .reducedMotion = isReduced});
+        EXPECT_EQ(tokenOf<Motion>("Motion").isReduced(), isReduced);
+    }
+    tidlo().heed({.isDark = {}, .reducedMotion = true});
+
+    QList<double> seen;
+    QObject::connect(&theme(), &TidloTheme::colorsChanged, [&] { seen.append(theme().darkness()); });
+    environment.defaults->set(UserDefaults::theme, QStringLiteral("light"));
+    waitUntil([this] { return theme().darkness() == 0; });
+    EXPECT_THAT(seen, testing::Each(testing::AllOf(testing::Ge(0), testing::Le(1)))); // No spring, which swings over.
 }
 
 TEST_F(TidloAppTest, AFirstRunShowsTheWizardWhereThereIsNoApplicationsFolder)

@@ -1,12 +1,14 @@
-"""Endless animations pause while nobody can see them."""
+"""Endless animations pause while nobody can see them, or wants them."""
 
 import sys
 import time
 import unittest
+from contextlib import closing
 from pathlib import Path
 
 import home
 from events import eventually_seen
+from portal import Portal
 from window import Window, xdotool
 
 PROGRAM = sys.argv.pop()
@@ -47,6 +49,13 @@ class Rest(unittest.TestCase):
 
         self.window.activate()
         eventually_seen("the window moves again", self.moves())
+
+    def test_where_the_desktop_wishes_less_motion(self):
+        with closing(Portal(reduced_motion=1)) as portal:
+            eventually_seen("the window rests", self.rests())
+
+            portal.change(reduced_motion=0)
+            eventually_seen("the window moves again", self.moves())
 
 
 if __name__ == "__main__":
