@@ -33,12 +33,12 @@ TEST(SpareCommand, KeepsPathsByTheirPlaceOnceEachAndMarksThoseThatNoLongerExist)
 {
     TemporaryHome home;
     const FilePath folder = home.folder("Sites/a");
-    const FilePath file = home.file("caf\xe9 1");
+    const FilePath file = home.file("new\nline");
     home.link("link", "Sites");
     EXPECT_EQ(runCli(home, {"spare", home / "link/a/", file, folder}).status, 0);
     ASSERT_EQ(rmdir((home / "Sites/a").constData()), 0);
     const CliRun run = runCli(home, {"spare"});
-    EXPECT_EQ(run.output, "Never suggested:\n  " + folder + " (no longer exists)\n  " + home.path() + "/caf\\xe9 1\n");
+    EXPECT_EQ(run.output, "Never suggested:\n  " + folder + " (no longer exists)\n  " + home.path() + "/new\\nline\n");
 }
 
 TEST(SpareCommand, TakesBackWhatIsNamedEvenIfItNoLongerExists)

@@ -238,10 +238,10 @@ ViewCase {
         mouseClick(item("alsoLookIn"));
         tryVerify(() => item("placeDialog").item);
         item("placeDialog").item.chosen(demo.folderNamed("code"));
-        item("placeDialog").item.done();
         tryVerify(() => item("placeAlert").opened);
-        verify(!item("placeDialog").item);
         keyClick(Qt.Key_Escape);
         tryVerify(() => !item("placeAlert").visible);
+        keyClick(Qt.Key_Escape);
+        tryVerify(() => !item("placeDialog").item);
     }
 }
