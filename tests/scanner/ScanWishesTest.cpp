@@ -133,9 +133,9 @@ TEST_F(ScanWishesTest, WhereOwnPlacesOverlapEachFolderIsFoundOnce)
 
 TEST_F(ScanWishesTest, AnOwnPlaceThatMayNotBeOneAnyMoreIsPassedOver)
 {
-    home.file("code/a/package.json");
-    home.folder("code/a/node_modules");
-    wishes.also = {home.path()};
+    home.file("Library/code/a/package.json");
+    home.folder("Library/code/a/node_modules");
+    wishes.also = {home / "Library/code"};
     EXPECT_THAT(developerCandidates(context()).first().candidate.paths, IsEmpty());
 }
 
