@@ -22,6 +22,7 @@ struct LinkedFile
 
     bool operator==(const LinkedFile &) const = default;
 };
+static_assert(sizeof(LinkedFile) <= 40);
 
 /// A folder that is there and could not be read.
 struct UnreadFolder

@@ -31,7 +31,8 @@ Item {
         anchors.fill: parent
         keys: ["text/uri-list"]
         onDropped: (drop) => {
-            if (drop.urls.length === 1)
+            drop.accepted = drop.urls.length === 1;
+            if (drop.accepted)
                 root.keptPaths.propose(drop.urls[0]);
         }
     }

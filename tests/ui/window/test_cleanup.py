@@ -83,6 +83,18 @@ class Cleanup(unittest.TestCase):
         self.assertEqual(home.inventory(), self.before)
         self.assertEqual(home.trashed(), [])
 
+    def test_a_cleanup_is_taken_back_by_undo(self):
+        window = self.open_window()
+        self.scan()
+        window.click("push button", "Move to Trash")
+        window.wait("heading", "Cleanup report")
+        self.assertEqual(len(home.trashed()), 4)
+
+        window.keys("ctrl+z")
+        window.wait("heading", "AI-assisted results — .* found")
+        self.assertEqual(home.inventory(), self.before)
+        self.assertEqual(home.trashed(), [])
+
     def test_quitting_amid_a_scan_ends_at_once_and_leaves_nothing_behind(self):
         home.fill_with_many()
         before = home.inventory()
