@@ -53,7 +53,7 @@ TEST(WalkNotes, TellTheFilesWithSeveralNamesOfEachMeasuredItem)
     const LinkedFile file = notes.linked().value(alone).first();
     struct stat status;
     ASSERT_EQ(stat(alone.constData(), &status), 0);
-    EXPECT_EQ(file, (LinkedFile{.device = status.st_dev, .inode = status.st_ino, .bytes = block, .links = 2}));
+    EXPECT_EQ(file, (LinkedFile{.device = quint64(status.st_dev), .inode = status.st_ino, .bytes = block, .links = 2}));
 }
 
 TEST(WalkNotes, TellTheSameOfWhatAnEnumerationCollects)
