@@ -21,6 +21,21 @@ void AppViewModel::startScan()
     runScan(scanTask->get_token());
 }
 
+namespace {
+
+/// The places that \a now holds and \a before did not.
+PlaceSet added(const QList<FilePath> &now, const QList<FilePath> &before)
+{
+    PlaceSet places;
+    for (const FilePath &place : now) {
+        if (!before.contains(place))
+            places.insert(place);
+    }
+    return places;
+}
+
+} // namespace
+
 QCoro::Task<> AppViewModel::runScan(std::stop_token cancelled)
 {
     const std::shared_ptr<const void> held = underWay;
@@ -31,11 +46,15 @@ QCoro::Task<> AppViewModel::runScan(std::stop_token cancelled)
         self->setScanProgress(fraction);
         self->setScanLabel(label);
     };
-    const ScanWishes wishes{.spared = environment.defaults->paths(UserDefaults::spared).value_or(QList<FilePath>()),
+    const auto spared = [this] {
+        return environment.defaults->paths(UserDefaults::spared).value_or(QList<FilePath>());
+    };
+    const ScanWishes wishes{.spared = spared(),
                             .also = environment.defaults->paths(UserDefaults::places).value_or(QList<FilePath>())};
-    const ScanResult result = co_await scanner.scan(showProgress, wishes);
+    ScanResult result = co_await scanner.scan(showProgress, wishes);
     if (!self || cancelled.stop_requested())
-        co_return; // A superseded scan writes nothing.
+        co_return;                                    // A superseded scan writes nothing.
+    leaveOut(result, added(spared(), wishes.spared)); // Earlier results can be looked at meanwhile.
     showResults(result);
     co_await explainWithGemini();
 }

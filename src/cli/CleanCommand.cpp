@@ -125,7 +125,7 @@ ExitStatus runClean(const QCommandLineParser &options, CommandContext &context)
         complain(QStringLiteral("There is no terminal to ask on. Add --yes to move without a question, or --dry-run."));
         return ExitStatus::misused;
     }
-    if (!knowsWhatIsSpared(context))
+    if (!sparedPaths(context))
         return ExitStatus::failed;
     const std::optional<ScanResult> result = scanAsWanted(options, context);
     if (!result)
@@ -134,10 +134,10 @@ ExitStatus runClean(const QCommandLineParser &options, CommandContext &context)
     if (const ExitStatus status = showSelection(selection, *result, *wishes); status != ExitStatus::succeeded)
         return status;
     const bool agreed = mayBeMoved(selection, *wishes);
-    if (!knowsWhatIsSpared(context)) // Asked again: it may have changed meanwhile.
+    const std::optional<QList<FilePath>> spared = sparedPaths(context); // It may have changed meanwhile.
+    if (!spared)
         return ExitStatus::failed;
-    const QList<FilePath> spared = *context.defaults.paths(UserDefaults::spared);
-    return printOutcome(moveToTrash(agreed ? selection : CleanupSelection(), spared, context), *wishes);
+    return printOutcome(moveToTrash(agreed ? selection : CleanupSelection(), *spared, context), *wishes);
 }
 
 } // namespace

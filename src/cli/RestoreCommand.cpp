@@ -36,6 +36,8 @@ std::optional<QString> complaintAbout(const QCommandLineParser &options, const W
     const bool hasSince = options.isSet(QStringLiteral("since"));
     if (hasSince && !wishes.since)
         return QStringLiteral("A time is so many minutes (10min), hours (2h) or days (3d) ago, today, or a date.");
+    if (wishes.paths.contains(QString()))
+        return QStringLiteral("A path is empty.");
     if (wishes.all && (!hasSince || !wishes.paths.isEmpty()))
         return QStringLiteral("--all goes with --since, and without paths.");
     if (wishes.isListing() && (wishes.dryRun || options.isSet(QStringLiteral("yes"))))
@@ -87,13 +89,17 @@ nlohmann::ordered_json jsonOf(const TrashContents &contents)
     nlohmann::ordered_json json;
     json["items"] = std::move(items);
     json["unknown"] = contents.unknown;
+    json["unread"] = nlohmann::ordered_json::array();
+    for (const UnreadTrash &trash : contents.unread)
+        json["unread"].push_back({{"trash", trash.path.toStdString()}, {"reason", trash.reason.toStdString()}});
     return json;
 }
 
 QString textOf(const TrashContents &contents, const Wishes &wishes)
 {
-    const QString nothing = wishes.since ? QStringLiteral("Nothing was moved to the Trash since then.\n")
-                                         : QStringLiteral("The Trash is empty.\n");
+    const QString nothing = !contents.unread.isEmpty() ? QStringLiteral("Nothing was found in the Trash.\n")
+                            : wishes.since             ? QStringLiteral("Nothing was moved to the Trash since then.\n")
+                                                       : QStringLiteral("The Trash is empty.\n");
     const QString unknown = QStringLiteral("%1 more: the Trash does not tell where they were.\n");
     return (contents.items.isEmpty() && (contents.unknown == 0 || wishes.since)
                 ? nothing
@@ -159,7 +165,7 @@ RestoreSelection selectionFrom(const TrashContents &contents, const Wishes &wish
     QList<FilePath> places;
     for (const QString &argument : wishes.paths) {
         const FilePath path = pathOfArgument(argument);
-        places.append(placeOfGiven(path).value_or(PlaceFinder().placeOf(absolutePath(path))));
+        places.append(placeOfGiven(path).value_or(placeOfGone(path)));
     }
     return restoreSelection(contents.items, places);
 }
@@ -187,7 +193,10 @@ ExitStatus runRestore(const QCommandLineParser &options, CommandContext &context
                                        : RestoreOutcome{.selection = selection, .restoration = {}};
     const ExitStatus printed = wishes.json ? print(outcome.json()) : print(outcome.text());
     writeAll(STDERR_FILENO, outcome.complaint().toUtf8());
-    return printed == ExitStatus::succeeded ? outcome.exitStatus() : printed;
+    if (printed != ExitStatus::succeeded)
+        return printed;
+    const ExitStatus status = outcome.exitStatus();
+    return status == ExitStatus::succeeded && !contents.unread.isEmpty() ? ExitStatus::failed : status;
 }
 
 } // namespace

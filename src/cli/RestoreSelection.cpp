@@ -3,6 +3,7 @@
 #include "cli/FindingsText.h"
 #include "model/CheckedSum.h"
 #include "platform/ByteCountFormatter.h"
+#include "platform/Places.h"
 
 #include <QRegularExpression>
 #include <QSet>
@@ -50,9 +51,10 @@ QString RestoreSelection::text() const
 RestoreSelection restoreSelection(const QList<ListedItem> &listed, const QList<FilePath> &places)
 {
     RestoreSelection selection{.items = {}, .others = {}, .missing = places};
+    PlaceFinder finder;
     QSet<FilePath> taken;
     for (const ListedItem &each : listed) {
-        const FilePath &origin = each.item.origin;
+        const FilePath origin = finder.placeOf(each.item.origin);
         const auto holdsIt = [&](const FilePath &place) { return isAtOrBeneath(origin, place); };
         if (!places.isEmpty() && std::ranges::none_of(places, holdsIt))
             continue;

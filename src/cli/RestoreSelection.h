@@ -21,7 +21,8 @@ struct RestoreSelection
     QString text() const;
 };
 
-/// What was at or beneath one of \a places, or all if there are none; from \a listed, which has the last moved first.
+/// What was at or beneath one of \a places, whichever links its record leads through, or all if there are none; from \a
+/// listed, which has the last moved first.
 RestoreSelection restoreSelection(const QList<ListedItem> &listed, const QList<FilePath> &places);
 
 } // namespace tidlo

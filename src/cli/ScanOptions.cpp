@@ -6,6 +6,8 @@
 #include "platform/VisibleText.h"
 #include "scanner/OwnPlaces.h"
 
+#include <QSet>
+
 #include <unistd.h>
 
 namespace tidlo {
@@ -15,7 +17,8 @@ namespace {
 /// Nothing, having complained, if they name what does not exist or cannot be looked into.
 std::optional<ScanWishes> wishesFrom(const QCommandLineParser &options, const CommandContext &context)
 {
-    ScanWishes wishes{.spared = context.defaults.paths(UserDefaults::spared).value_or(QList<FilePath>()), .also = {}};
+    // If the list cannot be read, the person is told, and the scan goes on: it moves nothing.
+    ScanWishes wishes{.spared = sparedPaths(context).value_or(QList<FilePath>()), .also = {}};
     for (const QString &argument : options.values(QStringLiteral("except"))) {
         const std::optional<FilePath> place = placeOfGiven(pathOfArgument(argument));
         if (!place) {
@@ -40,8 +43,12 @@ void nameWhatWasLeftOut(const ScanResult &result)
     if (result.leftOut.isEmpty())
         return;
     QString lines = QStringLiteral("Left out:\n");
-    for (const FilePath &path : result.leftOut)
-        lines += QStringLiteral("  %1\n").arg(visibleText(path));
+    QSet<FilePath> named;
+    for (const FilePath &path : result.leftOut) {
+        if (!named.contains(path))
+            lines += QStringLiteral("  %1\n").arg(visibleText(path));
+        named.insert(path);
+    }
     writeAll(STDERR_FILENO, lines.toUtf8());
 }
 
@@ -53,12 +60,12 @@ QList<CommandOption> scanOptions()
             {"also", "Look for project folders in this one, too. Repeatable.", "folder"}};
 }
 
-bool knowsWhatIsSpared(const CommandContext &context)
+std::optional<QList<FilePath>> sparedPaths(const CommandContext &context)
 {
-    if (context.defaults.paths(UserDefaults::spared))
-        return true;
-    complain(QStringLiteral("What is never to be suggested cannot be read from the preferences."));
-    return false;
+    std::optional<QList<FilePath>> paths = context.defaults.paths(UserDefaults::spared);
+    if (!paths)
+        complain(QStringLiteral("What is never to be suggested cannot be read from the preferences."));
+    return paths;
 }
 
 std::optional<ScanResult> scanAsWanted(const QCommandLineParser &options, CommandContext &context)
@@ -66,7 +73,6 @@ std::optional<ScanResult> scanAsWanted(const QCommandLineParser &options, Comman
     const std::optional<ScanWishes> wishes = wishesFrom(options, context);
     if (!wishes)
         return std::nullopt;
-    knowsWhatIsSpared(context); // If not, the person is told, and the scan goes on: it moves nothing.
     const ScanResult result = scanWithProgress(context.scanner, *wishes);
     nameWhatWasLeftOut(result);
     return result;

@@ -7,8 +7,8 @@ namespace tidlo {
 /// What can be wanted of the scan of every command that scans.
 QList<CommandOption> scanOptions();
 
-/// Whether the list of what is never to be suggested can be read. Complains if it cannot.
-bool knowsWhatIsSpared(const CommandContext &context);
+/// What is never to be suggested, as it is kept at this moment. Nothing, having complained, if that cannot be read.
+std::optional<QList<FilePath>> sparedPaths(const CommandContext &context);
 
 /// Scans as \a options say, shows the progress, and tells on standard error what was left out, because of an option or
 /// because it is never to be suggested. Nothing, having complained, if they name what does not exist or cannot be

@@ -31,10 +31,10 @@ std::optional<Change> changeFrom(const QCommandLineParser &options, const QList<
     PlaceFinder finder;
     for (const QString &argument : options.values(QStringLiteral("remove"))) {
         const FilePath path = pathOfArgument(argument);
-        const FilePath place = placeOfGiven(path).value_or(finder.placeOf(absolutePath(path)));
+        const FilePath place = placeOfGiven(path).value_or(placeOfGone(path));
         const qsizetype before = change.removed.size();
         for (const FilePath &kept : spared) {
-            if (finder.placeOf(kept) == place)
+            if (!path.isEmpty() && finder.placeOf(kept) == place)
                 change.removed.append(kept);
         }
         if (change.removed.size() == before) {
@@ -68,9 +68,10 @@ QString textOf(const QList<FilePath> &spared, const FileManager &files)
 
 ExitStatus runSpare(const QCommandLineParser &options, CommandContext &context)
 {
-    if (!knowsWhatIsSpared(context))
+    const std::optional<QList<FilePath>> spared = sparedPaths(context);
+    if (!spared)
         return ExitStatus::failed;
-    const std::optional<Change> change = changeFrom(options, *context.defaults.paths(UserDefaults::spared));
+    const std::optional<Change> change = changeFrom(options, *spared);
     if (!change)
         return ExitStatus::misused;
     if (!keep(*change, context.defaults)) {

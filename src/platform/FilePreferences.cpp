@@ -1,11 +1,17 @@
 #include "platform/AtomicFile.h"
 #include "platform/FolderLock.h"
 #include "platform/PreferenceStore.h"
+#include "platform/UserDefaults.h"
 
 #include <QDir>
 #include <QFileInfo>
 #include <QSettings>
 #include <QTemporaryDir>
+
+#include <algorithm>
+#include <cerrno>
+
+#include <sys/stat.h>
 
 namespace tidlo {
 
@@ -39,8 +45,8 @@ public:
     {
         own.insert(key, value);
         const FolderLock lock(QFile::encodeName(folder()));
-        stored.sync(); // Another program may have set something else.
-        if (lock.isHeld() && stored.status() != QSettings::AccessError)
+        const bool losesNoList = std::ranges::all_of(UserDefaults::lists, [&](auto list) { return isReadable(list); });
+        if (lock.isHeld() && losesNoList)
             store(own);
     }
 
@@ -60,15 +66,21 @@ public:
 private:
     QString folder() const { return QFileInfo(stored.fileName()).absolutePath(); }
 
-    /// Reads the file again. Returns whether it tells what is under \a key, or that nothing is. A damaged file may hold
-    /// a key that nothing is read from.
+    /// Reads the file again: another program may have written it. Returns whether it tells what is under \a key, or
+    /// that nothing is. A damaged file may have a line of that key from which nothing is read.
     bool isReadable(QLatin1StringView key)
     {
         stored.sync();
         QFile file(stored.fileName());
-        if (!file.exists())
-            return true;
-        return file.open(QIODevice::ReadOnly) && (stored.contains(key) || !file.readAll().contains(key.data()));
+        struct stat status;
+        if (lstat(QFile::encodeName(file.fileName()).constData(), &status) != 0)
+            return errno == ENOENT || errno == ENOTDIR;
+        if (!file.open(QIODevice::ReadOnly))
+            return false;
+        const QList<QByteArray> lines = file.readAll().split('\n');
+        return stored.contains(key) || std::ranges::none_of(lines, [&](const QByteArray &line) {
+                   return line.trimmed().startsWith(key.data());
+               });
     }
 
     /// Replaces what is stored by the same with \a changes.

@@ -86,6 +86,14 @@ FilePath absolutePath(FilePath path)
     return path;
 }
 
+FilePath placeOfGone(const FilePath &path)
+{
+    const FilePath whole = absolutePath(path);
+    std::error_code error;
+    const fs::path place = fs::weakly_canonical(whole.toStdString(), error);
+    return error ? PlaceFinder().placeOf(whole) : absolutePath(FilePath::fromStdString(place.native()));
+}
+
 std::optional<FilePath> placeOfGiven(const FilePath &path)
 {
     std::error_code error;

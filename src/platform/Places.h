@@ -28,6 +28,10 @@ private:
 /// \a path from the root on, taken from the working folder where it is relative, without slashes and dots at its end.
 FilePath absolutePath(FilePath path);
 
+/// The place that \a path, which may be relative, leads to although nothing is there: as far as its folders exist their
+/// links are resolved; beyond that ".." is what the name in front of it was in.
+FilePath placeOfGone(const FilePath &path);
+
 /// The place of what exists at \a path, which may be relative, end with slashes or ".", and be spelled in another case
 /// where the file system does not care. Nothing if there is nothing.
 std::optional<FilePath> placeOfGiven(const FilePath &path);

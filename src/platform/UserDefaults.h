@@ -6,6 +6,8 @@
 #include <QList>
 #include <QObject>
 
+#include <array>
+
 namespace tidlo {
 
 /// The preferences of the user, kept in the system's own place for them. What is set holds from then on, and is stored
@@ -23,6 +25,7 @@ public:
     // Those of lists of paths, absent until one is added.
     static constexpr QLatin1StringView spared{"tidlo.spared"}; ///< Places that are never suggested.
     static constexpr QLatin1StringView places{"tidlo.places"}; ///< Folders where projects are looked for as well.
+    static constexpr std::array lists{spared, places};
 
     /// The preferences of this user. Needs no application object.
     explicit UserDefaults(QObject *parent = nullptr);

@@ -56,6 +56,7 @@ QList<Finding> oldLargeFilesCandidates(const ScanContext &context, FileTime now)
         .shown = DeepEnumeration::Shown::everything,
         .visit = [cutOff](const EnumeratedEntry &entry) { return visit(entry, cutOff); },
         .leavesOut = [&context](const FilePath &path) { return context.spares(path); },
+        .notes = context.notes,
     };
     return {makeFinding(FindingKind::largeFiles, context.files.enumerate(enumeration, context.stop))};
 }

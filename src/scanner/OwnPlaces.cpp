@@ -3,15 +3,15 @@
 #include "platform/Paths.h"
 #include "platform/Places.h"
 
-#include <QFile>
-#include <QFileInfo>
-
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace tidlo {
 
 OwnPlace ownPlaceAt(const FileManager &files, const FilePath &given)
 {
+    if (given.isEmpty())
+        return {.folder = given, .obstacle = QStringLiteral("is no folder")};
     const std::optional<FilePath> folder = placeOfGiven(joined(given, {})); // The slash: what a link leads to.
     if (!folder)
         return {.folder = given, .obstacle = QStringLiteral("is no folder")};
@@ -30,7 +30,8 @@ std::optional<QString> ownPlaceObstacle(const FileManager &files, const FilePath
         return QStringLiteral("is the Library of the home folder, or lies in it");
     if (liesInTrash(folder, home))
         return QStringLiteral("is a Trash, or lies in one");
-    if (QFileInfo(QFile::decodeName(folder)).ownerId() != geteuid())
+    struct stat status;
+    if (stat(folder.constData(), &status) != 0 || status.st_uid != geteuid())
         return QStringLiteral("belongs to another user");
     if (!files.contentsOfDirectory(folder))
         return QStringLiteral("cannot be read");

@@ -1,4 +1,5 @@
 #include "platform/Paths.h"
+#include "platform/Trash.h"
 #include "scanner/FindingRules.h"
 #include "scanner/OwnPlaces.h"
 
@@ -67,6 +68,14 @@ QList<CollectedItem> itemsBeneath(const ScanContext &context, const QList<FilePa
                                    context.stop);
 }
 
+/// What is in a Trash already is no project of anybody's.
+QList<CollectedItem> itemsInOwnPlaces(const ScanContext &context, const QList<FilePath> &roots)
+{
+    QList<CollectedItem> items = itemsBeneath(context, roots, visitInOwnPlace);
+    items.removeIf([&](const CollectedItem &item) { return liesInTrash(item.path, context.home); });
+    return items;
+}
+
 QList<FilePath> ownPlaces(const ScanContext &context)
 {
     QList<FilePath> roots = context.also;
@@ -112,7 +121,7 @@ QList<Finding> developerCandidates(const ScanContext &context)
 {
     QList<CollectedItem> items = itemsBeneath(context, projectRoots(context.home), visit);
     if (const QList<FilePath> roots = ownPlaces(context); !roots.isEmpty())
-        items += unmet(items, itemsBeneath(context, roots, visitInOwnPlace));
+        items += unmet(items, itemsInOwnPlaces(context, roots));
     return {makeFinding(FindingKind::projectFolders, items), makeFinding(FindingKind::composerFolders, items),
             makeFinding(FindingKind::buildOutputs, items)};
 }

@@ -82,6 +82,16 @@ TEST_F(Spare, AScanLeavesOutWhatIsSparedAtThatMoment)
     EXPECT_THAT(model().candidates().at(0).paths, ElementsAre(home / "Sites/b/node_modules"));
 }
 
+TEST_F(Spare, WhatIsSparedWhileAScanRunsIsNotInItsResults)
+{
+    const FilePath spared = home.file("Sites/a/node_modules/x");
+    home.file("Sites/b/node_modules/x");
+    model().startScan();
+    defaults->addPath(UserDefaults::spared, spared);
+    waitUntil([&] { return model().phase() == ScanPhase::results; });
+    EXPECT_THAT(model().candidates().at(0).paths, ElementsAre(home / "Sites/b/node_modules"));
+}
+
 TEST_F(Spare, AScanLooksInPlacesOfOnesOwn)
 {
     home.file("code/a/package.json");

@@ -445,4 +445,35 @@ TEST_F(UserDefaultsTest, AListThatWouldBeTooLongIsNotKept)
     EXPECT_EQ(defaults.paths(UserDefaults::spared).value().size(), 1);
 }
 
+TEST_F(UserDefaultsTest, AListInAFolderThatCannotBeEnteredCannotBeRead)
+{
+    UserDefaults(file).addPath(UserDefaults::spared, "/a");
+    const ChildResult result = inChild([this] {
+        chmod(QFile::encodeName(QFileInfo(file).absolutePath()).constData(), 0);
+        const bool isOrdinaryUser = geteuid() != 0 || becomeNobody();
+        EXPECT_EQ(UserDefaults(file).paths(UserDefaults::spared), std::nullopt);
+        return isOrdinaryUser && !HasFailure();
+    });
+    chmod(QFile::encodeName(QFileInfo(file).absolutePath()).constData(), 0700);
+    EXPECT_TRUE(result.succeeded) << result.output;
+}
+
+TEST_F(UserDefaultsTest, AListThatCannotBeReadIsNotLostWithASetting)
+{
+    const std::string damaged = "[General]\ntidlo.spared /a\n";
+    writeFile(damaged.c_str());
+    UserDefaults defaults(file);
+    set(defaults);
+    EXPECT_EQ(content(), damaged);
+    EXPECT_EQ(theme(defaults), QStringLiteral("light")); // What was set holds until the program ends.
+}
+
+TEST_F(UserDefaultsTest, AListIsNotTakenForThePathThatHasItsName)
+{
+    UserDefaults defaults(file);
+    EXPECT_TRUE(defaults.addPath(UserDefaults::places, "/tmp/tidlo.spared"));
+    EXPECT_THAT(defaults.paths(UserDefaults::spared).value(), IsEmpty());
+    EXPECT_TRUE(defaults.addPath(UserDefaults::spared, "/a"));
+}
+
 } // namespace tidlo

@@ -74,6 +74,32 @@ TEST_F(ScanWishesTest, EveryRuleSpares)
                                               home / "Downloads/old.zip", home / "Movies/large", testing::_));
 }
 
+TEST_F(ScanWishesTest, EveryRuleTellsOfFilesWithSeveralLinks)
+{
+    const QList<FilePath> files{home.file("Downloads/old.zip"),
+                                home.sparseFile("Movies/large", qint64(200) << 20),
+                                home.file(".cache/x"),
+                                home.file("Library/Caches/net.whatsapp.WhatsApp/x"),
+                                home.file("Sites/a/node_modules/x"),
+                                home.file("Sites/localhost/shop/x"),
+                                home.file("Sites/localhost/shop backup/x")};
+    for (const FilePath &file : files)
+        home.hardLink("elsewhere" + FilePath::number(files.indexOf(file)), file);
+    for (const char *old : {"Downloads/old.zip", "Movies/large", "Sites/localhost/shop"})
+        home.setModified(old, longAgo);
+    WalkNotes notes;
+    ScanContext noted = context();
+    noted.notes = &notes;
+    for (const auto &rule : {whatsAppCandidates, cacheCandidates, developerCandidates, duplicateProjectCandidates})
+        rule(noted);
+    downloadCandidates(noted, now);
+    oldLargeFilesCandidates(noted, now);
+    EXPECT_THAT(notes.linked().keys(),
+                UnorderedElementsAre(home / "Downloads/old.zip", home / "Movies/large", home / ".cache",
+                                     home / "Library/Caches/net.whatsapp.WhatsApp", home / "Sites/a/node_modules",
+                                     home / "Sites/localhost/shop"));
+}
+
 TEST_F(ScanWishesTest, ASparedCopyStillTakesPartInTheComparison)
 {
     home.folder("Sites/localhost/shop");
@@ -137,6 +163,16 @@ TEST_F(ScanWishesTest, AnOwnPlaceThatMayNotBeOneAnyMoreIsPassedOver)
     home.folder("Library/code/a/node_modules");
     wishes.also = {home / "Library/code"};
     EXPECT_THAT(developerCandidates(context()).first().candidate.paths, IsEmpty());
+}
+
+TEST_F(ScanWishesTest, WhatIsInATrashOfAnOwnPlaceIsNotFound)
+{
+    home.file("data/.Trash-1000/files/a/package.json");
+    home.folder("data/.Trash-1000/files/a/node_modules");
+    home.file("data/a/package.json");
+    const FilePath found = home.folder("data/a/node_modules");
+    wishes.also = {home / "data"};
+    EXPECT_THAT(developerCandidates(context()).first().candidate.paths, ElementsAre(found));
 }
 
 TEST_F(ScanWishesTest, AnOwnPlaceThatIsMissingIsPassedOver)

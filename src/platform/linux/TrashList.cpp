@@ -51,31 +51,36 @@ void TrashList::read(const UserTrash &trash)
             return;
         while (const std::optional<FolderReader::Entry> entry = reader.nextEntry()) {
             const bool mayBeRecord = entry->kind == FileKind::regular || entry->kind == FileKind::unknown;
-            if (mayBeRecord && entry->name.endsWith(trashRecordSuffix))
-                readRecord(trash, entry->name.toByteArray());
+            const bool isRecord = mayBeRecord && entry->name.endsWith(trashRecordSuffix);
+            if (const int error = isRecord ? readRecord(trash, entry->name.toByteArray()) : 0)
+                return addUnread(trash.folder.path(),
+                                 QStringLiteral("Its items cannot be looked at: ") + qt_error_string(error));
             if (stop.stop_requested())
                 return;
         }
     }
 }
 
-void TrashList::readRecord(const UserTrash &trash, const FilePath &recordName)
+int TrashList::readRecord(const UserTrash &trash, const FilePath &recordName)
 {
     const FilePath name = recordName.chopped(trashRecordSuffix.size());
     struct statx status;
-    if (name.isEmpty() || calls.statx(trash.folder.files(), name.constData(), AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT,
-                                      STATX_TYPE, &status) != 0)
-        return; // A record without an item.
+    if (name.isEmpty())
+        return 0;
+    if (calls.statx(trash.folder.files(), name.constData(), AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT, STATX_TYPE,
+                    &status) != 0)
+        return errno == ENOENT ? 0 : errno; // A record without an item.
     const OrError<TrashRecord> record = readTrashRecord(calls, trash.folder.info(), recordName);
     const std::optional<FilePath> origin = record ? trash.originOf(record->path) : std::nullopt;
     if (!origin || bytesOfPaths + origin->size() > mostBytesOfPaths) {
         ++unknown;
-        return;
+        return 0;
     }
     bytesOfPaths += origin->size();
     found.append({.listed = {.item = {.trash = trash.folder.path(), .name = name, .origin = *origin},
                              .moved = timeOf(record->date)},
                   .written = record->written});
+    return 0;
 }
 
 TrashContents TrashList::contents() &&

@@ -28,7 +28,8 @@ private:
         FileTime written; ///< Its record: many items may be moved within the second that records tell.
     };
 
-    void readRecord(const UserTrash &trash, const FilePath &recordName);
+    /// Gives 0, or the errno where it is not told whether the item of the record is there.
+    int readRecord(const UserTrash &trash, const FilePath &recordName);
 
     const SystemCalls &calls;
     std::stop_token stop;

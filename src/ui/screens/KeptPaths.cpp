@@ -108,7 +108,8 @@ QString KeptPaths::refusal() const
 
 void KeptPaths::propose(const QUrl &folder)
 {
-    shownApp().proposePlace(QFile::encodeName(folder.toLocalFile()));
+    const QByteArray path = folder.isLocalFile() ? folder.path(QUrl::FullyEncoded).toLatin1() : QByteArray();
+    shownApp().proposePlace(FilePath::fromPercentEncoding(path)); // Its bytes, which need not be text.
 }
 
 void KeptPaths::answer(bool isWanted)

@@ -86,6 +86,33 @@ TEST(RestoreCommand, TakesARelativePathFromTheWorkingFolderAndThroughLinks)
     EXPECT_THAT(trashed(*home), ElementsAre("pip"));
 }
 
+TEST(RestoreCommand, TakesAnyWayToWhatIsGoneAndNothingForAnEmptyName)
+{
+    const auto home = cleanedHome();
+    const CliSetup inHome{.environment = {}, .inChild = [&] { EXPECT_EQ(chdir(home->path().constData()), 0); }};
+    const CliRun empty = runCli(*home, {"restore", "--yes", ""}, inHome);
+    EXPECT_EQ(empty.status, 2);
+    EXPECT_THAT(empty.errors.toStdString(), HasSubstr("A path is empty."));
+    EXPECT_THAT(trashed(*home), SizeIs(4));
+    const CliRun run = runCli(
+        *home, {"restore", "--yes", "./Sites/one/./node_modules", "Downloads/gone/../setup.zip", "Sites/../Sites/two"},
+        inHome);
+    EXPECT_EQ(run.status, 0) << run.errors.toStdString();
+    EXPECT_THAT(trashed(*home), ElementsAre("pip"));
+}
+
+TEST(RestoreCommand, FindsWhatARecordTellsThroughALink)
+{
+    const TemporaryHome home;
+    home.link("link", home.folder("true"));
+    trashLate(home, "a", home / "link/a", "2199-01-01T00:00:01");
+    for (const FilePath &place : {home / "link/a", home / "true/a"}) {
+        const CliRun run = runCli(home, {"restore", "--yes", place});
+        EXPECT_EQ(run.status, 1);
+        EXPECT_THAT(run.errors.toStdString(), HasSubstr("A link or a file is on the way to its place."));
+    }
+}
+
 TEST(RestoreCommand, AsksAndSaysThatItCannotKnowWhoMovedThem)
 {
     const auto home = cleanedHome();
@@ -212,8 +239,14 @@ TEST(RestoreCommand, ATrashThatCannotBeReadIsAFailure)
     home.file(".local/share/Trash/files");
     const CliRun run = runCli(home, {"restore", "--since", late});
     EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.output, "Nothing was found in the Trash.\n");
     EXPECT_EQ(run.errors,
               "tidlo-cli: " + (home / ".local/share/Trash") + ": The Trash there is a link or a file, not a folder.\n");
+    const CliRun all = runCli(home, {"restore", "--since", late, "--all", "--yes"});
+    EXPECT_EQ(all.status, 1);
+    EXPECT_EQ(all.output, "Nothing was put back.\n");
+    const Json json = Json::parse(runCli(home, {"restore", "--json"}).output.toStdString());
+    EXPECT_EQ(json["unread"][0]["trash"], (home / ".local/share/Trash").toStdString());
 }
 
 } // namespace tidlo

@@ -109,4 +109,17 @@ TEST(SpareCommand, PreferencesThatCannotBeWrittenAreTold)
     EXPECT_EQ(run.errors, "tidlo-cli: The preferences cannot be written.\n");
 }
 
+TEST(SpareCommand, TakesBackWhatIsGoneByAnyWayToItAndNothingForAnEmptyName)
+{
+    TemporaryHome home;
+    const FilePath folder = home.folder("in/gone");
+    const FilePath working = home.folder("here");
+    runCli(home, {"spare", folder, working});
+    ASSERT_EQ(rmdir(folder.constData()), 0);
+    const CliSetup inWorking{.environment = {}, .inChild = [&] { EXPECT_EQ(chdir(working.constData()), 0); }};
+    EXPECT_EQ(runCli(home, {"spare", "--remove", ""}, inWorking).status, 2);
+    EXPECT_EQ(runCli(home, {"spare", "--remove", "../in/./other/../gone/"}, inWorking).output,
+              "Never suggested:\n  " + working + '\n');
+}
+
 } // namespace tidlo

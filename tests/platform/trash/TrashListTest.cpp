@@ -242,4 +242,17 @@ TEST(TrashListingOnMounts, ATrashThatCannotBeUsedIsTold)
     });
 }
 
+TEST_F(TrashListing, TellsThatItsItemsCannotBeLookedAt)
+{
+    trash("one", record("/a", "2023-01-01T00:00:00"));
+    SystemCalls calls;
+    calls.statx = [real = calls.statx](int folder, const char *name, int flags, unsigned wanted, struct statx *status) {
+        errno = EACCES;
+        return QByteArrayView(name) == "one" ? -1 : real(folder, name, flags, wanted, status);
+    };
+    const TrashContents contents = XdgTrash(home.path(), home / ".local/share", calls).list({});
+    const auto isOurs = [this](const UnreadTrash &each) { return each.path == home / ownTrash; };
+    EXPECT_TRUE(std::ranges::any_of(contents.unread, isOurs));
+}
+
 } // namespace tidlo

@@ -24,7 +24,7 @@ protected:
     {
         bool isLooked = false;
         const auto connection = QObject::connect(paths.get(), &KeptPaths::proposalChanged, [&] { isLooked = true; });
-        paths->propose(QUrl::fromLocalFile(QFile::decodeName(folder)));
+        paths->propose(QUrl::fromEncoded("file://" + folder.toPercentEncoding("/")));
         waitUntil([&] { return isLooked; });
         QObject::disconnect(connection);
     }
@@ -84,6 +84,14 @@ TEST_F(KeptPathsTest, AFolderIsKeptOnceThatIsAffirmed)
     EXPECT_EQ(paths->question(), QString());
     EXPECT_THAT(kept(UserDefaults::places), ElementsAre(code));
     EXPECT_EQ(app().phase(), ScanPhase::ready);
+}
+
+TEST_F(KeptPathsTest, AFolderMayHaveANameThatIsNoText)
+{
+    const FilePath folder = home.folder("caf\xe9 %41");
+    propose(folder);
+    paths->answer(true);
+    EXPECT_THAT(kept(UserDefaults::places), ElementsAre(folder));
 }
 
 TEST_F(KeptPathsTest, AFolderIsNotKeptIfThatIsDeclined)
