@@ -63,6 +63,11 @@ else()
         add_link_options("$<${optimised}:-Wl,-z,relro,-z,now>")
     endif()
 endif()
+option(TIDLO_FUZZ "Have the targets in tests/fuzz make up their input, which takes clang and sanitizers" OFF)
+if(TIDLO_FUZZ)
+    add_compile_options(-fsanitize=fuzzer-no-link) # All that they link tells where it was led.
+    add_compile_options(-fno-sanitize=function)    # Clang 14 cannot do that with coroutines.
+endif()
 include(CheckPIESupported)
 check_pie_supported(LANGUAGES CXX) # Without it, position independent code is linked as the compiler likes.
 

@@ -71,7 +71,7 @@ FilePath PlaceFinder::resolved(const FilePath &folder)
     if (const auto found = known.constFind(folder); found != known.constEnd())
         return *found;
     const FilePath place = placeOf(folder);
-    const FilePath truth = isLink(place) ? canonical(place).value_or(place) : place;
+    FilePath truth = isLink(place) ? canonical(place).value_or(place) : place;
     known.insert(folder, truth);
     return truth;
 }

@@ -1,10 +1,10 @@
 #pragma once
 
+#include <cstdio>
 #include <functional>
 
 #include <fcntl.h>
 #include <linux/openat2.h>
-#include <stdio.h>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
 #include <sys/syscall.h>
