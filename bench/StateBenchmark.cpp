@@ -46,7 +46,7 @@ private:
     static AppEnvironment environment()
     {
         AppEnvironment environment;
-        environment.explain = [](QList<CleanupCandidate>) -> QCoro::Task<std::optional<QString>> {
+        environment.explain = [](QList<CleanupCandidate>, ExplainWatch) -> QCoro::Task<std::optional<QString>> {
             co_return std::nullopt;
         };
         return environment;

@@ -3,7 +3,6 @@
 #include "ai/GeminiRecords.h"
 #include "ai/HttpsPost.h"
 #include "ai/Inquiry.h"
-#include "ai/Prompt.h"
 
 #include <QStringList>
 
@@ -63,25 +62,12 @@ Explanation explanation(const HttpsReply &reply)
     return std::nullopt;
 }
 
-QString orUnknown(const std::optional<QString> &identity)
+HttpsRequest httpsRequest(const ExplainRequest &request, const ExplainEndpoint &endpoint)
 {
-    return identity.value_or(QStringLiteral("mac-unknown"));
-}
-
-QByteArray requestBody(const QList<CleanupCandidate> &candidates)
-{
-    const GeminiPart part{.text = promptFor(candidates)};
-    const GeminiContent content{.parts = {part}};
-    return encode(GeminiGenerateRequest{.contents = {content}});
-}
-
-HttpsRequest requestFor(const QList<CleanupCandidate> &candidates, const ExplainEndpoint &endpoint)
-{
-    return {
-        .url = QUrl(QStringLiteral("https://%1/explain").arg(endpoint.host), QUrl::StrictMode),
-        .headers = {{"Content-Type", "application/json"}, {"X-Device-UUID", orUnknown(endpoint.identity()).toUtf8()}},
-        .body = requestBody(candidates),
-        .replyLimit = endpoint.replyLimit};
+    return {.url = QUrl(QStringLiteral("https://") + request.host + QLatin1StringView(request.path), QUrl::StrictMode),
+            .headers = request.headers,
+            .body = request.body,
+            .replyLimit = endpoint.replyLimit};
 }
 
 } // namespace
@@ -93,22 +79,28 @@ bool GeminiClient::isError(const QString &explanation)
 
 QString GeminiClient::deviceUUID()
 {
-    return orUnknown(machineIdentity());
+    return machineIdentity().value_or(unknownMachine);
 }
 
-QCoro::Task<std::optional<QString>> GeminiClient::explain(QList<CleanupCandidate> candidates, ExplainEndpoint endpoint)
+QCoro::Task<std::optional<QString>> GeminiClient::explain(QList<CleanupCandidate> candidates, ExplainEndpoint endpoint,
+                                                          ExplainWatch watch)
 {
-    HttpsRequest request = requestFor(candidates, endpoint);
-    if (!request.url.isValid() || request.url.host().isEmpty())
+    const ExplainRequest shown = explainRequest(candidates, endpoint);
+    HttpsRequest request = httpsRequest(shown, endpoint);
+    if (!request.url.isValid() || request.url.host().isEmpty() || watch.unwanted.stop_requested())
         co_return std::nullopt;
+    if (watch.sending)
+        watch.sending(shown);
     const Inquiry inquiry{.ask =
                               [request, endpoint](HttpsExchange &exchange) mutable {
                                   request.authorities = endpoint.authorities();
                                   return explanation(httpsPost(request, exchange));
                               },
                           .excuse = requestFailed,
-                          .timeLimit = endpoint.timeLimit};
-    co_return co_await inquire(inquiry);
+                          .timeLimit = endpoint.timeLimit,
+                          .unwanted = watch.unwanted};
+    const std::optional<QString> answer = co_await inquire(inquiry);
+    co_return watch.unwanted.stop_requested() ? std::nullopt : answer;
 }
 
 } // namespace tidlo

@@ -86,6 +86,8 @@ QCoro::Task<Answer> inquire(Inquiry inquiry)
     limit.setTimerType(Qt::PreciseTimer);
     limit.start(inquiry.timeLimit);
     std::thread thread = start(asking);
+    const std::stop_callback cut(inquiry.unwanted,
+                                 [asking] { asking->giveUp(QStringLiteral("Nobody wants it any more.")); });
     const Answer answer = co_await asking->answer();
     end(std::move(thread), *asking);
     co_return answer;

@@ -8,6 +8,7 @@
 #include <chrono>
 #include <functional>
 #include <optional>
+#include <stop_token>
 
 namespace tidlo {
 
@@ -23,11 +24,14 @@ struct Inquiry
     std::function<Answer(const QString &reason)> excuse;
 
     std::chrono::milliseconds timeLimit; ///< For the whole inquiry.
+
+    std::stop_token unwanted{}; ///< Stopped on the main thread, it ends the inquiry.
 };
 
-/// Asks, and gives the answer. When the time is over or the application quits, the answer is the excuse, at once; the
-/// thread is told to stop and, since the system may still hold it up, left behind as QuitLimit.h explains. Called on
-/// the main thread, which it does not block. The coroutine goes on in a turn of the event loop.
+/// Asks, and gives the answer. When the time is over, nobody wants it any more or the application quits, the answer is
+/// the excuse, at once; the thread is told to stop and, since the system may still hold it up, left behind as
+/// QuitLimit.h explains. Called on the main thread, which it does not block. The coroutine goes on in a turn of the
+/// event loop.
 QCoro::Task<Inquiry::Answer> inquire(Inquiry inquiry);
 
 } // namespace tidlo

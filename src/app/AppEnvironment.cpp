@@ -1,14 +1,14 @@
 #include "app/AppEnvironment.h"
 
-#include "ai/GeminiClient.h"
-
 #include <QDir>
 
 namespace tidlo {
 
 AppEnvironment::Explain AppEnvironment::liveExplain()
 {
-    return [](QList<CleanupCandidate> candidates) { return GeminiClient::explain(std::move(candidates)); };
+    return [](QList<CleanupCandidate> candidates, ExplainWatch watch) {
+        return GeminiClient::explain(std::move(candidates), {}, std::move(watch));
+    };
 }
 
 FilePath AppEnvironment::liveTemporaryFolder()

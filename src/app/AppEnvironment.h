@@ -1,6 +1,6 @@
 #pragma once
 
-#include "model/CleanupCandidate.h"
+#include "ai/GeminiClient.h"
 #include "platform/Bundle.h"
 #include "platform/FileManager.h"
 #include "platform/UserDefaults.h"
@@ -18,7 +18,8 @@ namespace tidlo {
 struct AppEnvironment
 {
     /// Explains findings, as GeminiClient::explain does: the answer, an error text, or nothing.
-    using Explain = std::function<QCoro::Task<std::optional<QString>>(QList<CleanupCandidate> candidates)>;
+    using Explain =
+        std::function<QCoro::Task<std::optional<QString>>(QList<CleanupCandidate> candidates, ExplainWatch watch)>;
 
     std::shared_ptr<FileManager> fileManager = makeFileManager();
     Explain explain = liveExplain();

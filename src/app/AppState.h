@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ai/ExplainRequest.h"
 #include "app/ItemTicks.h"
 #include "model/AppSection.h"
 #include "model/CleanupReport.h"
@@ -33,6 +34,7 @@ struct AppState
 
     // Not published.
 
+    std::optional<ExplainRequest> sent;    ///< What was sent to have the last scan explained.
     ScanResult scanned;                    ///< What the last scan found, whatever became of its candidates.
     ItemTicks ticks;                       ///< The items of it that are unticked.
     QList<StayedItem> stayed;              ///< What the cleanup of the report could not move.

@@ -13,6 +13,7 @@ AppViewModel::AppViewModel(AppEnvironment given, QObject *parent)
     setShowMoveToApplicationsPrompt(false);
     setShowSetupWizard(false);
     setPhase(ScanPhase::ready);
+    connect(environment.defaults.get(), &UserDefaults::changed, this, &AppViewModel::heedPreference);
     readDiskTotals();
 }
 

@@ -94,6 +94,12 @@ public:
 
     // Not published: objectWillChange() does not tell when these change.
 
+    /// Whether scans are explained: the preference "tidlo.explanations".
+    bool areExplanationsOn() const { return environment.defaults->boolean(UserDefaults::explanations, true); }
+    /// Whether an explanation may still come: not once explanations have been switched off, until the next scan.
+    bool isExplanationAwaited() const { return read(state.isGeneratingAI) && !explaining.stop_requested(); }
+    /// What was sent to have the last scan explained; nothing if nobody was asked.
+    std::optional<ExplainRequest> sent() const { return read(state.sent); }
     /// The candidate \a id as the last scan found it, with all its items; an empty one if there is no such candidate.
     CleanupCandidate scannedCandidate(const QUuid &id) const;
     /// Bytes on the disk of each of its paths.
@@ -219,6 +225,8 @@ Q_SIGNALS:
     void notPutBackChanged();
     void isSparedUnknownChanged();
     void proposedPlaceChanged();
+    void explanationsChanged(); ///< They were switched on or off.
+    void sentChanged();
 
 protected:
     void setPhase(ScanPhase value) { assign(state.phase, std::move(value), &AppViewModel::phaseChanged); }
@@ -248,6 +256,8 @@ protected:
     {
         assign(state.isGeneratingAI, std::move(value), &AppViewModel::isGeneratingAIChanged);
     }
+
+    void setSent(const std::optional<ExplainRequest> &request);
 
 private:
     using Signal = void (AppViewModel::*)();
@@ -282,6 +292,7 @@ private:
     QCoro::Task<> readDiskTotals();
     QCoro::Task<> runScan(std::stop_token cancelled);
     QCoro::Task<> explainWithGemini();
+    void heedPreference(const QString &key);
     QCoro::Task<> runCleanup(QList<CleanupCandidate> selected, QList<FilePath> spared);
     void setCleanup(std::optional<CleanupReport> report, QList<StayedItem> stayed);
     QCoro::Task<> runPutBack();
@@ -299,6 +310,7 @@ private:
     FileSizeScanner scanner{environment.fileManager};
     std::shared_ptr<const void> underWay = std::make_shared<int>(); ///< Each coroutine holds it.
     std::optional<std::stop_source> scanTask;                       ///< Cancels the last scan that was started.
+    std::stop_source explaining; ///< Cuts every request for an explanation; asks nobody until another scan begins.
     AppState state;
 };
 

@@ -10,6 +10,10 @@ void AppViewModel::startScan()
     requireMainThread();
     if (scanTask)
         scanTask->request_stop();
+    if (!areExplanationsOn())
+        explaining.request_stop();
+    else if (explaining.stop_requested())
+        explaining = std::stop_source();
     setPhase(ScanPhase::scanning);
     setSection(AppSection::scan);
     setScanProgress(0.05);
@@ -95,14 +99,38 @@ void AppViewModel::showResults(const ScanResult &result)
 QCoro::Task<> AppViewModel::explainWithGemini()
 {
     const QPointer<AppViewModel> self(this);
+    const std::stop_token unwanted = explaining.get_token();
     setIsGeneratingAI(true);
+    setSent(std::nullopt);
     const QList<CleanupCandidate> explained = explainedCandidates(candidates());
-    const std::optional<QString> explanation = co_await environment.explain(explained);
+    std::optional<QString> explanation;
+    if (!unwanted.stop_requested()) {
+        const auto keep = [self](const ExplainRequest &request) { self->setSent(request); };
+        const ExplainWatch watch{.unwanted = unwanted, .sending = keep};
+        explanation = co_await environment.explain(explained, watch);
+    }
     if (!self)
         co_return;
-    if (explanation && !explanation->isEmpty())
+    if (explanation && !explanation->isEmpty() && !unwanted.stop_requested())
         setAiSummary(explanation);
     setIsGeneratingAI(false);
+}
+
+void AppViewModel::setSent(const std::optional<ExplainRequest> &request)
+{
+    state.sent = request;
+    Q_EMIT sentChanged();
+}
+
+void AppViewModel::heedPreference(const QString &key)
+{
+    if (key != UserDefaults::explanations)
+        return;
+    if (!areExplanationsOn())
+        explaining.request_stop();
+    else if (!isGeneratingAI())
+        explaining = std::stop_source();
+    Q_EMIT explanationsChanged();
 }
 
 } // namespace tidlo

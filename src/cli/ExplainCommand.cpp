@@ -4,6 +4,7 @@
 #include "cli/Output.h"
 #include "cli/ProgressLine.h"
 #include "cli/ScanOptions.h"
+#include "platform/UserDefaults.h"
 #include "platform/VisibleText.h"
 
 namespace tidlo {
@@ -32,6 +33,8 @@ ExitStatus runExplain(const QCommandLineParser &options, CommandContext &context
     const QList<CleanupCandidate> candidates = explainedCandidates(result->snapshot.candidates);
     if (options.isSet(QStringLiteral("prompt")))
         return printText(promptFor(candidates));
+    if (!context.defaults.boolean(UserDefaults::explanations, true))
+        complain(QStringLiteral("Explanations are switched off in the window; this command asks all the same."));
     const std::optional<QString> explanation = explanationOf(candidates);
     if (explanation && !GeminiClient::isError(*explanation))
         return printText(*explanation);
@@ -49,7 +52,8 @@ Command explainCommand()
                            "findings to an AI service, and shows what that answers. Sent are titles,\n"
                            "categories, risks, sizes, the explanations that a scan gives itself, up to\n"
                            "eight paths of each, and an identifier of this machine. No file is opened or\n"
-                           "sent. The exit status is 1 if no explanation came back.\n",
+                           "sent. It asks even where the window's explanations are switched off, and says\n"
+                           "so. The exit status is 1 if no explanation came back.\n",
             .options = QList<CommandOption>{{"prompt", "Show what would be sent, and send nothing."}} + scanOptions(),
             .run = runExplain};
 }

@@ -49,9 +49,12 @@ QString UserDefaults::string(QLatin1StringView key, const QString &otherwise) co
     return found.typeId() == QMetaType::QString ? found.toString() : otherwise;
 }
 
-bool UserDefaults::boolean(QLatin1StringView key) const
+bool UserDefaults::boolean(QLatin1StringView key, bool otherwise) const
 {
-    return store->value(key).toString() == u"true"; // Any other text would convert to true as well.
+    const QVariant found = store->value(key);
+    if (!found.isValid())
+        return otherwise && store->kept(key);
+    return found.toString() == u"true"; // Any other text would convert to true as well.
 }
 
 std::optional<QList<FilePath>> UserDefaults::paths(QLatin1StringView key) const

@@ -22,6 +22,9 @@ public:
     static constexpr QLatin1StringView theme{"tidloTheme"};                     ///< A text; "dark".
     static constexpr QLatin1StringView setupCompleted{"tidlo.setup.completed"}; ///< A truth value; false.
 
+    /// A truth value; true, but false while something is stored that cannot be read: then it may have been chosen.
+    static constexpr QLatin1StringView explanations{"tidlo.explanations"};
+
     // Those of lists of paths, absent until one is added.
     static constexpr QLatin1StringView spared{"tidlo.spared"}; ///< Places that are never suggested.
     static constexpr QLatin1StringView places{"tidlo.places"}; ///< Folders where projects are looked for as well.
@@ -34,7 +37,8 @@ public:
     explicit UserDefaults(const QString &file, QObject *parent = nullptr);
 
     QString string(QLatin1StringView key, const QString &otherwise) const;
-    bool boolean(QLatin1StringView key) const;
+    /// \a otherwise while nothing is stored; what cannot be read counts as false.
+    bool boolean(QLatin1StringView key, bool otherwise = false) const;
 
     /// The list under \a key as it is kept at this moment, whoever set it; nothing if it may be there and cannot be
     /// read, which never counts as empty.

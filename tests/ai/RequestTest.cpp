@@ -121,4 +121,49 @@ TEST_F(Request, MayBeLong)
     EXPECT_EQ(json["contents"][0]["parts"][0]["text"], promptFor(candidates).toStdString());
 }
 
+TEST_F(Request, IsToldAsItIsSent)
+{
+    const ScriptedServer server(localhost(), sending(goodAnswer));
+    endpoint.host = server.host();
+    ExplainRequest told;
+    const ExplainWatch watch{.sending = [&told](const ExplainRequest &request) { told = request; }};
+
+    QCoro::waitFor(GeminiClient::explain({candidate(QStringLiteral("Caf\u00e9"), {"/a"})}, endpoint, watch));
+
+    const ScriptedServer::Request sent = server.requests().value(0);
+    EXPECT_EQ(told.host, server.host());
+    const QByteArrayList parts = textOf(told).split('\n');
+    std::map<QByteArray, QByteArray> headers;
+    for (const QByteArray &line : parts.mid(1, parts.size() - 3))
+        headers.emplace(line.left(line.indexOf(": ")), line.mid(line.indexOf(": ") + 2));
+    EXPECT_EQ(parts.first(), sent.method + ' ' + sent.target + " HTTP/1.1");
+    EXPECT_EQ(headers, sent.headers);
+    EXPECT_EQ(parts.last(), sent.body);
+    EXPECT_EQ(told.body, sent.body);
+}
+
+TEST_F(Request, IsNotSentWhenNobodyWantsTheAnswer)
+{
+    const ScriptedServer server(localhost(), sending(goodAnswer));
+    endpoint.host = server.host();
+    std::stop_source source;
+    source.request_stop();
+    bool isTold = false;
+    const ExplainWatch watch{.unwanted = source.get_token(), .sending = [&isTold](const auto &) { isTold = true; }};
+
+    EXPECT_EQ(QCoro::waitFor(GeminiClient::explain({}, endpoint, watch)), std::nullopt);
+    EXPECT_FALSE(isTold);
+    EXPECT_EQ(server.connections(), 0);
+}
+
+TEST_F(Request, IsNotToldWhereNobodyIsAsked)
+{
+    endpoint.host.clear();
+    bool isTold = false;
+    const ExplainWatch watch{.sending = [&isTold](const auto &) { isTold = true; }};
+
+    EXPECT_EQ(QCoro::waitFor(GeminiClient::explain({}, endpoint, watch)), std::nullopt);
+    EXPECT_FALSE(isTold);
+}
+
 } // namespace tidlo

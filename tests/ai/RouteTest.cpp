@@ -227,4 +227,21 @@ TEST_F(Route, OfANameThatIsLongLookedUpHoldsNoThreadButTheSystems)
     waitForThreads();
 }
 
+TEST_F(Route, IsCutAtOnceWhenNobodyWantsTheAnswerAnyMore)
+{
+    std::stop_source source;
+    QSslSocket *open = nullptr;
+    const ScriptedServer server(localhost(), [&](QSslSocket &connection, const ScriptedServer::Request &) {
+        open = &connection;
+        source.request_stop();
+    });
+    endpoint.host = server.host();
+
+    EXPECT_EQ(QCoro::waitFor(GeminiClient::explain({}, endpoint, {.unwanted = source.get_token()})), std::nullopt);
+
+    ASSERT_NE(open, nullptr);
+    waitUntil([open] { return open->state() == QAbstractSocket::UnconnectedState; });
+    waitForThreads();
+}
+
 } // namespace tidlo

@@ -21,11 +21,15 @@ public:
 
     AppEnvironment::Explain explain()
     {
-        return [this](QList<CleanupCandidate> candidates) { return ask(std::move(candidates)); };
+        return [this](QList<CleanupCandidate> candidates, ExplainWatch watch) {
+            return ask(std::move(candidates), std::move(watch));
+        };
     }
 
     size_t asked() const { return requests.size(); }
     const QList<CleanupCandidate> &candidates(size_t request) const { return requests.at(request)->candidates; }
+
+    bool isCut(size_t request) const { return requests.at(request)->unwanted.stop_requested(); }
 
     /// Resumes who asked, before it returns; does nothing if that request has been answered.
     void answer(size_t request, const std::optional<QString> &text)
@@ -40,6 +44,7 @@ private:
     struct Request
     {
         QList<CleanupCandidate> candidates;
+        std::stop_token unwanted;
         std::optional<QString> text;
         std::coroutine_handle<> waiting;
     };
@@ -54,10 +59,12 @@ private:
         void await_resume() const {}
     };
 
-    QCoro::Task<std::optional<QString>> ask(QList<CleanupCandidate> candidates)
+    QCoro::Task<std::optional<QString>> ask(QList<CleanupCandidate> candidates, ExplainWatch watch)
     {
         const auto request = std::make_shared<Request>();
         request->candidates = std::move(candidates);
+        request->unwanted = watch.unwanted;
+        watch.sending(explainRequest(request->candidates, {.host = QStringLiteral("explain.example")}));
         requests.push_back(request);
         const Answer answer{request.get()};
         co_await answer;

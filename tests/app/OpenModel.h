@@ -19,6 +19,7 @@ public:
     using AppViewModel::setScanLabel;
     using AppViewModel::setScanProgress;
     using AppViewModel::setSection;
+    using AppViewModel::setSent;
     using AppViewModel::setSetupStep;
     using AppViewModel::setTotals;
 };

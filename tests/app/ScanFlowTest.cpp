@@ -291,4 +291,91 @@ TEST_F(ScanFlow, ExplainsTheFirstEightOfMoreFindings)
     EXPECT_EQ(explainer.candidates(1), many.first(8));
 }
 
+TEST_F(ScanFlow, AsksNobodyWhileExplanationsAreOff)
+{
+    home.file("Library/Caches/pip/wheel", 8'192);
+    defaults->set(UserDefaults::explanations, false);
+    bool wasAwaited = false;
+    QObject::connect(&model(), &AppViewModel::isGeneratingAIChanged, &model(),
+                     [&] { wasAwaited |= model().isExplanationAwaited(); });
+    NotificationLog log(model());
+
+    model().startScan();
+    waitUntil([this] { return !model().isGeneratingAI(); });
+
+    EXPECT_THAT(log.taken(), ElementsAreArray(beginning + steps +
+                                              std::vector<std::string>{
+                                                  "totals: 8192 bytes",
+                                                  "candidates: [+User and developer caches]",
+                                                  "phase: results",
+                                                  "section: results",
+                                                  "isGeneratingAI: true",
+                                                  "isGeneratingAI: false",
+                                              }));
+    EXPECT_EQ(explainer.asked(), 0);
+    EXPECT_FALSE(wasAwaited);
+    EXPECT_EQ(model().sent(), std::nullopt);
+}
+
+TEST_F(ScanFlow, CutsTheRequestAndDropsItsAnswerWhenExplanationsAreSwitchedOff)
+{
+    scan();
+    EXPECT_TRUE(model().isExplanationAwaited());
+    EXPECT_FALSE(explainer.isCut(0));
+
+    defaults->set(UserDefaults::explanations, false);
+
+    EXPECT_TRUE(explainer.isCut(0));
+    EXPECT_FALSE(model().isExplanationAwaited());
+    defaults->set(UserDefaults::explanations, true); // It came too late all the same.
+    EXPECT_FALSE(model().isExplanationAwaited());
+    NotificationLog log(model());
+    explainer.answer(0, QStringLiteral("Late"));
+    EXPECT_THAT(log.taken(), ElementsAre("isGeneratingAI: false"));
+    EXPECT_EQ(model().aiSummary(), std::nullopt);
+}
+
+TEST_F(ScanFlow, AsksAgainWithTheNextScanOnceExplanationsAreSwitchedOnAgain)
+{
+    defaults->set(UserDefaults::explanations, false);
+    model().startScan();
+    defaults->set(UserDefaults::explanations, true);
+    EXPECT_FALSE(model().isExplanationAwaited());
+    waitUntil([this] { return !model().isGeneratingAI(); });
+    EXPECT_EQ(explainer.asked(), 0);
+
+    scan();
+
+    EXPECT_EQ(explainer.asked(), 1);
+    EXPECT_TRUE(model().isExplanationAwaited());
+    EXPECT_FALSE(explainer.isCut(0));
+}
+
+TEST_F(ScanFlow, LeavesARequestAloneWhenAnotherPreferenceChanges)
+{
+    scan();
+
+    defaults->set(UserDefaults::theme, QStringLiteral("light"));
+    defaults->set(UserDefaults::explanations, true);
+
+    EXPECT_FALSE(explainer.isCut(0));
+}
+
+TEST_F(ScanFlow, KeepsWhatWasSentUntilTheNextScanIsExplained)
+{
+    home.file("Library/Caches/pip/wheel", 8'192);
+    EXPECT_EQ(model().sent(), std::nullopt);
+
+    scan();
+    explainer.answer(0, QStringLiteral("Some caches."));
+
+    const ExplainRequest first = explainRequest(model().candidates(), {.host = QStringLiteral("explain.example")});
+    EXPECT_EQ(model().sent(), first);
+    model().startScan();
+    EXPECT_EQ(model().sent(), first);
+    defaults->set(UserDefaults::explanations, false);
+    waitUntil([this] { return !model().isGeneratingAI(); });
+    EXPECT_EQ(model().sent(), std::nullopt);
+}
+
 } // namespace tidlo

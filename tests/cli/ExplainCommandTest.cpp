@@ -2,6 +2,7 @@
 #include "ai/ScriptedServer.h"
 #include "cli/CliRun.h"
 #include "cli/HomeToClean.h"
+#include "platform/UserDefaults.h"
 #include "support/EveryFinding.h"
 
 #include <QEventLoop>
@@ -182,6 +183,22 @@ TEST_F(ExplainCommand, FailsWhenNothingWasSaid)
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(run.output, "");
     EXPECT_EQ(run.errors, "tidlo-cli: No explanation came back.\n");
+}
+
+TEST_F(ExplainCommand, AsksAlsoWhereTheWindowDoesNotAndSaysSo)
+{
+    const TemporaryHome home;
+    UserDefaults(QString::fromUtf8(home / ".config/com.tidlo.storagecleaner.conf"))
+        .set(UserDefaults::explanations, false);
+    const ScriptedServer server(identity, sending(answer("A")));
+
+    const CliRun run = this->run(home, server);
+
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.output, "A\n");
+    EXPECT_EQ(run.errors, "tidlo-cli: Explanations are switched off in the window; this command asks all the same.\n");
+    EXPECT_EQ(server.requests().size(), 1);
+    EXPECT_EQ(this->run(home, server, {"explain", "--prompt"}).errors, "");
 }
 
 TEST_F(ExplainCommand, ChangesNothing)

@@ -476,4 +476,35 @@ TEST_F(UserDefaultsTest, AListIsNotTakenForThePathThatHasItsName)
     EXPECT_TRUE(defaults.addPath(UserDefaults::spared, "/a"));
 }
 
+TEST_F(UserDefaultsTest, AnAbsentTruthValueIsWhatItIsByDefault)
+{
+    UserDefaults defaults(file);
+    EXPECT_TRUE(defaults.boolean(UserDefaults::explanations, true));
+    EXPECT_FALSE(defaults.boolean(UserDefaults::explanations, false));
+    defaults.set(UserDefaults::explanations, false);
+    EXPECT_FALSE(UserDefaults(file).boolean(UserDefaults::explanations, true));
+    defaults.set(UserDefaults::explanations, true);
+    EXPECT_TRUE(UserDefaults(file).boolean(UserDefaults::explanations, false));
+    writeFile("garbage\n");
+    EXPECT_TRUE(UserDefaults(file).boolean(UserDefaults::explanations, true));
+}
+
+TEST_F(UserDefaultsTest, ATruthValueThatCannotBeReadIsFalse)
+{
+    for (const char *line : {"tidlo.explanations=maybe", "tidlo.explanations=", "tidlo.explanations"}) {
+        writeFile(QByteArray("[General]\n") + line + "\n");
+        EXPECT_FALSE(UserDefaults(file).boolean(UserDefaults::explanations, true)) << line;
+    }
+    const ChildResult result = inChild([this] {
+        chmod(QFile::encodeName(file).constData(), 0);
+        const bool isOrdinaryUser = geteuid() != 0 || becomeNobody();
+        UserDefaults defaults(file);
+        EXPECT_FALSE(defaults.boolean(UserDefaults::explanations, true));
+        defaults.set(UserDefaults::explanations, true);
+        EXPECT_TRUE(defaults.boolean(UserDefaults::explanations, true));
+        return isOrdinaryUser && !HasFailure();
+    });
+    EXPECT_TRUE(result.succeeded) << result.output;
+}
+
 } // namespace tidlo

@@ -164,7 +164,7 @@ QString demoExplanation()
         "goes to the Trash first.");
 }
 
-QCoro::Task<std::optional<QString>> explainNothing(QList<CleanupCandidate>)
+QCoro::Task<std::optional<QString>> explainNothing(QList<CleanupCandidate>, ExplainWatch)
 {
     co_return std::nullopt;
 }

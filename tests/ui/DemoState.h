@@ -22,7 +22,7 @@ ScanTotals demoTotalsAfterCleanup();
 QString demoExplanation();
 
 /// No explanation, at once.
-QCoro::Task<std::optional<QString>> explainNothing(QList<CleanupCandidate>);
+QCoro::Task<std::optional<QString>> explainNothing(QList<CleanupCandidate>, ExplainWatch);
 
 /// An environment with the disk of demoTotals() that finds nothing and explains nothing. Its desktop does
 /// nothing; the application, its preferences and whatever it would write lie in \a folder.

@@ -12,10 +12,17 @@ ContinuousRectangle {
 
     /// Everything is to be copied, the rest too.
     signal wholeCopied
+    /// Its menu is asked for, at a place in it; by the keyboard or by the pointer.
+    signal menuAsked(double x, double y, bool byKeys)
 
     implicitHeight: row.implicitHeight + 28
     radius: 10
     color: TidloTheme.faded(TidloTheme.green, TidloTheme.mixed(TidloTheme.darkness, 0.1, 0.13))
+
+    TapHandler {
+        acceptedButtons: Qt.RightButton
+        onTapped: (eventPoint) => root.menuAsked(eventPoint.position.x, eventPoint.position.y, false)
+    }
 
     RowLayout {
         id: row
@@ -44,9 +51,14 @@ ContinuousRectangle {
                 color: TidloTheme.mutedText
                 spacing: 3
                 name: qsTr("Explanation")
+                Keys.onMenuPressed: root.menuAsked(14, 14, true)
                 Keys.onPressed: (event) => {
-                    event.accepted = selectedText.length === length && event.matches(StandardKey.Copy);
-                    if (event.accepted)
+                    const wantsMenu = event.key === Qt.Key_F10 && event.modifiers === Qt.ShiftModifier;
+                    const copiesAll = selectedText.length === length && event.matches(StandardKey.Copy);
+                    event.accepted = wantsMenu || copiesAll;
+                    if (wantsMenu)
+                        root.menuAsked(14, 14, true);
+                    else if (copiesAll)
                         root.wholeCopied();
                 }
             }

@@ -4,6 +4,7 @@
 // Tidlo.Screens, which only lay it out. One class for each screen, one QML file for each view.
 
 #include "app/AppViewModel.h"
+#include "ui/screens/Disclosure.h"
 #include "ui/screens/Findings.h"
 #include "ui/screens/FoundItems.h"
 #include "ui/screens/KeptPaths.h"

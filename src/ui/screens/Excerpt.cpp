@@ -1,5 +1,6 @@
 #include "ui/screens/Excerpt.h"
 
+#include <QLocale>
 #include <QTextBoundaryFinder>
 
 #include <algorithm>
@@ -41,6 +42,16 @@ Excerpt excerptOf(const QString &text, qsizetype most)
     const qsizetype cut = boundaries.isAtBoundary() ? end : boundaries.toPreviousBoundary();
     const qsizetype size = cut > 0 ? cut : end; // All of it may be drawn as one.
     return {.text = text.first(size), .more = charactersIn(QStringView(text).sliced(size))};
+}
+
+QString restText(qsizetype more, const QString &advice)
+{
+    if (more == 0)
+        return {};
+    const QLocale english(QLocale::English); // As all figures here are written.
+    return (more == 1 ? QStringLiteral("1 more character is not shown. ")
+                      : QStringLiteral("%1 more characters are not shown. ").arg(english.toString(more))) +
+           advice;
 }
 
 } // namespace tidlo

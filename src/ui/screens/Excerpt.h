@@ -16,4 +16,7 @@ struct Excerpt
 /// \a most, but for counting what is left out.
 Excerpt excerptOf(const QString &text, qsizetype most);
 
+/// That \a more characters are not shown, as a sentence, and \a advice; empty if there are none.
+QString restText(qsizetype more, const QString &advice);
+
 } // namespace tidlo

@@ -7,7 +7,6 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QLocale>
 
 #include <algorithm>
 #include <array>
@@ -61,6 +60,8 @@ Findings::Findings(AppViewModel &shown, QObject *parent)
     connect(&app, &AppViewModel::totalsChanged, this, &Findings::headlineChanged);
     connect(&app, &AppViewModel::aiSummaryChanged, this, &Findings::summaryChanged);
     connect(&app, &AppViewModel::isGeneratingAIChanged, this, &Findings::isExplainingChanged);
+    connect(&app, &AppViewModel::explanationsChanged, this, &Findings::summaryChanged);
+    connect(&app, &AppViewModel::explanationsChanged, this, &Findings::isExplainingChanged);
     updateCandidates();
 }
 
@@ -144,7 +145,7 @@ void Findings::setFilter(Filter filter)
 
 QString Findings::wholeSummary() const
 {
-    return app.aiSummary().value_or(QString());
+    return app.areExplanationsOn() ? app.aiSummary().value_or(QString()) : QString();
 }
 
 QString Findings::summary() const
@@ -154,13 +155,8 @@ QString Findings::summary() const
 
 QString Findings::summaryRest() const
 {
-    const qsizetype more = excerptOf(wholeSummary(), charactersShown).more;
-    if (more == 0)
-        return {};
-    const QLocale english(QLocale::English); // As all figures here are written.
-    return (more == 1 ? QStringLiteral("1 more character is not shown.")
-                      : QStringLiteral("%1 more characters are not shown.").arg(english.toString(more))) +
-           QStringLiteral(" Select all and copy to have the whole text.");
+    return restText(excerptOf(wholeSummary(), charactersShown).more,
+                    QStringLiteral("Select all and copy to have the whole text."));
 }
 
 void Findings::copySummary() const

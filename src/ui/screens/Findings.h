@@ -53,8 +53,9 @@ public:
     bool isSparedUnknown() const { return app.isSparedUnknown(); } ///< As AppViewModel has it.
     Filter filter() const;
     void setFilter(Filter filter);
-    bool isExplaining() const { return app.isGeneratingAI(); } ///< An explanation is awaited.
-    QString summary() const;     ///< The first 4,000 characters of the explanation; empty if there is none.
+    bool isExplaining() const { return app.isExplanationAwaited(); }
+    /// The first 4,000 characters of the explanation; empty if there is none, or explanations are switched off.
+    QString summary() const;
     QString summaryRest() const; ///< How many more there are, as a sentence; empty if there are none.
     int count() const { return static_cast<int>(rows.size()); }
 

@@ -11,6 +11,8 @@ Preferences::Preferences(UserDefaults &given, QObject *parent)
             Q_EMIT themeChanged();
         else if (key == UserDefaults::setupCompleted)
             Q_EMIT setupCompletedChanged();
+        else if (key == UserDefaults::explanations)
+            Q_EMIT explanationsChanged();
     });
 }
 
@@ -32,6 +34,16 @@ bool Preferences::setupCompleted() const
 void Preferences::setSetupCompleted(bool completed)
 {
     defaults.set(UserDefaults::setupCompleted, completed);
+}
+
+bool Preferences::explanations() const
+{
+    return defaults.boolean(UserDefaults::explanations, true);
+}
+
+void Preferences::setExplanations(bool areWanted)
+{
+    defaults.set(UserDefaults::explanations, areWanted);
 }
 
 } // namespace tidlo

@@ -14,6 +14,7 @@ class Preferences : public QObject
     QML_UNCREATABLE("There is one, and it is given.")
     Q_PROPERTY(QString theme READ theme WRITE setTheme NOTIFY themeChanged)
     Q_PROPERTY(bool setupCompleted READ setupCompleted WRITE setSetupCompleted NOTIFY setupCompletedChanged)
+    Q_PROPERTY(bool explanations READ explanations WRITE setExplanations NOTIFY explanationsChanged)
 
 public:
     /// \a defaults must outlive it.
@@ -25,9 +26,13 @@ public:
     bool setupCompleted() const; ///< Whether the wizard of the first run has been gone through.
     void setSetupCompleted(bool completed);
 
+    bool explanations() const; ///< Whether scans are explained, by asking somebody; true if it is not stored.
+    void setExplanations(bool areWanted);
+
 Q_SIGNALS:
     void themeChanged();
     void setupCompletedChanged();
+    void explanationsChanged();
 
 private:
     UserDefaults &defaults;

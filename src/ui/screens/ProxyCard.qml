@@ -7,6 +7,8 @@ import Tidlo.Screens
 CardModifier {
     id: root
 
+    required property Preferences preferences
+
     implicitHeight: column.implicitHeight + 40
 
     ProxyStatus {
@@ -52,7 +54,7 @@ CardModifier {
                 }
                 TidloText {
                     Layout.fillWidth: true
-                    text: proxy.sentence
+                    text: root.preferences.explanations ? proxy.sentence : proxy.nobody
                     font: TidloType.small
                     color: TidloTheme.mutedText
                     wrapMode: Text.Wrap

@@ -11,9 +11,14 @@ QString ProxyStatus::sentence()
     QUrl proxy;
     proxy.setAuthority(ExplainEndpoint::liveHost());
     if (proxy.host().isEmpty())
-        return QStringLiteral("Nobody is asked for explanations.");
+        return nobody();
     return QStringLiteral("All AI requests are processed securely via %1. No local API key setup required.")
         .arg(proxy.host());
+}
+
+QString ProxyStatus::nobody()
+{
+    return QStringLiteral("Nobody is asked for explanations.");
 }
 
 } // namespace tidlo

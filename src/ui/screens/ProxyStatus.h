@@ -11,11 +11,13 @@ class ProxyStatus : public QObject
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(QString sentence READ sentence CONSTANT)
+    Q_PROPERTY(QString nobody READ nobody CONSTANT)
 
 public:
     using QObject::QObject;
 
-    static QString sentence();
+    static QString sentence(); ///< Who is asked.
+    static QString nobody();   ///< That nobody is.
 };
 
 } // namespace tidlo

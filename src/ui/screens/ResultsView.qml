@@ -9,6 +9,8 @@ Item {
 
     required property Findings findings
     required property FoundItems items
+    required property Disclosure disclosure
+    required property Preferences preferences
     /// The radius of the window's corners.
     property double cornerRadius: 0
 
@@ -62,12 +64,18 @@ Item {
                 visible: root.findings.isExplaining
             }
             AISummaryCard {
+                id: card
+
                 objectName: "summaryCard"
                 width: parent.width
                 visible: !root.findings.isExplaining && root.findings.summary !== ""
                 summary: root.findings.summary
                 rest: root.findings.summaryRest
                 onWholeCopied: root.findings.copySummary()
+                onMenuAsked: (x, y, byKeys) => {
+                    cardMenu.popup(card, x, y);
+                    cardMenu.currentIndex = byKeys ? 0 : -1;
+                }
             }
             Repeater {
                 id: rows
@@ -125,6 +133,31 @@ Item {
             text: qsTr("Show items…")
             onTriggered: menu.chosen = true
         }
+    }
+
+    ContextMenu {
+        id: cardMenu
+
+        // Acted upon once the menu has given the keyboard back.
+        property bool chosen: false
+
+        objectName: "cardMenu"
+        onAboutToShow: cardMenu.chosen = false
+        onClosed: if (cardMenu.chosen) sentSheet.open()
+
+        ContextMenuItem {
+            objectName: "showSent"
+            text: qsTr("Show what was sent…")
+            onTriggered: cardMenu.chosen = true
+        }
+    }
+
+    SentSheet {
+        id: sentSheet
+
+        windowRadius: root.cornerRadius
+        disclosure: root.disclosure
+        preferences: root.preferences
     }
 
     ContextMenu {

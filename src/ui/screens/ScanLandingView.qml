@@ -8,10 +8,15 @@ Item {
 
     required property AppViewModel app
     required property KeptPaths keptPaths
+    required property Disclosure disclosure
+    required property Preferences preferences
     /// The radius of the window's corners.
     property double cornerRadius: 0
 
     function showMenu(x: double, y: double, byKeys: bool) {
+        const isOnPill = pill.contains(root.mapToItem(pill, x, y));
+        menu.isOfPill = byKeys || isOnPill;
+        menu.isOfScreen = byKeys || !isOnPill;
         menu.popup(root, x, y);
         menu.currentIndex = byKeys ? 0 : -1;
     }
@@ -45,8 +50,11 @@ Item {
         title: qsTr("Scan")
 
         StatusPill {
-            text: qsTr("AI explanations on")
-            pillColor: TidloTheme.systemMint
+            id: pill
+
+            objectName: "explanationsPill"
+            text: root.preferences.explanations ? qsTr("AI explanations on") : qsTr("AI explanations off")
+            pillColor: root.preferences.explanations ? TidloTheme.systemMint : TidloTheme.mutedText
         }
     }
 
@@ -101,18 +109,36 @@ Item {
     ContextMenu {
         id: menu
 
+        // The keyboard, which reaches no pill, gets both.
+        property bool isOfScreen: true
+        property bool isOfPill: true
         // Acted upon once the menu has given the keyboard back.
-        property bool chosen: false
+        property var chosen: null
 
         objectName: "landingMenu"
-        onAboutToShow: menu.chosen = false
-        onClosed: if (menu.chosen) dialog.active = true
+        onAboutToShow: menu.chosen = null
+        onClosed: if (menu.chosen) menu.chosen()
 
         ContextMenuItem {
             objectName: "alsoLookIn"
+            enabled: menu.isOfScreen
             text: qsTr("Also look in…")
-            onTriggered: menu.chosen = true
+            onTriggered: menu.chosen = () => dialog.active = true
         }
+        ContextMenuItem {
+            objectName: "showSent"
+            enabled: menu.isOfPill
+            text: qsTr("Show what was sent…")
+            onTriggered: menu.chosen = () => sentSheet.open()
+        }
+    }
+
+    SentSheet {
+        id: sentSheet
+
+        windowRadius: root.cornerRadius
+        disclosure: root.disclosure
+        preferences: root.preferences
     }
 
     // Made when it is asked for: few people ever do.

@@ -39,8 +39,8 @@ Item {
         title: qsTr("Settings")
 
         StatusPill {
-            text: qsTr("AI proxy connected")
-            pillColor: TidloTheme.systemMint
+            text: root.preferences.explanations ? qsTr("AI proxy connected") : qsTr("AI explanations off")
+            pillColor: root.preferences.explanations ? TidloTheme.systemMint : TidloTheme.mutedText
         }
     }
 
@@ -65,6 +65,7 @@ Item {
             }
             ProxyCard {
                 width: parent.width
+                preferences: root.preferences
             }
             UninstallCard {
                 width: parent.width

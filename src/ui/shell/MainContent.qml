@@ -59,6 +59,8 @@ FocusScope {
         ScanLandingView {
             app: root.shown.app
             keptPaths: root.shown.keptPaths
+            disclosure: root.shown.disclosure
+            preferences: root.shown.preferences
             cornerRadius: root.cornerRadius
         }
     }
@@ -71,6 +73,8 @@ FocusScope {
         ResultsView {
             findings: root.shown.findings
             items: root.shown.foundItems
+            disclosure: root.shown.disclosure
+            preferences: root.shown.preferences
             cornerRadius: root.cornerRadius
         }
     }

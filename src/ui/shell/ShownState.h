@@ -19,6 +19,7 @@ class ShownState : public QObject
     Q_PROPERTY(tidlo::StorageFigures *storage READ storage CONSTANT)
     Q_PROPERTY(tidlo::ScanProgress *progress READ progress CONSTANT)
     Q_PROPERTY(tidlo::Findings *findings READ findings CONSTANT)
+    Q_PROPERTY(tidlo::Disclosure *disclosure READ disclosure CONSTANT)
     Q_PROPERTY(tidlo::FoundItems *foundItems READ foundItems CONSTANT)
     Q_PROPERTY(tidlo::ShownReport *report READ report CONSTANT)
     Q_PROPERTY(tidlo::StayedItems *stayedItems READ stayedItems CONSTANT)
@@ -37,6 +38,7 @@ public:
     StorageFigures *storage() { return &figures; }
     ScanProgress *progress() { return &scan; }
     Findings *findings() { return &found; }
+    Disclosure *disclosure() { return &disclosed; }
     FoundItems *foundItems() { return &itemsFound; }
     ShownReport *report() { return &shownReport; }
     StayedItems *stayedItems() { return &itemsThatStayed; }
@@ -49,6 +51,7 @@ private:
     StorageFigures figures{owner};
     ScanProgress scan{owner};
     Findings found{owner};
+    Disclosure disclosed{owner};
     FoundItems itemsFound{owner};
     ShownReport shownReport{owner};
     StayedItems itemsThatStayed{owner};

@@ -328,4 +328,24 @@ TEST_F(FindingsTest, TellWhatIsFreedOfWhatIsSelected)
                              "/x\\n: Denied"));
 }
 
+TEST_F(FindingsTest, ShowNoExplanationAndAwaitNoneWhileExplanationsAreOff)
+{
+    app().setAiSummary(QStringLiteral("Some caches."));
+    const auto switched = [this](bool on) {
+        return [this, on] { app().defaults().set(UserDefaults::explanations, on); };
+    };
+
+    EXPECT_EQ(times(findings, &Findings::summaryChanged, switched(false)), 1);
+    EXPECT_EQ(findings.summary(), QString());
+    EXPECT_EQ(times(findings, &Findings::isExplainingChanged, switched(true)), 1);
+    EXPECT_EQ(findings.summary(), QStringLiteral("Some caches."));
+
+    app().setIsGeneratingAI(true);
+    EXPECT_TRUE(findings.isExplaining());
+    switched(false)();
+    EXPECT_FALSE(findings.isExplaining());
+    switched(true)();
+    EXPECT_FALSE(findings.isExplaining()); // Nobody has been asked since.
+}
+
 } // namespace tidlo

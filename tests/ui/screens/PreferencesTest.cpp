@@ -88,4 +88,20 @@ TEST_F(PreferencesTest, OtherKeysAreNoThemes)
     EXPECT_EQ(changesWhile([this] { defaults.set(UserDefaults::setupCompleted, true); }), 0);
 }
 
+TEST_F(PreferencesTest, ScansAreExplainedUntilThatIsSwitchedOff)
+{
+    EXPECT_TRUE(preferences.explanations());
+    EXPECT_FALSE(QFile::exists(file())); // Reading stores nothing.
+    int told = 0;
+    QObject::connect(&preferences, &Preferences::explanationsChanged, [&told] { ++told; });
+
+    preferences.setExplanations(false);
+
+    EXPECT_EQ(told, 1);
+    EXPECT_FALSE(preferences.explanations());
+    EXPECT_FALSE(UserDefaults(file()).boolean(QLatin1StringView("tidlo.explanations"), true));
+    preferences.setExplanations(true);
+    EXPECT_TRUE(UserDefaults(file()).boolean(QLatin1StringView("tidlo.explanations")));
+}
+
 } // namespace tidlo

@@ -78,6 +78,9 @@ void Demo::reset()
     given.defaults->set(UserDefaults::theme, {});
     given.defaults->set(UserDefaults::setupCompleted, {});
     given.defaults->set(UserDefaults::spared, {});
+    model.setIsGeneratingAI(false);
+    given.defaults->set(UserDefaults::explanations, {});
+    model.setSent(std::nullopt);
     given.defaults->set(UserDefaults::places, {});
     model.setSection(AppSection::scan);
     model.setPhase(ScanPhase::ready);
@@ -86,7 +89,6 @@ void Demo::reset()
     model.setSelectedFilter(std::nullopt);
     model.setCleanupReport(std::nullopt);
     model.setAiSummary(std::nullopt);
-    model.setIsGeneratingAI(false);
     model.setScanProgress(0);
     model.setShowSetupWizard(false);
     model.setShowMoveToApplicationsPrompt(false);
@@ -143,6 +145,19 @@ void Demo::setSummary(const QString &summary)
 void Demo::setExplaining(bool explaining)
 {
     model.setIsGeneratingAI(explaining);
+}
+
+void Demo::setSent(const QString &host, const QString &body)
+{
+    model.setSent(ExplainRequest{
+        .host = host, .path = "/explain", .headers = {{"Content-Type", "application/json"}}, .body = body.toUtf8()});
+}
+
+QVariant Demo::storedExplanations() const
+{
+    const bool orTrue = given.defaults->boolean(UserDefaults::explanations, true);
+    const bool orFalse = given.defaults->boolean(UserDefaults::explanations, false);
+    return orTrue == orFalse ? QVariant(orTrue) : QVariant();
 }
 
 void Demo::changeCandidate(int index, const QVariantMap &values)

@@ -19,6 +19,7 @@ class Demo : public QObject
     Q_PROPERTY(QString section READ section)
     Q_PROPERTY(QString phase READ phase)
     Q_PROPERTY(QString storedTheme READ storedTheme)
+    Q_PROPERTY(QVariant storedExplanations READ storedExplanations)
     Q_PROPERTY(int uninstalls READ uninstalls)
     Q_PROPERTY(int launches READ launches)
     Q_PROPERTY(int putBack READ putBack)
@@ -31,6 +32,7 @@ public:
     QString section() const;
     QString phase() const;
     QString storedTheme() const;                      ///< Empty while none is stored.
+    QVariant storedExplanations() const;              ///< Undefined while nothing is stored.
     int uninstalls() const { return uninstallCount; } ///< How often the script that uninstalls was started.
     int putBack() const { return putBackCount; }      ///< How many items were put back from the Trash, or should be.
     int launches() const { return launchCount; }      ///< How often a copy in the Applications folder was started.
@@ -59,6 +61,7 @@ public:
     Q_INVOKABLE void setPhase(const QString &phase);
     Q_INVOKABLE void setSummary(const QString &summary);
     Q_INVOKABLE void setExplaining(bool explaining);
+    Q_INVOKABLE void setSent(const QString &host, const QString &body);
 
     /// Makes the candidate at \a index another: any of title, detail, aiExplanation, bytes, selected, risk.
     Q_INVOKABLE void changeCandidate(int index, const QVariantMap &values);

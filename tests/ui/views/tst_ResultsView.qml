@@ -10,6 +10,8 @@ ViewCase {
             height: 674
             findings: demo.shown.findings
             items: demo.shown.foundItems
+            disclosure: demo.shown.disclosure
+            preferences: demo.shown.preferences
         }
     }
 
@@ -868,5 +870,49 @@ ViewCase {
             }
             ScriptAction { script: ++pulse.turns }
         }
+    }
+
+    function explain() {
+        show();
+        demo.setSummary("Some caches.");
+        laidOut();
+    }
+
+    function test_what_was_sent_can_be_seen_from_the_explanation_data() {
+        return [
+            { tag: "pointer on the card", ask: () => mouseClick(item("summaryCard"), 8, 8, Qt.RightButton) },
+            { tag: "pointer on the text", ask: () => mouseClick(item("explanation"), 20, 8, Qt.RightButton) },
+            { tag: "menu key", ask: () => keyClick(Qt.Key_Menu) },
+            { tag: "shift and F10", ask: () => keyClick(Qt.Key_F10, Qt.ShiftModifier) }
+        ];
+    }
+
+    function test_what_was_sent_can_be_seen_from_the_explanation(data) {
+        explain();
+        demo.setSent("explain.example:8443", "{\"text\":\"a\\nb\"}");
+        item("explanation").forceActiveFocus(Qt.TabFocusReason);
+        data.ask();
+        tryVerify(() => item("cardMenu").opened);
+        compare(item("showSent").text, "Show what was sent…");
+        mouseClick(item("showSent"));
+        const sheet = item("sentSheet");
+        tryVerify(() => sheet.opened);
+        compare(sheet.title, "What was sent");
+        compare(findChild(sheet.contentItem, "sentRequest").text, "POST /explain HTTP/1.1\n" +
+            "Host: explain.example:8443\nContent-Type: application/json\nContent-Length: 15\n\n{\"text\":\"a\\nb\"}");
+        mouseClick(findChild(sheet.contentItem, "sentDone"));
+        tryVerify(() => !sheet.visible);
+        verify(item("explanation").activeFocus, "the keyboard goes back to where it was");
+    }
+
+    function test_no_card_is_shown_while_explanations_are_off() {
+        explain();
+        demo.setExplaining(true);
+        verify(item("loadingCard").visible);
+        demo.shown.preferences.explanations = false;
+        verify(!item("loadingCard").visible);
+        verify(!item("summaryCard").visible);
+        demo.setExplaining(false);
+        verify(!item("summaryCard").visible);
     }
 }

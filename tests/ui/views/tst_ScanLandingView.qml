@@ -9,6 +9,8 @@ ViewCase {
             anchors.fill: parent
             app: demo.shown.app
             keptPaths: demo.shown.keptPaths
+            disclosure: demo.shown.disclosure
+            preferences: demo.shown.preferences
         }
     }
 
@@ -243,5 +245,97 @@ ViewCase {
         tryVerify(() => !item("placeAlert").visible);
         keyClick(Qt.Key_Escape);
         tryVerify(() => !item("placeDialog").item);
+    }
+
+    function showSent(ask) {
+        ask();
+        tryVerify(() => item("landingMenu").opened);
+        mouseClick(item("showSent"));
+        tryVerify(() => item("sentSheet").opened);
+        laidOut();
+    }
+
+    function askAtPill() {
+        const pill = item("explanationsPill");
+        mouseClick(pill, pill.width / 2, pill.height / 2, Qt.RightButton);
+    }
+
+    function test_the_pill_has_a_menu_of_its_own_and_the_keyboard_reaches_it_too_data() {
+        return [
+            { tag: "pill", ask: askAtPill, elsewhere: false, sent: true },
+            { tag: "elsewhere", ask: () => mouseClick(shown, 400, 300, Qt.RightButton), elsewhere: true, sent: false },
+            { tag: "menu key", ask: () => keyClick(Qt.Key_Menu), elsewhere: true, sent: true },
+            { tag: "shift and F10", ask: () => keyClick(Qt.Key_F10, Qt.ShiftModifier), elsewhere: true, sent: true }
+        ];
+    }
+
+    function test_the_pill_has_a_menu_of_its_own_and_the_keyboard_reaches_it_too(data) {
+        data.ask();
+        tryVerify(() => item("landingMenu").opened);
+        compare([item("alsoLookIn").visible, item("showSent").visible], [data.elsewhere, data.sent]);
+        compare(item("showSent").text, "Show what was sent…");
+        keyClick(Qt.Key_Escape);
+        tryVerify(() => !item("landingMenu").visible);
+    }
+
+    function test_before_a_scan_the_pill_shows_what_will_be_sent() {
+        showSent(askAtPill);
+        const sheet = item("sentSheet");
+        compare(sheet.title, "What is sent");
+        verify(findChild(sheet.contentItem, "sentSentence").text.startsWith("Each scan asks localhost:8443."));
+        verify(findChild(sheet.contentItem, "sentRequest").text.includes("Host: localhost:8443\n"));
+        verify(findChild(sheet.contentItem, "sentDone").activeFocus);
+        keyClick(Qt.Key_Escape);
+        tryVerify(() => !sheet.visible);
+    }
+
+    function test_the_switch_is_kept_and_told_at_once_by_the_pill_data() {
+        return [
+            { tag: "pointer", flip: button => mouseClick(button) },
+            { tag: "space", flip: () => keyClick(Qt.Key_Space) }
+        ];
+    }
+
+    function test_the_switch_is_kept_and_told_at_once_by_the_pill(data) {
+        showSent(askAtPill);
+        const button = findChild(item("sentSheet").contentItem, "explainScans");
+        compare([button.text, button.checked, button.Accessible.role], ["Explain scans", true, Accessible.CheckBox]);
+        button.forceActiveFocus(Qt.TabFocusReason);
+        compare(demo.storedExplanations, undefined);
+        data.flip(button);
+        compare([button.checked, demo.storedExplanations], [false, false]);
+        text("AI explanations off");
+        verify(findChild(item("sentSheet").contentItem, "sentSentence").text.startsWith("Explanations are off"));
+        data.flip(button);
+        compare([button.checked, demo.storedExplanations], [true, true]);
+        text("AI explanations on");
+    }
+
+    function test_the_pill_is_muted_while_explanations_are_off() {
+        demo.shown.preferences.explanations = false;
+        comparePill("AI explanations off", "mutedText");
+    }
+
+    function test_the_switch_has_its_looks() {
+        showSent(askAtPill);
+        const button = findChild(item("sentSheet").contentItem, "explainScans");
+        const [track, label] = Array.from(button.contentItem.children), knob = track.children[0];
+        compare([track.width, track.height, knob.width, knob.height], [38, 22, 16, 16]);
+        compareFonts([[label, TidloType.bodyStrong]]);
+        compareColors([[track, "color", "green"], [knob, "color", "black"]]);
+        tryCompare(knob, "x", 38 - 16 - 3);
+        demo.shown.preferences.explanations = false;
+        tryCompare(knob, "x", 3);
+        compareColors([[track, "color", "controlSurface"], [knob, "color", "mutedText"]]);
+    }
+
+    function test_all_that_is_sent_can_be_copied() {
+        showSent(askAtPill);
+        const content = item("sentSheet").contentItem, request = findChild(content, "sentRequest");
+        mouseClick(findChild(content, "copySent"));
+        const pasted = createTemporaryQmlObject("import QtQuick; TextEdit {}", shown);
+        pasted.paste();
+        compare(pasted.text, request.text);
+        verify(pasted.text.startsWith("POST /explain HTTP/1.1\n"));
     }
 }

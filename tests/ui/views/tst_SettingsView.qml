@@ -220,4 +220,12 @@ ViewCase {
         kept.inspect();
         compare(kept.count, 0);
     }
+
+    function test_it_says_that_nobody_is_asked_while_explanations_are_off() {
+        demo.shown.preferences.explanations = false;
+        comparePill("AI explanations off", "mutedText");
+        text("Nobody is asked for explanations.");
+        demo.shown.preferences.explanations = true;
+        text("All AI requests are processed securely via localhost. No local API key setup required.");
+    }
 }

@@ -1,5 +1,6 @@
 """What the results show of an explanation, from a real service."""
 
+import json
 import sys
 import tempfile
 import unittest
@@ -49,6 +50,42 @@ class Explanation(unittest.TestCase):
         self.window.wait_without("label", LOADING)
         self.assertEqual(len(self.service.requests), 1)
         self.assertIsNone(self.window.find("label", "Explanation"))
+
+    def choose_in_menu(self, label):
+        """What was sent, from the menu of a label; the sheet is there then."""
+        self.window.click("label", label, button=3)
+        self.window.click("menu item", "Show what was sent…")
+        self.window.wait("check box", "Explain scans")
+
+    def test_what_was_sent_is_shown_whole_and_switched_off_no_scan_asks(self):
+        self.window.wait("radio button", "Scan").press()
+        self.choose_in_menu("AI explanations on")
+        example = self.window.wait("label", "What is sent|What was sent").description
+        self.assertTrue(example.startswith(f"POST /explain HTTP/1.1\nHost: {self.service.host}\n"), example)
+        self.window.press("push button", "Done")
+        self.scan(answer("Some projects."))
+        self.shown()
+        self.choose_in_menu("Explanation")
+        sent = self.window.wait("label", "What was sent").description
+        [(_, request)] = self.service.requests
+        self.assertEqual(json.loads(sent.split("\n\n", 1)[1]), request)
+        self.addCleanup(home.fill)
+
+        self.window.press("check box", "Explain scans")
+        self.window.wait_without("label", "Explanation")
+        self.assertIn("tidlo.explanations=false", home.PREFERENCES.read_text(encoding="utf-8"))
+        self.window.press("push button", "Done")
+        self.scan(answer("Nobody reads this."))
+        self.window.wait("radio button", "Scan").press()
+        self.window.wait("label", "AI explanations off")
+        self.assertEqual(self.service.requests, [])
+
+        self.choose_in_menu("AI explanations off")
+        self.window.press("check box", "Explain scans")
+        self.window.wait("label", "AI explanations on")
+        self.window.press("push button", "Done")
+        self.scan(answer("Asked again."))
+        self.assertEqual(self.shown(), "Asked again.")
 
     def test_the_results_can_be_used_while_the_answer_is_awaited(self):
         self.service.may_reply.clear()

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "app/AppViewModel.h"
+
+#include <QtQml/qqmlregistration.h>
+
+namespace tidlo {
+
+/// What is sent to have scans explained, and to whom: for the last scan, or as an example while nothing was. Main
+/// thread.
+class Disclosure : public QObject
+{
+    Q_OBJECT
+    QML_ELEMENT
+    QML_UNCREATABLE("It is made with the state that it shows.")
+    Q_PROPERTY(QString title READ title NOTIFY changed)
+    Q_PROPERTY(QString sentence READ sentence NOTIFY changed)
+    Q_PROPERTY(QString request READ request NOTIFY changed)
+    Q_PROPERTY(QString rest READ rest NOTIFY changed)
+
+public:
+    /// \a app must outlive it.
+    explicit Disclosure(AppViewModel &app, QObject *parent = nullptr);
+
+    QString title() const;
+    QString sentence() const; ///< Who is asked, and what \c request is.
+    /// All that is sent: the first 20,000 characters, with what cannot be shown as escapes. Empty if nobody would be
+    /// asked.
+    QString request() const;
+    QString rest() const; ///< How many more there are, as a sentence; empty if there are none.
+
+    /// Puts all that is sent on the clipboard, as it is.
+    Q_INVOKABLE void copy() const;
+
+Q_SIGNALS:
+    void changed();
+
+private:
+    QString wholeRequest() const;
+
+    AppViewModel &app;
+};
+
+} // namespace tidlo
