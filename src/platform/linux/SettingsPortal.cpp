@@ -4,6 +4,7 @@
 #include <QDBusPendingCallWatcher>
 #include <QDBusVariant>
 
+#include <algorithm>
 #include <utility>
 
 namespace tidlo {
@@ -30,6 +31,18 @@ bool isNothing(const QVariant &value)
     return text.size() <= longest && text.toDouble(&isNumber) <= 0 && isNumber;
 }
 
+bool isYes(const QVariant &value)
+{
+    return value.typeId() == QMetaType::Bool && value.toBool();
+}
+
+/// 1 if it is no number.
+double textScaleOf(const QVariant &value)
+{
+    const double scale = value.typeId() == QMetaType::Double ? value.toDouble() : 1;
+    return scale > 1 ? std::min(scale, mostTextScale) : 1;
+}
+
 struct Setting
 {
     QLatin1StringView group;
@@ -53,6 +66,12 @@ constexpr std::array settings{
             }},
     Setting{QLatin1StringView("org.kde.kdeglobals.KDE"), QLatin1StringView("AnimationDurationFactor"),
             [](const QVariant &value, DesktopWishes &wishes) { wishes.reducedMotion |= isNothing(value); }},
+    Setting{QLatin1StringView("org.freedesktop.appearance"), QLatin1StringView("contrast"),
+            [](const QVariant &value, DesktopWishes &wishes) { wishes.higherContrast |= isNumber(value, 1); }},
+    Setting{QLatin1StringView("org.gnome.desktop.a11y.interface"), QLatin1StringView("high-contrast"),
+            [](const QVariant &value, DesktopWishes &wishes) { wishes.higherContrast |= isYes(value); }},
+    Setting{QLatin1StringView("org.gnome.desktop.interface"), QLatin1StringView("text-scaling-factor"),
+            [](const QVariant &value, DesktopWishes &wishes) { wishes.textScale = textScaleOf(value); }},
 };
 
 /// A value may come in a box within a box.

@@ -35,7 +35,7 @@ private Q_SLOTS:
     void takeChange(const QDBusMessage &message);
 
 private:
-    static constexpr size_t settingCount = 4;
+    static constexpr size_t settingCount = 7;
 
     void ask();
     void take(size_t setting, const QVariant &value);

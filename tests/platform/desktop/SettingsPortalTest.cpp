@@ -228,13 +228,14 @@ TEST_F(SettingsPortalTest, PassesOverWhoIsNotThePortal)
     EXPECT_THAT(toldOfDark(), ElementsAre(Optional(true)));
 }
 
-TEST_F(SettingsPortalTest, MotionIsReducedByWhicheverSettingSaysSo)
+TEST_F(SettingsPortalTest, WhateverSettingSaysSoReducesMotionOrRaisesContrast)
 {
     struct Case
     {
         QString group;
         QString key;
-        QVariantList reducing;
+        DesktopWishes wished;
+        QVariantList wishing;
         QVariantList others; // Or of another type.
     };
     portal.appear();
@@ -242,30 +243,61 @@ TEST_F(SettingsPortalTest, MotionIsReducedByWhicheverSettingSaysSo)
     waitUntil([this] { return portal.questions() > 0; });
     portal.tellChange(appearance, colorScheme, dark); // From now on there is always something that was told.
     waitForAll();
+    const DesktopWishes reduced{.isDark = true, .reducedMotion = true};
+    const DesktopWishes contrasting{.isDark = true, .higherContrast = true};
     for (const Case &row :
-         {Case{appearance, QStringLiteral("reduced-motion"), {1U}, {0U, 2U, UINT_MAX, 1, true, QStringLiteral("1")}},
+         {Case{appearance,
+               QStringLiteral("reduced-motion"),
+               reduced,
+               {1U},
+               {0U, 2U, UINT_MAX, 1, true, QStringLiteral("1")}},
           Case{QStringLiteral("org.gnome.desktop.interface"),
                QStringLiteral("enable-animations"),
+               reduced,
                {false},
                {true, 0U, 0, 0.0, QStringLiteral("false"), QStringList()}},
           Case{QStringLiteral("org.kde.kdeglobals.KDE"),
                QStringLiteral("AnimationDurationFactor"),
+               reduced,
                {QStringLiteral("0"), QStringLiteral("0.0"), QString(32, u'0'), 0.0},
                {QStringLiteral("1"), QStringLiteral("0.5"), QString(), QStringLiteral("none"), QStringLiteral("nan"),
-                QString(33, u'0'), 1.0, qQNaN(), 0U, false, QStringList(QStringLiteral("0"))}}}) {
-        for (const QVariant &value : row.reducing) {
+                QString(33, u'0'), 1.0, qQNaN(), 0U, false, QStringList(QStringLiteral("0"))}},
+          Case{appearance, QStringLiteral("contrast"), contrasting, {1U}, {0U, 2U, 1, true, QStringLiteral("1")}},
+          Case{QStringLiteral("org.gnome.desktop.a11y.interface"),
+               QStringLiteral("high-contrast"),
+               contrasting,
+               {true},
+               {false, 1U, 1, QStringLiteral("true")}}}) {
+        for (const QVariant &value : row.wishing) {
             portal.tellChange(row.group, row.key, value);
             waitForAll();
-            EXPECT_EQ(told.constLast(), (DesktopWishes{.isDark = true, .reducedMotion = true}))
-                << row.key.toStdString();
+            EXPECT_EQ(told.constLast(), row.wished) << row.key.toStdString();
             for (const QVariant &other : row.others) {
                 portal.tellChange(row.group, row.key, value);
                 portal.tellChange(row.group, row.key, other);
                 waitForAll();
-                EXPECT_EQ(told.constLast(), (DesktopWishes{.isDark = true, .reducedMotion = false}))
+                EXPECT_EQ(told.constLast(), DesktopWishes{.isDark = true})
                     << row.key.toStdString() << " " << other.typeName() << " " << other.toString().toStdString();
             }
         }
+    }
+}
+
+TEST_F(SettingsPortalTest, TextsAreAtMostHalfAsLargeAgainAndNeverSmaller)
+{
+    portal.appear();
+    follow();
+    waitUntil([this] { return portal.questions() > 0; });
+    portal.tellChange(appearance, colorScheme, dark);
+    waitForAll();
+    const std::vector<std::pair<QVariant, double>> scales{
+        {1.25, 1.25}, {1.5, 1.5},    {1.51, 1.5},  {1e300, 1.5}, {qInf(), 1.5},
+        {0.5, 1},     {-2.0, 1},     {qQNaN(), 1}, {1.25, 1.25}, {QStringLiteral("1.25"), 1},
+        {2U, 1},      {1.125, 1.125}};
+    for (const auto &[value, scale] : scales) {
+        portal.tellChange(QStringLiteral("org.gnome.desktop.interface"), QStringLiteral("text-scaling-factor"), value);
+        waitForAll();
+        EXPECT_EQ(told.constLast().textScale, scale) << value.toString().toStdString();
     }
 }
 
@@ -276,7 +308,7 @@ TEST_F(SettingsPortalTest, AnswersOfAllItsQuestionsCountTogether)
     portal.appear();
 
     follow();
-    waitUntil([this] { return portal.questions() >= 4; });
+    waitUntil([this] { return portal.questions() >= 7; });
     waitForAll();
 
     EXPECT_EQ(told.constLast(), (DesktopWishes{.isDark = false, .reducedMotion = true}));

@@ -72,6 +72,11 @@ FOUNDATION_EXPORT __kindof NSApplication *_Null_unspecified NSApp;
            completionHandler:(void (^_Nullable)(NSRunningApplication *_Nullable app,
                                                 NSError *_Nullable error))completionHandler API_SINCE(10.15);
 - (void)activateFileViewerSelectingURLs:(NSArray<NSURL *> *)fileURLs;
+@property(readonly, strong) NSNotificationCenter *notificationCenter;
+@property(readonly) BOOL accessibilityDisplayShouldIncreaseContrast API_SINCE(10.10);
+@property(readonly) BOOL accessibilityDisplayShouldReduceMotion API_SINCE(10.12);
 @end
+
+FOUNDATION_EXPORT const NSNotificationName NSWorkspaceAccessibilityDisplayOptionsDidChangeNotification API_SINCE(10.10);
 
 #pragma clang assume_nonnull end

@@ -96,4 +96,19 @@ typedef NS_ENUM(NSInteger, NSURLRelationship) {
                  error:(NSError *_Nullable *_Nullable)error;
 @end
 
+typedef NSString *NSNotificationName;
+
+@interface NSNotification : NSObject
+@end
+
+@class NSOperationQueue;
+
+@interface NSNotificationCenter : NSObject
+- (id)addObserverForName:(nullable NSNotificationName)name
+                  object:(nullable id)obj
+                   queue:(nullable NSOperationQueue *)queue
+              usingBlock:(void (^)(NSNotification *notification))block;
+- (void)removeObserver:(id)observer;
+@end
+
 #pragma clang assume_nonnull end
