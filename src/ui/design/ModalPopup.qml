@@ -20,7 +20,8 @@ T.Dialog {
     // To anchor it there would take the scale into account twice.
     parent: T.Overlay.overlay
     x: (parent.width - width) / 2
-    y: (parent.height - height) / 2
+    // Its own height may change as it is placed.
+    y: (parent.height - implicitHeight) / 2
     implicitWidth: contentWidth + leftPadding + rightPadding
     implicitHeight: contentHeight + topPadding + bottomPadding
     modal: true

@@ -179,6 +179,12 @@ TestCase {
         return item.objectName || item.text || item.name || String(item);
     }
 
+    /// In the whole window: the engine must not end while screens are being made, and it miscounts those that are hurried
+    /// by being shown.
+    function awaitScreens() {
+        tryVerify(() => Array.from(item("content").children).every(child => child.status !== Loader.Loading));
+    }
+
     function laidOut() {
         waitForRendering(shown);
     }

@@ -13,6 +13,7 @@ ViewCase {
     }
 
     function cleanup() {
+        awaitScreens();
         Motion.isReduced = false;
     }
 
@@ -31,6 +32,7 @@ ViewCase {
     }
 
     function test_the_arc_around_the_ring_stands() {
+        awaitScreens();
         demo.scanAt(0.42, "Checking");
         const spinner = item("spinner"), turn = findChild(spinner, "turn");
         tryVerify(() => spinner.rotation > 0);
@@ -41,6 +43,7 @@ ViewCase {
     }
 
     function test_the_card_that_waits_stands() {
+        awaitScreens();
         Motion.isReduced = true;
         demo.showResults();
         demo.setExplaining(true);
@@ -55,6 +58,7 @@ ViewCase {
     }
 
     function test_a_tick_is_there_at_once() {
+        awaitScreens();
         Motion.isReduced = true;
         demo.showResults();
         tryVerify(() => findChild(shown, "row0"));
@@ -65,6 +69,7 @@ ViewCase {
     }
 
     function test_a_ring_has_its_value_at_once() {
+        awaitScreens();
         Motion.isReduced = true;
         showAnew();
         const rings = seen(shown, part => part.animate !== undefined && part.shortest !== undefined);
