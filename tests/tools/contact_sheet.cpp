@@ -69,7 +69,7 @@ QImage sheet(const Scheme &scheme, int ratio)
     image.setDevicePixelRatio(ratio);
     image.fill(scheme.background);
     QPainter painter(&image);
-    painter.setFont(TidloType::small());
+    painter.setFont(TidloType().small());
     for (int i = 0; i < names.size(); ++i)
         drawRow(painter, names[i], QPointF(20 + i / rows * columnWidth, 10 + i % rows * rowHeight), scheme.ink);
     return image;

@@ -43,7 +43,7 @@ ColumnLayout {
     TidloText {
         Layout.fillWidth: true
         text: root.message
-        font: TidloType.system(13, Font.Normal)
+        font: TidloType.system(13, Font.Normal, TidloType.scale)
         color: TidloTheme.mutedText
         horizontalAlignment: Text.AlignHCenter
         wrapMode: Text.Wrap

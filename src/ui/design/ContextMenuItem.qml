@@ -17,7 +17,7 @@ T.MenuItem {
 
     contentItem: TidloText {
         text: root.text
-        font: TidloType.system(13, Font.Normal)
+        font: TidloType.system(13, Font.Normal, TidloType.scale)
         Accessible.ignored: true
     }
 

@@ -27,9 +27,9 @@ Column {
         color: root.color
         value: root.share
         valueText: root.valueText
-        valueFont: TidloType.rounded(20, Font.Bold)
+        valueFont: TidloType.rounded(20, Font.Bold, TidloType.scale)
         label: root.label
-        labelFont: TidloType.system(9, Font.Bold)
+        labelFont: TidloType.system(9, Font.Bold, TidloType.scale)
     }
 
     TidloText {

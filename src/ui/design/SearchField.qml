@@ -12,7 +12,7 @@ T.TextField {
     rightPadding: 10
     topPadding: 7
     bottomPadding: 7
-    font: TidloType.system(13, Font.Normal)
+    font: TidloType.system(13, Font.Normal, TidloType.scale)
     color: TidloTheme.primaryText
     selectionColor: TidloTheme.faded(TidloTheme.blue, 0.45)
     selectedTextColor: TidloTheme.primaryText

@@ -33,8 +33,8 @@ void drawPicture(QPainter &painter, const QRectF &square, const QImage &picture)
 void drawFallback(QPainter &painter, const QRectF &square)
 {
     QLinearGradient accents(square.topLeft(), square.bottomRight());
-    accents.setColorAt(0, TidloTheme::blue());
-    accents.setColorAt(1, TidloTheme::green());
+    accents.setColorAt(0, TidloTheme::logoBlue());
+    accents.setColorAt(1, TidloTheme::logoGreen());
     painter.fillPath(continuousRectangle(square, square.width() * fallbackCorner), accents);
     const QImage ink = symbolInk(QStringLiteral("sparkles"), square.width() * fallbackSymbol, QFont::Bold, 1);
     QRect middle = ink.rect();

@@ -1,5 +1,7 @@
 #include "ui/design/TidloTheme.h"
 
+#include "ui/design/Contrast.h"
+
 #include <QEvent>
 #include <QGuiApplication>
 #include <QPalette>
@@ -58,6 +60,90 @@ QColor mix(const SchemeColor &color, double darkness)
                     between(color.dark.blue, color.light.blue), between(color.dark.opacity, color.light.opacity)});
 }
 
+constexpr Rgba black = blackAt(1);
+
+// What others are drawn on.
+constexpr SchemeColor card{{0.122, 0.192, 0.212}, white};
+constexpr SchemeColor control{{0.098, 0.153, 0.169}, {0.878, 0.929, 0.941}};
+constexpr SchemeColor window{{0.055, 0.086, 0.094}, {0.953, 0.973, 0.976}};
+constexpr SchemeColor topBar{{0.035, 0.055, 0.063}, white};
+constexpr SchemeColor rail{{0.035, 0.055, 0.063}, {0.898, 0.937, 0.945}};
+constexpr SchemeColor sidebar{{0.071, 0.11, 0.122}, {0.918, 0.949, 0.957}};
+constexpr SchemeColor gray{bytes(152, 152, 157), bytes(142, 142, 147)};
+constexpr SchemeColor accentBlue{{0.388, 0.682, 0.718}, {0.388, 0.682, 0.718}};
+constexpr SchemeColor accentGreen{{0.502, 0.741, 0.769}, {0.502, 0.741, 0.769}};
+
+/// What a colour is for, and with it what it is drawn on.
+enum class Role {
+    surface, ///< Others are drawn on it.
+    line,
+    hue,     ///< Texts and symbols on a surface, or on a tint of their own.
+    text,    ///< On a surface, or on any tint.
+    symbol,  ///< On a surface.
+    onGreen, ///< On the button of the accent.
+};
+
+constexpr double ofText = 4.5;   ///< The contrast that a text of any size needs,
+constexpr double ofSymbol = 3.0; ///< and a symbol.
+
+QList<QColor> surfacesOf(Rgba SchemeColor::*scheme)
+{
+    QList<QColor> surfaces;
+    for (const SchemeColor &surface : {card, control, window, topBar, rail, sidebar})
+        surfaces.append(colorOf(surface.*scheme));
+    return surfaces;
+}
+
+QColor contrastingHue(const SchemeColor &hue, Rgba SchemeColor::*scheme)
+{
+    return withContrast(colorOf(hue.*scheme), {.surfaces = surfacesOf(scheme), .ownTint = 0.22}, ofText);
+}
+
+/// The surfaces, and what the tints make of them: of a chosen line, a card, and what the pointer is on.
+QList<QColor> tintedSurfacesOf(Rgba SchemeColor::*scheme)
+{
+    const QList<QColor> tints{TidloTheme::faded(contrastingHue(accentBlue, scheme), 0.3),
+                              TidloTheme::faded(contrastingHue(accentGreen, scheme), 0.16),
+                              TidloTheme::faded(colorOf(gray.*scheme), 0.18)};
+    QList<QColor> all = surfacesOf(scheme);
+    for (const QColor &surface : surfacesOf(scheme)) {
+        for (const QColor &tint : tints)
+            all.append(laidOver(tint, surface));
+    }
+    return all;
+}
+
+QColor readable(const SchemeColor &color, Rgba SchemeColor::*scheme, Role role)
+{
+    const QColor plain = colorOf(color.*scheme);
+    switch (role) {
+    case Role::surface:
+        return plain;
+    case Role::line:
+        return QColor::fromRgbF(plain.redF(), plain.greenF(), plain.blueF());
+    case Role::hue:
+        return contrastingHue(color, scheme);
+    case Role::text:
+        return withContrast(plain, {.surfaces = tintedSurfacesOf(scheme)}, ofText);
+    case Role::symbol:
+        return withContrast(plain, {.surfaces = surfacesOf(scheme)}, ofSymbol);
+    case Role::onGreen:
+        return withContrast(plain, {.surfaces = {contrastingHue(accentGreen, scheme)}}, ofText);
+    }
+    return plain;
+}
+
+Rgba rgbaOf(const QColor &color)
+{
+    return {color.redF(), color.greenF(), color.blueF(), color.alphaF()};
+}
+
+SchemeColor readable(const SchemeColor &color, Role role)
+{
+    return {.dark = rgbaOf(readable(color, &SchemeColor::dark, role)),
+            .light = rgbaOf(readable(color, &SchemeColor::light, role))};
+}
+
 /// The platform tells its scheme by the colours that it gives to text and to what lies behind it.
 ColorScheme schemeOfPlatform()
 {
@@ -101,6 +187,14 @@ void TidloTheme::setDesktopScheme(std::optional<ColorScheme> told)
     changeScheme(before);
     if (isFirst)
         finishChange();
+}
+
+void TidloTheme::setHighContrast(bool isHigh)
+{
+    if (isHigh == highContrast)
+        return;
+    highContrast = isHigh;
+    Q_EMIT colorsChanged();
 }
 
 void TidloTheme::setMotion(const SpringMotion &motion)
@@ -157,56 +251,58 @@ QColor TidloTheme::faded(const QColor &color, double opacity)
     return faded;
 }
 
+QColor TidloTheme::solid(const QColor &color, double opacity) const
+{
+    return highContrast ? laidOver(color, color) : faded(color, opacity);
+}
+
 QColor TidloTheme::blended(const QColor &from, const QColor &to, double share)
 {
-    const auto rgba = [](const QColor &color) {
-        return Rgba{color.redF(), color.greenF(), color.blueF(), color.alphaF()};
-    };
-    return mix({.dark = rgba(to), .light = rgba(from)}, share);
+    return mix({.dark = rgbaOf(to), .light = rgbaOf(from)}, share);
 }
 
-QColor TidloTheme::blue()
+QColor TidloTheme::logoBlue()
 {
-    return colorOf({0.388, 0.682, 0.718});
+    return colorOf(accentBlue.dark);
 }
 
-QColor TidloTheme::green()
+QColor TidloTheme::logoGreen()
 {
-    return colorOf({0.502, 0.741, 0.769});
+    return colorOf(accentGreen.dark);
 }
 
-QColor TidloTheme::red()
-{
-    return colorOf({1.0, 0.35, 0.39});
-}
-
-// The token table: dark, then light.
-#define TIDLO_COLOR(name, ...) \
+// The token table: what a colour is for, and it in the dark scheme and in the light one.
+#define TIDLO_COLOR(name, role, ...) \
     QColor TidloTheme::name() const \
     { \
         static constexpr SchemeColor color{__VA_ARGS__}; \
-        return mix(color, currentDarkness); \
+        static const SchemeColor contrasting = readable(color, Role::role); \
+        return mix(highContrast ? contrasting : color, currentDarkness); \
     }
 
-TIDLO_COLOR(cardSurface, {0.122, 0.192, 0.212}, white)
-TIDLO_COLOR(controlSurface, {0.098, 0.153, 0.169}, {0.878, 0.929, 0.941})
-TIDLO_COLOR(controlBorder, whiteAt(0.12), {0.737, 0.824, 0.839})
-TIDLO_COLOR(primaryText, {0.89, 0.91, 0.918}, {0.059, 0.118, 0.129})
-TIDLO_COLOR(mutedText, {0.51, 0.612, 0.624}, {0.255, 0.361, 0.388})
-TIDLO_COLOR(windowBackground, {0.055, 0.086, 0.094}, {0.953, 0.973, 0.976})
-TIDLO_COLOR(topBarBackground, {0.035, 0.055, 0.063}, white)
-TIDLO_COLOR(railBackground, {0.035, 0.055, 0.063}, {0.898, 0.937, 0.945})
-TIDLO_COLOR(railSymbol, whiteAt(0.68), {0.255, 0.361, 0.388})
-TIDLO_COLOR(sidebarBackground, {0.071, 0.11, 0.122}, {0.918, 0.949, 0.957})
-TIDLO_COLOR(systemBlue, bytes(10, 132, 255), bytes(0, 122, 255))
-TIDLO_COLOR(systemMint, bytes(99, 230, 226), bytes(0, 199, 190))
-TIDLO_COLOR(systemPurple, bytes(191, 90, 242), bytes(175, 82, 222))
-TIDLO_COLOR(systemYellow, bytes(255, 214, 10), bytes(255, 204, 0))
-TIDLO_COLOR(systemOrange, bytes(255, 159, 10), bytes(255, 149, 0))
-TIDLO_COLOR(systemRed, bytes(255, 69, 58), bytes(255, 59, 48))
-TIDLO_COLOR(systemGray, bytes(152, 152, 157), bytes(142, 142, 147))
-TIDLO_COLOR(secondaryLabel, whiteAt(0.55), blackAt(0.5))
-TIDLO_COLOR(divider, whiteAt(0.1), blackAt(0.1))
+TIDLO_COLOR(blue, hue, accentBlue)
+TIDLO_COLOR(green, hue, accentGreen)
+TIDLO_COLOR(red, hue, {1.0, 0.35, 0.39}, {1.0, 0.35, 0.39})
+TIDLO_COLOR(accentLabel, onGreen, black, black)
+TIDLO_COLOR(cardSurface, surface, card)
+TIDLO_COLOR(controlSurface, surface, control)
+TIDLO_COLOR(controlBorder, line, whiteAt(0.12), {0.737, 0.824, 0.839})
+TIDLO_COLOR(primaryText, text, {0.89, 0.91, 0.918}, {0.059, 0.118, 0.129})
+TIDLO_COLOR(mutedText, text, {0.51, 0.612, 0.624}, {0.255, 0.361, 0.388})
+TIDLO_COLOR(windowBackground, surface, window)
+TIDLO_COLOR(topBarBackground, surface, topBar)
+TIDLO_COLOR(railBackground, surface, rail)
+TIDLO_COLOR(railSymbol, symbol, whiteAt(0.68), {0.255, 0.361, 0.388})
+TIDLO_COLOR(sidebarBackground, surface, sidebar)
+TIDLO_COLOR(systemBlue, hue, bytes(10, 132, 255), bytes(0, 122, 255))
+TIDLO_COLOR(systemMint, hue, bytes(99, 230, 226), bytes(0, 199, 190))
+TIDLO_COLOR(systemPurple, hue, bytes(191, 90, 242), bytes(175, 82, 222))
+TIDLO_COLOR(systemYellow, hue, bytes(255, 214, 10), bytes(255, 204, 0))
+TIDLO_COLOR(systemOrange, hue, bytes(255, 159, 10), bytes(255, 149, 0))
+TIDLO_COLOR(systemRed, hue, bytes(255, 69, 58), bytes(255, 59, 48))
+TIDLO_COLOR(systemGray, surface, gray)
+TIDLO_COLOR(secondaryLabel, text, whiteAt(0.55), blackAt(0.5))
+TIDLO_COLOR(divider, line, whiteAt(0.1), blackAt(0.1))
 
 #undef TIDLO_COLOR
 

@@ -32,10 +32,15 @@ class TidloTheme : public QObject
     /// From 1, dark, to 0, light, for what is no colour but changes with them.
     Q_PROPERTY(double darkness READ darkness NOTIFY colorsChanged)
 
-    // The accents, which no scheme changes.
-    Q_PROPERTY(QColor blue READ blue CONSTANT)
-    Q_PROPERTY(QColor green READ green CONSTANT)
-    Q_PROPERTY(QColor red READ red CONSTANT)
+    /// Whether what is read stands out as well as WCAG 2 asks for, and borders are opaque. Surfaces stay as they are.
+    Q_PROPERTY(bool isHighContrast READ isHighContrast WRITE setHighContrast NOTIFY colorsChanged)
+
+    // The accents, which no scheme changes but that of high contrast.
+    Q_PROPERTY(QColor blue READ blue NOTIFY colorsChanged)
+    Q_PROPERTY(QColor green READ green NOTIFY colorsChanged)
+    Q_PROPERTY(QColor red READ red NOTIFY colorsChanged)
+    /// What is written on green.
+    Q_PROPERTY(QColor accentLabel READ accentLabel NOTIFY colorsChanged)
 
     // Surfaces, texts and lines.
     Q_PROPERTY(QColor cardSurface READ cardSurface NOTIFY colorsChanged)
@@ -77,9 +82,17 @@ public:
     bool isDark() const { return scheme() == ColorScheme::dark; }
     double darkness() const { return currentDarkness; }
 
-    static QColor blue();
-    static QColor green();
-    static QColor red();
+    bool isHighContrast() const { return highContrast; }
+    void setHighContrast(bool isHigh); ///< At once.
+
+    // The accents of the logo, which stays as it is.
+    static QColor logoBlue();
+    static QColor logoGreen();
+
+    QColor blue() const;
+    QColor green() const;
+    QColor red() const;
+    QColor accentLabel() const;
     QColor cardSurface() const;
     QColor controlSurface() const;
     QColor controlBorder() const;
@@ -103,6 +116,9 @@ public:
 
     /// \a color at \a opacity times its own.
     Q_INVOKABLE static QColor faded(const QColor &color, double opacity);
+
+    /// \a color at \a opacity times its own, but opaque where contrast is high: for borders, and what is written upon.
+    Q_INVOKABLE QColor solid(const QColor &color, double opacity) const;
 
     /// \a from and \a to, mixed: from at a share of 0, to at 1. A share beyond, as a spring swings, counts as its end.
     Q_INVOKABLE static QColor blended(const QColor &from, const QColor &to, double share);
@@ -135,7 +151,8 @@ private:
     ColorScheme platformScheme = ColorScheme::light;
     double currentDarkness = 1;
     bool isChosen = false; ///< A preference has been set.
-    bool isTold = false;   ///< The desktop has told of its scheme.
+    bool highContrast = false;
+    bool isTold = false; ///< The desktop has told of its scheme.
     QVariantAnimation change;
 };
 

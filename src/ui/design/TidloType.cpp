@@ -34,16 +34,24 @@ void TidloType::loadFonts()
     Q_UNUSED(loaded)
 }
 
-QFont TidloType::system(double points, int weight)
+void TidloType::setScale(double scale)
 {
-    loadFonts();
-    return fontOf(QStringLiteral("Inter"), points, weight);
+    if (scale == textScale)
+        return;
+    textScale = scale;
+    Q_EMIT scaleChanged();
 }
 
-QFont TidloType::rounded(double points, int weight)
+QFont TidloType::system(double points, int weight, double scale)
 {
     loadFonts();
-    return fontOf(QStringLiteral("Quicksand"), points, weight);
+    return fontOf(QStringLiteral("Inter"), points * scale, weight);
+}
+
+QFont TidloType::rounded(double points, int weight, double scale)
+{
+    loadFonts();
+    return fontOf(QStringLiteral("Quicksand"), points * scale, weight);
 }
 
 QFont TidloType::tracked(const QFont &font, double points)

@@ -27,7 +27,7 @@ CardModifier {
 
         TidloText {
             text: qsTr("Appearance & Theme")
-            font: TidloType.system(22, Font.Bold)
+            font: TidloType.system(22, Font.Bold, TidloType.scale)
             Accessible.role: Accessible.Heading
         }
         TidloText {

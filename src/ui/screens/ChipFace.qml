@@ -13,7 +13,7 @@ Rectangle {
     radius: height / 2
     color: root.selected ? TidloTheme.faded(TidloTheme.blue, 0.16) : TidloTheme.faded(TidloTheme.systemGray, 0.12)
     border.width: 1
-    border.color: root.selected ? TidloTheme.faded(TidloTheme.blue, 0.45) : TidloTheme.faded(TidloTheme.systemGray, 0.2)
+    border.color: root.selected ? TidloTheme.solid(TidloTheme.blue, 0.45) : TidloTheme.solid(TidloTheme.systemGray, 0.2)
 
     TidloText {
         id: words

@@ -67,7 +67,7 @@ Rectangle {
             TidloText {
                 Layout.fillWidth: true
                 text: root.pathText
-                font: TidloType.system(13, Font.Normal)
+                font: TidloType.system(13, Font.Normal, TidloType.scale)
                 elide: Text.ElideMiddle
                 Accessible.ignored: true
             }

@@ -52,7 +52,7 @@ FocusScope {
                 TidloText {
                     width: parent.width
                     text: root.items.title
-                    font: TidloType.system(18, Font.Bold)
+                    font: TidloType.system(18, Font.Bold, TidloType.scale)
                     elide: Text.ElideRight
                     Accessible.role: Accessible.Heading
                 }

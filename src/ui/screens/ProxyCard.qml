@@ -24,7 +24,7 @@ CardModifier {
 
         TidloText {
             text: qsTr("Tidlo AI Server Proxy")
-            font: TidloType.system(22, Font.Bold)
+            font: TidloType.system(22, Font.Bold, TidloType.scale)
             Accessible.role: Accessible.Heading
         }
         SpacedText {

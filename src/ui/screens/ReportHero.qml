@@ -12,7 +12,7 @@ ContinuousRectangle {
     implicitHeight: row.implicitHeight + 44
     radius: 14
     color: TidloTheme.faded(TidloTheme.green, TidloTheme.mixed(TidloTheme.darkness, 0.12, 0.16))
-    borderColor: TidloTheme.faded(TidloTheme.green, 0.25)
+    borderColor: TidloTheme.solid(TidloTheme.green, 0.25)
     borderWidth: 1
 
     RowLayout {
@@ -28,17 +28,17 @@ ContinuousRectangle {
 
             TidloText {
                 text: qsTr("SPACE RECOVERED")
-                font: TidloType.system(10, Font.Bold)
-                color: TidloTheme.faded(TidloTheme.green, 0.8)
+                font: TidloType.system(10, Font.Bold, TidloType.scale)
+                color: TidloTheme.solid(TidloTheme.green, 0.8)
             }
             TidloText {
                 objectName: "recovered"
                 text: root.report.recoveredText
-                font: TidloType.rounded(44, Font.Bold)
+                font: TidloType.rounded(44, Font.Bold, TidloType.scale)
             }
             TidloText {
                 text: root.report.diskText
-                color: TidloTheme.faded(TidloTheme.green, 0.85)
+                color: TidloTheme.solid(TidloTheme.green, 0.85)
             }
         }
         MetricRing {

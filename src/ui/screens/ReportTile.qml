@@ -33,7 +33,7 @@ CardModifier {
         }
         TidloText {
             text: root.valueText
-            font: TidloType.system(22, Font.Bold)
+            font: TidloType.system(22, Font.Bold, TidloType.scale)
             color: root.tileColor
             Accessible.ignored: true
         }

@@ -58,7 +58,7 @@ PlainButton {
         TidloText {
             anchors.centerIn: parent
             text: qsTr("CLICK TO\nSCAN")
-            font: TidloType.system(17, Font.Bold)
+            font: TidloType.system(17, Font.Bold, TidloType.scale)
             color: TidloTheme.mutedText
             horizontalAlignment: Text.AlignHCenter
             Accessible.ignored: true

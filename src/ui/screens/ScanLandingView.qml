@@ -77,7 +77,7 @@ Item {
                 anchors.horizontalCenter: parent.horizontalCenter
                 topPadding: 8
                 text: qsTr("AI-assisted deep clean")
-                font: TidloType.system(28, Font.Bold)
+                font: TidloType.system(28, Font.Bold, TidloType.scale)
                 horizontalAlignment: Text.AlignHCenter
                 Accessible.role: Accessible.Heading
             }

@@ -23,7 +23,7 @@ CardModifier {
 
         TidloText {
             text: qsTr("Scan pipeline")
-            font: TidloType.system(21, Font.Bold)
+            font: TidloType.system(21, Font.Bold, TidloType.scale)
             Accessible.role: Accessible.Heading
         }
         SpacedText {

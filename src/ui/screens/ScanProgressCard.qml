@@ -71,7 +71,7 @@ CardModifier {
                 TidloText {
                     anchors.horizontalCenter: parent.horizontalCenter
                     text: root.percentText
-                    font: TidloType.rounded(44, Font.Bold)
+                    font: TidloType.rounded(44, Font.Bold, TidloType.scale)
                     Accessible.ignored: true
                 }
                 TidloText {
@@ -88,7 +88,7 @@ CardModifier {
             height: topPadding + 2 * Math.ceil(lines.height) // So that nothing moves where it takes two.
             topPadding: 6
             text: root.label
-            font: TidloType.system(20, Font.Bold)
+            font: TidloType.system(20, Font.Bold, TidloType.scale)
             horizontalAlignment: Text.AlignHCenter
             verticalAlignment: Text.AlignVCenter
             wrapMode: Text.Wrap
@@ -97,7 +97,7 @@ CardModifier {
             FontMetrics {
                 id: lines
 
-                font: TidloType.system(20, Font.Bold)
+                font: TidloType.system(20, Font.Bold, TidloType.scale)
             }
         }
         TidloText {

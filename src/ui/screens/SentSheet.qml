@@ -28,7 +28,7 @@ Sheet {
             TidloText {
                 Layout.fillWidth: true
                 text: root.disclosure.title
-                font: TidloType.system(18, Font.Bold)
+                font: TidloType.system(18, Font.Bold, TidloType.scale)
                 Accessible.role: Accessible.Heading
             }
             SpacedText {

@@ -30,7 +30,7 @@ FocusScope {
 
             TidloText {
                 text: qsTr("Tidlo setup")
-                font: TidloType.system(18, Font.Bold)
+                font: TidloType.system(18, Font.Bold, TidloType.scale)
                 Accessible.role: Accessible.Heading
             }
             TidloText {
@@ -74,7 +74,7 @@ FocusScope {
             TidloText {
                 width: parent.width
                 text: qsTr("Clean with context, not guesses")
-                font: TidloType.system(30, Font.Bold)
+                font: TidloType.system(30, Font.Bold, TidloType.scale)
                 horizontalAlignment: Text.AlignHCenter
                 Accessible.role: Accessible.Heading
             }

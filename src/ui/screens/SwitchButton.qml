@@ -38,7 +38,7 @@ PlainButton {
                 width: 16
                 height: 16
                 radius: 8
-                color: TidloTheme.blended(TidloTheme.mutedText, "black", root.share)
+                color: TidloTheme.blended(TidloTheme.mutedText, TidloTheme.accentLabel, root.share)
             }
         }
         TidloText {

@@ -77,7 +77,7 @@ FocusScope {
         anchors.bottom: parent.bottom
         anchors.left: sidebar.right
         width: 1
-        opacity: TidloTheme.mixed(TidloTheme.darkness, 0.25, 0.7)
+        opacity: TidloTheme.isHighContrast ? 1 : TidloTheme.mixed(TidloTheme.darkness, 0.25, 0.7)
     }
 
     MainContent {

@@ -42,9 +42,9 @@ ContinuousRectangle {
             color: root.metricColor
             value: root.share
             valueText: root.valueText
-            valueFont: TidloType.rounded(18, Font.Bold)
+            valueFont: TidloType.rounded(18, Font.Bold, TidloType.scale)
             label: root.label
-            labelFont: TidloType.system(8.5, Font.Bold)
+            labelFont: TidloType.system(8.5, Font.Bold, TidloType.scale)
         }
         Column {
             Layout.fillWidth: true
@@ -66,7 +66,7 @@ ContinuousRectangle {
             }
             TidloText {
                 text: root.valueText
-                font: TidloType.system(17, Font.Bold)
+                font: TidloType.system(17, Font.Bold, TidloType.scale)
                 color: root.metricColor
                 Accessible.ignored: true
             }

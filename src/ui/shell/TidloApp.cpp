@@ -76,7 +76,9 @@ void TidloApp::heed(const DesktopWishes &wishes)
     auto &motion = tokenOf<Motion>(engine, "Motion");
     auto &theme = tokenOf<TidloTheme>(engine, "TidloTheme");
     motion.setReduced(wishes.reducedMotion);
+    tokenOf<TidloType>(engine, "TidloType").setScale(wishes.textScale);
     theme.setMotion(motion.theme());
+    theme.setHighContrast(wishes.higherContrast);
     theme.setDesktopScheme(wishedScheme(wishes));
 }
 

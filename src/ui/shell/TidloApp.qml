@@ -15,6 +15,8 @@ Window {
     readonly property size leastContent: Qt.size(1350, 720)
     /// On a smaller screen everything is drawn smaller, as long as it can be read; from there on it scrolls.
     readonly property double contentScale: Math.max(0.75, Math.min(1, width / leastContent.width, height / leastContent.height))
+    /// Texts up to a quarter larger fit into that; beyond, there is more to scroll.
+    readonly property double roomForTexts: Math.max(1, TidloType.scale / 1.25)
     readonly property bool isFramed: root.chrome.isNative
     readonly property bool fillsScreen: visibility === Window.Maximized || visibility === Window.FullScreen
     readonly property double cornerRadius: fillsScreen || isFramed ? 0 : 10
@@ -82,8 +84,8 @@ Window {
         RootView {
             id: root
 
-            width: Math.max(window.width / window.contentScale, window.leastContent.width)
-            height: Math.max(window.height / window.contentScale, window.leastContent.height)
+            width: Math.max(window.width / window.contentScale, window.leastContent.width * window.roomForTexts)
+            height: Math.max(window.height / window.contentScale, window.leastContent.height * window.roomForTexts)
             scale: window.contentScale
             transformOrigin: Item.TopLeft
             focus: true

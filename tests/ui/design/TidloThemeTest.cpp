@@ -2,6 +2,7 @@
 
 #include "support/PrintQt.h"
 #include "support/WaitUntil.h"
+#include "ui/design/Contrast.h"
 
 #include <QGuiApplication>
 #include <QPalette>
@@ -9,6 +10,7 @@
 #include <gmock/gmock.h>
 
 #include <array>
+#include <map>
 
 namespace tidlo {
 
@@ -332,6 +334,49 @@ TEST(TidloTheme, NumbersMixAsTheSchemesDo)
     EXPECT_EQ(TidloTheme::mixed(1, 0.2, 0.15), 0.2);
     EXPECT_EQ(TidloTheme::mixed(0, 0.2, 0.15), 0.15);
     EXPECT_DOUBLE_EQ(TidloTheme::mixed(0.5, 0.2, 0.1), 0.15);
+}
+
+TEST_F(TidloThemeTest, WithHighContrastWhateverIsReadStandsOutOnEverySurface)
+{
+    for (const char *preference : {"dark", "light"}) {
+        theme.setHighContrast(false);
+        theme.setPreference(QLatin1StringView(preference));
+        waitUntil([&] { return theme.darkness() == (theme.isDark() ? 1 : 0); });
+        const auto colorOf = [this](const char *name) { return theme.property(name).value<QColor>(); };
+        Grounds grounds;
+        std::map<const char *, QColor> plain;
+        for (const NamedColor &color : colors)
+            plain.emplace(color.name, colorOf(color.name));
+        for (const char *surface : {"cardSurface", "controlSurface", "windowBackground", "topBarBackground",
+                                    "railBackground", "sidebarBackground"})
+            grounds.surfaces.append(colorOf(surface));
+        const Grounds tinted{.surfaces = grounds.surfaces, .ownTint = 0.18};
+
+        EXPECT_EQ(times(&TidloTheme::colorsChanged, [this] { theme.setHighContrast(true); }), 1);
+
+        for (const char *surface : {"cardSurface", "controlSurface", "windowBackground", "topBarBackground",
+                                    "railBackground", "sidebarBackground", "systemGray"})
+            EXPECT_EQ(colorOf(surface), plain.at(surface)) << surface;
+        for (const char *text : {"primaryText", "mutedText", "secondaryLabel"})
+            EXPECT_GE(leastContrast(colorOf(text), grounds), 4.5) << text << preference;
+        EXPECT_GE(leastContrast(colorOf("railSymbol"), grounds), 3) << preference;
+        for (const char *hue : {"blue", "green", "red", "systemBlue", "systemMint", "systemPurple", "systemYellow",
+                                "systemOrange", "systemRed"}) {
+            EXPECT_GE(leastContrast(colorOf(hue), tinted), 4.5) << hue << preference;
+            EXPECT_NEAR(colorOf(hue).hslHueF(), plain.at(hue).hslHueF(), 0.01) << hue << preference;
+            EXPECT_NEAR(colorOf(hue).hslSaturationF(), plain.at(hue).hslSaturationF(), 0.01) << hue << preference;
+        }
+        EXPECT_GE(leastContrast(theme.accentLabel(), {.surfaces = {theme.green()}}), 4.5) << preference;
+        for (const char *line : {"controlBorder", "divider"})
+            EXPECT_EQ(colorOf(line).alphaF(), 1) << line;
+        EXPECT_EQ(theme.solid(theme.red(), 0.35), theme.red());
+
+        theme.setHighContrast(false);
+        for (const NamedColor &color : colors)
+            EXPECT_EQ(colorOf(color.name), plain.at(color.name)) << color.name;
+        EXPECT_EQ(theme.solid(theme.red(), 0.35), TidloTheme::faded(theme.red(), 0.35));
+        EXPECT_EQ(theme.accentLabel(), QColor(Qt::black));
+    }
 }
 
 } // namespace tidlo

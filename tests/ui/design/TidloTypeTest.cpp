@@ -95,13 +95,31 @@ TEST(TidloType, TheRoundedDesignIsAnotherFace)
 
 TEST(TidloType, TrackingAddsPointsBetweenLettersAndNothingElse)
 {
-    const QFont plain = TidloType::smallStrong();
+    const QFont plain = TidloType().smallStrong();
     QFont tracked = TidloType::tracked(plain, 1.6);
     EXPECT_EQ(tracked.letterSpacingType(), QFont::AbsoluteSpacing);
     EXPECT_NEAR(tracked.letterSpacing(), 1.6, 1.0 / 64); // As fine as a font counts.
 
     tracked.setLetterSpacing(plain.letterSpacingType(), plain.letterSpacing());
     EXPECT_EQ(tracked, plain);
+}
+
+TEST(TidloType, EveryFontGrowsWithTheScaleAndIsToldOnce)
+{
+    TidloType type;
+    int told = 0;
+    QObject::connect(&type, &TidloType::scaleChanged, [&told] { ++told; });
+    type.setScale(1.25);
+    type.setScale(1.25);
+    EXPECT_EQ(told, 1);
+    for (const NamedFont &font : fonts) {
+        const double plain = TidloType().property(font.name).value<QFont>().pointSizeF();
+        EXPECT_NEAR(type.property(font.name).value<QFont>().pointSizeF(), plain * 1.25, 0.01) << font.name;
+    }
+    EXPECT_NEAR(TidloType::system(10, QFont::Normal, 1.5).pointSizeF(),
+                TidloType::system(15, QFont::Normal).pointSizeF(), 0.01);
+    EXPECT_NEAR(TidloType::rounded(10, QFont::Normal, 1.5).pointSizeF(),
+                TidloType::rounded(15, QFont::Normal).pointSizeF(), 0.01);
 }
 
 } // namespace tidlo

@@ -2,9 +2,11 @@
 
 #include "ui/UiTest.h"
 #include "ui/design/TidloTheme.h"
+#include "ui/design/TidloType.h"
 #include "ui/shell/WindowChromeConfigurator.h"
 
 #include <QQmlEngine>
+#include <QQuickItem>
 #include <QQuickWindow>
 
 #include <latch>
@@ -178,6 +180,25 @@ TEST_F(TidloAppTest, ReducesMotionWhereTheDesktopWishesItAsLongAsItDoes)
     environment.defaults->set(UserDefaults::theme, QStringLiteral("light"));
     waitUntil([this] { return theme().darkness() == 0; });
     EXPECT_THAT(seen, testing::Each(testing::AllOf(testing::Ge(0), testing::Le(1)))); // No spring, which swings over.
+}
+
+TEST_F(TidloAppTest, RaisesTheContrastAndTheTextsAsTheDesktopWishesIt)
+{
+    for (const bool isHigher : {true, false}) {
+        tidlo().heed({.isDark = {}, .higherContrast = isHigher, .textScale = isHigher ? 1.5 : 1});
+        EXPECT_EQ(theme().isHighContrast(), isHigher);
+        EXPECT_EQ(tokenOf<TidloType>("TidloType").scale(), isHigher ? 1.5 : 1);
+    }
+}
+
+TEST_F(TidloAppTest, TextsHalfAsLargeAgainHaveMoreRoomThanTheWindowWhichScrolls)
+{
+    tidlo().heed({.isDark = {}, .textScale = 1.25});
+    const auto *const root = tidlo().window()->findChild<QQuickItem *>(QStringLiteral("topBar"))->parentItem();
+    EXPECT_EQ(root->width(), 1350);
+    tidlo().heed({.isDark = {}, .textScale = 1.5});
+    EXPECT_EQ(root->width(), 1350 * 1.2);
+    EXPECT_GE(root->height(), 720 * 1.2);
 }
 
 TEST_F(TidloAppTest, AFirstRunShowsTheWizardWhereThereIsNoApplicationsFolder)
