@@ -11,6 +11,8 @@ from window import Window
 
 PROGRAM = sys.argv.pop()
 NO_PREFERENCE, DARK, LIGHT = 0, 1, 2
+PLAIN, CONTRASTING = 0, 1
+GREEN = {PLAIN: (128, 189, 196), CONTRASTING: (148, 199, 205)}
 BACKGROUND = {DARK: (14, 22, 24), LIGHT: (243, 248, 249)}
 
 
@@ -35,6 +37,17 @@ class DesktopSettings(unittest.TestCase):
 
                 window.click("push button", "Close")
                 self.assertEqual(window.ended(), 0)
+
+    def test_the_contrast_follows_it(self):
+        with closing(Portal(color_scheme=DARK, contrast=CONTRASTING)) as portal, Window(PROGRAM) as window:
+            button = window.wait("push button", "SCAN MY MAC").extents
+
+            def is_drawn(contrast):
+                return window.screen.color_at(button.x + 10, button.y + button.height // 2) == GREEN[contrast]
+
+            eventually_seen("it is as the desktop", lambda: is_drawn(CONTRASTING))
+            portal.change(contrast=PLAIN)
+            eventually_seen("it follows the desktop", lambda: is_drawn(PLAIN))
 
 
 if __name__ == "__main__":
