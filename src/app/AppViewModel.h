@@ -68,20 +68,16 @@ public:
 
     void setSelectedFilter(std::optional<CleanupRisk> value)
     {
-        assign(state.selectedFilter, std::move(value), &AppViewModel::selectedFilterChanged);
+        assign(state.selectedFilter, value, &AppViewModel::selectedFilterChanged);
     }
-    void setShowSetupWizard(bool value)
-    {
-        assign(state.showSetupWizard, std::move(value), &AppViewModel::showSetupWizardChanged);
-    }
+    void setShowSetupWizard(bool value) { assign(state.showSetupWizard, value, &AppViewModel::showSetupWizardChanged); }
     void setShowMoveToApplicationsPrompt(bool value)
     {
-        assign(state.showMoveToApplicationsPrompt, std::move(value),
-               &AppViewModel::showMoveToApplicationsPromptChanged);
+        assign(state.showMoveToApplicationsPrompt, value, &AppViewModel::showMoveToApplicationsPromptChanged);
     }
     void setShowMoveToApplicationsError(bool value)
     {
-        assign(state.showMoveToApplicationsError, std::move(value), &AppViewModel::showMoveToApplicationsErrorChanged);
+        assign(state.showMoveToApplicationsError, value, &AppViewModel::showMoveToApplicationsErrorChanged);
     }
 
     // Figures derived from the candidates as they are now; nothing is kept. A sum that does not fit stops the program.
@@ -229,33 +225,27 @@ Q_SIGNALS:
     void sentChanged();
 
 protected:
-    void setPhase(ScanPhase value) { assign(state.phase, std::move(value), &AppViewModel::phaseChanged); }
-    void setSection(AppSection value) { assign(state.section, std::move(value), &AppViewModel::sectionChanged); }
-    void setTotals(ScanTotals value) { assign(state.totals, std::move(value), &AppViewModel::totalsChanged); }
+    void setPhase(ScanPhase value) { assign(state.phase, value, &AppViewModel::phaseChanged); }
+    void setSection(AppSection value) { assign(state.section, value, &AppViewModel::sectionChanged); }
+    void setTotals(ScanTotals value) { assign(state.totals, value, &AppViewModel::totalsChanged); }
     void setCandidates(QList<CleanupCandidate> value)
     {
         assign(state.candidates, std::move(value), &AppViewModel::candidatesChanged);
     }
-    void setScanProgress(double value)
-    {
-        assign(state.scanProgress, std::move(value), &AppViewModel::scanProgressChanged);
-    }
+    void setScanProgress(double value) { assign(state.scanProgress, value, &AppViewModel::scanProgressChanged); }
     void setScanLabel(QString value) { assign(state.scanLabel, std::move(value), &AppViewModel::scanLabelChanged); }
     void setCleanupReport(std::optional<CleanupReport> value) { setCleanup(std::move(value), {}); }
     void setAiSummary(std::optional<QString> value)
     {
         assign(state.aiSummary, std::move(value), &AppViewModel::aiSummaryChanged);
     }
-    void setSetupStep(int value) { assign(state.setupStep, std::move(value), &AppViewModel::setupStepChanged); }
+    void setSetupStep(int value) { assign(state.setupStep, value, &AppViewModel::setupStepChanged); }
     void setMoveToApplicationsErrorMessage(QString value)
     {
         assign(state.moveToApplicationsErrorMessage, std::move(value),
                &AppViewModel::moveToApplicationsErrorMessageChanged);
     }
-    void setIsGeneratingAI(bool value)
-    {
-        assign(state.isGeneratingAI, std::move(value), &AppViewModel::isGeneratingAIChanged);
-    }
+    void setIsGeneratingAI(bool value) { assign(state.isGeneratingAI, value, &AppViewModel::isGeneratingAIChanged); }
 
     void setSent(const std::optional<ExplainRequest> &request);
 
