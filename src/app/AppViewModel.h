@@ -143,6 +143,7 @@ public:
 
     UserDefaults &defaults() const { return *environment.defaults; }
     Workspace &workspace() const { return *environment.workspace; }
+    Bundle bundle() const { return environment.bundle(); }
 
     /// What the application does once as it starts: on a run before setup has been completed, offers to move to the
     /// Applications folder. Where there is no such folder, the application lies in it already, or the program runs from
@@ -194,6 +195,9 @@ public:
     /// cannot be started, or would remove what is not ours, one line on standard output says so, and nothing else
     /// happens.
     Q_INVOKABLE void uninstallTidloCompletely();
+
+    /// The same for an application in no bundle, which a script cannot remove: only its preferences and caches go.
+    void removePreferencesAndCaches();
 
 Q_SIGNALS:
     /// A property is about to be assigned.

@@ -11,15 +11,11 @@ namespace tidlo {
 
 namespace {
 
+using Obstacle = std::optional<QString>;
+
 /// Writes the script and starts it. Gives what went wrong, for a person; then nothing has been started.
-std::optional<QString> startScript(const AppEnvironment &environment)
+Obstacle startScript(const AppEnvironment &environment, const UninstallScript &script)
 {
-    const Bundle bundle = environment.bundle();
-    if (!bundle.isOurs() || !environment.fileManager->fileExists(bundle.executable))
-        return QStringLiteral("The running program is not in a bundle of its own.");
-    if (isSameOrWithin(environment.fileManager->homeDirectoryForCurrentUser(), bundle.path))
-        return QStringLiteral("The bundle of the application holds the home folder, or may do so.");
-    const UninstallScript script = uninstallScript(bundle.path, bundle.identifier.value_or(applicationIdentifier));
     if (script.unquotable)
         return QStringLiteral("A shell would read a character of this path as its own: ") +
                visibleText(*script.unquotable);
@@ -29,17 +25,38 @@ std::optional<QString> startScript(const AppEnvironment &environment)
     return environment.workspace->start("/bin/bash", {file});
 }
 
+Obstacle uninstallBundle(const AppEnvironment &environment)
+{
+    const Bundle bundle = environment.bundle();
+    if (!bundle.isOurs() || !environment.fileManager->fileExists(bundle.executable))
+        return QStringLiteral("The running program is not in a bundle of its own.");
+    if (isSameOrWithin(environment.fileManager->homeDirectoryForCurrentUser(), bundle.path))
+        return QStringLiteral("The bundle of the application holds the home folder, or may do so.");
+    return startScript(environment, uninstallScript(bundle.path, bundle.identifier.value_or(applicationIdentifier)));
+}
+
+void quitUnless(const Obstacle &obstacle, Workspace &workspace)
+{
+    if (!obstacle) {
+        workspace.terminateApplication();
+        return;
+    }
+    std::printf("Tidlo uninstall failed to start: %s\n", qUtf8Printable(*obstacle));
+    std::fflush(stdout);
+}
+
 } // namespace
 
 void AppViewModel::uninstallTidloCompletely()
 {
     requireMainThread();
-    if (const auto error = startScript(environment)) {
-        std::printf("Tidlo uninstall failed to start: %s\n", qUtf8Printable(*error));
-        std::fflush(stdout);
-        return;
-    }
-    environment.workspace->terminateApplication();
+    quitUnless(uninstallBundle(environment), *environment.workspace);
+}
+
+void AppViewModel::removePreferencesAndCaches()
+{
+    requireMainThread();
+    quitUnless(startScript(environment, uninstallScript({}, applicationIdentifier)), *environment.workspace);
 }
 
 } // namespace tidlo

@@ -4,6 +4,18 @@
 
 namespace tidlo {
 
+namespace {
+
+QByteArray removal(const FilePath &application)
+{
+    if (application.isEmpty())
+        return {};
+    return "/usr/bin/osascript -e 'tell application \"Finder\" to move POSIX file \"" + application +
+           "\" to trash' >/dev/null 2>&1 || rm -rf \"" + application + "\"\n";
+}
+
+} // namespace
+
 std::optional<FilePath> firstUnquotable(const QList<FilePath> &paths, QByteArrayView characters)
 {
     const auto found = std::ranges::find_if(paths, [=](const FilePath &path) {
@@ -18,12 +30,8 @@ UninstallScript uninstallScriptForMacOS(const FilePath &application, const QByte
     if (const auto path = firstUnquotable({application}, "\"$`\\'"))
         return {.text = {}, .unquotable = path};
     return {.text = "#!/usr/bin/env bash\n"
-                    "sleep 1\n"
-                    "/usr/bin/osascript -e 'tell application \"Finder\" to move POSIX file \"" +
-                    application + "\" to trash' >/dev/null 2>&1 || rm -rf \"" + application +
-                    "\"\n"
-                    "defaults delete " +
-                    identifier +
+                    "sleep 1\n" +
+                    removal(application) + "defaults delete " + identifier +
                     " >/dev/null 2>&1 || true\n"
                     "rm -rf \"$HOME/Library/Preferences/" +
                     identifier +

@@ -17,7 +17,7 @@ struct UninstallScript
 
 /// The script that uninstalls the application on this system: waits for it to end, moves the bundle at \a application
 /// to the Trash, or deletes it where the system fails to do that, and removes what the application known by \a
-/// identifier left in the folders of the user.
+/// identifier left in the folders of the user. Where \a application is empty, there is no bundle: it does the rest.
 UninstallScript uninstallScript(const FilePath &application, const QByteArray &identifier);
 
 /// The one for macOS, wherever it is asked for.

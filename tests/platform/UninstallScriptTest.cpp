@@ -47,6 +47,15 @@ rm -rf "$HOME/Library/Caches/com.example.other")");
     EXPECT_TRUE(script.endsWith('"'));
 }
 
+TEST_F(UninstallScriptTest, OfMacOSRemovesPreferencesAndCachesAloneWithoutABundle)
+{
+    EXPECT_EQ(uninstallScriptForMacOS({}, "com.example.other").text, R"(#!/usr/bin/env bash
+sleep 1
+defaults delete com.example.other >/dev/null 2>&1 || true
+rm -rf "$HOME/Library/Preferences/com.example.other.plist"
+rm -rf "$HOME/Library/Caches/com.example.other")");
+}
+
 TEST_F(UninstallScriptTest, OfMacOSIsNotMadeWhereTheShellWouldReadAPathAsItsOwn)
 {
     for (const char *character : {"\"", "$", "`", "\\", "'"}) {

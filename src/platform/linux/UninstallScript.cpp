@@ -15,6 +15,8 @@ QByteArray quoted(const FilePath &path)
 /// the Trash left alone on purpose stays, which other statuses tell.
 QByteArray removal(const FilePath &application)
 {
+    if (application.isEmpty())
+        return {};
     return quoted(application + "/Contents/MacOS/tidlo-cli") + " trash-bundle --at " + quoted(application) +
            " >/dev/null 2>&1 || case $? in 1 | 126 | 127) rm -rf " + quoted(application) + " ;; esac\n";
 }

@@ -11,6 +11,7 @@
 #include "ui/screens/Preferences.h"
 #include "ui/screens/Presentation.h"
 #include "ui/screens/ProxyStatus.h"
+#include "ui/screens/Removal.h"
 #include "ui/screens/ScanProgress.h"
 #include "ui/screens/ShownReport.h"
 #include "ui/screens/StayedItems.h"

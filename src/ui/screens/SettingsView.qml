@@ -8,6 +8,7 @@ Item {
 
     required property AppViewModel app
     required property Preferences preferences
+    required property Removal removal
     required property KeptPaths keptPaths
     /// The radius of the window's corners.
     property double cornerRadius: 0
@@ -69,7 +70,10 @@ Item {
             }
             UninstallCard {
                 width: parent.width
-                onUninstallRequested: root.showUninstallConfirmation = true
+                onUninstallRequested: {
+                    root.removal.inspect();
+                    root.showUninstallConfirmation = true;
+                }
             }
         }
     }
@@ -118,11 +122,11 @@ Item {
         visible: root.showUninstallConfirmation
         windowRadius: root.cornerRadius
         title: qsTr("Uninstall Tidlo?")
-        message: qsTr("Tidlo will quit, move the app to Trash, and remove its preferences and saved setup state.")
-        defaultText: qsTr("Uninstall completely")
+        message: root.removal.message
+        defaultText: root.removal.action
         cancelText: qsTr("Cancel")
         isDestructive: true
         onClosed: root.showUninstallConfirmation = false
-        onAccepted: root.app.uninstallTidloCompletely()
+        onAccepted: root.removal.carryOut()
     }
 }

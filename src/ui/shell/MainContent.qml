@@ -91,6 +91,7 @@ FocusScope {
         SettingsView {
             app: root.shown.app
             preferences: root.shown.preferences
+            removal: root.shown.removal
             keptPaths: root.shown.keptPaths
             cornerRadius: root.cornerRadius
         }

@@ -14,6 +14,7 @@ class ShownState : public QObject
     QML_UNCREATABLE("There is one, and it is given.")
     Q_PROPERTY(tidlo::AppViewModel *app READ app CONSTANT)
     Q_PROPERTY(tidlo::Preferences *preferences READ preferences CONSTANT)
+    Q_PROPERTY(tidlo::Removal *removal READ removal CONSTANT)
     Q_PROPERTY(tidlo::KeptPaths *keptPaths READ keptPaths CONSTANT)
     Q_PROPERTY(tidlo::Navigation *navigation READ navigation CONSTANT)
     Q_PROPERTY(tidlo::StorageFigures *storage READ storage CONSTANT)
@@ -33,6 +34,7 @@ public:
 
     AppViewModel *app() { return &owner; }
     Preferences *preferences() { return &stored; }
+    Removal *removal() { return &wayOut; }
     KeptPaths *keptPaths() { return &kept; }
     Navigation *navigation() { return &shownSection; }
     StorageFigures *storage() { return &figures; }
@@ -46,6 +48,7 @@ public:
 private:
     AppViewModel &owner;
     Preferences stored{owner.defaults()};
+    Removal wayOut{owner};
     KeptPaths kept{owner};
     Navigation shownSection{owner};
     StorageFigures figures{owner};

@@ -187,6 +187,21 @@ TEST_F(UninstallFlow, RefusesWhatIsNoBundleOfItsOwn)
     expectRefused(bundleAtPath(home / "folder"), notOurs);
 }
 
+TEST_F(UninstallFlow, RemovesPreferencesAndCachesAloneWhereThereIsNoBundle)
+{
+    bundle = {.path = home / "bin/tidlo", .executable = home / "bin/tidlo", .identifier = std::nullopt};
+    model();
+    const InSequence order;
+    EXPECT_CALL(*workspace, start(FilePath("/bin/bash"), ElementsAre(script())));
+    EXPECT_CALL(*workspace, terminateApplication);
+
+    model().removePreferencesAndCaches();
+
+    EXPECT_THAT(scriptText(), HasSubstr("/com.tidlo.storagecleaner.conf\""));
+    EXPECT_THAT(scriptText(), Not(HasSubstr("bin/tidlo")));
+    EXPECT_THAT(scriptText(), Not(HasSubstr("trash-bundle")));
+}
+
 TEST_F(UninstallFlow, FollowsTheBundleToWhereItWasMoved)
 {
     model();

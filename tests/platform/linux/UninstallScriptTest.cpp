@@ -51,6 +51,16 @@ rm -f "/home/me/.config/com.tidlo.storagecleaner.conf"
 rm -rf "/home/me/.cache/com.tidlo.storagecleaner")");
 }
 
+TEST(UninstallScriptOfLinux, RemovesTheFilesOfTheUserAloneWithoutABundle)
+{
+    EXPECT_EQ(madeWith({{"HOME", "/home/me"}}, {}), R"(#!/usr/bin/env bash
+sleep 1
+rm -f "/home/me/.local/share/applications/com.tidlo.storagecleaner.desktop"
+rm -f "/home/me/.local/share/icons/hicolor/512x512/apps/com.tidlo.storagecleaner.png"
+rm -f "/home/me/.config/com.tidlo.storagecleaner.conf"
+rm -rf "/home/me/.cache/com.tidlo.storagecleaner")");
+}
+
 TEST(UninstallScriptOfLinux, NamesTheFilesOfTheIdentifierItIsGiven)
 {
     const auto script = madeWith({{"HOME", "/home/me"}}, "/Applications/Tidlo.app", "com.example.other");

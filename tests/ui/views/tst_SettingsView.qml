@@ -8,6 +8,7 @@ ViewCase {
         SettingsView {
             anchors.fill: parent
             app: demo.shown.app
+            removal: demo.shown.removal
             keptPaths: demo.shown.keptPaths
             preferences: demo.shown.preferences
         }
