@@ -4,6 +4,9 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
+
+#include <cerrno>
 
 #include <fcntl.h>
 #include <openssl/err.h>
@@ -113,6 +116,13 @@ QByteArray written(const Memory &memory)
     return {data, static_cast<qsizetype>(size)};
 }
 
+/// For this user alone, whatever the mask says: clients trust what lies in it.
+bool makeFolder(const QString &folder)
+{
+    return QDir().mkpath(QFileInfo(folder).path()) &&
+           (::mkdir(QFile::encodeName(folder).constData(), S_IRWXU) == 0 || errno == EEXIST);
+}
+
 bool makeFiles(const CertificateFiles &files, const QDateTime &now)
 {
     const Key key(EVP_EC_gen("P-256"));
@@ -187,7 +197,7 @@ OrReason<CertificateFiles> localhostCertificate(const QString &folder, const QDa
     ERR_clear_error();
     if (isFound)
         return {.value = files, .reason = {}};
-    if (!QDir().mkpath(folder) || !makeFiles(files, now))
+    if (!makeFolder(folder) || !makeFiles(files, now))
         return {.value = {}, .reason = QStringLiteral("A certificate cannot be made in %1.").arg(folder)};
     return {.value = files, .reason = {}};
 }

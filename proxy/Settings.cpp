@@ -36,6 +36,8 @@ Options:
                         for any number. Unless given, 64, but any number on a
                         loopback address. A network of IPv6 (/64) is one.
   --idle-exit <seconds> End after so long without a connection.
+  --until-eof           End when standard input ends, as it does with a program
+                        that started the service for itself.
   --offline             Read no key and send nothing anywhere, whatever the
                         environment says.
   --help                Show this.
@@ -63,7 +65,7 @@ Environment, besides:
 
 void addOptions(QCommandLineParser &parser)
 {
-    for (const char *flag : {"plain-http", "offline", "help", "version"})
+    for (const char *flag : {"plain-http", "until-eof", "offline", "help", "version"})
         parser.addOption({QString::fromLatin1(flag), {}});
     for (const char *name : {"address", "port", "certificate", "key", "per-minute", "per-address", "idle-exit"})
         parser.addOption({QString::fromLatin1(name), {}, QStringLiteral("value")});
@@ -206,6 +208,7 @@ Settings settingsOf(const QCommandLineParser &parser, const QProcessEnvironment 
             .stateFolder = stateFolder(environment),
             .perMinute = number(parser, "per-minute", defaults.perMinute, mostCounted),
             .perAddress = optional("per-address"),
+            .isUntilEof = parser.isSet(QStringLiteral("until-eof")),
             .idleExit = number(parser, "idle-exit", defaults.idleExit, mostCounted),
             .upstream = parser.isSet(QStringLiteral("offline")) ? std::nullopt : upstream(environment)};
 }

@@ -45,6 +45,7 @@ struct Settings
     int perMinute = 10;               ///< Requests of one device, 0 for any number.
     std::optional<int> perAddress;    ///< Connections of one address at a time, 0 for any number; unless given, it
                                       ///< depends on where the service listens.
+    bool isUntilEof = false;          ///< Whether it ends at the end of standard input.
     int idleExit = 0;                 ///< Seconds without a connection after which it ends, 0 for never.
     std::optional<Upstream> upstream; ///< Without one, explanations are written offline.
 };

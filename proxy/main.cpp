@@ -5,14 +5,17 @@
 #include "proxy/OfflineExplanation.h"
 
 #include <algorithm>
+#include <array>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
 #include <sstream>
 
+#include <boost/asio/posix/stream_descriptor.hpp>
 #include <boost/asio/signal_set.hpp>
 #include <sys/resource.h>
+#include <unistd.h>
 #ifdef __GLIBC__
 #include <malloc.h>
 #endif
@@ -98,6 +101,17 @@ void announce(const Settings &settings, const tcp::endpoint &listening)
     std::fflush(stdout);
 }
 
+/// Ends the process when \a input ends, or cannot be read: whoever had a question is gone, and what is kept is whole.
+void endWith(asio::posix::stream_descriptor &input)
+{
+    input.async_wait(asio::posix::stream_descriptor::wait_read, [&input](error_code) {
+        std::array<char, 64> passedOver{};
+        if (::read(input.native_handle(), passedOver.data(), passedOver.size()) <= 0)
+            ::_exit(0);
+        endWith(input);
+    });
+}
+
 int run(const Settings &settings)
 {
     prepareProcess();
@@ -118,6 +132,11 @@ int run(const Settings &settings)
         if (!error)
             server.stop();
     });
+    asio::posix::stream_descriptor input(loop);
+    if (settings.isUntilEof) {
+        input.assign(STDIN_FILENO);
+        endWith(input);
+    }
     while (!server.hasEnded())
         loop.run_one();
     return 0;

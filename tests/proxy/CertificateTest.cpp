@@ -123,6 +123,15 @@ TEST_F(LocalhostCertificate, HasAKeyForItsOwnerAlone)
     EXPECT_TRUE(tlsFrom(files).value) << tlsFrom(files).reason.toStdString();
 }
 
+TEST_F(LocalhostCertificate, LiesInAFolderThatNobodyElseCanUseWhateverTheMask)
+{
+    const mode_t mask = ::umask(0);
+    make();
+    ::umask(mask);
+
+    EXPECT_EQ(modeOf(folder), 0700);
+}
+
 TEST_F(LocalhostCertificate, IsKeptUntilThirtyDaysBeforeItsEnd)
 {
     const QSslCertificate first = certificate();

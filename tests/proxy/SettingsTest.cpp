@@ -53,6 +53,7 @@ TEST(Settings, AreSafeUnlessAskedOtherwise)
     EXPECT_EQ(plain.perMinute, 10);
     EXPECT_FALSE(plain.perAddress);
     EXPECT_EQ(plain.idleExit, 0);
+    EXPECT_FALSE(plain.isUntilEof);
     EXPECT_FALSE(plain.isHandedOver);
     EXPECT_FALSE(plain.upstream);
 }
@@ -60,13 +61,15 @@ TEST(Settings, AreSafeUnlessAskedOtherwise)
 TEST(Settings, ComeFromTheCommandLine)
 {
     const Settings given =
-        settings(QStringLiteral("--address ::1 --port 0 --plain-http --per-minute 3 --per-address 0 --idle-exit 60"));
+        settings(QStringLiteral("--address ::1 --port 0 --plain-http --per-minute 3 --per-address 0 --idle-exit 60 "
+                                "--until-eof"));
     EXPECT_EQ(given.address, QStringLiteral("::1"));
     EXPECT_EQ(given.port, 0);
     EXPECT_TRUE(given.isPlain);
     EXPECT_EQ(given.perMinute, 3);
     EXPECT_EQ(given.perAddress, 0);
     EXPECT_EQ(given.idleExit, 60);
+    EXPECT_TRUE(given.isUntilEof);
     const Settings files = settings(QStringLiteral("--address 0.0.0.0 --certificate c.pem --key k.pem"));
     EXPECT_EQ(files.certificate->certificate, QStringLiteral("c.pem"));
     EXPECT_EQ(files.certificate->key, QStringLiteral("k.pem"));
