@@ -2,6 +2,7 @@
 
 #include "platform/VisibleText.h"
 
+#include <QHostAddress>
 #include <QUrl>
 
 #include <cstdio>
@@ -30,6 +31,14 @@ QString ExplainEndpoint::liveHost()
         return QStringLiteral(TIDLO_AI_PROXY_HOST);
     static const QString host = hostOfEnvironment();
     return host;
+}
+
+bool ExplainEndpoint::isOwn() const
+{
+    QUrl url;
+    url.setAuthority(host);
+    const bool isLoopback = url.host() == u"localhost" || QHostAddress(url.host()).isLoopback();
+    return host == QStringLiteral(TIDLO_AI_PROXY_HOST) && isLoopback;
 }
 
 std::optional<QString> ExplainEndpoint::hostFrom(const QString &text)

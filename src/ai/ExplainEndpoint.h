@@ -20,6 +20,10 @@ struct ExplainEndpoint
     std::function<QByteArray()> authorities = trustedCertificates;  ///< Called on another thread.
     std::function<std::optional<QString>()> identity = machineIdentity;
 
+    /// Whether the host is the one that the program was built with, and that is this machine. Where nobody answers
+    /// there, the program asks a service that it starts for itself.
+    bool isOwn() const;
+
     /// The host that the environment variable TIDLO_AI_PROXY_HOST names, else the one that the program was built with.
     /// If the variable holds anything but a host, standard error says so once, and nobody is asked.
     static QString liveHost();

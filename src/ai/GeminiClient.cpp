@@ -3,6 +3,8 @@
 #include "ai/GeminiRecords.h"
 #include "ai/HttpsPost.h"
 #include "ai/Inquiry.h"
+#include "ai/OwnCertificate.h"
+#include "ai/OwnService.h"
 
 #include <QStringList>
 
@@ -70,6 +72,20 @@ HttpsRequest httpsRequest(const ExplainRequest &request, const ExplainEndpoint &
             .replyLimit = endpoint.replyLimit};
 }
 
+/// Asks from a thread that may wait. Where a service is started for it, that lasts as long as the question.
+Explanation ask(HttpsRequest request, const ExplainEndpoint &endpoint, HttpsExchange &exchange)
+{
+    const bool isAlone = endpoint.isOwn() && !isAnswered(request.url);
+    const std::optional<OwnService> service = isAlone ? OwnService::start(ownServiceProgram()) : std::nullopt;
+    if (service) {
+        request.url.setHost(QStringLiteral("127.0.0.1"));
+        request.url.setPort(service->port());
+        request.isDirect = true;
+    }
+    request.authorities = endpoint.authorities() + ownCertificateFor(request.url.host());
+    return explanation(httpsPost(request, exchange));
+}
+
 } // namespace
 
 bool GeminiClient::isError(const QString &explanation)
@@ -91,14 +107,11 @@ QCoro::Task<std::optional<QString>> GeminiClient::explain(QList<CleanupCandidate
         co_return std::nullopt;
     if (watch.sending)
         watch.sending(shown);
-    const Inquiry inquiry{.ask =
-                              [request, endpoint](HttpsExchange &exchange) mutable {
-                                  request.authorities = endpoint.authorities();
-                                  return explanation(httpsPost(request, exchange));
-                              },
-                          .excuse = requestFailed,
-                          .timeLimit = endpoint.timeLimit,
-                          .unwanted = watch.unwanted};
+    const Inquiry inquiry{
+        .ask = [request, endpoint](HttpsExchange &exchange) { return ask(request, endpoint, exchange); },
+        .excuse = requestFailed,
+        .timeLimit = endpoint.timeLimit,
+        .unwanted = watch.unwanted};
     const std::optional<QString> answer = co_await inquire(inquiry);
     co_return watch.unwanted.stop_requested() ? std::nullopt : answer;
 }

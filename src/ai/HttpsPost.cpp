@@ -58,7 +58,7 @@ HttpsRequest redirected(HttpsRequest request, const HttpsReply &reply)
 
 HttpsReply httpsPost(HttpsRequest request, HttpsExchange &exchange)
 {
-    request.proxy = proxyTo(request.url);
+    request.proxy = request.isDirect ? QByteArray() : proxyTo(request.url);
     for (int count = 0; count <= mostRedirects; ++count) {
         const HttpsReply reply = exchange.perform(request);
         if (!isToBeFollowed(reply, request.url))

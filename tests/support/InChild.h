@@ -22,6 +22,7 @@ bool becomeNobody();              ///< Drops root's rights for good; others have
 
 // On Linux alone:
 bool enterMountNamespace();                  ///< Mounts made afterwards are seen by this process alone.
+bool enterNetworkNamespace();                ///< It has a loopback address of its own, where nobody else listens.
 bool denySystemCall(long number, int error); ///< From now on the call fails with \a error.
 
 } // namespace tidlo

@@ -8,9 +8,12 @@
 #include <linux/audit.h>
 #include <linux/filter.h>
 #include <linux/seccomp.h>
+#include <net/if.h>
 #include <sched.h>
+#include <sys/ioctl.h>
 #include <sys/mount.h>
 #include <sys/prctl.h>
+#include <sys/socket.h>
 #include <unistd.h>
 
 namespace tidlo {
@@ -38,6 +41,20 @@ bool enterMountNamespace()
 {
     return (unshare(CLONE_NEWNS) == 0 || enterUserNamespace()) &&
            mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
+}
+
+bool enterNetworkNamespace()
+{
+    if (unshare(CLONE_NEWNET) != 0 && unshare(CLONE_NEWUSER | CLONE_NEWNET) != 0)
+        return false;
+    const int socket = ::socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
+    ifreq loopback{};
+    loopback.ifr_name[0] = 'l';
+    loopback.ifr_name[1] = 'o';
+    loopback.ifr_flags = IFF_UP;
+    const bool isUp = ioctl(socket, SIOCSIFFLAGS, &loopback) == 0;
+    close(socket);
+    return isUp;
 }
 
 bool denySystemCall(long number, int error)

@@ -1,0 +1,104 @@
+#include "ai/OwnService.h"
+
+#include "ai/ExplainTest.h"
+#include "support/InChild.h"
+#include "support/PrintQt.h"
+
+#include <gmock/gmock.h>
+
+#include <csignal>
+#include <cstdio>
+
+namespace tidlo {
+
+using testing::StartsWith;
+
+namespace {
+
+/// The program starts the real service for itself.
+class OwnServiceTest : public ExplainTest
+{
+protected:
+    OwnServiceTest() { qputenv("XDG_STATE_HOME", folder / "state"); }
+    ~OwnServiceTest() override
+    {
+        for (const char *variable : {"XDG_STATE_HOME", "GEMINI_API_KEY", "GEMINI_BASE_URL", "LISTEN_PID"})
+            qunsetenv(variable);
+    }
+
+    static std::optional<OwnService> start() { return OwnService::start(TIDLO_PROXY); }
+
+    static bool isListening(int port) { return isAnswered(QUrl(QStringLiteral("https://localhost:%1").arg(port))); }
+};
+
+} // namespace
+
+TEST_F(OwnServiceTest, ExplainsOfflineOnAPortOfItsOwnWhateverTheEnvironmentSays)
+{
+    qputenv("GEMINI_API_KEY", "secret");
+    qputenv("GEMINI_BASE_URL", "https://localhost:1");
+    qputenv("LISTEN_PID", "1");
+    const auto service = start();
+    ASSERT_TRUE(service);
+    endpoint.host = QStringLiteral("127.0.0.1:%1").arg(service->port());
+
+    EXPECT_THAT(explain(), StartsWith("Written without an AI model"));
+}
+
+TEST_F(OwnServiceTest, IsTrustedByNobodyElse)
+{
+    const auto service = start();
+    ASSERT_TRUE(service);
+    qputenv("XDG_STATE_HOME", folder / "another");
+    endpoint.host = QStringLiteral("127.0.0.1:%1").arg(service->port());
+
+    EXPECT_THAT(explain(), StartsWith(requestFailed));
+}
+
+TEST_F(OwnServiceTest, EndsWithItsObject)
+{
+    auto service = start();
+    ASSERT_TRUE(service);
+    const int port = service->port();
+    EXPECT_TRUE(isListening(port));
+
+    service.reset();
+
+    EXPECT_FALSE(isListening(port));
+}
+
+TEST_F(OwnServiceTest, EndsWithTheProgramHoweverThatEnds)
+{
+    const ChildResult result = inChild([] {
+        const auto service = start();
+        std::printf("%d\n", service ? service->port() : 0);
+        std::fflush(stdout);
+        raise(SIGKILL);
+        return false;
+    });
+    const int port = std::stoi(result.output);
+    ASSERT_NE(port, 0);
+
+    while (isListening(port)) {
+    }
+}
+
+TEST_F(OwnServiceTest, SeveralGoOnBesideEachOther)
+{
+    const auto one = start();
+    const auto other = start();
+    ASSERT_TRUE(one && other);
+    EXPECT_NE(one->port(), other->port());
+    endpoint.host = QStringLiteral("127.0.0.1:%1").arg(other->port());
+
+    EXPECT_THAT(explain(), StartsWith("Written without an AI model"));
+}
+
+TEST_F(OwnServiceTest, IsNoneWhereItCannotBeStarted)
+{
+    EXPECT_FALSE(OwnService::start({}));
+    EXPECT_FALSE(OwnService::start(folder / "missing"));
+    EXPECT_FALSE(OwnService::start("/bin/false"));
+}
+
+} // namespace tidlo
