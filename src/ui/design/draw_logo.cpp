@@ -1,5 +1,6 @@
-// draw_logo <logo.svg> <picture>: makes a picture that the application carries with it: one of 512 pixels, or an icon
-// of macOS, which holds the sizes that are shown there, if its name ends in .icns. Part of the build.
+// draw_logo <logo.svg> <picture> [pixels]: makes a picture that the application carries with it: one of 512 pixels
+// unless told, or an icon of macOS, which holds the sizes that are shown there, if its name ends in .icns. Part of the
+// build.
 
 #include <QBuffer>
 #include <QFile>
@@ -9,6 +10,7 @@
 #include <QtEndian>
 
 #include <array>
+#include <cstdlib>
 
 namespace {
 
@@ -51,14 +53,14 @@ QByteArray icon(QSvgRenderer &drawing)
 
 int main(int argc, char **argv)
 {
-    if (argc != 3)
+    if (argc != 3 && argc != 4)
         return 2;
     QSvgRenderer drawing(QString::fromLocal8Bit(argv[1]));
     if (!drawing.isValid())
         return 1;
     const QString name = QString::fromLocal8Bit(argv[2]);
     if (!name.endsWith(QStringLiteral(".icns")))
-        return picture(drawing, 512).save(name) ? 0 : 1;
+        return picture(drawing, argc == 4 ? std::atoi(argv[3]) : 512).save(name) ? 0 : 1;
     QFile file(name);
     const QByteArray content = icon(drawing);
     return file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.flush() ? 0 : 1;

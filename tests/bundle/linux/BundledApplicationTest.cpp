@@ -148,7 +148,7 @@ TEST_F(BundledApplication, HoldsAllItNeeds)
 {
     const auto entries = home.inventory();
     const std::string contents = "My apps/Tidlo.app/Contents/";
-    for (const char *program : {"MacOS/Tidlo", "MacOS/tidlo-cli"}) {
+    for (const char *program : {"MacOS/Tidlo", "MacOS/tidlo-cli", "MacOS/tidlo-proxy"}) {
         ASSERT_THAT(entries, Contains(Key(contents + program)));
         EXPECT_EQ(entries.at(contents + program).mode & 0111, mode_t(0111)) << program;
     }

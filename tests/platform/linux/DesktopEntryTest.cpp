@@ -2,6 +2,8 @@
 
 #include "support/PrintQt.h"
 
+#include <QFile>
+
 #include <gmock/gmock.h>
 
 namespace tidlo {
@@ -22,6 +24,14 @@ TEST(DesktopEntry, ShowsAndStartsTheApplication)
               "Terminal=false\n"
               "Categories=Utility;FileTools;\n"
               "StartupWMClass=com.tidlo.storagecleaner\n");
+}
+
+TEST(DesktopEntry, IsTheSameInAPackageWhereTheProgramIsOnThePath)
+{
+    QFile installed(QStringLiteral(TIDLO_DESKTOP_ENTRY));
+    ASSERT_TRUE(installed.open(QIODevice::ReadOnly));
+
+    EXPECT_EQ(installed.readAll(), desktopEntry("tidlo", "com.tidlo.storagecleaner").replace("\"tidlo\"", "tidlo"));
 }
 
 TEST(DesktopEntry, StartsAnExecutableOfAnyName)
