@@ -11,6 +11,7 @@ import zlib
 
 from Xlib import X
 from Xlib.display import Display
+from Xlib.error import BadWindow
 
 
 def chunk(kind, content):
@@ -40,10 +41,13 @@ def take(path):
     display.sync()
     while True:
         for window in root.query_tree().children:
-            if window.get_attributes().map_state != X.IsViewable or window.get_geometry().width < 900:
+            try:
+                if window.get_attributes().map_state != X.IsViewable or window.get_geometry().width < 900:
+                    continue
+                box = window.get_geometry()
+                image = window.get_image(0, 0, box.width, box.height, X.ZPixmap, 0xFFFFFFFF).data
+            except BadWindow:  # It has gone since it was listed.
                 continue
-            box = window.get_geometry()
-            image = window.get_image(0, 0, box.width, box.height, X.ZPixmap, 0xFFFFFFFF).data
             pixels = bytearray(box.width * box.height * 3)
             pixels[0::3], pixels[1::3], pixels[2::3] = image[2::4], image[1::4], image[0::4]
             colors = {bytes(pixels[at:at + 3]) for at in range(0, len(pixels), 3 * 101)}
