@@ -129,7 +129,7 @@ class Accessibility(Case):
         self.go_to("Settings")
         self.window.click("push button", "Uninstall completely")
         self.window.wait("dialog", r"Uninstall Tidlo\?")
-        self.window.wait("alert", ".*remove its preferences and saved setup state.")
+        self.window.wait("alert", r"This copy is not installed: .*\s+Tidlo itself can quit and remove your preferences.*")
         self.window.wait("push button", "Cancel", state="focused")
         self.check_all()
 
