@@ -26,7 +26,10 @@ public:
     explicit AccessibilitySettings(std::function<void(const DesktopWishes &)> listener)
         : told(std::move(listener))
     {
-        const auto later = [this] { QMetaObject::invokeMethod(this, [this] { tell(); }, Qt::QueuedConnection); };
+        const auto later = [this] {
+            QMetaObject::invokeMethod(
+                this, [this] { tell(); }, Qt::QueuedConnection);
+        };
         observer = [NSWorkspace.sharedWorkspace.notificationCenter
             addObserverForName:NSWorkspaceAccessibilityDisplayOptionsDidChangeNotification
                         object:nil
