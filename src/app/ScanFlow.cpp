@@ -57,8 +57,9 @@ QCoro::Task<> AppViewModel::runScan(std::stop_token cancelled)
                             .also = environment.defaults->paths(UserDefaults::places).value_or(QList<FilePath>())};
     ScanResult result = co_await scanner.scan(showProgress, wishes);
     if (!self || cancelled.stop_requested())
-        co_return;                                    // A superseded scan writes nothing.
-    leaveOut(result, added(spared(), wishes.spared)); // Earlier results can be looked at meanwhile.
+        co_return; // A superseded scan writes nothing.
+    // What was spared in earlier results, which can be looked at meanwhile.
+    leaveOut(result, added(spared(), wishes.spared));
     showResults(result);
     co_await explainWithGemini();
 }

@@ -73,7 +73,8 @@ QString selectionText(const CleanupSelection &selection, const QString &frees, c
 ExitStatus showSelection(const CleanupSelection &selection, const ScanResult &result, const Wishes &wishes)
 {
     const QString forecast = forecastText(forecastOf(result, selection.candidates));
-    const QString frees = forecast.isEmpty() ? QString() : QStringLiteral("Emptying the Trash %1.\n").arg(forecast);
+    const QString frees = (forecast.isEmpty() ? QString() : QStringLiteral("Emptying the Trash %1.\n").arg(forecast)) +
+                          unreadText(result.unread);
     if (!wishes.question && !wishes.json)
         return print(selectionText(selection, frees, wishes, terminalAt(STDOUT_FILENO)));
     if (wishes.question || wishes.dryRun)

@@ -56,13 +56,13 @@ CardModifier {
                 opacity: 0.7
                 scale: Motion.isReduced ? 1 : sparkles.beat
 
-                SequentialAnimation on beat {
+                SequentialAnimation {
                     objectName: "pulse"
                     running: root.pulse && !Motion.isReduced && root.visible && root.Sight.isSeen
                     loops: Animation.Infinite
 
-                    NumberAnimation { from: 0.85; to: 1.2; duration: 800; easing: Motion.easeInOut }
-                    NumberAnimation { from: 1.2; to: 0.85; duration: 800; easing: Motion.easeInOut }
+                    NumberAnimation { target: sparkles; property: "beat"; from: 0.85; to: 1.2; duration: 800; easing: Motion.easeInOut }
+                    NumberAnimation { target: sparkles; property: "beat"; from: 1.2; to: 0.85; duration: 800; easing: Motion.easeInOut }
                 }
             }
         }

@@ -33,7 +33,7 @@ Item {
 
     Shortcut {
         enabled: root.visible && root.report.canPutBack
-        sequences: [StandardKey.Undo]
+        sequences: [StandardKey.Undo] // qmllint disable unqualified
         onActivated: root.report.putEverythingBack()
     }
 

@@ -210,7 +210,7 @@ Item {
         title: root.items.title
         onClosed: root.items.clear()
 
-        contentItem: ItemsView {
+        contentItem: ItemsView { // qmllint disable deferred-property-id
             id: itemsView
 
             focus: true

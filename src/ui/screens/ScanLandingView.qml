@@ -113,23 +113,32 @@ Item {
         property bool isOfScreen: true
         property bool isOfPill: true
         // Acted upon once the menu has given the keyboard back.
-        property var chosen: null
+        property string chosen
 
         objectName: "landingMenu"
-        onAboutToShow: menu.chosen = null
-        onClosed: if (menu.chosen) menu.chosen()
+        onAboutToShow: menu.chosen = ""
+        onClosed: {
+            if (menu.chosen === lookElsewhere.objectName)
+                dialog.active = true;
+            else if (menu.chosen === showSent.objectName)
+                sentSheet.open();
+        }
 
         ContextMenuItem {
+            id: lookElsewhere
+
             objectName: "alsoLookIn"
             enabled: menu.isOfScreen
             text: qsTr("Also look in…")
-            onTriggered: menu.chosen = () => dialog.active = true
+            onTriggered: menu.chosen = lookElsewhere.objectName
         }
         ContextMenuItem {
+            id: showSent
+
             objectName: "showSent"
             enabled: menu.isOfPill
             text: qsTr("Show what was sent…")
-            onTriggered: menu.chosen = () => sentSheet.open()
+            onTriggered: menu.chosen = showSent.objectName
         }
     }
 

@@ -13,7 +13,7 @@ Sheet {
     objectName: "sentSheet"
     title: root.disclosure.title
 
-    contentItem: FocusScope {
+    contentItem: FocusScope { // qmllint disable deferred-property-id
         implicitWidth: 720
         implicitHeight: 560
         focus: true

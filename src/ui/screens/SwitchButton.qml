@@ -19,7 +19,7 @@ PlainButton {
     checked: root.on
     onToggled: root.checked = Qt.binding(() => root.on) // Whether it is on is not for the button to say.
 
-    contentItem: Row {
+    contentItem: Row { // qmllint disable deferred-property-id
         spacing: 10
 
         Rectangle {

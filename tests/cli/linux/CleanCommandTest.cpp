@@ -1,5 +1,6 @@
 #include "cli/HomeToClean.h"
 #include "cli/TerminalSession.h"
+#include "support/InChild.h"
 
 #include <QFile>
 
@@ -7,6 +8,7 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace tidlo {
@@ -274,6 +276,18 @@ TEST(CleanCommand, ReportsFailureWhenItsReportCannotBeWritten)
     const CliSetup fullDisk = redirected(STDOUT_FILENO, "/dev/full");
     EXPECT_EQ(runCli(*home, {"clean", "--yes", "--json"}, fullDisk).status, 1);
     EXPECT_THAT(trashed(*home), testing::SizeIs(4)) << "it had nothing to show before";
+}
+
+TEST(CleanCommand, NamesTheFoldersThatCouldNotBeReadBeforeItMoves)
+{
+    TemporaryHome home;
+    home.file("Sites/a/node_modules/x");
+    chmod(home.folder("Sites/closed").constData(), 0);
+    chmod(home.path().constData(), 0755);
+    const CliRun run = runCli(home, {"clean", "--dry-run"}, {.inChild = [] { becomeNobody(); }});
+    EXPECT_THAT(run.output.toStdString(),
+                testing::HasSubstr("1 folder could not be read:\n  " + (home / "Sites/closed").toStdString() +
+                                   ": Permission denied\n"));
 }
 
 TEST(CleanCommand, SaysBeforeItMovesWhatEmptyingTheTrashFreesWhereThatIsLess)
