@@ -6,7 +6,8 @@
 int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     using namespace tidlo;
-    const auto json = nlohmann::ordered_json::parse(data, data + size, nullptr, false);
+    const QByteArray bytes = bytesOf(data, size);
+    const auto json = nlohmann::ordered_json::parse(bytes.begin(), bytes.end(), nullptr, false);
     QString error;
     const std::optional<CleanupCandidate> candidate = candidateFromJson(json, &error);
     require(candidate.has_value() == error.isEmpty(), "there is a candidate or a reason");
