@@ -167,11 +167,11 @@ TEST_F(ScanWishesTest, AnOwnPlaceThatMayNotBeOneAnyMoreIsPassedOver)
 
 TEST_F(ScanWishesTest, WhatIsInATrashOfAnOwnPlaceIsNotFound)
 {
-    home.file("data/.Trash-1000/files/a/package.json");
-    home.folder("data/.Trash-1000/files/a/node_modules");
-    home.file("data/a/package.json");
-    const FilePath found = home.folder("data/a/node_modules");
-    wishes.also = {home / "data"};
+    home.file(".local/share/Trash/files/a/package.json");
+    home.folder(".local/share/Trash/files/a/node_modules");
+    home.file(".local/share/a/package.json");
+    const FilePath found = home.folder(".local/share/a/node_modules");
+    wishes.also = {home / ".local/share"};
     EXPECT_THAT(developerCandidates(context()).first().candidate.paths, ElementsAre(found));
 }
 
