@@ -61,6 +61,19 @@ TEST(CleanCommand, AnyAnswerButYesMovesNothing)
     EXPECT_EQ(home->inventory(), before);
 }
 
+TEST(CleanCommand, WhatIsSparedWhileItAsksStays)
+{
+    const auto home = homeToClean();
+    TerminalSession session(*home, {"clean"}, 120);
+    ASSERT_TRUE(session.shows("[y/N] "));
+    EXPECT_EQ(runCli(*home, {"spare", *home / "Sites/one"}).status, 0);
+    session.type("y\n");
+    const CliRun run = session.end();
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(screenOf(run.output).toStdString(), HasSubstr("It is never to be suggested."));
+    EXPECT_THAT(existing(selectedPaths(*home)), ElementsAre(*home / "Sites/one/node_modules"));
+}
+
 TEST(CleanCommand, YesIsTakenInFullAndInCapitals)
 {
     for (const QByteArray answer : {"Y\n", "yes\n", " YES \n"}) {
