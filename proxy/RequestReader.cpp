@@ -11,7 +11,6 @@ namespace {
 
 namespace http = boost::beast::http;
 using boost::beast::iequals;
-using Text = boost::beast::string_view;
 
 constexpr size_t longestAddress = 8'000;
 constexpr size_t longestDevice = 128;
@@ -31,21 +30,21 @@ constexpr std::array addresses{
 
 const Address *addressOf(const RequestParser &parser)
 {
-    const Text target = parser.get().target();
-    const Text path = target.substr(0, target.find('?'));
-    const auto *found = std::ranges::find_if(addresses, [&](const Address &known) { return path == Text(known.path); });
+    const std::string_view target = parser.get().target();
+    const std::string_view path = target.substr(0, target.find('?'));
+    const auto *found = std::ranges::find_if(addresses, [&](const Address &known) { return path == known.path; });
     return found == addresses.end() ? nullptr : found;
 }
 
-bool isDevice(Text text)
+bool isDevice(std::string_view text)
 {
     const auto isVisible = [](char character) { return character > ' ' && character < '\x7f'; };
     return !text.empty() && text.size() <= longestDevice && std::ranges::all_of(text, isVisible);
 }
 
-bool isJson(Text contentType)
+bool isJson(std::string_view contentType)
 {
-    const Text type = contentType.substr(0, contentType.find(';'));
+    const std::string_view type = contentType.substr(0, contentType.find(';'));
     return iequals(type.substr(0, type.find_last_not_of(" \t") + 1), "application/json");
 }
 

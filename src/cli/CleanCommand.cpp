@@ -33,7 +33,7 @@ constexpr std::array riskWords{
 };
 
 /// What the person asked for.
-struct Wishes
+struct CleanWishes
 {
     QList<CleanupRisk> risks;
     ListedPaths paths = ListedPaths::none;
@@ -43,13 +43,13 @@ struct Wishes
 };
 
 /// Nothing if a word names no risk.
-std::optional<Wishes> wishesFrom(const QCommandLineParser &options)
+std::optional<CleanWishes> cleanWishes(const QCommandLineParser &options)
 {
-    Wishes wishes{.risks = {},
-                  .paths = options.isSet(QStringLiteral("paths")) ? ListedPaths::all : ListedPaths::none,
-                  .dryRun = options.isSet(QStringLiteral("dry-run")),
-                  .question = !options.isSet(QStringLiteral("dry-run")) && !options.isSet(QStringLiteral("yes")),
-                  .json = options.isSet(QStringLiteral("json"))};
+    CleanWishes wishes{.risks = {},
+                       .paths = options.isSet(QStringLiteral("paths")) ? ListedPaths::all : ListedPaths::none,
+                       .dryRun = options.isSet(QStringLiteral("dry-run")),
+                       .question = !options.isSet(QStringLiteral("dry-run")) && !options.isSet(QStringLiteral("yes")),
+                       .json = options.isSet(QStringLiteral("json"))};
     for (const QString &word : options.values(QStringLiteral("risk"))) {
         const auto row = std::ranges::find(riskWords, word, &RiskWord::word);
         if (row == riskWords.end())
@@ -59,7 +59,7 @@ std::optional<Wishes> wishesFrom(const QCommandLineParser &options)
     return wishes;
 }
 
-QString selectionText(const CleanupSelection &selection, const QString &frees, const Wishes &wishes,
+QString selectionText(const CleanupSelection &selection, const QString &frees, const CleanWishes &wishes,
                       const Terminal &terminal)
 {
     const QString findings = selection.candidates.isEmpty()
@@ -70,7 +70,7 @@ QString selectionText(const CleanupSelection &selection, const QString &frees, c
 }
 
 /// Writes to standard error what belongs to a question, and all else that is not the report if that is JSON.
-ExitStatus showSelection(const CleanupSelection &selection, const ScanResult &result, const Wishes &wishes)
+ExitStatus showSelection(const CleanupSelection &selection, const ScanResult &result, const CleanWishes &wishes)
 {
     const QString forecast = forecastText(forecastOf(result, selection.candidates));
     const QString frees = (forecast.isEmpty() ? QString() : QStringLiteral("Emptying the Trash %1.\n").arg(forecast)) +
@@ -82,7 +82,7 @@ ExitStatus showSelection(const CleanupSelection &selection, const ScanResult &re
     return ExitStatus::succeeded;
 }
 
-bool mayBeMoved(const CleanupSelection &selection, const Wishes &wishes)
+bool mayBeMoved(const CleanupSelection &selection, const CleanWishes &wishes)
 {
     if (wishes.dryRun || selection.paths.isEmpty())
         return false;
@@ -110,7 +110,7 @@ nlohmann::ordered_json jsonOf(const Cleanup &cleanup)
     return json;
 }
 
-ExitStatus printOutcome(const CleanupOutcome &outcome, const Wishes &wishes)
+ExitStatus printOutcome(const CleanupOutcome &outcome, const CleanWishes &wishes)
 {
     const ExitStatus printed = wishes.json ? print(jsonOf(outcome.cleanup)) : print(outcome.text());
     writeAll(STDERR_FILENO, outcome.complaint().toUtf8());
@@ -119,7 +119,7 @@ ExitStatus printOutcome(const CleanupOutcome &outcome, const Wishes &wishes)
 
 ExitStatus runClean(const QCommandLineParser &options, CommandContext &context)
 {
-    const std::optional<Wishes> wishes = wishesFrom(options);
+    const std::optional<CleanWishes> wishes = cleanWishes(options);
     if (!wishes)
         return reportMisuse(cleanCommand(), QStringLiteral("A risk is safe, rebuildable or review."));
     if (wishes->question && !canAsk()) {

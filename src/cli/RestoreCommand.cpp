@@ -18,7 +18,7 @@ namespace tidlo {
 namespace {
 
 /// What the person asked for.
-struct Wishes
+struct RestoreWishes
 {
     QStringList paths;
     std::optional<FileTime> since;
@@ -31,7 +31,7 @@ struct Wishes
 };
 
 /// What is wrong with \a options; nothing if they can be done.
-std::optional<QString> complaintAbout(const QCommandLineParser &options, const Wishes &wishes)
+std::optional<QString> complaintAbout(const QCommandLineParser &options, const RestoreWishes &wishes)
 {
     const bool hasSince = options.isSet(QStringLiteral("since"));
     if (hasSince && !wishes.since)
@@ -45,7 +45,7 @@ std::optional<QString> complaintAbout(const QCommandLineParser &options, const W
     return std::nullopt;
 }
 
-Wishes wishesFrom(const QCommandLineParser &options)
+RestoreWishes restoreWishes(const QCommandLineParser &options)
 {
     const bool dryRun = options.isSet(QStringLiteral("dry-run"));
     return {.paths = options.positionalArguments(),
@@ -57,7 +57,7 @@ Wishes wishesFrom(const QCommandLineParser &options)
 }
 
 /// An interruption ends the program by its signal: reading changes nothing.
-TrashContents contentsOf(FileSizeScanner &scanner, const Wishes &wishes)
+TrashContents contentsOf(FileSizeScanner &scanner, const RestoreWishes &wishes)
 {
     ProgressLine line;
     line.show(QStringLiteral("Reading the Trash"));
@@ -95,7 +95,7 @@ nlohmann::ordered_json jsonOf(const TrashContents &contents)
     return json;
 }
 
-QString textOf(const TrashContents &contents, const Wishes &wishes)
+QString textOf(const TrashContents &contents, const RestoreWishes &wishes)
 {
     const QString nothing = !contents.unread.isEmpty() ? QStringLiteral("Nothing was found in the Trash.\n")
                             : wishes.since             ? QStringLiteral("Nothing was moved to the Trash since then.\n")
@@ -107,7 +107,7 @@ QString textOf(const TrashContents &contents, const Wishes &wishes)
            (contents.unknown == 0 || wishes.since ? QString() : unknown.arg(contents.unknown));
 }
 
-ExitStatus list(const TrashContents &contents, const Wishes &wishes)
+ExitStatus list(const TrashContents &contents, const RestoreWishes &wishes)
 {
     const ExitStatus printed = wishes.json ? print(jsonOf(contents)) : print(textOf(contents, wishes));
     complainOfUnread(contents);
@@ -116,7 +116,7 @@ ExitStatus list(const TrashContents &contents, const Wishes &wishes)
     return contents.unread.isEmpty() ? ExitStatus::succeeded : ExitStatus::failed;
 }
 
-QString selectionText(const RestoreSelection &selection, const Wishes &wishes, const Terminal &terminal)
+QString selectionText(const RestoreSelection &selection, const RestoreWishes &wishes, const Terminal &terminal)
 {
     QString text;
     if (!selection.items.isEmpty())
@@ -130,7 +130,7 @@ QString selectionText(const RestoreSelection &selection, const Wishes &wishes, c
 }
 
 /// Writes to standard error what belongs to a question, and all else that is not the outcome if that is JSON.
-ExitStatus showSelection(const RestoreSelection &selection, const Wishes &wishes)
+ExitStatus showSelection(const RestoreSelection &selection, const RestoreWishes &wishes)
 {
     if (!wishes.question && !wishes.json)
         return print(selectionText(selection, wishes, terminalAt(STDOUT_FILENO)));
@@ -139,7 +139,7 @@ ExitStatus showSelection(const RestoreSelection &selection, const Wishes &wishes
     return ExitStatus::succeeded;
 }
 
-bool mayBeRestored(const RestoreSelection &selection, const Wishes &wishes)
+bool mayBeRestored(const RestoreSelection &selection, const RestoreWishes &wishes)
 {
     if (wishes.dryRun || selection.items.isEmpty())
         return false;
@@ -160,7 +160,7 @@ RestoreOutcome restore(const RestoreSelection &selection, CommandContext &contex
     return {.selection = selection, .restoration = restoration, .signal = stop.signal()};
 }
 
-RestoreSelection selectionFrom(const TrashContents &contents, const Wishes &wishes)
+RestoreSelection selectionFrom(const TrashContents &contents, const RestoreWishes &wishes)
 {
     QList<FilePath> places;
     for (const QString &argument : wishes.paths) {
@@ -172,7 +172,7 @@ RestoreSelection selectionFrom(const TrashContents &contents, const Wishes &wish
 
 ExitStatus runRestore(const QCommandLineParser &options, CommandContext &context)
 {
-    const Wishes wishes = wishesFrom(options);
+    const RestoreWishes wishes = restoreWishes(options);
     if (const auto complaint = complaintAbout(options, wishes))
         return reportMisuse(restoreCommand(), *complaint);
     if (!wishes.isListing() && wishes.question && !canAsk()) {

@@ -11,7 +11,7 @@ namespace tidlo {
 
 namespace {
 
-constexpr qint64 most = 200;
+constexpr qint64 longestCommand = 200;
 
 bool isRegular(const Descriptor &file)
 {
@@ -28,8 +28,8 @@ QString removalCommandBeside(const FilePath &executable)
     QFile file;
     if (!isRegular(descriptor) || !file.open(descriptor.get(), QIODevice::ReadOnly))
         return {};
-    const QByteArray content = file.read(most + 2).trimmed();
-    const bool isOneLine = content.size() <= most && !content.contains('\n');
+    const QByteArray content = file.read(longestCommand + 2).trimmed();
+    const bool isOneLine = content.size() <= longestCommand && !content.contains('\n');
     return isOneLine ? QString::fromUtf8(content) : QString();
 }
 

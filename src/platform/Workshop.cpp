@@ -52,8 +52,8 @@ std::vector<Workshop> Workshop::leftOver(const FilePath &destination)
 
 OrError<Workshop> Workshop::locked(const FilePath &folder)
 {
-    constexpr int asFolder = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
-    Descriptor lock(uninterrupted([&] { return open(folder.constData(), asFolder); }));
+    constexpr int toLock = O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
+    Descriptor lock(uninterrupted([&] { return open(folder.constData(), toLock); }));
     struct stat status;
     if (!lock.isValid())
         return Errno{lock.error()};

@@ -8,7 +8,7 @@ namespace tidlo {
 
 namespace {
 
-constexpr std::array cacheFolders{
+constexpr std::array userCaches{
     "Library/Caches/Google",
     "Library/Caches/BraveSoftware",
     "Library/Caches/pip",
@@ -25,7 +25,7 @@ constexpr std::array cacheFolders{
 
 QList<Finding> cacheCandidates(const ScanContext &context)
 {
-    return {measuredFinding(context, FindingKind::userCaches, existingPaths(context, cacheFolders))};
+    return {measuredFinding(context, FindingKind::userCaches, existingPaths(context, userCaches))};
 }
 
 } // namespace tidlo

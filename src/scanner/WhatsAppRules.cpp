@@ -9,14 +9,14 @@ namespace tidlo {
 namespace {
 
 constexpr std::array mediaFolders{"Library/Group Containers/group.net.whatsapp.WhatsApp.shared/Message/Media"};
-constexpr std::array cacheFolders{"Library/Caches/net.whatsapp.WhatsApp"};
+constexpr std::array chatCaches{"Library/Caches/net.whatsapp.WhatsApp"};
 
 } // namespace
 
 QList<Finding> whatsAppCandidates(const ScanContext &context)
 {
     const Finding media = measuredFinding(context, FindingKind::chatMedia, existingPaths(context, mediaFolders));
-    const Finding caches = measuredFinding(context, FindingKind::chatCaches, existingPaths(context, cacheFolders));
+    const Finding caches = measuredFinding(context, FindingKind::chatCaches, existingPaths(context, chatCaches));
     return caches.candidate.bytes > 0 || !caches.leftOut.isEmpty() ? QList{media, caches} : QList{media};
 }
 

@@ -30,8 +30,7 @@ Descriptor reserve(const SystemCalls &calls, const NameInFolder &to, bool isFold
         return Descriptor(calls.openat(to.folder, to.name.constData(), exclusively, 0600));
     if (calls.mkdirat(to.folder, to.name.constData(), 0700) != 0)
         return Descriptor::failed(errno);
-    constexpr int asFolder = O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
-    Descriptor folder(calls.openat(to.folder, to.name.constData(), asFolder, 0));
+    Descriptor folder(calls.openat(to.folder, to.name.constData(), asFolder | O_NOFOLLOW, 0));
     if (!folder.isValid())
         calls.unlinkat(to.folder, to.name.constData(), AT_REMOVEDIR);
     return folder;

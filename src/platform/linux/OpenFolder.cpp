@@ -13,8 +13,6 @@ namespace tidlo {
 
 namespace {
 
-constexpr int asFolder = O_PATH | O_DIRECTORY | O_CLOEXEC;
-
 /// As much of the path as one call takes, up to a slash; the whole of it where that fits.
 FilePath firstStretch(const FilePath &path)
 {

@@ -35,6 +35,9 @@ struct SystemCalls
     std::function<int(int folder, const char *name, int flags)> unlinkat = ::unlinkat;
 };
 
+/// How a folder is opened that is held, and not read.
+constexpr int asFolder = O_PATH | O_DIRECTORY | O_CLOEXEC;
+
 /// The same \a calls, each made again when a signal interrupted it, but for close, which closes even so.
 SystemCalls uninterrupted(SystemCalls calls);
 

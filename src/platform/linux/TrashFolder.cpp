@@ -11,7 +11,7 @@ namespace tidlo {
 
 namespace {
 
-constexpr int asFolder = O_PATH | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC;
+constexpr int asRealFolder = asFolder | O_NOFOLLOW;
 
 std::optional<TrashOutcome> checkOwner(const SystemCalls &calls, int folder)
 {
@@ -36,11 +36,11 @@ std::optional<TrashOutcome> problemOf(const SystemCalls &calls, const Descriptor
 /// Opens the folder \a name as \a opened. It is made if it is missing.
 std::optional<TrashOutcome> openOwn(const SystemCalls &calls, int parent, const FilePath &name, Descriptor &opened)
 {
-    opened = Descriptor(calls.openat(parent, name.constData(), asFolder, 0));
+    opened = Descriptor(calls.openat(parent, name.constData(), asRealFolder, 0));
     if (opened.error() == ENOENT) {
         if (calls.mkdirat(parent, name.constData(), 0700) != 0 && errno != EEXIST) // Another program may be faster.
             return TrashOutcome::failed(QStringLiteral("The Trash there cannot be made"), errno);
-        opened = Descriptor(calls.openat(parent, name.constData(), asFolder, 0));
+        opened = Descriptor(calls.openat(parent, name.constData(), asRealFolder, 0));
     }
     return problemOf(calls, opened);
 }
@@ -119,8 +119,8 @@ std::optional<TrashOutcome> TrashFolder::openExisting(const SystemCalls &calls, 
     ownPath = path;
     if (const auto problem = checkOwner(calls, folder.get()))
         return problem;
-    items = Descriptor(calls.openat(folder.get(), "files", asFolder, 0));
-    records = Descriptor(calls.openat(folder.get(), "info", asFolder, 0));
+    items = Descriptor(calls.openat(folder.get(), "files", asRealFolder, 0));
+    records = Descriptor(calls.openat(folder.get(), "info", asRealFolder, 0));
     if (items.error() == ENOENT || records.error() == ENOENT)
         return TrashOutcome::gone();
     const auto problem = problemOf(calls, items);
@@ -146,7 +146,7 @@ FilePath TrashFolder::recordedPath(const FilePath &path) const
 
 Descriptor openTrashForEverybody(const SystemCalls &calls, const Descriptor &top)
 {
-    Descriptor all(calls.openat(top.get(), ".Trash", asFolder, 0));
+    Descriptor all(calls.openat(top.get(), ".Trash", asRealFolder, 0));
     struct statx status;
     const bool keepsApart = all.isValid() && calls.statx(all.get(), "", AT_EMPTY_PATH, STATX_MODE, &status) == 0 &&
                             (status.stx_mode & S_ISVTX) != 0;

@@ -6,8 +6,6 @@ namespace tidlo {
 
 namespace {
 
-constexpr int asFolder = O_PATH | O_DIRECTORY | O_CLOEXEC;
-
 /// Opens the folder \a name in \a parent, and makes it if it is missing.
 std::optional<TrashOutcome> openStep(const SystemCalls &calls, int parent, const FilePath &name, quint64 mount,
                                      Descriptor &opened)

@@ -13,7 +13,7 @@ namespace tidlo {
 namespace {
 
 // A request has some 8,000. Paths may make it any length, and showing a million takes the window a quarter of a minute.
-constexpr qsizetype charactersShown = 20'000;
+constexpr qsizetype requestShown = 20'000;
 
 /// One finding, as a scan may make it.
 QList<CleanupCandidate> exampleFindings()
@@ -88,12 +88,12 @@ QString Disclosure::wholeRequest() const
 
 QString Disclosure::request() const
 {
-    return shown(excerptOf(wholeRequest(), charactersShown).text);
+    return shown(excerptOf(wholeRequest(), requestShown).text);
 }
 
 QString Disclosure::rest() const
 {
-    return restText(excerptOf(wholeRequest(), charactersShown).more, QStringLiteral("“Copy” takes the whole text."));
+    return restText(excerptOf(wholeRequest(), requestShown).more, QStringLiteral("“Copy” takes the whole text."));
 }
 
 void Disclosure::copy() const

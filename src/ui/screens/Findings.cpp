@@ -16,7 +16,7 @@ namespace tidlo {
 namespace {
 
 // An explanation has some 800. Showing a million takes the window a quarter of a minute.
-constexpr qsizetype charactersShown = 4'000;
+constexpr qsizetype summaryShown = 4'000;
 
 constexpr qsizetype longestPath = 200; ///< Characters of a path in an alert.
 
@@ -150,12 +150,12 @@ QString Findings::wholeSummary() const
 
 QString Findings::summary() const
 {
-    return visibleText(excerptOf(wholeSummary(), charactersShown).text);
+    return visibleText(excerptOf(wholeSummary(), summaryShown).text);
 }
 
 QString Findings::summaryRest() const
 {
-    return restText(excerptOf(wholeSummary(), charactersShown).more,
+    return restText(excerptOf(wholeSummary(), summaryShown).more,
                     QStringLiteral("Select all and copy to have the whole text."));
 }
 
