@@ -1,6 +1,5 @@
-# What most sources include, read once for all of them. Only under the sanitizers, where everything is compiled for the
-# tests alone, and of tests that are compiled together: elsewhere every source must include what it needs itself.
-set(TIDLO_PRECOMPILE "${TIDLO_SANITIZERS}")
+# What most sources include, read once for all of them. Elsewhere every source must include what it needs itself.
+option(TIDLO_PRECOMPILE "Precompile headers" OFF)
 
 # tidlo_precompiled_headers(name LINKS targets... HEADERS headers...): the headers, and whom they belong to.
 function(tidlo_precompiled_headers name)

@@ -29,5 +29,7 @@ function(tidlo_qml_module name)
         UNITY_BUILD ON
         UNITY_BUILD_BATCH_SIZE 8
         UNITY_BUILD_CODE_BEFORE_INCLUDE "#pragma GCC diagnostic ignored \"${warning}\"")
-    set_source_files_properties(${arg_SOURCES} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+    if(NOT TIDLO_TOGETHER)
+        set_source_files_properties(${arg_SOURCES} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+    endif()
 endfunction()
