@@ -33,8 +33,8 @@ struct Service
 class Connection final
 {
 public:
-    /// \a service must outlive it.
-    Connection(Service *service, tcp::socket socket, Places::Place place);
+    /// \a shared must outlive it; \a taken is held until it ends.
+    Connection(Service *shared, tcp::socket socket, Places::Place taken);
     ~Connection() { service.silent.erase(&stream); }
     Connection(const Connection &) = delete;
     Connection &operator=(const Connection &) = delete;

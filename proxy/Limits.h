@@ -18,10 +18,10 @@ struct Limits
     size_t headBytes = 16 * kilobyte;     ///< The lines in front of a body, or a line between two chunks of it.
     size_t bodyBytes = 256 * kilobyte;    ///< A body.
     size_t requestBytes = 512 * kilobyte; ///< A whole request, with whatever stands between the chunks of its body.
-    size_t allBodiesBytes = 64 * 1024 * kilobyte; ///< The bodies of all requests together; a small one always passes.
-    size_t connections = 2'048;                   ///< At a time; more wait until they are accepted.
-    size_t connectionsOfAddress = 0;              ///< Of one address at a time, 0 for any number; more are turned away.
-    int perMinute = 0;                            ///< Questions of one device, 0 for any number.
+    size_t allBodiesBytes = 65'536 * kilobyte; ///< The bodies of all requests together; a small one always passes.
+    size_t connections = 2'048;                ///< At a time; more wait until they are accepted.
+    size_t connectionsOfAddress = 0;           ///< Of one address at a time, 0 for any number; more are turned away.
+    int perMinute = 0;                         ///< Questions of one device, 0 for any number.
 };
 
 } // namespace tidlo::proxy
