@@ -1,5 +1,6 @@
 #include "proxy/Exchange.h"
 
+#include "proxy/Limits.h"
 #include "proxy/Stream.h"
 
 #include <algorithm>
@@ -17,8 +18,8 @@ namespace http = boost::beast::http;
 using Parser = http::response_parser<http::string_body>;
 using Endpoints = std::vector<tcp::endpoint>;
 
-constexpr size_t longestHead = 64 * 1024;
-constexpr size_t longestBody = 1024 * 1024;
+constexpr size_t longestHead = 64 * kilobyte;
+constexpr size_t longestBody = 1'024 * kilobyte;
 constexpr size_t longestReply = 2 * longestBody; ///< With what stands between chunks, and replies before the last.
 constexpr std::chrono::seconds toConnect(10);    ///< To one of a server's addresses.
 

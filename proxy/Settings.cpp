@@ -86,7 +86,7 @@ int number(const QCommandLineParser &parser, const char *option, int fallback, i
 QString address(const QCommandLineParser &parser, const QString &fallback, bool isPlain)
 {
     const QString name = QStringLiteral("address");
-    const QString text = parser.isSet(name) ? parser.value(name) : fallback;
+    QString text = parser.isSet(name) ? parser.value(name) : fallback;
     const QHostAddress parsed(text);
     if (parsed.isNull())
         throw Mistake{QStringLiteral("--address must be an IP address.")};
@@ -128,21 +128,21 @@ struct Variables
 };
 
 constexpr Variables gemini{Dialect::gemini, "GEMINI_API_KEY", "GEMINI_MODEL", "GEMINI_BASE_URL",
-                           "\\A[A-Za-z0-9._-]+\\z"}; // It becomes a part of the address.
-constexpr Variables chat{Dialect::chat, "TIDLO_CHAT_KEY", "TIDLO_CHAT_MODEL", "TIDLO_CHAT_URL", "\\A[\\x21-\\x7e]+\\z"};
+                           R"(\A[A-Za-z0-9._-]+\z)"}; // It becomes a part of the address.
+constexpr Variables chat{Dialect::chat, "TIDLO_CHAT_KEY", "TIDLO_CHAT_MODEL", "TIDLO_CHAT_URL", R"(\A[\x21-\x7e]+\z)"};
 
 /// \a unless is what holds for variables that are empty.
-Upstream read(const Variables &variables, const QProcessEnvironment &environment, Upstream unless)
+Upstream read(const Variables &variables, const QProcessEnvironment &environment, const Upstream &unless)
 {
     static const QRegularExpression keyForm(QStringLiteral("\\A[\\x21-\\x7e]*\\z"));
     const auto value = [&](const char *name, const QString &otherwise) {
         const QString text = environment.value(QString::fromLatin1(name)).trimmed();
         return text.isEmpty() ? otherwise : text;
     };
-    const Upstream upstream{.dialect = variables.dialect,
-                            .key = value(variables.key, {}),
-                            .model = value(variables.model, unless.model),
-                            .baseUrl = {value(variables.url, unless.baseUrl.toString()), QUrl::StrictMode}};
+    Upstream upstream{.dialect = variables.dialect,
+                      .key = value(variables.key, {}),
+                      .model = value(variables.model, unless.model),
+                      .baseUrl = {value(variables.url, unless.baseUrl.toString()), QUrl::StrictMode}};
     if (!keyForm.match(upstream.key).hasMatch())
         throw Mistake{QStringLiteral("%1 holds characters that no key has.").arg(QLatin1String(variables.key))};
     if (!QRegularExpression(QString::fromLatin1(variables.modelForm)).match(upstream.model).hasMatch())
@@ -181,7 +181,7 @@ bool isHandedOver(const QCommandLineParser &parser, const QProcessEnvironment &e
 
 QString stateFolder(const QProcessEnvironment &environment)
 {
-    const QString given = environment.value(QStringLiteral("STATE_DIRECTORY")).section(u':', 0, 0);
+    QString given = environment.value(QStringLiteral("STATE_DIRECTORY")).section(u':', 0, 0);
     if (QDir::isAbsolutePath(given))
         return given;
     const QString states = environment.value(QStringLiteral("XDG_STATE_HOME"));

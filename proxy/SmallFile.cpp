@@ -13,7 +13,7 @@
 namespace tidlo::proxy {
 namespace {
 
-constexpr qint64 most = 64 * 1024;
+constexpr qint64 most = qint64(64) * 1024;
 
 OrReason<std::optional<QByteArray>> cannot(const QString &name, const QString &why)
 {

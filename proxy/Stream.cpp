@@ -1,5 +1,7 @@
 #include "proxy/Stream.h"
 
+#include "proxy/Limits.h"
+
 #include <algorithm>
 #include <array>
 
@@ -96,7 +98,7 @@ Task<size_t> Stream::read(std::span<char> to)
 
 Task<bool> Stream::write(std::string_view bytes)
 {
-    constexpr size_t most = 16 * 1024;
+    constexpr size_t most = 16 * kilobyte;
     while (!bytes.empty()) {
         ERR_clear_error();
         const int count = BIO_write(bio.get(), bytes.data(), static_cast<int>(std::min(bytes.size(), most)));

@@ -16,7 +16,7 @@ namespace tidlo::proxy {
 class Stream final
 {
 public:
-    explicit Stream(tcp::socket socket);
+    explicit Stream(tcp::socket taken);
     Stream(const Stream &) = delete;
     Stream &operator=(const Stream &) = delete;
 

@@ -16,7 +16,7 @@ struct ExplainEndpoint
 {
     QString host = liveHost(); ///< A name or address, and a port where it is not 443. Empty: nobody is asked.
     std::chrono::milliseconds timeLimit = std::chrono::seconds(60); ///< Of the whole exchange.
-    qint64 replyLimit = 1024 * 1024;                                ///< Bytes of the reply's body.
+    qint64 replyLimit = qint64(1024) * 1024;                        ///< Bytes of the reply's body.
     std::function<QByteArray()> authorities = trustedCertificates;  ///< Called on another thread.
     std::function<std::optional<QString>()> identity = machineIdentity;
 

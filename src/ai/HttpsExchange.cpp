@@ -6,7 +6,7 @@ namespace tidlo {
 
 namespace {
 
-constexpr qint64 mostAroundTheBody = 256 * 1024;
+constexpr qint64 mostAroundTheBody = qint64(256) * 1024;
 
 struct Setting
 {

@@ -17,7 +17,7 @@ namespace tidlo {
 namespace {
 
 constexpr std::array ownHosts{u"localhost", u"127.0.0.1", u"::1"};
-constexpr qint64 most = 64 * 1024;
+constexpr qint64 most = qint64(64) * 1024;
 
 /// Whether what is open is of the kind \a kind, and nobody but this user can change it.
 bool isOwn(const Descriptor &opened, mode_t kind)

@@ -88,7 +88,7 @@ Descriptor FolderOpener::openBeneath(int parent, const char *name) const
 
 struct FolderReader::Buffer
 {
-    static constexpr size_t longestRecord = 2 * 1024;
+    static constexpr size_t longestRecord = 2'048;
 
     alignas(8) std::array<char, 64 * 1024> bytes;
     int left = 0; ///< Records not taken yet.
