@@ -8,7 +8,9 @@ int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     using namespace tidlo;
     static const TemporaryHome home(TemporaryHome::parentInMemory());
-    const QString path = QFile::decodeName(home / "preferences.conf");
+    // Each its own: QSettings takes a file for one that it has read by its name, its size and when it was written.
+    static int number = 0;
+    const QString path = QFile::decodeName(home / FilePath::number(++number));
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly))
         std::abort();
