@@ -63,6 +63,12 @@ else()
         add_link_options("$<${optimised}:-Wl,-z,relro,-z,now>")
     endif()
 endif()
+option(TIDLO_COVERAGE "Count which lines and branches are reached, which takes clang" OFF)
+if(TIDLO_COVERAGE)
+    # The last is for ccache: what one clone compiled must not name its folder in another.
+    add_compile_options(-fprofile-instr-generate -fcoverage-mapping -fcoverage-compilation-dir=.)
+    add_link_options(-fprofile-instr-generate)
+endif()
 option(TIDLO_FUZZ "Have the targets in tests/fuzz make up their input, which takes clang and sanitizers" OFF)
 if(TIDLO_FUZZ)
     add_compile_options(-fsanitize=fuzzer-no-link) # All that they link tells where it was led.

@@ -17,7 +17,8 @@ QProcessEnvironment environmentFor(const TemporaryHome &home, const QByteArrayLi
 {
     QProcessEnvironment environment;
     const QProcessEnvironment ours = QProcessEnvironment::systemEnvironment();
-    for (const char *name : {"PATH", "ASAN_OPTIONS", "UBSAN_OPTIONS", "TSAN_OPTIONS", "LSAN_OPTIONS"})
+    for (const char *name :
+         {"PATH", "ASAN_OPTIONS", "UBSAN_OPTIONS", "TSAN_OPTIONS", "LSAN_OPTIONS", "LLVM_PROFILE_FILE"})
         environment.insert(QString::fromLatin1(name), ours.value(QString::fromLatin1(name)));
     const QString path = QString::fromUtf8(home.path());
     environment.insert(QStringLiteral("HOME"), path);

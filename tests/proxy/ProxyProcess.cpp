@@ -11,6 +11,7 @@ namespace tidlo {
 ProxyProcess::ProxyProcess(const QStringList &arguments, const QStringList &environment)
 {
     QStringList variables = environment;
+    variables.append(QStringLiteral("LLVM_PROFILE_FILE=") + qEnvironmentVariable("LLVM_PROFILE_FILE"));
     variables.append(QStringLiteral("STATE_DIRECTORY=") + QString::fromUtf8(home / "state"));
     process.setEnvironment(variables);
     process.start(QStringLiteral(TIDLO_PROXY), QStringList{QStringLiteral("--port"), QStringLiteral("0")} + arguments);
