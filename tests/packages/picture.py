@@ -1,12 +1,13 @@
 #!/usr/bin/env python3
-"""picture.py <picture.png>: waits until a window is shown on the display and has been drawn, and takes a picture of it.
+"""picture.py <picture.png>: waits until a window is shown on the display and has come to rest, and takes a picture of it.
 
 picture.py <one.png> <other.png>: whether two such pictures show the same: 99 of 100 of their pixels.
 """
 
-import select
+import operator
 import struct
 import sys
+import time
 import zlib
 
 from Xlib import X
@@ -33,35 +34,35 @@ def read(path):
     return zlib.decompress(content[start + 4:start + 4 + length])
 
 
-def take(path):
-    """Looks again after each change of the screen's windows, and after each second without one."""
-    display = Display()
-    root = display.screen().root
-    root.change_attributes(event_mask=X.SubstructureNotifyMask)
-    display.sync()
-    while True:
-        for window in root.query_tree().children:
-            try:
-                if window.get_attributes().map_state != X.IsViewable or window.get_geometry().width < 900:
-                    continue
-                box = window.get_geometry()
-                image = window.get_image(0, 0, box.width, box.height, X.ZPixmap, 0xFFFFFFFF).data
-            except BadWindow:  # It has gone since it was listed.
+def drawn(root):
+    """The width, height and pixels of the window that is shown, if anything is drawn in it."""
+    for window in root.query_tree().children:
+        try:
+            box = window.get_geometry()
+            if window.get_attributes().map_state != X.IsViewable or box.width < 900:
                 continue
-            pixels = bytearray(box.width * box.height * 3)
-            pixels[0::3], pixels[1::3], pixels[2::3] = image[2::4], image[1::4], image[0::4]
-            colors = {bytes(pixels[at:at + 3]) for at in range(0, len(pixels), 3 * 101)}
-            if len(colors) > 100:  # The glow behind the screen has many; an empty window has one.
-                write(path, box.width, box.height, bytes(pixels))
-                return
-        select.select([display.fileno()], [], [], 1)
-        while display.pending_events():
-            display.next_event()
+            image = window.get_image(0, 0, box.width, box.height, X.ZPixmap, 0xFFFFFFFF).data
+        except BadWindow:  # It has gone since it was listed.
+            continue
+        pixels = bytearray(box.width * box.height * 3)
+        pixels[0::3], pixels[1::3], pixels[2::3] = image[2::4], image[1::4], image[0::4]
+        colors = {bytes(pixels[at:at + 3]) for at in range(0, len(pixels), 3 * 101)}
+        if len(colors) > 100:  # The glow behind the screen has many; an empty window has one.
+            return box.width, box.height, bytes(pixels)
+    return None
 
 
-def isAlike(one, other):
-    first, second = read(one), read(other)
-    same = sum(a == b for a, b in zip(first, second)) if len(first) == len(second) else 0
+def take(path):
+    root = Display().screen().root
+    before, now = None, drawn(root)
+    while not now or not before or not isAlike(before[2], now[2]):
+        time.sleep(1)  # How long a motion lasts at most.
+        before, now = now, drawn(root)
+    write(path, *now)
+
+
+def isAlike(first, second):
+    same = sum(map(operator.eq, first, second)) if len(first) == len(second) else 0
     print(f"{100 * same / len(first):.2f} % of two pictures are the same.")
     return same >= 0.99 * len(first)
 
@@ -69,4 +70,4 @@ def isAlike(one, other):
 if len(sys.argv) == 2:
     take(sys.argv[1])
 else:
-    sys.exit(not isAlike(*sys.argv[1:]))
+    sys.exit(not isAlike(*map(read, sys.argv[1:])))
