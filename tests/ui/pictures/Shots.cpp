@@ -9,8 +9,6 @@
 
 namespace tidlo {
 
-namespace {
-
 void showResults(OpenModel &app)
 {
     app.setAiSummary(demoExplanation());
@@ -19,11 +17,18 @@ void showResults(OpenModel &app)
     app.showResults(demoResult());
 }
 
-void scanAt(OpenModel &app, double progress, const char *label)
+void showScan(OpenModel &app, double progress, const QString &label)
 {
     app.setPhase(ScanPhase::scanning);
     app.setScanProgress(progress);
-    app.setScanLabel(QString::fromUtf8(label));
+    app.setScanLabel(label);
+}
+
+namespace {
+
+void scanAt(OpenModel &app, double progress, const char *label)
+{
+    showScan(app, progress, QString::fromUtf8(label));
 }
 
 QObject *object(QQuickWindow &window, const char *name)

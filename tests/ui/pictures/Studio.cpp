@@ -41,8 +41,18 @@ Studio::Studio(const QString &theme, QSize size)
 
 QImage Studio::picture(const Shot &shot)
 {
-    shot.prepare(*model, *application.window());
-    for (auto past = std::chrono::milliseconds::zero(); past < longestMotion; past += frame) {
+    show(shot.prepare);
+    return pictureAfter(longestMotion);
+}
+
+void Studio::show(const std::function<void(OpenModel &, QQuickWindow &)> &prepare)
+{
+    prepare(*model, *application.window());
+}
+
+QImage Studio::pictureAfter(std::chrono::milliseconds motion)
+{
+    for (auto past = std::chrono::milliseconds::zero(); past < motion; past += frame) {
         QCoreApplication::processEvents();
         time.step(frame);
     }

@@ -7,6 +7,8 @@
 #include <QImage>
 #include <QTemporaryDir>
 
+#include <functional>
+
 namespace tidlo {
 
 /// The application's window over the findings of DemoState.h, for pictures that are the same each time: what moves does
@@ -18,6 +20,11 @@ public:
 
     /// How the window looks in that state once what moves has come to rest; what moves for ever, at a fixed moment.
     QImage picture(const Shot &shot);
+
+    /// Puts the application into a state.
+    void show(const std::function<void(OpenModel &, QQuickWindow &)> &prepare);
+    /// How the window looks when what moves has gone on for that long.
+    QImage pictureAfter(std::chrono::milliseconds motion);
 
 private:
     SteppedTime time;
