@@ -45,8 +45,8 @@ Command programItself()
 {
     return {.name = "<command> [options]",
             .summary = "",
-            .description = "Finds reclaimable storage in the home folder and moves it to the Trash. Reads\n"
-                           "names, sizes and dates, never what is in a file.\n"
+            .description = "Finds files in the home folder that you can safely remove, and moves what you\n"
+                           "choose to the Trash. Reads names, sizes and dates, never what is in a file.\n"
                            "\n"
                            "\"tidlo-cli <command> --help\" tells more about a command.\n",
             .options = {},

@@ -32,7 +32,7 @@ QByteArray desktopEntry(const FilePath &executable, const QByteArray &icon)
            "Type=Application\n"
            "Name=Tidlo\n"
            "GenericName=Storage Cleaner\n"
-           "Comment=Finds reclaimable storage and moves it to the Trash\n"
+           "Comment=Finds files that can be removed, and moves them to the Trash\n"
            "Exec=" +
            asValue(asArgument(executable)) +
            "\n"

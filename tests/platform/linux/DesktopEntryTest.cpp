@@ -17,7 +17,7 @@ TEST(DesktopEntry, ShowsAndStartsTheApplication)
               "Type=Application\n"
               "Name=Tidlo\n"
               "GenericName=Storage Cleaner\n"
-              "Comment=Finds reclaimable storage and moves it to the Trash\n"
+              "Comment=Finds files that can be removed, and moves them to the Trash\n"
               "Exec=\"/Applications/Tidlo.app/Contents/MacOS/Tidlo\"\n"
               "TryExec=/Applications/Tidlo.app/Contents/MacOS/Tidlo\n"
               "Icon=com.tidlo.storagecleaner\n"
