@@ -1,8 +1,8 @@
 #include "ai/ExplainEndpoint.h"
 
+#include "ai/OwnService.h"
 #include "platform/VisibleText.h"
 
-#include <QHostAddress>
 #include <QUrl>
 
 #include <cstdio>
@@ -35,10 +35,7 @@ QString ExplainEndpoint::liveHost()
 
 bool ExplainEndpoint::isOwn() const
 {
-    QUrl url;
-    url.setAuthority(host);
-    const bool isLoopback = url.host() == u"localhost" || QHostAddress(url.host()).isLoopback();
-    return host == QStringLiteral(TIDLO_AI_PROXY_HOST) && isLoopback;
+    return host == QStringLiteral(TIDLO_AI_PROXY_HOST) && isThisMachine(host);
 }
 
 std::optional<QString> ExplainEndpoint::hostFrom(const QString &text)

@@ -4,6 +4,7 @@
 #include "platform/Process.h"
 
 #include <QByteArrayList>
+#include <QHostAddress>
 
 #include <array>
 #include <csignal>
@@ -174,6 +175,13 @@ FilePath ownServiceProgram()
             return program;
     }
     return {};
+}
+
+bool isThisMachine(const QString &host)
+{
+    QUrl url;
+    url.setAuthority(host);
+    return url.host() == u"localhost" || QHostAddress(url.host()).isLoopback();
 }
 
 bool isAnswered(const QUrl &url)

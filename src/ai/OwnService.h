@@ -37,6 +37,9 @@ private:
 /// Where the tidlo-proxy lies that came with this program: beside it, or where packages put it. Empty if there is none.
 FilePath ownServiceProgram();
 
+/// Whether \a host, which may have a port, names this machine: "localhost" or an address of the loopback.
+bool isThisMachine(const QString &host);
+
 /// Whether anybody takes connections at \a url, whose host is this machine. A loopback address answers at once.
 bool isAnswered(const QUrl &url);
 

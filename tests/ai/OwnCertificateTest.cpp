@@ -113,6 +113,11 @@ TEST_F(OwnCertificate, IsNotTrustedWhereItIsNoRegularFile)
     unlink((states / ofTheFile).constData());
     ASSERT_EQ(mkfifo((states / ofTheFile).constData(), 0600), 0);
     EXPECT_EQ(trusted(), "") << "and nobody is waited for";
+
+    QFile pipe(QFile::decodeName(states / ofTheFile));
+    ASSERT_TRUE(pipe.open(QIODevice::ReadWrite | QIODevice::Unbuffered));
+    ASSERT_EQ(pipe.write(authority.certificate()), authority.certificate().size());
+    EXPECT_EQ(trusted(), "") << "whatever comes from it";
 }
 
 TEST_F(OwnCertificate, HasSixtyFourKilobytesAtMost)

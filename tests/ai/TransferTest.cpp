@@ -1,5 +1,6 @@
 #include "ai/ExplainTest.h"
 #include "ai/HttpsExchange.h"
+#include "ai/OwnService.h"
 #include "ai/PlainServer.h"
 #include "support/InChild.h"
 
@@ -35,6 +36,16 @@ TEST(ExplainEndpoint, TakesNothingElseForAHost)
     for (const char *other : {"https://explain.example", "explain.example/path", "user@explain.example", "@", ":8443",
                               "explain.example:0", "explain.example:65536", "explain example", "a:b:c", "host:port"})
         EXPECT_FALSE(ExplainEndpoint::hostFrom(QLatin1StringView(other))) << other;
+}
+
+TEST(ExplainEndpoint, IsOwnOnlyOnThisMachine)
+{
+    for (const char *host : {"localhost", "localhost:8443", "127.0.0.1", "[::1]:443"})
+        EXPECT_TRUE(isThisMachine(QLatin1StringView(host))) << host;
+    for (const char *host : {"", "example.org", "localhost.example.org:8443", "192.0.2.1"})
+        EXPECT_FALSE(isThisMachine(QLatin1StringView(host))) << host;
+    EXPECT_TRUE(ExplainEndpoint().isOwn());
+    EXPECT_FALSE(ExplainEndpoint{.host = QStringLiteral("localhost:1")}.isOwn());
 }
 
 TEST_F(Transfer, NeedsAnAuthorityThatIsTrusted)

@@ -4,6 +4,9 @@
 #include "support/InChild.h"
 #include "support/PrintQt.h"
 
+#include <QFile>
+#include <QTcpSocket>
+
 #include <gmock/gmock.h>
 
 #include <csignal>
@@ -11,6 +14,8 @@
 
 namespace tidlo {
 
+using testing::HasSubstr;
+using testing::Not;
 using testing::StartsWith;
 
 namespace {
@@ -22,7 +27,8 @@ protected:
     OwnServiceTest() { qputenv("XDG_STATE_HOME", folder / "state"); }
     ~OwnServiceTest() override
     {
-        for (const char *variable : {"XDG_STATE_HOME", "GEMINI_API_KEY", "GEMINI_BASE_URL", "LISTEN_PID"})
+        for (const char *variable :
+             {"XDG_STATE_HOME", "GEMINI_API_KEY", "GEMINI_BASE_URL", "TIDLO_CHAT_URL", "LISTEN_PID"})
             qunsetenv(variable);
     }
 
@@ -43,6 +49,36 @@ TEST_F(OwnServiceTest, ExplainsOfflineOnAPortOfItsOwnWhateverTheEnvironmentSays)
     endpoint.host = QStringLiteral("127.0.0.1:%1").arg(service->port());
 
     EXPECT_THAT(explain(), StartsWith("Written without an AI model"));
+}
+
+TEST_F(OwnServiceTest, IsToldToStayOfflineAndNothingOfTheEnvironment)
+{
+    for (const char *variable : {"GEMINI_API_KEY", "GEMINI_BASE_URL", "TIDLO_CHAT_URL"})
+        qputenv(variable, "secret");
+    QFile program(QFile::decodeName(folder.file("service", 0)));
+    ASSERT_TRUE(program.open(QFile::WriteOnly));
+    program.write("#!/bin/sh\n(echo \"$@\"; env) > \"$XDG_STATE_HOME\"\necho ready\nexec cat");
+    program.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+    program.close();
+
+    const auto service = OwnService::start(folder / "service");
+
+    ASSERT_TRUE(service);
+    QFile given(QFile::decodeName(folder / "state"));
+    ASSERT_TRUE(given.open(QFile::ReadOnly));
+    const std::string told = given.readAll().toStdString();
+    EXPECT_THAT(told, StartsWith("--offline --until-eof\n"));
+    EXPECT_THAT(told, Not(HasSubstr("secret")));
+}
+
+TEST_F(OwnServiceTest, ListensWhereOnlyThisMachineReachesIt)
+{
+    const auto service = start();
+    ASSERT_TRUE(service);
+
+    QTcpSocket other; // Reaches what listens at every address of the machine.
+    other.connectToHost(QStringLiteral("127.0.0.2"), static_cast<quint16>(service->port()));
+    EXPECT_FALSE(other.waitForConnected());
 }
 
 TEST_F(OwnServiceTest, IsTrustedByNobodyElse)
@@ -71,7 +107,8 @@ TEST_F(OwnServiceTest, EndsWithTheProgramHoweverThatEnds)
 {
     const ChildResult result = inChild([] {
         const auto service = start();
-        std::printf("%d\n", service ? service->port() : 0);
+        const auto later = start(); // It must not hold open what the other one waits for.
+        std::printf("%d\n", service && later ? service->port() : 0);
         std::fflush(stdout);
         raise(SIGKILL);
         return false;

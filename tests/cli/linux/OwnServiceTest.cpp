@@ -3,6 +3,11 @@
 
 #include <gmock/gmock.h>
 
+#include <csignal>
+
+#include <netinet/in.h>
+#include <sys/prctl.h>
+#include <sys/socket.h>
 #include <unistd.h>
 
 namespace tidlo {
@@ -13,12 +18,33 @@ namespace {
 
 /// Runs "tidlo-cli explain" where nothing else takes connections. Its status is that of a skipped test where the system
 /// does not allow that.
-CliRun explainAlone(const TemporaryHome &home, const QByteArrayList &environment)
+CliRun explainAlone(
+    const TemporaryHome &home, const QByteArrayList &environment, void (*prepare)() = [] {})
 {
-    return runCli(home, {"explain"}, {.environment = environment, .inChild = [] {
+    return runCli(home, {"explain"}, {.environment = environment, .inChild = [prepare] {
                                           if (!enterNetworkNamespace())
                                               _exit(125);
+                                          prepare();
                                       }});
+}
+
+/// A service at the built-in address that ends each connection, as long as the program runs that is started next.
+void endEachConnection()
+{
+    sockaddr_in name{};
+    name.sin_family = AF_INET;
+    name.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    name.sin_port = htons(8443);
+    const int listener = socket(AF_INET, SOCK_STREAM, 0);
+    if (bind(listener, reinterpret_cast<const sockaddr *>(&name), sizeof name) != 0 || listen(listener, SOMAXCONN) != 0)
+        _exit(124);
+    const pid_t program = getpid();
+    if (fork() != 0)
+        return;
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
+    while (getppid() == program)
+        close(accept(listener, nullptr, nullptr));
+    _exit(0);
 }
 
 } // namespace
@@ -27,12 +53,26 @@ TEST(ExplainCommandAlone, StartsAServiceForItselfThatKnowsNoKey)
 {
     const TemporaryHome home;
 
-    const CliRun run = explainAlone(home, {"GEMINI_API_KEY=secret", "GEMINI_BASE_URL=https://localhost:1"});
+    const CliRun run = explainAlone(
+        home, {"GEMINI_API_KEY=secret", "GEMINI_BASE_URL=https://localhost:1", "https_proxy=http://localhost:1"});
 
     if (run.status == 125)
         GTEST_SKIP() << "The kernel gives no network of its own here.";
     EXPECT_EQ(run.status, 0) << run.errors.toStdString();
     EXPECT_THAT(run.output.toStdString(), StartsWith("Written without an AI model"));
+}
+
+TEST(ExplainCommandAlone, StartsNothingWhereSomebodyAnswers)
+{
+    const TemporaryHome home;
+
+    const CliRun run = explainAlone(home, {}, endEachConnection);
+
+    if (run.status == 125)
+        GTEST_SKIP() << "The kernel gives no network of its own here.";
+    EXPECT_EQ(run.status, 1) << run.output.toStdString();
+    EXPECT_THAT(run.errors.toStdString(), StartsWith("tidlo-cli: \u26A0\uFE0F Request failed: "));
+    EXPECT_FALSE(home.inventory().contains(".local/state/tidlo-proxy"));
 }
 
 TEST(ExplainCommandAlone, StartsNothingForAnyOtherHost)
