@@ -53,8 +53,7 @@ TEST(ExplainCommandAlone, StartsAServiceForItselfThatKnowsNoKey)
 {
     const TemporaryHome home;
 
-    const CliRun run = explainAlone(
-        home, {"GEMINI_API_KEY=secret", "GEMINI_BASE_URL=https://localhost:1", "https_proxy=http://localhost:1"});
+    const CliRun run = explainAlone(home, {"GEMINI_API_KEY=secret", "GEMINI_BASE_URL=https://localhost:1"});
 
     if (run.status == 125)
         GTEST_SKIP() << "The kernel gives no network of its own here.";
