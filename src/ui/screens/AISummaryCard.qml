@@ -19,9 +19,8 @@ ContinuousRectangle {
     radius: 10
     color: TidloTheme.faded(TidloTheme.green, TidloTheme.mixed(TidloTheme.darkness, 0.1, 0.13))
 
-    TapHandler {
-        acceptedButtons: Qt.RightButton
-        onTapped: (eventPoint) => root.menuAsked(eventPoint.position.x, eventPoint.position.y, false)
+    MenuArea {
+        onAsked: (x, y) => root.menuAsked(x, y, false)
     }
 
     RowLayout {

@@ -40,9 +40,10 @@ Item {
                 text: root.findings.selectionText
                 font: TidloType.section
 
-                TapHandler {
-                    acceptedButtons: Qt.RightButton
-                    onTapped: (eventPoint) => root.showMenu(eventPoint.scenePosition.x - root.mapToItem(null, 0, 0).x, 22, false)
+                MenuArea {
+                    id: area
+
+                    onAsked: (x, y) => root.showMenu(root.mapFromItem(area, x, y).x, 22, false)
                 }
             }
             TidloText {

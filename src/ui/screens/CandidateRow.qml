@@ -68,9 +68,8 @@ PlainButton {
         onActivated: root.askByKeys()
     }
 
-    TapHandler {
-        acceptedButtons: Qt.RightButton
-        onTapped: (eventPoint) => root.menuAsked(eventPoint.position.x, eventPoint.position.y, false)
+    MenuArea {
+        onAsked: (x, y) => root.menuAsked(x, y, false)
     }
 
     background: ContinuousRectangle {

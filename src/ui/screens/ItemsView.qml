@@ -162,11 +162,10 @@ FocusScope {
                     TapHandler {
                         onTapped: row.takeKeys()
                     }
-                    TapHandler {
-                        acceptedButtons: Qt.RightButton
-                        onTapped: (eventPoint) => {
+                    MenuArea {
+                        onAsked: (x, y) => {
                             row.takeKeys();
-                            root.menuAsked(row, row.index, eventPoint.position.x, eventPoint.position.y, false);
+                            root.menuAsked(row, row.index, x, y, false);
                         }
                     }
                 }

@@ -20,9 +20,8 @@ Item {
         menu.currentIndex = !byKeys ? -1 : root.report.canPutBack ? 0 : 1;
     }
 
-    TapHandler {
-        acceptedButtons: Qt.RightButton
-        onTapped: (eventPoint) => root.showMenu(eventPoint.position.x, eventPoint.position.y, false)
+    MenuArea {
+        onAsked: (x, y) => root.showMenu(x, y, false)
     }
 
     Shortcut {

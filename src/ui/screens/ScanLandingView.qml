@@ -21,9 +21,8 @@ Item {
         menu.currentIndex = byKeys ? 0 : -1;
     }
 
-    TapHandler {
-        acceptedButtons: Qt.RightButton
-        onTapped: (eventPoint) => root.showMenu(eventPoint.position.x, eventPoint.position.y, false)
+    MenuArea {
+        onAsked: (x, y) => root.showMenu(x, y, false)
     }
 
     Shortcut {
@@ -35,6 +34,7 @@ Item {
     DropArea {
         anchors.fill: parent
         keys: ["text/uri-list"]
+        onEntered: (drag) => drag.accepted = drag.urls.length === 1
         onDropped: (drop) => {
             drop.accepted = drop.urls.length === 1;
             if (drop.accepted)

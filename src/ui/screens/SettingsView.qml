@@ -21,9 +21,8 @@ Item {
         menu.currentIndex = byKeys ? 0 : -1;
     }
 
-    TapHandler {
-        acceptedButtons: Qt.RightButton
-        onTapped: (eventPoint) => root.showMenu(eventPoint.position.x, eventPoint.position.y, false)
+    MenuArea {
+        onAsked: (x, y) => root.showMenu(x, y, false)
     }
 
     Shortcut {
