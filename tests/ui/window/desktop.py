@@ -2,7 +2,7 @@
 """Runs a command in a desktop of its own: a screen, a session bus, a window manager and a home folder, all private and
 gone afterwards. It ends as the command ends.
 
-    desktop.py WIDTHxHEIGHT COMMAND...
+    desktop.py x11|wayland WIDTHxHEIGHT COMMAND...
 """
 
 import os
@@ -14,9 +14,18 @@ from contextlib import closing, contextmanager
 from pathlib import Path
 
 from events import eventually
-from screen import Screen
 
-NEEDED = ["Xvfb", "dbus-run-session", "openbox", "xdotool", "openssl", "gio"]
+NEEDED = {
+    "x11": ["Xvfb", "openbox", "xdotool"],
+    "wayland": ["sway", "grim", "wl-paste"],
+}
+NEEDED_BY_BOTH = ["dbus-run-session", "openssl", "gio"]
+QUIET = {"stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL}
+SWAY = """xwayland disable
+output * resolution {size}
+for_window [app_id=".*"] floating enable
+exec echo "$WAYLAND_DISPLAY $SWAYSOCK" >&{tells}
+"""
 
 
 @contextmanager
@@ -30,20 +39,57 @@ def running(command, **options):
         process.wait()
 
 
+def told_by(descriptor):
+    """The words of the line that is written to the other end, which is there once a server has started."""
+    with os.fdopen(descriptor) as answer:
+        return answer.readline().split()
+
+
 @contextmanager
-def display_of(size):
-    """The name of a display with one screen. The server chooses the name, so that many can be started at once."""
+def x11(size, environment, folder):
+    """What names an X server with one screen, where a window manager runs. The server chooses the name, so that many
+    can be started at once."""
+    from x11 import Screen
+
     told, tells = os.pipe()
     server = ["Xvfb", "-displayfd", str(tells), "-screen", "0", f"{size}x24", "-nolisten", "tcp", "-noreset"]
     with running(server, pass_fds=[tells], stderr=subprocess.DEVNULL):
         os.close(tells)
-        with os.fdopen(told) as answer:
-            yield f":{answer.readline().strip()}"
+        [number] = told_by(told)
+        display = {"DISPLAY": f":{number}"}
+        with running(["openbox", "--sm-disable"], env=environment | display, cwd=folder, **QUIET):
+            # Windows that open before there is one are neither placed nor held to their least size.
+            with closing(Screen(display["DISPLAY"])) as screen:
+                eventually("the window manager has started",
+                           lambda: screen.property(screen.root, "_NET_SUPPORTING_WM_CHECK"))
+            yield display
 
 
-def environment_of(home, display):
+@contextmanager
+def wayland(size, environment, folder):
+    """What names a compositor with one screen, where all windows float."""
+    told, tells = os.pipe()
+    configuration = Path(folder, "sway")
+    configuration.write_text(SWAY.format(size=size, tells=tells), encoding="utf-8")
+    headless = {"WLR_BACKENDS": "headless", "WLR_LIBINPUT_NO_DEVICES": "1", "WLR_RENDERER": "pixman"}
+    # It does not run for root.
+    another = ["unshare", "--user", "--map-user=1000", "--map-group=1000"] if os.getuid() == 0 else []
+    with running([*another, "sway", "--config", configuration], pass_fds=[tells], env=environment | headless,
+                 cwd=folder, **QUIET):
+        os.close(tells)
+        display, control = told_by(told)
+        yield {
+            "WAYLAND_DISPLAY": display,
+            "SWAYSOCK": control,
+            "QT_QPA_PLATFORM": "wayland",
+            "GDK_BACKEND": "wayland",
+            "NO_AT_BRIDGE": "1",  # Else GTK in a test keeps its looks at the accessibility tree from being woken.
+        }
+
+
+def environment_of(home):
     """What a program of this desktop finds in its environment."""
-    unwanted = ("XDG_", "DBUS_", "AT_SPI_", "QT_", "WAYLAND_", "DISPLAY", "XAUTHORITY", "SESSION_MANAGER", "SSL_CERT_")
+    unwanted = ("XDG_", "DBUS_", "AT_SPI_", "QT_", "WAYLAND_", "SWAY", "GDK_", "DISPLAY", "XAUTHORITY", "SESSION_MANAGER", "SSL_CERT_")
     inherited = {name: value for name, value in os.environ.items() if not name.startswith(unwanted)}
     runtime, temporary = home.parent / "runtime", home.parent / "temporary"
     runtime.mkdir(mode=0o700)
@@ -53,32 +99,23 @@ def environment_of(home, display):
         "XDG_RUNTIME_DIR": str(runtime),
         "XDG_CACHE_HOME": str(home.parent / "cache"),  # Else the desktop itself leaves something to clean.
         "TMPDIR": str(temporary),
-        "DISPLAY": display,
         "LC_ALL": "C.UTF-8",
         "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1",
         "QT_QUICK_BACKEND": "software",
     }
 
 
-def wait_for_window_manager(display):
-    """Windows that open before there is one are neither placed nor held to their least size."""
-    with closing(Screen(display)) as screen:
-        eventually("the window manager has started",
-                   lambda: screen.property(screen.root, "_NET_SUPPORTING_WM_CHECK"))
-
-
-def main(size, *command):
-    missing = [program for program in NEEDED if not shutil.which(program)]
+def main(system, size, *command):
+    missing = [program for program in NEEDED[system] + NEEDED_BY_BOTH if not shutil.which(program)]
     if missing:
         sys.exit(f"Not installed: {' '.join(missing)}; see scripts/packages-debian-test.")
-    with tempfile.TemporaryDirectory(prefix="tidlo-desktop-") as folder, display_of(size) as display:
+    with tempfile.TemporaryDirectory(prefix="tidlo-desktop-") as folder:
         home = Path(folder, "home")
         home.mkdir()
-        environment = environment_of(home, display)
-        quiet = {"stdout": subprocess.DEVNULL, "stderr": subprocess.DEVNULL}
-        with running(["openbox", "--sm-disable"], env=environment, cwd=folder, **quiet):
-            wait_for_window_manager(display)
-            return subprocess.run(["dbus-run-session", "--", *command], env=environment, check=False).returncode
+        environment = environment_of(home)
+        with {"x11": x11, "wayland": wayland}[system](size, environment, folder) as screen:
+            return subprocess.run(["dbus-run-session", "--", *command], env=environment | screen,
+                                  check=False).returncode
 
 
 if __name__ == "__main__":

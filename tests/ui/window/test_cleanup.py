@@ -5,7 +5,7 @@ import unittest
 
 import home
 from events import eventually
-from window import Window, xdotool
+from window import Window
 
 PROGRAM = sys.argv.pop()
 
@@ -102,7 +102,8 @@ class Cleanup(unittest.TestCase):
         others = [one for one in home.programs_running(PROGRAM) if one != str(window.process.pid)]
 
         scan, close = (window.wait("push button", name).center for name in ("SCAN MY MAC", "Close"))
-        xdotool("mousemove", *scan, "click", 1, "mousemove", *close, "click", 1)
+        window.click_at(*scan)
+        window.click_at(*close)
 
         self.assertEqual(window.ended(), 0)
         self.assertEqual(home.inventory(), before)

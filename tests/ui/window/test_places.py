@@ -4,7 +4,7 @@ import sys
 import unittest
 
 import home
-from drag import Drag
+from screen import Drag
 from window import Window
 
 PROGRAM = sys.argv.pop()

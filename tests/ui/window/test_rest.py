@@ -9,7 +9,7 @@ from pathlib import Path
 import home
 from events import eventually_seen
 from portal import Portal
-from window import Window, xdotool
+from window import Window
 
 PROGRAM = sys.argv.pop()
 AT_REST = 2  # Seconds, in which the landing screen breathes many steps.

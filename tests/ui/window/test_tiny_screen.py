@@ -5,10 +5,11 @@ import unittest
 
 import home
 from events import eventually, eventually_seen
-from window import Window, xdotool
+from window import Window
 
 PROGRAM = sys.argv.pop()
 SCREEN = (900, 500)
+DOWN, RIGHT = 5, 7  # The buttons that a wheel is.
 SCALE = 0.75  # Which Qt tells assistive technology of a place, but not of a size.
 
 
@@ -29,9 +30,19 @@ class TinyScreen(unittest.TestCase):
     def check_is_scrolled_to(self, name):
         eventually_seen(f"{name} is on the screen", lambda: self.is_on_screen(name))
 
+    def turn_wheel(self, x, y, way):
+        self.window.screen.move_to(x, y)
+        self.window.screen.click(way, times=10)
+
+    def drag(self, start, end):
+        self.window.screen.move_to(*start)
+        self.window.screen.hold()
+        self.window.screen.move_to(*end)
+        self.window.screen.let_go()
+
     def test_the_wheel_scrolls_in_both_directions(self):
         self.assertFalse(self.is_on_screen("Notifications"))
-        xdotool("mousemove", 20, 450, "click", "--repeat", 10, 7)  # The wheel, to the right.
+        self.turn_wheel(20, 450, RIGHT)
         self.check_is_scrolled_to("Notifications")
         self.window.click("push button", "Theme: Dark")
         self.window.wait("push button", "Theme: Light")
@@ -39,15 +50,15 @@ class TinyScreen(unittest.TestCase):
         self.window.click("push button", "SCAN MY MAC")
         self.window.wait("push button", "Move to Trash")
         self.assertFalse(self.is_on_screen("Move to Trash"))
-        xdotool("mousemove", 700, 20, "click", "--repeat", 10, 5)
+        self.turn_wheel(700, 20, DOWN)
         self.check_is_scrolled_to("Move to Trash")
 
     def test_the_bars_are_dragged_though_they_lie_at_the_edge(self):
         x, y = SCREEN[0] - 2, SCREEN[1] - 2
         top = self.window.wait("push button", "SCAN MY MAC").extents.y
-        xdotool("mousemove", 300, y, "mousedown", 1, "mousemove", 500, y, "mouseup", 1)
+        self.drag((300, y), (500, y))
         self.check_is_scrolled_to("Notifications")
-        xdotool("mousemove", x, 200, "mousedown", 1, "mousemove", x, 400, "mouseup", 1)
+        self.drag((x, 200), (x, 400))
         eventually_seen("the content has been scrolled up",
                         lambda: self.window.find("push button", "SCAN MY MAC").extents.y < top - 10)
         self.assertEqual(self.window.geometry, (0, 0, *SCREEN))

@@ -5,26 +5,18 @@ import re
 import subprocess
 import tempfile
 
-from Xlib import Xutil
-
-from events import Atspi, GLib, eventually, listen, listen_for_end_of
+from events import Atspi, GLib, eventually, eventually_seen, listen, listen_for_end_of
 from screen import Screen
 
-FROM_A_PAGER = 2  # Which may ask for what a program may not.
 # Qt writes it where what a service is asked with is loaded as the program ends.
 AS_IT_ENDS = "qt.core.qobject.connect: QObject::connect(QObject, Unknown): invalid nullptr parameter\n"
-
-
-def xdotool(*arguments):
-    command = ["xdotool", *(str(argument) for argument in arguments)]
-    return subprocess.run(command, check=True, capture_output=True, text=True).stdout
 
 
 class Element:
     """Something in the accessibility tree, as it is now."""
 
-    def __init__(self, accessible):
-        self.accessible = accessible
+    def __init__(self, accessible, origin):
+        self.accessible, self.origin = accessible, origin
 
     @property
     def role(self):
@@ -44,7 +36,10 @@ class Element:
 
     @property
     def extents(self):
-        return self.accessible.get_extents(Atspi.CoordType.SCREEN)
+        """On the screen."""
+        box, (left, top) = self.accessible.get_extents(Atspi.CoordType.SCREEN), self.origin()
+        box.x, box.y = box.x + left, box.y + top
+        return box
 
     @property
     def center(self):
@@ -71,15 +66,16 @@ class Window:
         self.listener = listen()
         self.screen = Screen()
         self.told = tempfile.TemporaryFile("w+")
-        self.process = subprocess.Popen([program], env=os.environ | environment, stderr=self.told)
+        self.process = subprocess.Popen([program], env=os.environ | Screen.ENVIRONMENT | environment,
+                                        stderr=self.told)
         listen_for_end_of(self.process)
         desktop = Atspi.get_desktop(0)
         desktop.set_cache_mask(Atspi.Cache.NONE)
         self.application = eventually("the program is in the tree", lambda: self._application_of(desktop))
         self.frame = self.wait("frame")
-        eventually("the window is active", lambda: "active" in self.frame.states)
-        self.native = eventually("the window manager knows the window", lambda: self.screen.window_of(self.process))
-        self.screen.follow(self.native)
+        eventually_seen("the window is active", lambda: "active" in self.frame.states)
+        self.native = eventually("the window manager knows the window", lambda: self.screen.window_of(self.process.pid))
+        self.screen.follow(self.native, self.told)
 
     def __enter__(self):
         return self
@@ -89,7 +85,7 @@ class Window:
         self.process.wait()
         self.screen.close()
         self.told.seek(0)
-        told = self.told.read().replace(AS_IT_ENDS, "")
+        told = self.screen.without_protocol(self.told.read()).replace(AS_IT_ENDS, "")
         self.told.close()
         assert not told, f"The program wrote to standard error:\n{told}"
 
@@ -97,13 +93,16 @@ class Window:
         candidates = (desktop.get_child_at_index(i) for i in range(desktop.get_child_count()))
         return next((one for one in candidates if one and one.get_process_id() == self.process.pid), None)
 
+    def _origin(self):
+        return self.screen.origin(self.native)
+
     def shown(self):
         """What is shown, in the order of the tree. Each is asked for as it is reached, which takes a while."""
         def below(accessible):
             for i in range(accessible.get_child_count()):
                 child = accessible.get_child_at_index(i)
                 if child and child.get_state_set().contains(Atspi.StateType.SHOWING):
-                    yield Element(child)
+                    yield Element(child, self._origin)
                     yield from below(child)
 
         return below(self.application)
@@ -145,16 +144,15 @@ class Window:
     def click(self, role, name=".*", button=1):
         self.click_at(*self.wait(role, name).center, button)
 
-    @staticmethod
-    def click_at(x, y, button=1):
-        xdotool("mousemove", x, y, "click", button)
+    def click_at(self, x, y, button=1):
+        self.screen.move_to(x, y)
+        self.screen.click(button)
 
     def press(self, role, name=".*"):
         self.wait(role, name).press()
 
-    @staticmethod
-    def keys(*names):
-        xdotool("key", *names)
+    def keys(self, *names):
+        self.screen.keys(*names)
 
     def focused(self):
         """What the keyboard reaches, if anything does."""
@@ -179,16 +177,16 @@ class Window:
     @property
     def frame_extents(self):
         """How far the system's frame reaches beyond it: left, right, top and bottom."""
-        return self.screen.property(self.native, "_NET_FRAME_EXTENTS")
+        return self.screen.frame_extents(self.native)
 
     @property
     def is_minimised(self):
-        return self.screen.property(self.native, "WM_STATE")[:1] == [Xutil.IconicState]
+        return self.screen.is_minimised(self.native)
 
     def activate(self):
         """As from a list of windows."""
-        self.screen.ask_manager(self.native, "_NET_ACTIVE_WINDOW", FROM_A_PAGER)
+        self.screen.activate(self.native)
 
     def set_full_screen(self, on):
-        """As from the window manager's menu."""
-        self.screen.ask_manager(self.native, "_NET_WM_STATE", int(on), self.screen.atom("_NET_WM_STATE_FULLSCREEN"))
+        """As the person tells the system."""
+        self.screen.set_full_screen(self.native, on)

@@ -1,10 +1,18 @@
 """The X server: where a window is, what is known of it, and who holds the pointer over it."""
 
-from Xlib import X
+import subprocess
+
+from Xlib import X, Xutil
 from Xlib.display import Display
 from Xlib.protocol.event import ClientMessage
 
-from events import GLib, tell
+from events import GLib, eventually, tell
+
+FROM_A_PAGER = 2  # Which may ask for what a program may not.
+
+
+def xdotool(*arguments):
+    subprocess.run(["xdotool", *map(str, arguments)], check=True)
 
 
 class _Events(GLib.Source):
@@ -30,6 +38,9 @@ class _Events(GLib.Source):
 class Screen:
     """The one of this environment, unless another is named."""
 
+    ENVIRONMENT = {}  # What a program needs to be followed.
+    ZOOMS = True  # A window becomes as large as the screen when its program asks for that.
+
     def __init__(self, name=None):
         self.display = Display(name)
         self.root = self.display.screen().root
@@ -48,6 +59,11 @@ class Screen:
         if event.type in (X.EnterNotify, X.LeaveNotify) and event.mode in (X.NotifyGrab, X.NotifyUngrab):
             self.is_pointer_held = event.mode == X.NotifyGrab
 
+    @staticmethod
+    def without_protocol(text):
+        """What a program has written of its own: all of it."""
+        return text
+
     def property(self, window, name):
         """Its values; none if there is no such property."""
         found = window.get_full_property(self.display.intern_atom(name), X.AnyPropertyType)
@@ -57,9 +73,9 @@ class Screen:
         """Which the window manager looks after; none if there is none yet."""
         windows = [self.display.create_resource_object("window", one)
                    for one in self.property(self.root, "_NET_CLIENT_LIST")]
-        return next((one for one in windows if self.property(one, "_NET_WM_PID") == [process.pid]), None)
+        return next((one for one in windows if self.property(one, "_NET_WM_PID") == [process]), None)
 
-    def follow(self, window):
+    def follow(self, window, _written):
         """From now on what happens to it is told, and whether the pointer over it is in another's hands."""
         window.change_attributes(event_mask=X.StructureNotifyMask | X.PropertyChangeMask | X.EnterWindowMask |
                                  X.LeaveWindowMask)
@@ -75,12 +91,60 @@ class Screen:
         blue, green, red, *_ = self.root.get_image(x, y, 1, 1, X.ZPixmap, 0xFFFFFF).data
         return red, green, blue
 
-    def ask_manager(self, window, message, *values):
+    def origin(self, _window):
+        """Where on the screen the places begin that a program tells."""
+        return 0, 0
+
+    def frame_extents(self, window):
+        """How far the system's frame reaches beyond it: left, right, top and bottom."""
+        return self.property(window, "_NET_FRAME_EXTENTS")
+
+    def is_minimised(self, window):
+        return self.property(window, "WM_STATE")[:1] == [Xutil.IconicState]
+
+    def activate(self, window):
+        """As from a list of windows."""
+        self._ask_manager(window, "_NET_ACTIVE_WINDOW", FROM_A_PAGER)
+
+    def set_full_screen(self, window, on):
+        """As from the window manager's menu."""
+        self._ask_manager(window, "_NET_WM_STATE", int(on), self.display.intern_atom("_NET_WM_STATE_FULLSCREEN"))
+
+    def _ask_manager(self, window, message, *values):
         """Sends the window manager one of the messages that are meant for it."""
         data = (32, [*values, *[0] * (5 - len(values))])
         event = ClientMessage(window=window, client_type=self.display.intern_atom(message), data=data)
         self.root.send_event(event, event_mask=X.SubstructureRedirectMask | X.SubstructureNotifyMask)
         self.display.sync()
 
-    def atom(self, name):
-        return self.display.intern_atom(name)
+    def clipboard(self):
+        """What another program is given to paste."""
+        asks = self.root.create_window(0, 0, 1, 1, 0, X.CopyFromParent, event_mask=X.PropertyChangeMask)
+        clipboard, text = (self.display.intern_atom(name) for name in ("CLIPBOARD", "UTF8_STRING"))
+        asks.convert_selection(clipboard, text, text, X.CurrentTime)
+        self.display.flush()
+        given = eventually("somebody has something to paste", lambda: self.property(asks, "UTF8_STRING"))
+        asks.destroy()
+        return bytes(given).decode()
+
+    @staticmethod
+    def move_to(x, y):
+        """The pointer."""
+        xdotool("mousemove", x, y)
+
+    @staticmethod
+    def hold(button=1):
+        xdotool("mousedown", button)
+
+    @staticmethod
+    def let_go(button=1):
+        xdotool("mouseup", button)
+
+    @staticmethod
+    def click(button=1, times=1):
+        """At where the pointer is; 4 to 7 are the wheel: up, down, left and right."""
+        xdotool("click", "--repeat", times, button)
+
+    @staticmethod
+    def keys(*names):
+        xdotool("key", *names)

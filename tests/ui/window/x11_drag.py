@@ -4,7 +4,7 @@ from Xlib import X
 from Xlib.protocol.event import ClientMessage, SelectionNotify
 
 from events import eventually
-from screen import Screen
+from x11 import Screen
 
 VERSION = 5
 

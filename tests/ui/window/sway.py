@@ -1,0 +1,168 @@
+"""The compositor for Wayland: where a window is, what is known of it, and what the program asks for it."""
+
+import json
+import os
+import re
+import socket
+import struct
+import subprocess
+
+from virtual_input import VirtualInput
+
+RUN_COMMAND, GET_OUTPUTS, GET_TREE = 0, 3, 4
+MAGIC = b"i3-ipc"
+SCROLLS = {4: (0, -1), 5: (0, 1), 6: (1, -1), 7: (1, 1)}  # Axis and way, by the numbers of X11.
+PROTOCOL = re.compile(r"^\[ *\d+\.\d{3}\] .*\n", re.MULTILINE)
+
+
+class Screen:
+    """The only one of this environment."""
+
+    ENVIRONMENT = {"WAYLAND_DEBUG": "client"}  # Has a program write down what it asks for, and what it is told.
+    ZOOMS = False  # Sway makes no window larger because its program asks for that.
+
+    def __init__(self):
+        self.socket = socket.socket(socket.AF_UNIX, socket.SOCK_STREAM)
+        self.socket.connect(os.environ["SWAYSOCK"])
+        self.input = VirtualInput()
+        [output] = self._ask(GET_OUTPUTS)
+        self.size = output["rect"]["width"], output["rect"]["height"]
+
+    def close(self):
+        self.input.close()
+        self.socket.close()
+
+    def _ask(self, kind, payload=""):
+        data = payload.encode()
+        self.socket.sendall(MAGIC + struct.pack("=II", len(data), kind) + data)
+        header = self.socket.recv(len(MAGIC) + 8, socket.MSG_WAITALL)
+        length, _ = struct.unpack("=II", header[len(MAGIC):])
+        return json.loads(self.socket.recv(length, socket.MSG_WAITALL))
+
+    def _run(self, command):
+        [answer] = self._ask(RUN_COMMAND, command)
+        assert answer["success"], answer
+
+    def _windows(self):
+        waiting = [self._ask(GET_TREE)]
+        while waiting:
+            node = waiting.pop()
+            waiting += node["nodes"] + node["floating_nodes"]
+            if "pid" in node:
+                yield node
+
+    def _node(self, window):
+        return next(node for node in self._windows() if node["id"] == window)
+
+    @staticmethod
+    def without_protocol(text):
+        """What a program has written of its own."""
+        return PROTOCOL.sub("", text)
+
+    def window_of(self, process):
+        """None if there is none yet."""
+        return next((node["id"] for node in self._windows() if node["pid"] == process), None)
+
+    def follow(self, _window, written):
+        """From now on it is known what the program of a window asks for, from the file that it writes to."""
+        self.written, self.read = written.fileno(), 0
+        self.is_held = self.is_button_down = False
+        self.is_asked_to_minimise = False
+        self.answers = 0
+
+    def _heed(self):
+        """Goes through what the program has written since."""
+        text = os.pread(self.written, os.fstat(self.written).st_size - self.read, self.read)
+        text = text[:text.rfind(b"\n") + 1]
+        self.read += len(text)
+        for line in text.decode(errors="replace").splitlines():
+            if " wl_pointer@" in line and ".leave(" in line:
+                self.is_held = True
+            elif " wl_pointer@" in line and ".enter(" in line:
+                self.is_held = False
+            elif "-> xdg_toplevel@" in line and ".set_minimized(" in line:
+                self.is_asked_to_minimise = True
+            elif "-> wl_data_offer@" in line and ".accept(" in line:
+                self.answers += 1
+
+    @property
+    def is_pointer_held(self):
+        """To the window beneath, it looks as if the pointer had gone elsewhere, until the button is let go."""
+        self._heed()
+        return self.is_held and self.is_button_down
+
+    @property
+    def answers_to_drags(self):
+        """How often the window has said if it takes what is dragged over it."""
+        self._heed()
+        return self.answers
+
+    def is_minimised(self, _window):
+        """Sway leaves it where it is, so the wish counts."""
+        self._heed()
+        return self.is_asked_to_minimise
+
+    def activate(self, window):
+        """As from a list of windows."""
+        self._run(f"[con_id={window}] focus")
+        self._heed()
+        self.is_asked_to_minimise = False
+
+    def origin(self, window):
+        """Where on the screen the places begin that a program tells: it does not know where its window is."""
+        return self.geometry(window)[:2]
+
+    def geometry(self, window):
+        """Left, top, width and height on the screen."""
+        node = self._node(window)
+        frame, inside = node["rect"], node["window_rect"]
+        return frame["x"] + inside["x"], frame["y"] + inside["y"], inside["width"], inside["height"]
+
+    def frame_extents(self, window):
+        """How far the frame of the compositor reaches beyond it: left, right, top and bottom."""
+        node = self._node(window)
+        frame, inside, title = node["rect"], node["window_rect"], node["deco_rect"]
+        right, bottom = (frame[size] - inside[at] - inside[size] for at, size in (("x", "width"), ("y", "height")))
+        return [inside["x"], right, inside["y"] + title["height"], bottom]
+
+    def set_full_screen(self, window, on):
+        """As by a key of the compositor."""
+        self._run(f"[con_id={window}] fullscreen {'enable' if on else 'disable'}")
+
+    def place(self, window, x, y):
+        self._run(f"[con_id={window}] move absolute position {x} {y}")
+
+    def color_at(self, x, y):
+        """Red, green and blue of a pixel of the screen, from 0 to 255."""
+        command = ["grim", "-g", f"{x},{y} 1x1", "-t", "ppm", "-"]
+        return tuple(subprocess.run(command, check=True, capture_output=True).stdout[-3:])
+
+    @staticmethod
+    def clipboard():
+        """What another program is given to paste; nothing if there is nothing."""
+        return subprocess.run(["wl-paste", "--no-newline"], check=False, capture_output=True, text=True).stdout
+
+    def move_to(self, x, y):
+        """The pointer."""
+        self.input.move_to(x, y, *self.size)
+
+    def hold(self, button=1):
+        self.is_button_down = True
+        self.input.set_button(button, True)
+
+    def let_go(self, button=1):
+        self.input.set_button(button, False)
+        self.is_button_down = False
+
+    def click(self, button=1, times=1):
+        """At where the pointer is; 4 to 7 are the wheel: up, down, left and right."""
+        for _ in range(times):
+            if button in SCROLLS:
+                self.input.scroll(*SCROLLS[button])
+            else:
+                self.hold(button)
+                self.let_go(button)
+
+    def keys(self, *names):
+        for name in names:
+            self.input.key(name)
