@@ -27,7 +27,7 @@ class Menus(unittest.TestCase):
         window.wait("menu item", "Show items…")
         window.wait_without("check box", PROJECTS, state="checked")
         window.keys("Escape")
-        window.wait_without("menu item")
+        eventually_seen("the menu is gone", lambda: window.find("menu item") is None)
 
     def test_a_path_is_copied_for_other_programs(self):
         window = self.window

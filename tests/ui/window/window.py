@@ -69,6 +69,14 @@ class Window:
         self.process = subprocess.Popen([program], env=os.environ | Screen.ENVIRONMENT | environment,
                                         stderr=self.told)
         listen_for_end_of(self.process)
+        try:
+            self._find()
+        except BaseException:
+            self.process.kill()  # Nobody leaves what was never entered.
+            raise
+
+    def _find(self):
+        """Waits until the window is there."""
         desktop = Atspi.get_desktop(0)
         desktop.set_cache_mask(Atspi.Cache.NONE)
         self.application = eventually("the program is in the tree", lambda: self._application_of(desktop))
