@@ -60,7 +60,7 @@ HttpsReply httpsPost(HttpsRequest request, HttpsExchange &exchange)
 {
     request.proxy = request.isDirect ? QByteArray() : proxyTo(request.url);
     for (int count = 0; count <= mostRedirects; ++count) {
-        const HttpsReply reply = exchange.perform(request);
+        HttpsReply reply = exchange.perform(request);
         if (!isToBeFollowed(reply, request.url))
             return reply;
         request = redirected(std::move(request), reply);

@@ -171,7 +171,7 @@ FilePath ownServiceProgram()
     const FilePath executable = executablePath();
     const FilePath folder = executable.left(executable.lastIndexOf('/'));
     for (const char *place : {"/tidlo-proxy", "/../libexec/tidlo/tidlo-proxy"}) {
-        if (const FilePath program = folder + place; access(program.constData(), X_OK) == 0)
+        if (FilePath program = folder + place; access(program.constData(), X_OK) == 0)
             return program;
     }
     return {};

@@ -46,7 +46,7 @@ class AppViewModel : public QObject
 
 public:
     /// Begins to read the figures of the home folder's disk, which replace totals() soon.
-    explicit AppViewModel(AppEnvironment environment = {}, QObject *parent = nullptr);
+    explicit AppViewModel(AppEnvironment given = {}, QObject *parent = nullptr);
 
     ScanPhase phase() const { return read(state.phase); }
     AppSection section() const { return read(state.section); }
