@@ -118,6 +118,10 @@ class Screen:
         frame, inside = node["rect"], node["window_rect"]
         return frame["x"] + inside["x"], frame["y"] + inside["y"], inside["width"], inside["height"]
 
+    def title(self, window):
+        """By which lists of windows name it."""
+        return self._node(window)["name"]
+
     def frame_extents(self, window):
         """How far the frame of the compositor reaches beyond it: left, right, top and bottom."""
         node = self._node(window)

@@ -53,6 +53,9 @@ class Chrome(unittest.TestCase):
 
         self.assertGreaterEqual(self.window.geometry[2:], LEAST)
 
+    def test_lists_of_windows_name_it_by_its_title_alone(self):
+        self.assertEqual(self.window.screen.title(self.window.native), "Tidlo — AI Storage Cleaner")
+
     def test_a_change_of_theme_keeps_it_bare(self):
         self.window.click("push button", "Theme: Dark")
         self.window.wait("push button", "Theme: Light")

@@ -95,6 +95,10 @@ class Screen:
         """Where on the screen the places begin that a program tells."""
         return 0, 0
 
+    def title(self, window):
+        """By which lists of windows name it."""
+        return bytes(self.property(window, "_NET_WM_NAME")).decode()
+
     def frame_extents(self, window):
         """How far the system's frame reaches beyond it: left, right, top and bottom."""
         return self.property(window, "_NET_FRAME_EXTENTS")
