@@ -13,7 +13,7 @@ ModalPopup {
     /// Whether the default button does what cannot be taken back easily: then Return cancels. Needs a cancelText.
     property bool isDestructive: false
 
-    width: 360
+    width: 360 * TidloType.scale
     padding: 24
     closePolicy: ModalPopup.NoAutoClose
     onOpened: (root.contentItem as AlertBody).focusButton()

@@ -36,10 +36,12 @@ CardModifier {
             color: TidloTheme.mutedText
             wrapMode: Text.Wrap
         }
-        RowLayout {
+        GridLayout {
             Layout.fillWidth: true
             Layout.topMargin: 10
-            spacing: 10
+            columns: TidloType.scale > 1.25 ? 1 : 3
+            rowSpacing: 10
+            columnSpacing: 10
 
             Accessible.role: Accessible.Grouping
             Accessible.name: qsTr("Theme")

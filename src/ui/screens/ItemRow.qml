@@ -104,7 +104,7 @@ Rectangle {
             }
         }
         TidloText {
-            Layout.preferredWidth: 84
+            Layout.preferredWidth: 84 * TidloType.scale
             visible: !root.detailBeneath
             text: root.detailText
             font: TidloType.sidebarStrong

@@ -10,8 +10,8 @@ FocusScope {
     required property AppViewModel app
     required property Preferences preferences
 
-    implicitWidth: 640
-    implicitHeight: 500
+    implicitWidth: 640 * TidloType.scale
+    implicitHeight: 500 * TidloType.scale
 
     RowLayout {
         id: bar
@@ -60,7 +60,7 @@ FocusScope {
         anchors.top: rule.bottom
         anchors.bottom: parent.bottom
         anchors.horizontalCenter: parent.horizontalCenter
-        width: Math.min(parent.width, 470)
+        width: Math.min(parent.width, 470 * TidloType.scale)
 
         Column {
             anchors.verticalCenter: parent.verticalCenter

@@ -10,7 +10,7 @@ Rectangle {
     required property categoryFigure figure
     readonly property color categoryColor: TidloTheme.hues[root.figure.hue]
 
-    implicitHeight: 74
+    implicitHeight: Math.max(74, words.implicitHeight + 16)
     color: root.figure.selected
            ? TidloTheme.faded(root.categoryColor, TidloTheme.mixed(TidloTheme.darkness, 0.1, 0.08)) : "transparent"
 
@@ -39,6 +39,8 @@ Rectangle {
             }
         }
         Column {
+            id: words
+
             Layout.fillWidth: true
             spacing: 2
 
@@ -55,7 +57,7 @@ Rectangle {
                 font: TidloType.small
                 color: TidloTheme.mutedText
                 wrapMode: Text.Wrap
-                maximumLineCount: 2
+                maximumLineCount: Math.ceil(2 * TidloType.scale)
                 elide: Text.ElideRight
                 Accessible.ignored: true
             }

@@ -2,8 +2,15 @@ import QtQuick
 import Tidlo.Design
 import Tidlo.Shell
 
-/// Texts that are a quarter larger fit where they stand.
+/// Larger texts fit where they stand.
 ViewCase {
+    id: root
+
+    /// How much larger than the least the content is.
+    property double room: 1
+
+    width: 1350 * room
+    height: 720 * room
     name: "TextSize"
     view: Component {
         RootView {
@@ -15,6 +22,7 @@ ViewCase {
     function cleanup() {
         awaitScreens();
         TidloType.scale = 1;
+        room = 1;
         Motion.isReduced = false;
     }
 
@@ -38,45 +46,81 @@ ViewCase {
         return true;
     }
 
+    /// Whether its words go beyond what it stands in, such as a button.
+    function bursts(item) {
+        const words = wordsOf(item);
+        for (let above = item.parent; above; above = above.parent) {
+            const box = above.mapToItem(shown, 0, 0, above.width, above.height);
+            if (above.background && (words.left < box.left || words.right > box.right))
+                return true;
+        }
+        return false;
+    }
+
     function overlap(one, other) {
         const across = Math.min(one.right, other.right) - Math.max(one.left, other.left);
         const along = Math.min(one.bottom, other.bottom) - Math.max(one.top, other.top);
         return across > 1 && along > 3; // Lines have room above and below.
     }
 
+    /// Each gives what is read then.
     readonly property var states: ({
-        landing: () => {},
-        scanning: () => demo.scanAt(0.72, "Checking old downloads & large untouched files"),
-        results: () => demo.showResults(),
-        explaining: () => { demo.showResults(); demo.setExplaining(true); },
-        report: () => { demo.setSection("report"); demo.setReport(5e9, 12, 1, 0.6); },
-        settings: () => demo.setSection("settings")
+        landing: () => shown,
+        scanning: () => (demo.scanAt(0.72, "Checking old downloads & large untouched files"), shown),
+        results: () => (demo.showResults(), shown),
+        explaining: () => (demo.showResults(), demo.setExplaining(true), shown),
+        report: () => (demo.setSection("report"), demo.setReport(5e9, 12, 1, 0.6), shown),
+        settings: () => (demo.setSection("settings"), shown),
+        wizard: () => opened("setupSheet", () => demo.shown.app.showSetupWizard = true),
+        sent: () => opened("sentSheet", () => item("sentSheet").open()),
+        items: () => {
+            demo.showResults();
+            tryVerify(() => findChild(shown, "row0"));
+            return opened("itemsSheet", () => item("row0").inspected());
+        },
+        menu: () => {
+            demo.showResults();
+            tryVerify(() => findChild(shown, "row0"));
+            return opened("rowMenu", () => mouseClick(item("row0"), 20, 20, Qt.RightButton));
+        },
+        alert: () => opened("moveAlert", () => demo.showMovePrompt(true))
     })
 
-    function test_a_quarter_larger_nothing_is_cut_and_nothing_overlaps_data() {
+    function opened(name, open) {
+        open();
+        tryVerify(() => item(name).opened);
+        return item(name).contentItem;
+    }
+
+    function test_larger_texts_are_not_cut_and_overlap_nothing_data() {
         return Object.keys(states).map(state => ({ tag: state }));
     }
 
-    function test_a_quarter_larger_nothing_is_cut_and_nothing_overlaps(data) {
+    function test_larger_texts_are_not_cut_and_overlap_nothing(data) {
         Motion.isReduced = true;
         awaitScreens();
-        states[data.tag]();
+        const read = states[data.tag]();
         laidOut();
         const isCut = item => item.truncated || item.contentWidth > item.width + 1 || item.contentHeight > item.height + 1;
-        const before = texts(shown).filter(isCut).map(nameOf);
-        TidloType.scale = 1.25;
-        laidOut();
-        const wrong = [], read = texts(shown).filter(item => item.text !== "" && isInSight(item));
-        verify(read.length > 5);
-        for (const [number, item] of read.entries()) {
-            const words = wordsOf(item);
-            if (isCut(item) && !before.includes(nameOf(item)))
-                wrong.push(nameOf(item) + " is cut");
-            if (words.left < 0 || words.top < 0 || words.right > shown.width || words.bottom > shown.height)
-                wrong.push(nameOf(item) + " leaves the window");
-            for (const other of read.slice(number + 1)) {
-                if (overlap(words, wordsOf(other)))
-                    wrong.push(nameOf(item) + " and " + nameOf(other) + " overlap");
+        const before = texts(read).filter(isCut).map(nameOf), wrong = [];
+        for (const scale of [1.25, 1.5]) {
+            TidloType.scale = scale;
+            room = scale / 1.25; // As the window gives it.
+            laidOut();
+            const inSight = texts(read).filter(item => item.text !== "" && isInSight(item));
+            verify(inSight.length > 0);
+            for (const [number, item] of inSight.entries()) {
+                const words = wordsOf(item), name = scale + ": " + nameOf(item);
+                if (isCut(item) && !before.includes(nameOf(item)))
+                    wrong.push(name + " is cut");
+                if (bursts(item))
+                    wrong.push(name + " bursts");
+                if (words.left < 0 || words.top < 0 || words.right > shown.width || words.bottom > shown.height)
+                    wrong.push(name + " leaves the window");
+                for (const other of inSight.slice(number + 1)) {
+                    if (overlap(words, wordsOf(other)))
+                        wrong.push(name + " and " + nameOf(other) + " overlap");
+                }
             }
         }
         compare(wrong, []);
