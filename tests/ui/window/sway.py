@@ -151,6 +151,7 @@ class Screen:
         self.input.move_to(x, y, *self.size)
 
     def hold(self, button=1):
+        self.is_held = False  # The program may not have written yet that an earlier drag is over.
         self.is_button_down = True
         self.input.set_button(button, True)
 
