@@ -1,7 +1,9 @@
 #include "ui/pictures/Shots.h"
 
+#include "ai/ExplainRequest.h"
 #include "ui/DemoState.h"
 
+#include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
 
@@ -34,6 +36,27 @@ void scanAt(OpenModel &app, double progress, const char *label)
 QObject *object(QQuickWindow &window, const char *name)
 {
     return window.findChild<QObject *>(QLatin1StringView(name));
+}
+
+/// One of the singletons of Tidlo.Design.
+QObject *token(QQuickWindow &window, const char *name)
+{
+    return qmlEngine(&window)->singletonInstance<QObject *>(qmlTypeId("Tidlo.Design", 1, 0, name));
+}
+
+void showReport(OpenModel &app)
+{
+    app.setTotals(demoTotalsAfterCleanup());
+    app.setCandidates(demoFindingsAfterCleanup());
+    app.setCleanupReport(demoReport());
+    app.setPhase(ScanPhase::report);
+    app.setSection(AppSection::report);
+}
+
+void showLanding(OpenModel &app)
+{
+    app.setSection(AppSection::scan);
+    app.setPhase(ScanPhase::ready);
 }
 
 /// Of what is shown, where a view made it again and again.
@@ -106,14 +129,7 @@ constexpr std::array all{
              app.setPhase(ScanPhase::report);
              app.setSection(AppSection::report);
          }},
-    Shot{"report",
-         [](OpenModel &app, QQuickWindow &) {
-             app.setTotals(demoTotalsAfterCleanup());
-             app.setCandidates(demoFindingsAfterCleanup());
-             app.setCleanupReport(demoReport());
-             app.setPhase(ScanPhase::report);
-             app.setSection(AppSection::report);
-         }},
+    Shot{"report", [](OpenModel &app, QQuickWindow &) { showReport(app); }},
     Shot{"settings", [](OpenModel &app, QQuickWindow &) { app.setSection(AppSection::settings); }},
     Shot{"settings-uninstall",
          [](OpenModel &, QQuickWindow &window) {
@@ -122,8 +138,7 @@ constexpr std::array all{
     Shot{"move-prompt",
          [](OpenModel &app, QQuickWindow &window) {
              object(window, "settings")->setProperty("showUninstallConfirmation", false);
-             app.setSection(AppSection::scan);
-             app.setPhase(ScanPhase::ready);
+             showLanding(app);
              app.setShowMoveToApplicationsPrompt(true);
          }},
     Shot{"move-error",
@@ -136,6 +151,52 @@ constexpr std::array all{
     Shot{"setup",
          [](OpenModel &app, QQuickWindow &) {
              app.setShowMoveToApplicationsError(false);
+             app.setShowSetupWizard(true);
+         }},
+    Shot{"results-sent",
+         [](OpenModel &app, QQuickWindow &window) {
+             app.setShowSetupWizard(false);
+             showResults(app);
+             ExplainEndpoint endpoint;
+             endpoint.host = QStringLiteral("localhost:8443");
+             endpoint.identity = [] { return QStringLiteral("0F6A3C52-7B1E-4D60-9C55-2E8F1A7B9D04"); };
+             app.setSent(explainRequest(app.candidates(), endpoint));
+             QMetaObject::invokeMethod(object(window, "showSent"), "triggered");
+             QMetaObject::invokeMethod(object(window, "cardMenu"), "closed");
+         }},
+    Shot{"landing-off",
+         [](OpenModel &app, QQuickWindow &window) {
+             QMetaObject::invokeMethod(object(window, "explainScans"), "clicked");
+             for (QObject *sheet : window.findChildren<QObject *>(QStringLiteral("sentSheet")))
+                 QMetaObject::invokeMethod(sheet, "close");
+             showLanding(app);
+         }},
+    Shot{"results-contrast",
+         [](OpenModel &app, QQuickWindow &window) {
+             QMetaObject::invokeMethod(object(window, "explainScans"), "clicked");
+             token(window, "TidloTheme")->setProperty("isHighContrast", true);
+             showResults(app);
+         }},
+    Shot{"report-contrast", [](OpenModel &app, QQuickWindow &) { showReport(app); }},
+    Shot{"settings-contrast", [](OpenModel &app, QQuickWindow &) { app.setSection(AppSection::settings); }},
+    Shot{"results-large",
+         [](OpenModel &app, QQuickWindow &window) {
+             token(window, "TidloTheme")->setProperty("isHighContrast", false);
+             token(window, "TidloType")->setProperty("scale", 1.25);
+             showResults(app);
+         }},
+    Shot{"results-items-large",
+         [](OpenModel &, QQuickWindow &window) {
+             QMetaObject::invokeMethod(item(*window.contentItem(), "row0"), "inspected");
+         }},
+    Shot{"settings-large",
+         [](OpenModel &app, QQuickWindow &window) {
+             QMetaObject::invokeMethod(object(window, "itemsSheet"), "close");
+             app.setSection(AppSection::settings);
+         }},
+    Shot{"setup-large",
+         [](OpenModel &app, QQuickWindow &) {
+             showLanding(app);
              app.setShowSetupWizard(true);
          }},
 };
