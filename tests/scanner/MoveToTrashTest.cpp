@@ -179,11 +179,11 @@ TEST_F(MoveToTrash, TellsWhereWhatWasMovedIsInItsOrder)
     EXPECT_CALL(files, trashItem(home.file("c"))).WillOnce(Return(outcome(TrashOutcome::Kind::failed)));
     EXPECT_CALL(files, trashItem(paths[0]));
     EXPECT_CALL(files, trashItem(paths[1]));
-    const auto moved = [this](const char *name, const char *origin) {
+    const auto trashed = [this](const char *name, const char *origin) {
         return TrashedItem{.trash = home / ".trash", .name = name, .origin = home / origin};
     };
     EXPECT_THAT(cleanUp({candidate({paths[0], home / "c", home / "gone"}, 100), candidate({paths[1]}, 10)}).moved,
-                ElementsAre(moved("1 b", "b"), moved("1 a", "a")));
+                ElementsAre(trashed("1 b", "b"), trashed("1 a", "a")));
 }
 
 TEST_F(MoveToTrash, TellsOnceWhatStayedInTwoFindings)
