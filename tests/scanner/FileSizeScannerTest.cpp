@@ -5,7 +5,9 @@
 
 #include <atomic>
 #include <cmath>
+#include <csignal>
 #include <mutex>
+#include <new>
 #include <semaphore>
 #include <set>
 
@@ -279,6 +281,12 @@ TEST_F(FileSizeScannerTest, TellsTheTotalsOfAnyHome)
         .WillOnce(Return(VolumeCapacity{.total = 1'000, .available = 250}));
     EXPECT_EQ(QCoro::waitFor(scanner->diskTotals("/elsewhere")),
               (ScanTotals{.diskUsedPercent = 0.75, .freeBytes = 250, .volumeBytes = 1'000}));
+}
+
+TEST_F(FileSizeScannerTest, EndsTheProgramWhereNoMemoryIsLeftSinceNobodyWouldHearOfIt)
+{
+    ON_CALL(files, homeDirectoryForCurrentUser).WillByDefault([]() -> FilePath { throw std::bad_alloc(); });
+    EXPECT_EXIT(scanned(), testing::KilledBySignal(SIGABRT), "bad_alloc");
 }
 
 } // namespace tidlo
