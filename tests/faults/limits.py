@@ -1,0 +1,224 @@
+"""Less and less of what a program needs: descriptors, threads, memory, room on the disk."""
+
+import os
+import resource
+import subprocess
+from contextlib import contextmanager
+
+from case import Missing, case, require, told
+from house import House, Run, fingerprint
+
+STRANGER = 61234  # A user that has no processes, and no entry in the database of users.
+ABORTED, TRAPPED = -6, -5  # Qt and the C++ library end a program by the first, GLib by the second.
+
+COMMANDS = {
+    "scan": ("scan",),
+    "clean": ("clean", "--yes"),
+    "restore": ("restore", "--since", "1d", "--all", "--yes"),
+    "spare": ("spare", "Documents"),
+}
+
+
+def limited(what, least, user=None):
+    """What a child does before it becomes the program."""
+    def limit():
+        if user:
+            os.setgroups([])
+            os.setgid(user)
+        resource.setrlimit(what, (least, least))
+        if user:
+            os.setuid(user)
+
+    return limit
+
+
+def judged(run, loaded):
+    """How it ended, in a word; anything but an end with a message breaks the promise. Asked of the loader alone, with
+    the same limits, is whether the program could begin at all."""
+    said = (run.errors + run.output).strip()
+    if run.status in (0, 1, 2):
+        require(said, f"it ends with {run.status} and says nothing")
+        return "worked" if run.status == 0 else "told why not"
+    if run.status == 127 or loaded().status != 0:
+        return "not even loaded"
+    require(run.status in (ABORTED, TRAPPED) and said, f"it ends with {run.status}: {said[-300:]}")
+    return "aborted by the runtime"
+
+
+def attempt(tools, house, words, before=None, **environment):
+    """Runs one command; nothing may be lost by it. Gives how it ended."""
+    def run(**more):
+        return Run([tools.program, *words], house.environment | environment | more, before=before, cwd=house.path)
+
+    try:
+        ended = run()
+    except (subprocess.SubprocessError, OSError):
+        return "not even started"  # The system gives it no process.
+    moved = house.check()
+    how = judged(ended, lambda: run(LD_TRACE_LOADED_OBJECTS="1"))
+    if words[0] == "clean" and how == "worked":
+        require(moved == len(house.movable), f"it tells success and moved {moved} of {len(house.movable)}: {ended.output}")
+    if words[0] == "restore" and how == "worked":
+        require(moved == 0, f"it tells success and left {moved}: {ended.output}")
+    return how
+
+
+def step_by_step(tools, house, steps, prepared=lambda step: None):
+    """Each command on each step, with what each needs brought about before without a limit."""
+    counts = {name: {} for name in COMMANDS}
+    for step in steps:
+        for name, words in COMMANDS.items():
+            wanted = {"restore": "clean", "clean": "restore"}.get(name)
+            if wanted:
+                attempt(tools, house, COMMANDS[wanted])
+            how = attempt(tools, house, words, **prepared(step))
+            counts[name][how] = counts[name].get(how, 0) + 1
+    require(attempt(tools, house, COMMANDS["restore"]) in ("worked", "told why not"), "nothing is put back any more")
+    require(house.check() == 0, "not all came back")
+    return "; ".join(f"{name}: {told(each)}" for name, each in counts.items())
+
+
+def spread(most, times):
+    """So many numbers from nothing to the most."""
+    return sorted({round(most * step / max(times - 1, 1)) for step in range(times)})
+
+
+@case("limit-descriptors", "few descriptors", "`ulimit -n` from 0 to 64, each command on each step", 65)
+def few_descriptors(times, tools):
+    house = House(tools.folder / "home")
+    return step_by_step(tools, house, spread(64, times),
+                        lambda step: {"before": limited(resource.RLIMIT_NOFILE, step)})
+
+
+@case("limit-processes", "few threads", "`ulimit -u` from 0 to 24 for a user without other processes", 25)
+def few_threads(times, tools):
+    if os.getuid() != 0:
+        raise Missing("it takes root to be another user.")
+    tools.folder.chmod(0o755)
+    house = House(tools.folder / "home", owner=STRANGER)
+    return step_by_step(tools, house, spread(24, times),
+                        lambda step: {"before": limited(resource.RLIMIT_NPROC, step, STRANGER)})
+
+
+@case("limit-memory", "little memory", "`ulimit -v` from nothing to 160 MB", 120)
+def little_memory(times, tools):
+    house = House(tools.folder / "home")
+    return step_by_step(tools, house, [step << 18 for step in spread(160 << 2, times)],
+                        lambda step: {"before": limited(resource.RLIMIT_AS, step)})
+
+
+@contextmanager
+def small_disk(folder, size):
+    """A file system in memory over a folder."""
+    folder.mkdir(parents=True, exist_ok=True)
+    subprocess.run(["mount", "-t", "tmpfs", "-o", f"size={size},mode=0755", "tmpfs", folder], check=True)
+    try:
+        yield
+    finally:
+        subprocess.run(["umount", "--lazy", folder], check=True)
+
+
+def room_left(folder, room):
+    """Fills a file system until only so many bytes are left; gives the file that does."""
+    status = os.statvfs(folder)
+    filler = folder / "tmp/filler"
+    filler.parent.mkdir(exist_ok=True)
+    with filler.open("wb") as file:
+        os.posix_fallocate(file.fileno(), 0, max(status.f_bavail * status.f_frsize - room, 1))
+    return filler
+
+
+@case("full-home", "the disk of the home is full", "a home of 4 MB in memory with 0 to 32 free pages", 33)
+def full_home(times, tools):
+    counts = {name: {} for name in COMMANDS}
+    for step in spread(32, times):
+        for name, words in COMMANDS.items():
+            with small_disk(tools.folder / "home", 4 << 20):
+                house = House(tools.folder / "home", large=2)
+                if name == "restore":
+                    attempt(tools, house, COMMANDS["clean"])
+                filler = room_left(house.path, step * 4096)
+                how = attempt(tools, house, words, TMPDIR=str(tools.folder))
+                counts[name][how] = counts[name].get(how, 0) + 1
+                filler.unlink()
+                if house.check():
+                    attempt(tools, house, COMMANDS["restore"])
+                require(house.check() == 0, "not all came back")
+    return "; ".join(f"{name}: {told(each)}" for name, each in counts.items())
+
+
+@case("full-names", "the disk of the home takes no more files", "a home in memory that takes 0 to 32 more of them", 33)
+def full_of_names(times, tools):
+    counts = {name: {} for name in COMMANDS}
+    for step in spread(32, times):
+        for name, words in COMMANDS.items():
+            with small_disk(tools.folder / "home", 4 << 20):
+                house = House(tools.folder / "home", large=2)
+                if name == "restore":
+                    attempt(tools, house, COMMANDS["clean"])
+                status = os.statvfs(house.path)
+                used = status.f_files - status.f_ffree + step
+                subprocess.run(["mount", "-o", f"remount,nr_inodes={used}", house.path], check=True)
+                how = attempt(tools, house, words, TMPDIR=str(tools.folder))
+                counts[name][how] = counts[name].get(how, 0) + 1
+                subprocess.run(["mount", "-o", "remount,nr_inodes=4096", house.path], check=True)
+                if house.check():
+                    attempt(tools, house, COMMANDS["restore"])
+                require(house.check() == 0, "not all came back")
+    return "; ".join(f"{name}: {told(each)}" for name, each in counts.items())
+
+
+def on_a_full_disk(times, tools, folder):
+    """Something of the home lies on a file system of its own, with 0 to 16 free pages."""
+    counts = {name: {} for name in COMMANDS}
+    house = House(tools.folder / "home", large=2)
+    for step in spread(16, times):
+        for name, words in COMMANDS.items():
+            with small_disk(house.path / folder, 64 << 10):
+                if folder == ".config":
+                    house.write_preferences()
+                room_left(house.path / folder, step * 4096)
+                how = attempt(tools, house, words)
+                counts[name][how] = counts[name].get(how, 0) + 1
+            if house.check():
+                attempt(tools, house, COMMANDS["restore"])
+    require(house.check() == 0, "not all came back")
+    return "; ".join(f"{name}: {told(each)}" for name, each in counts.items())
+
+
+@case("full-preferences", "the disk of the preferences is full", "another file system at `~/.config`, 0 to 16 free pages", 17)
+def full_preferences(times, tools):
+    return on_a_full_disk(times, tools, ".config")
+
+
+@case("full-temporary", "the disk for temporary files is full", "another file system at `$TMPDIR`, 0 to 16 free pages", 17)
+def full_temporary(times, tools):
+    return on_a_full_disk(times, tools, "tmp")
+
+
+@case("full-trash", "the Trash is another, full disk",
+      "another file system at `~/.local/share/Trash`, 0 to 16 free pages", 17)
+def full_trash(times, tools):
+    return on_a_full_disk(times, tools, ".local/share/Trash")
+
+
+@case("full-disk-elsewhere", "something to clean lies on a full disk of its own",
+      "another file system at `~/Downloads`, 0 to 16 free pages", 17)
+def full_downloads(times, tools):
+    counts = {}
+    for step in spread(16, times):
+        house = House(tools.folder / f"home{step}", large=2)
+        downloads = house.path / "Downloads"
+        kept = {file.name: file.read_bytes() for file in downloads.iterdir()}
+        with small_disk(downloads, 128 << 10):
+            for name in kept:
+                house.write(f"Downloads/{name}", name.endswith(".zip"))
+            filler = room_left(downloads, step * 4096)
+            house.known["Downloads/tmp/filler"] = fingerprint(filler)
+            how = attempt(tools, house, COMMANDS["clean"])
+            counts[how] = counts.get(how, 0) + 1
+            filler.unlink()
+            del house.known["Downloads/tmp/filler"]
+            attempt(tools, house, COMMANDS["restore"])
+            require(house.check() == 0, "not all came back")
+    return f"clean: {told(counts)}"
