@@ -20,7 +20,7 @@ PREFERENCES = ".config/com.tidlo.storagecleaner.conf"
 CONTENT = {
     "Sites/web{}/node_modules/deep/a{}.js": True,
     "Sites/web{}/node_modules/b.js": True,
-    "Sites/web{}/main.js": False,
+    "Sites/web{}/package.json": False,
     "Sites/web{}/build/out{}.o": False,
     "Sites/lib{}/vendor/c.php": True,
     "Sites/lib{}/composer.json": False,
@@ -74,7 +74,7 @@ class House:
     def write(self, relative, is_moved=False):
         path = self.path / relative
         path.parent.mkdir(parents=True, exist_ok=True)
-        path.write_bytes((relative + "\n").encode() * 40)
+        path.write_bytes(os.fsencode(relative + "\n") * 40)
         os.utime(path, (OLD, OLD))
         self.known[relative] = fingerprint(path)
         if is_moved:

@@ -1,0 +1,188 @@
+"""Presses keys and the mouse anywhere in the window, by chance, and checks what became of the home.
+
+    monkey.py PROGRAM SEED TIMES
+
+Runs inside tests/ui/window/desktop.py. Now and then it looks what is ticked, moves it, and compares."""
+
+import os
+import random
+import re
+import signal
+import sys
+import tempfile
+import time
+from pathlib import Path
+
+sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "ui" / "window"))
+
+from case import require  # noqa: E402
+from explainer import Explainer  # noqa: E402
+from house import House, Run  # noqa: E402
+from window import AS_IT_ENDS, Window  # noqa: E402
+from x11 import xdotool  # noqa: E402
+
+KEYS = ["Tab", "Tab", "Tab", "Return", "space", "Escape", "Menu", "Up", "Down", "Left", "Right", "Home", "End", "Delete",
+        "ctrl+z", "ctrl+a", "ctrl+c", "ctrl+f", "shift+Tab", "shift+Down", "n", "o", "d", "e"]
+BETWEEN_LOOKS, BURST = 150, 25
+MANY = "Build and distribution outputs"  # The finding of 100,000 paths.
+
+# What Qt itself writes where nothing is wrong with the program; a line each.
+KEPT = [re.compile(pattern) for pattern in (
+    re.escape(AS_IT_ENDS.strip()),
+    r"qt\.qpa\.wayland: .*",                     # What a compositor without a feature is asked for.
+    r"QQuickFolderDialogImpl.*|.*Dialog.*icon.*",  # Qt's own chooser of folders, drawn without the desktop's icons.
+    r"qt\.svg: .*",
+)]
+
+AWKWARD = ["<b>bold</b>", "&amp; %1 %n", "\u202egnp.evil", "\u2067right\u2069", "new\nline", "\x1b[31mred", "😀" * 63,
+           "-rf", " two  spaces ", "caf\udce9\udcff", "x" * 255, "e\u0301" * 40, "\u200b\u200b"]
+
+
+def furnish():
+    """A home with everything that is awkward to show, and 100,000 paths in one finding."""
+    house = House(os.environ["HOME"], large=6)
+    for name in AWKWARD:
+        house.write(f"Sites/{name}/node_modules/a", is_moved=True)
+        house.write((f"Downloads/{name}"[:250] if name.isascii() else f"Downloads/{name}") + ".zip"
+                    if len(os.fsencode(name)) < 250 else f"Documents/{name}", is_moved=len(os.fsencode(name)) < 250)
+    many = house.path / "Sites/many"
+    many.mkdir()
+    for outer in range(1000):
+        for inner in range(100):
+            project = many / str(outer) / str(inner)
+            os.makedirs(project / "build")
+            os.symlink("/dev/null", project / "package.json")
+            house.known[f"Sites/many/{outer}/{inner}/package.json"] = "-> /dev/null"
+    house.movable |= {place for place in house.known if "/build/" in place or "Media/photo" in place}
+    return house
+
+
+class Followed(Window):
+    """A window of which what it writes is judged by the list above."""
+
+    def __exit__(self, *_):
+        self.process.send_signal(signal.SIGKILL)
+        self.process.wait()
+        self.screen.close()
+        self.told.seek(0)
+        told = self.screen.without_protocol(self.told.read())
+        self.told.close()
+        strange = [line for line in told.splitlines() if line and not any(kept.fullmatch(line) for kept in KEPT)]
+        require(not strange, "the program writes: " + "\n".join(strange[:40]))
+
+
+class Monkey:
+    def __init__(self, program, house, chance):
+        self.program, self.house, self.random = program, house, chance
+        self.counts = {"actions": 0, "windows": 0, "looks": 0, "moves": 0}
+
+    def act(self, window, times):
+        """On X11 all at once: to start a program for each takes most of the time."""
+        left, top, width, height = window.geometry
+        is_x11 = hasattr(window.screen, "display")
+        words = []
+        for _ in range(times):
+            if self.random.random() < 0.5:
+                key = self.random.choice(KEYS)
+                words += ["key", key]
+                if not is_x11:
+                    window.keys(key)
+            else:
+                x, y = left + self.random.randrange(width), top + self.random.randrange(60, height)
+                button = self.random.choices((1, 3, 4, 5), (10, 2, 2, 2))[0]
+                words += ["mousemove", x, y, "click", button]
+                if not is_x11:
+                    window.screen.move_to(x, y)
+                    window.screen.click(button)
+        if is_x11:
+            xdotool(*words)
+        self.counts["actions"] += times
+
+    def look(self, window):
+        """Where there are results: what is ticked is moved, and nothing else."""
+        self.counts["looks"] += 1
+        print(self.counts, file=sys.stderr, flush=True)
+        for _ in range(3):
+            window.keys("Escape")
+        button = window.find("push button", "Move to Trash")
+        rows = window.all("check box", ".*, .*")
+        if not button or "sensitive" not in button.states or not rows or window.find("dialog"):
+            return
+        ticked = [row.name.partition(",")[0] for row in rows if {"checked", "indeterminate"} & row.states]
+        if MANY in ticked:  # To move them all takes minutes.
+            return
+        everything = window.find("radio button", "All")
+        if not everything or "checked" not in everything.states:  # Else rows are ticked that nobody sees.
+            return
+        before = set(self.house.in_trash())
+        button.press()
+        if window.find("dialog"):
+            return
+        window.wait("heading", "Cleanup report")
+        moved = set(self.house.in_trash()) - before
+        kinds = {"node_modules": "Rebuildable project folders", "vendor": "Composer vendor folders",
+                 "build": MANY, "Media": "WhatsApp / Chat Media & Attachments",
+                 "Caches": "User and developer caches", "Downloads": "Downloads / old installers and archives"}
+        for place in moved:
+            kind = next(title for word, title in kinds.items() if word in place.split("/"))
+            require(kind in ticked, f"{place} was moved, and only this was ticked: {ticked}")
+        self.counts["moves"] += 1
+
+    def put_back(self):
+        cli = Path(self.program).parent / "tidlo-cli"
+        run = Run([cli, "restore", "--since", "1d", "--all", "--yes"], os.environ, limit=600)
+        require(self.house.check() == 0, f"not all came back: {run.output[-500:]}{run.errors[-500:]}")
+
+    def play(self, times, **environment):
+        while self.counts["actions"] < times:
+            self.house.write_preferences()
+            with Followed(self.program, **environment) as window:
+                self.counts["windows"] += 1
+                end = min(times, self.counts["actions"] + 1000)
+                scan = window.find("push button", "SCAN MY MAC")
+                if scan:
+                    scan.press()
+                try:
+                    while self.counts["actions"] < end:
+                        for _ in range(BETWEEN_LOOKS // BURST):
+                            self.act(window, BURST)
+                        window.find("frame")  # It still answers.
+                        self.look(window)
+                except Exception as failure:
+                    status = self.ended(window)
+                    if status is None:
+                        raise
+                    require(status == 0, f"the program ended with {status} ({failure})")
+            self.house.check()
+            self.put_back()
+
+    @staticmethod
+    def ended(window):
+        """By a press on its own button, for instance; None if it still runs."""
+        deadline = time.monotonic() + 5
+        while window.process.poll() is None and time.monotonic() < deadline:
+            time.sleep(0.1)
+        return window.process.poll()
+
+
+def main(program, seed, times):
+    house = furnish()
+    monkey = Monkey(program, house, random.Random(int(seed)))
+    with tempfile.TemporaryDirectory() as folder:
+        service = Explainer(folder)
+        service.reply = 200, {"candidates": [{"content": {"parts": [{"text": anything(monkey.random)}]}}]}
+        monkey.play(int(times), TIDLO_AI_PROXY_HOST=service.host, SSL_CERT_FILE=str(service.certificate))
+    print(", ".join(f"{number:,} {what}" for what, number in monkey.counts.items()))
+
+
+def anything(chance):
+    """1 MB of text, as awkward as it gets."""
+    pieces = [*AWKWARD[:9], "<img src='file:///etc/passwd'>", "\n\n\n", "# Title\n", "| a | b |\n", "\u0000", "W" * 5000]
+    text = ""
+    while len(text.encode(errors="replace")) < 1 << 20:
+        text += chance.choice(pieces)
+    return text
+
+
+if __name__ == "__main__":
+    main(*sys.argv[1:])
