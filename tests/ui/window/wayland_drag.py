@@ -21,12 +21,14 @@ class Drag:
 
     def __init__(self, urls):
         self.urls = urls
+        self.is_under_pointer = False
         self.has_begun = False
         self.is_taken = None
         self.window = Gtk.Window(default_width=SIZE, default_height=SIZE, decorated=False)
         self.window.drag_source_set(Gdk.ModifierType.BUTTON1_MASK, [], Gdk.DragAction.COPY)
         self.window.drag_source_add_uri_targets()
         self.window.connect("drag-data-get", lambda _, __, data, *___: data.set_uris(self.urls))
+        self.window.connect("enter-notify-event", self._come_under)
         self.window.connect("drag-begin", self._begin)
         self.window.connect("drag-failed", self._end, False)
         self.window.connect("drag-end", self._end, True)
@@ -37,6 +39,10 @@ class Drag:
 
     def __exit__(self, *_):
         self.window.destroy()
+
+    def _come_under(self, *_):
+        self.is_under_pointer = True
+        tell()
 
     def _begin(self, *_):
         self.has_begun = True
@@ -61,16 +67,19 @@ class Drag:
         eventually_seen(what, happens)
 
     def drop_on(self, window, x, y):
-        """At a place of the screen. Whether the window took it."""
+        """At a place of the screen, once. Whether the window took it."""
         screen = window.screen
         own = eventually_seen("there is something to drag", lambda: screen.window_of(os.getpid()))
         screen.place(own, *PLACE)
         before = screen.answers_to_drags
         left, top, *_ = screen.geometry(own)
-        screen.move_to(left + INSIDE, top + INSIDE)
+        self._pull(screen, left + INSIDE, top + INSIDE, "the pointer is over it", lambda: self.is_under_pointer)
         screen.hold()
         self._pull(screen, left + FARTHER, top + FARTHER, "the drag has begun", lambda: self.has_begun)
         self._pull(screen, x, y, "the window has answered", lambda: screen.answers_to_drags > before)
         screen.let_go()
         eventually("the drag has ended", lambda: self.is_taken is not None)
+        self.window.destroy()
+        # Else the next drag takes it for its own.
+        eventually_seen("what was dragged is gone", lambda: screen.window_of(os.getpid()) is None)
         return self.is_taken
