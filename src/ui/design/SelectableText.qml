@@ -20,8 +20,7 @@ TextEdit {
     selectedTextColor: TidloTheme.primaryText
 
     Accessible.role: Accessible.StaticText
-    Accessible.name: root.name
-    Accessible.description: root.text
+    Accessible.name: qsTr("%1: %2").arg(root.name).arg(root.text)
     Accessible.readOnly: true
 
     LineSpacing {

@@ -61,6 +61,7 @@ Item {
             objectName: "moveToTrash"
             text: qsTr("Move to Trash")
             enabled: root.findings.canMove
+            Accessible.description: root.findings.selectionText
             onClicked: root.findings.moveSelectedToTrash()
         }
     }

@@ -27,14 +27,18 @@ ContinuousRectangle {
             spacing: 6
 
             TidloText {
+                id: caption
+
                 text: qsTr("SPACE RECOVERED")
                 font: TidloType.system(10, Font.Bold, TidloType.scale)
                 color: TidloTheme.solid(TidloTheme.green, 0.8)
+                Accessible.ignored: true
             }
             TidloText {
                 objectName: "recovered"
                 text: root.report.recoveredText
                 font: TidloType.rounded(44, Font.Bold, TidloType.scale)
+                Accessible.name: qsTr("%1: %2").arg(caption.text).arg(text)
             }
             TidloText {
                 text: root.report.diskText

@@ -49,15 +49,18 @@ Item {
     }
 
     ScrollArea {
+        objectName: "report"
+        focus: true
         anchors.top: header.bottom
         anchors.bottom: parent.bottom
         anchors.left: parent.left
         anchors.right: parent.right
         contentHeight: column.implicitHeight + 44
-        takesKeys: true
+        activeFocusOnTab: true // Where it all is read aloud.
 
         Accessible.role: Accessible.Grouping
         Accessible.name: qsTr("Report")
+        Accessible.focusable: true
 
         ColumnLayout {
             id: column

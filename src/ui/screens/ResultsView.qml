@@ -14,6 +14,12 @@ Item {
     /// The radius of the window's corners.
     property double cornerRadius: 0
 
+    /// Gives the keyboard to the first finding, if there is one.
+    function goToFirst() {
+        if (rows.count > 0)
+            rows.itemAt(0).forceActiveFocus(Qt.TabFocusReason);
+    }
+
     HeaderRow {
         id: header
 
@@ -25,7 +31,7 @@ Item {
             id: chips
 
             findings: root.findings
-            Keys.onDownPressed: if (rows.count > 0) rows.itemAt(0).forceActiveFocus(Qt.TabFocusReason)
+            Keys.onDownPressed: root.goToFirst()
         }
     }
 
@@ -42,7 +48,10 @@ Item {
 
         Accessible.role: Accessible.List
         Accessible.name: qsTr("Findings")
+        Accessible.description: root.findings.headline
         Accessible.focusable: true
+
+        Keys.onDownPressed: root.goToFirst()
 
         Connections {
             target: root.findings

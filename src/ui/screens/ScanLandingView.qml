@@ -59,10 +59,16 @@ Item {
     }
 
     Item {
+        objectName: "landing"
         anchors.top: header.bottom
         anchors.bottom: parent.bottom
         anchors.horizontalCenter: parent.horizontalCenter
         width: Math.min(parent.width, 680)
+        focus: true // A screen reader where nothing has the keyboard misses the first key.
+
+        Accessible.role: Accessible.Grouping
+        Accessible.name: heading.text
+        Accessible.focusable: true
 
         Column {
             anchors.centerIn: parent
@@ -74,6 +80,8 @@ Item {
                 onClicked: root.app.startScan()
             }
             TidloText {
+                id: heading
+
                 anchors.horizontalCenter: parent.horizontalCenter
                 topPadding: 8
                 text: qsTr("AI-assisted deep clean")

@@ -16,7 +16,7 @@ from pathlib import Path
 from events import eventually
 
 NEEDED = {
-    "x11": ["Xvfb", "openbox", "xdotool"],
+    "x11": ["Xvfb", "openbox", "orca", "xdotool"],
     "wayland": ["sway", "grim", "wl-paste"],
 }
 NEEDED_BY_BOTH = ["dbus-run-session", "openssl", "gio"]

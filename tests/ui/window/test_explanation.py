@@ -11,6 +11,8 @@ from window import Window
 
 PROGRAM = sys.argv.pop()
 LOADING = "AI Storage Analysis in progress..."
+EXPLANATION = "Explanation: (?s:.*)"
+SENT = "What (is|was) sent: (?s:.*)"
 
 
 class Explanation(unittest.TestCase):
@@ -29,7 +31,7 @@ class Explanation(unittest.TestCase):
         self.window.wait("heading", "AI-assisted results — .* found")
 
     def shown(self):
-        return self.window.wait("label", "Explanation").description
+        return self.window.wait("label", EXPLANATION).name.partition(": ")[2]
 
     def test_an_answer_is_shown_as_the_plain_text_that_it_is(self):
         self.scan(answer("Rebuild <b>one</b> of them.\nKeep the other."))
@@ -49,7 +51,7 @@ class Explanation(unittest.TestCase):
 
         self.window.wait_without("label", LOADING)
         self.assertEqual(len(self.service.requests), 1)
-        self.assertIsNone(self.window.find("label", "Explanation"))
+        self.assertIsNone(self.window.find("label", EXPLANATION))
 
     def choose_in_menu(self, label):
         """What was sent, from the menu of a label; the sheet is there then."""
@@ -60,19 +62,19 @@ class Explanation(unittest.TestCase):
     def test_what_was_sent_is_shown_whole_and_switched_off_no_scan_asks(self):
         self.window.wait("radio button", "Scan").press()
         self.choose_in_menu("AI explanations on")
-        example = self.window.wait("label", "What is sent|What was sent").description
+        example = self.window.wait("label", SENT).name.partition(": ")[2]
         self.assertTrue(example.startswith(f"POST /explain HTTP/1.1\nHost: {self.service.host}\n"), example)
         self.window.press("push button", "Done")
         self.scan(answer("Some projects."))
         self.shown()
-        self.choose_in_menu("Explanation")
-        sent = self.window.wait("label", "What was sent").description
+        self.choose_in_menu(EXPLANATION)
+        sent = self.window.wait("label", SENT).name.partition(": ")[2]
         [(_, request)] = self.service.requests
         self.assertEqual(json.loads(sent.split("\n\n", 1)[1]), request)
         self.addCleanup(home.fill)
 
         self.window.press("check box", "Explain scans")
-        self.window.wait_without("label", "Explanation")
+        self.window.wait_without("label", EXPLANATION)
         self.assertIn("tidlo.explanations=false", home.PREFERENCES.read_text(encoding="utf-8"))
         self.window.press("push button", "Done")
         self.scan(answer("Nobody reads this."))
@@ -95,7 +97,7 @@ class Explanation(unittest.TestCase):
         self.window.wait("label", LOADING)
         self.window.click("radio button", "Safe")
         self.window.wait_without("check box", "Rebuildable.*")
-        self.assertIsNone(self.window.find("label", "Explanation"))
+        self.assertIsNone(self.window.find("label", EXPLANATION))
         self.window.click("radio button", "All")
 
         self.service.may_reply.set()
