@@ -415,6 +415,9 @@ ViewCase {
         verify(item("row0").activeFocus && item("row0").visualFocus);
         keyClick(Qt.Key_Up);
         verify(item("chipAll").activeFocus, "the chip that is chosen");
+        item("findings").forceActiveFocus(Qt.OtherFocusReason);
+        keyClick(Qt.Key_Down);
+        verify(item("row0").activeFocus && item("row0").visualFocus);
     }
 
     function test_a_row_that_is_toggled_animates_data() {

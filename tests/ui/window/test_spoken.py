@@ -101,7 +101,8 @@ class Spoken(unittest.TestCase):
         self.keys("Return")
         self.says(*FINDINGS, "AI-assisted results — 82 KB found.")
         self.window.wait("label", "Explanation: .*")
-        self.hears("Tab", "Explanation: Two of your projects can be built again. label.")
+        self.hears("Down", *PROJECTS)
+        self.hears("shift+Tab", "Explanation: Two of your projects can be built again. label.")
         self.hears("Tab", *PROJECTS)
         self.hears("Down", "WhatsApp / Chat Media & Attachments, 20 KB, Review first check box not checked.",
                    "Chat photos, videos, and media files. Unchecked by default; check manually if you want to clear "
