@@ -49,7 +49,7 @@ endif()
 
 set(TIDLO_SANITIZERS "" CACHE STRING "Value for -fsanitize, or nothing")
 if(TIDLO_SANITIZERS)
-    add_compile_options(-fsanitize=${TIDLO_SANITIZERS} -fno-omit-frame-pointer -fno-sanitize-recover=all -O1 -g1)
+    add_compile_options(-fsanitize=${TIDLO_SANITIZERS} -fno-omit-frame-pointer -fno-sanitize-recover=all -Og -g1)
     # What a sanitizer adds to the code hides from GCC that an empty optional's value is not read.
     add_compile_options($<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
     # Its memory may grow threefold before it is collected, which takes a tenth of the time and more.
