@@ -80,7 +80,6 @@ Explanation ask(HttpsRequest request, const ExplainEndpoint &endpoint, HttpsExch
     if (service) {
         request.url.setHost(QStringLiteral("127.0.0.1"));
         request.url.setPort(service->port());
-        request.isDirect = true;
     }
     request.authorities = endpoint.authorities() + ownCertificateFor(request.url.host());
     return explanation(httpsPost(request, exchange));

@@ -25,7 +25,6 @@ struct HttpsRequest
     std::optional<QByteArray> body; ///< POSTed; without one, the request is a GET.
     qint64 replyLimit = 0;          ///< Bytes of the reply's body.
     QByteArray authorities{};       ///< The certificates that the server is verified against, as PEM.
-    bool isDirect = false;          ///< Whether it goes through no proxy, whatever the system says.
     QByteArray proxy{};             ///< The proxy to go through: a URL of the http or socks5h scheme, empty for none.
 };
 

@@ -12,7 +12,7 @@ namespace {
 constexpr int mostRedirects = 20;
 constexpr std::array redirects{301, 302, 303, 307, 308};
 
-/// Empty for none.
+/// Empty for none, as Qt has it for this machine whatever the system says.
 QByteArray proxyTo(const QUrl &url)
 {
     const QNetworkProxy proxy = QNetworkProxyFactory::proxyForQuery(QNetworkProxyQuery(url)).value(0);
@@ -58,7 +58,7 @@ HttpsRequest redirected(HttpsRequest request, const HttpsReply &reply)
 
 HttpsReply httpsPost(HttpsRequest request, HttpsExchange &exchange)
 {
-    request.proxy = request.isDirect ? QByteArray() : proxyTo(request.url);
+    request.proxy = proxyTo(request.url);
     for (int count = 0; count <= mostRedirects; ++count) {
         HttpsReply reply = exchange.perform(request);
         if (!isToBeFollowed(reply, request.url))

@@ -4,9 +4,12 @@
 #include "ai/PlainServer.h"
 #include "support/InChild.h"
 
+#include <QFile>
+
 #include <gmock/gmock.h>
 
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 namespace tidlo {
 
@@ -55,6 +58,28 @@ TEST_F(Transfer, NeedsAnAuthorityThatIsTrusted)
 
     EXPECT_THAT(explainBy(server), StartsWith(requestFailed));
     EXPECT_TRUE(server.requests().isEmpty());
+}
+
+TEST_F(Transfer, TrustsTheUsersOwnServiceForTheNamesOfThisMachineAlone)
+{
+    const TestAuthority own;
+    QFile kept(QFile::decodeName(folder.file("state/tidlo-proxy/certificate.pem", 0)));
+    ASSERT_TRUE(kept.open(QIODevice::WriteOnly) && kept.write(own.certificate()) > 0);
+    kept.close();
+    chmod((folder / "state/tidlo-proxy").constData(), 0700);
+    chmod((folder / "state/tidlo-proxy/certificate.pem").constData(), 0600);
+    qputenv("XDG_STATE_HOME", folder / "state");
+    endpoint.authorities = [] { return QByteArray(); };
+    const ScriptedServer server(own.issue("localhost"), sending(reply(200, answerOfA)));
+    const ScriptedServer other(own.issue("other.localhost"), sending(reply(200, answerOfA)));
+
+    EXPECT_EQ(explainBy(server), "A");
+    endpoint.host = QStringLiteral("other.") + other.host();
+    EXPECT_THAT(explain(), StartsWith(requestFailed));
+    endpoint.authorities = [&own] { return own.certificate(); };
+    EXPECT_EQ(explain(), "A") << "where somebody else vouches for it";
+
+    qunsetenv("XDG_STATE_HOME");
 }
 
 TEST_F(Transfer, NeedsTheAuthorityThatTheEnvironmentNames)

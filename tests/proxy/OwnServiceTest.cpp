@@ -5,6 +5,7 @@
 #include "support/PrintQt.h"
 
 #include <QFile>
+#include <QTcpServer>
 #include <QTcpSocket>
 
 #include <gmock/gmock.h>
@@ -69,6 +70,19 @@ TEST_F(OwnServiceTest, IsToldToStayOfflineAndNothingOfTheEnvironment)
     const std::string told = given.readAll().toStdString();
     EXPECT_THAT(told, StartsWith("--offline --until-eof\n"));
     EXPECT_THAT(told, Not(HasSubstr("secret")));
+}
+
+TEST_F(OwnServiceTest, IsNotNeededWhereSomebodyAnswersAtEitherAddressOfThisMachine)
+{
+    for (const auto address : {QHostAddress::LocalHost, QHostAddress::LocalHostIPv6}) {
+        QTcpServer other;
+        if (!other.listen(address))
+            GTEST_SKIP() << "This machine has no such address.";
+        const int port = other.serverPort();
+        EXPECT_TRUE(isListening(port));
+        other.close();
+        EXPECT_FALSE(isListening(port));
+    }
 }
 
 TEST_F(OwnServiceTest, ListensWhereOnlyThisMachineReachesIt)

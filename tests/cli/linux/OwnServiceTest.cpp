@@ -61,6 +61,17 @@ TEST(ExplainCommandAlone, StartsAServiceForItselfThatKnowsNoKey)
     EXPECT_THAT(run.output.toStdString(), StartsWith("Written without an AI model"));
 }
 
+TEST(ExplainCommandAlone, AsksItsOwnServiceThroughNoProxy)
+{
+    const TemporaryHome home;
+
+    const CliRun run = explainAlone(home, {"https_proxy=http://127.0.0.1:1"});
+
+    if (run.status == 125)
+        GTEST_SKIP() << "The kernel gives no network of its own here.";
+    EXPECT_EQ(run.status, 0) << run.errors.toStdString();
+}
+
 TEST(ExplainCommandAlone, StartsNothingWhereSomebodyAnswers)
 {
     const TemporaryHome home;
