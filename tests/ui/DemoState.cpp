@@ -83,13 +83,17 @@ CleanupCandidate candidateOf(const DemoFinding &finding)
     return candidate;
 }
 
-/// Handed out so that each of \a count has more than the one before, and none much more than twice what another has.
+/// Handed out as unevenly as projects and recordings are.
 QList<qint64> shared(qint64 bytes, qsizetype count)
 {
-    const qint64 parts = count * (3 * count + 1) / 2; // From count + 1 to 2 * count, summed up.
+    constexpr std::array weights{318, 127, 611, 204, 89, 472, 156, 263, 1043, 98, 341, 187, 529};
+    const auto weight = [&](qsizetype number) { return weights.at(number % weights.size()) + 7 * number; };
+    qint64 all = 0;
+    for (qsizetype number = 0; number < count; ++number)
+        all += weight(number);
     QList<qint64> shares;
-    for (qint64 number = 1; number < count; ++number)
-        shares.append(bytes / parts * (count + number));
+    for (qsizetype number = 1; number < count; ++number)
+        shares.append(bytes / all * weight(number));
     shares.append(std::accumulate(shares.begin(), shares.end(), bytes, std::minus()));
     return shares;
 }
