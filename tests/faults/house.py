@@ -21,7 +21,7 @@ CONTENT = {
     "Sites/web{}/node_modules/deep/a{}.js": True,
     "Sites/web{}/node_modules/b.js": True,
     "Sites/web{}/package.json": False,
-    "Sites/web{}/build/out{}.o": False,
+    "Sites/web{}/build/out{}.o": True,
     "Sites/lib{}/vendor/c.php": True,
     "Sites/lib{}/composer.json": False,
     "Downloads/old {}.zip": True,
