@@ -3,6 +3,7 @@
 #include <QLinearGradient>
 #include <QPainter>
 #include <QPainterPath>
+#include <QTransform>
 
 #include <algorithm>
 
@@ -12,6 +13,7 @@ Gauge::Gauge(QQuickItem *parent)
     : PictureItem(parent)
 {
     connect(this, &Gauge::looksChanged, this, &Gauge::changePicture);
+    connect(this, &Gauge::turned, this, &Gauge::update);
 }
 
 void Gauge::geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry)
@@ -47,10 +49,16 @@ QBrush Gauge::brush() const
     return gradient;
 }
 
+QTransform Gauge::turn() const
+{
+    const QPointF middle = circle().center();
+    return QTransform::fromTranslate(middle.x(), middle.y()).rotate(turnedBy).translate(-middle.x(), -middle.y());
+}
+
 QRect Gauge::inkedRect() const
 {
     const double around = lineWidth / 2 + 1;
-    return line().boundingRect().adjusted(-around, -around, around, around).toAlignedRect();
+    return turn().map(line()).boundingRect().adjusted(-around, -around, around, around).toAlignedRect();
 }
 
 QPointF Gauge::placeOf(const QSizeF &) const
@@ -66,7 +74,7 @@ QImage Gauge::picture(double pixelRatio)
     drawn.fill(Qt::transparent);
     QPainter painter(&drawn);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.translate(-inked.topLeft());
+    painter.setTransform(turn() * QTransform::fromTranslate(-inked.left(), -inked.top()));
     QPen pen(brush(), lineWidth);
     pen.setCapStyle(roundCaps ? Qt::RoundCap : Qt::FlatCap);
     painter.strokePath(line(), pen);

@@ -19,6 +19,9 @@ class Gauge : public tidlo::PictureItem
     Q_PROPERTY(double to MEMBER end NOTIFY looksChanged)
     Q_PROPERTY(double lineWidth MEMBER lineWidth NOTIFY looksChanged)
     Q_PROPERTY(bool roundCaps MEMBER roundCaps NOTIFY looksChanged)
+    /// By how many degrees it is turned clockwise. What was shown once is kept: in software that takes less to show
+    /// again than to rotate, as long as the angles are few.
+    Q_PROPERTY(int turnedBy MEMBER turnedBy NOTIFY turned)
     /// At the top right of a gradient
     Q_PROPERTY(QColor color MEMBER topTrailing NOTIFY looksChanged)
     /// to the bottom left. Without it there is none.
@@ -29,11 +32,13 @@ public:
 
     /// The line and what its caps and its smooth edges cover, in whole points.
     QRect inkedRect() const;
+    int shown() const override { return turnedBy; }
     QImage picture(double pixelRatio) override;
     QPointF placeOf(const QSizeF &picture) const override;
 
 Q_SIGNALS:
     void looksChanged();
+    void turned();
 
 protected:
     void geometryChange(const QRectF &newGeometry, const QRectF &oldGeometry) override;
@@ -41,12 +46,14 @@ protected:
 private:
     QRectF circle() const;
     QPainterPath line() const;
+    QTransform turn() const;
     QBrush brush() const;
 
     double begin = 0; ///< Fractions of the circle.
     double end = 1;
     double lineWidth = 1;
     bool roundCaps = false;
+    int turnedBy = 0;
     QColor topTrailing = Qt::black;
     QColor bottomLeading;
 };

@@ -4,9 +4,21 @@
 #include <QSGImageNode>
 
 #include <cmath>
+#include <map>
 #include <memory>
 
 namespace tidlo {
+
+namespace {
+
+/// What was made so far, and the one that is shown.
+struct Pictures final : QSGNode
+{
+    std::map<int, std::unique_ptr<QSGTexture>> made;
+    QSGImageNode *shown = nullptr;
+};
+
+} // namespace
 
 PictureItem::PictureItem(QQuickItem *parent)
     : QQuickItem(parent)
@@ -36,23 +48,27 @@ void PictureItem::itemChange(ItemChange change, const ItemChangeData &data)
 
 QSGNode *PictureItem::updatePaintNode(QSGNode *node, UpdatePaintNodeData *)
 {
-    std::unique_ptr<QSGImageNode> shown(static_cast<QSGImageNode *>(node));
-    if (!shown || isPictureOld) {
-        const QImage drawn = picture(window()->effectiveDevicePixelRatio());
+    std::unique_ptr<Pictures> pictures(static_cast<Pictures *>(node));
+    if (!pictures || isPictureOld)
+        pictures = std::make_unique<Pictures>();
+    std::unique_ptr<QSGTexture> &texture = pictures->made[shown()];
+    const double ratio = window()->effectiveDevicePixelRatio();
+    if (!texture) {
+        const QImage drawn = picture(ratio);
         if (drawn.isNull())
             return nullptr;
-        if (!shown) {
-            shown.reset(window()->createImageNode());
-            shown->setOwnsTexture(true);
-        }
-        shown->setTexture(window()->createTextureFromImage(drawn, QQuickWindow::TextureCanUseAtlas));
-        shown->setRect(QRectF(QPointF(), drawn.deviceIndependentSize()));
+        texture.reset(window()->createTextureFromImage(drawn, QQuickWindow::TextureCanUseAtlas));
         isPictureOld = false;
     }
-    const QSizeF extent = shown->rect().size();
-    shown->setRect(QRectF(placeOf(extent), extent));
-    shown->setFiltering(QSGTexture::Linear);
-    return shown.release();
+    if (!pictures->shown) {
+        pictures->shown = window()->createImageNode();
+        pictures->appendChildNode(pictures->shown);
+    }
+    const QSizeF extent = QSizeF(texture->textureSize()) / ratio;
+    pictures->shown->setTexture(texture.get());
+    pictures->shown->setRect(QRectF(placeOf(extent), extent));
+    pictures->shown->setFiltering(QSGTexture::Linear);
+    return pictures.release();
 }
 
 } // namespace tidlo

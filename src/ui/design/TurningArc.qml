@@ -1,8 +1,8 @@
 import QtQuick
 import Tidlo.Design
 
-/// An arc that goes round for as long as it is seen: work is under way. It takes thirty steps a second, since the work
-/// waits for each frame that is drawn meanwhile. Where motion is reduced it stands.
+/// An arc that goes round for as long as it is seen: work is under way. It takes a step with each frame where
+/// there are sixty a second, and each place that it comes by is drawn once. Where motion is reduced it stands.
 Gauge {
     id: root
 
@@ -10,7 +10,7 @@ Gauge {
     /// In degrees.
     property double angle
 
-    rotation: Motion.isReduced ? 0 : 10 * Math.round(root.angle / 10)
+    turnedBy: Motion.isReduced ? 0 : 5 * Math.round(root.angle / 5) % 360
 
     // No Animator: where nothing waits for the display, as in software, it has a frame drawn whenever the last is done.
     NumberAnimation on angle {

@@ -83,6 +83,19 @@ TEST(Gauge, IsThePartBetweenItsEnds)
     EXPECT_TRUE(isEmpty(image, 273));
 }
 
+TEST(Gauge, IsTurnedWithItsColorsAndStaysAroundItsMiddle)
+{
+    const Values straight{{"to", 0.25}, {"color", QColor(Qt::red)}, {"bottomColor", QColor(Qt::blue)}};
+    Values turned = straight;
+    turned["turnedBy"] = 90;
+    const QImage image = drawn(turned);
+    EXPECT_TRUE(isEmpty(image, 87));
+    EXPECT_TRUE(isInked(image, 93));
+    EXPECT_TRUE(isInked(image, 177));
+    EXPECT_TRUE(isEmpty(image, 183));
+    EXPECT_NEAR(colorAt(image, 100).redF(), colorAt(drawn(straight), 10).redF(), 0.02);
+}
+
 TEST(Gauge, IsAWholeCircleUnlessToldOtherwise)
 {
     EXPECT_EQ(inkedDegrees(drawn({})), 360);
