@@ -1,5 +1,6 @@
 """What only the window does."""
 
+import os
 import subprocess
 from pathlib import Path
 
@@ -12,8 +13,6 @@ PYTHON = "/usr/bin/python3"  # The bindings for the accessibility tree come with
 
 def in_desktop(tools, system, program, *arguments):
     """The last line that a program prints in a desktop of its own."""
-    import os
-
     command = [PYTHON, "-B", DESKTOP, system, "1800x1100", PYTHON, "-B", HERE / program, *map(str, arguments)]
     run = subprocess.run(list(map(str, command)), check=False, capture_output=True, text=True, timeout=3600,
                          env=os.environ | {"TMPDIR": str(tools.folder)}, errors="replace")

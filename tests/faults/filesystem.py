@@ -21,8 +21,8 @@ libc = ctypes.CDLL(None, use_errno=True)
 
 
 class Mirror:
-    """Serves what lies in a folder. Before each answer it asks `hold`, which is given what is asked, waits as it likes,
-    and gives an errno or 0; None is no answer, unless the kernel asks to let it be, since it is being killed who asked.
+    """Serves what lies in a folder. Before each answer it asks `hold`, which is given what is asked of which path, waits as it
+    likes, and gives an errno or 0; None is no answer, unless the kernel asks to let it be, since it is being killed who asked.
     """
 
     def __init__(self, folder, hold):
@@ -46,7 +46,7 @@ class Mirror:
         if code == INTERRUPT:
             self._write(struct.unpack_from("=Q", body)[0], errno.EINTR)
             return
-        error = 0 if code == INIT else self.hold(code)
+        error = 0 if code == INIT else self.hold(code, self._asked(code, node, body))
         if error is None:
             return
         answer = b""
@@ -56,6 +56,10 @@ class Mirror:
             except OSError as failure:
                 error = failure.errno
         self._write(unique, error, answer)
+
+    def _asked(self, code, node, body):
+        path = self.paths.get(node, "")
+        return os.path.join(path, os.fsdecode(body.rstrip(b"\0"))) if code == LOOKUP else path
 
     def _write(self, unique, error, answer=b""):
         try:

@@ -2,6 +2,7 @@
 
 import os
 import pwd
+import resource
 import subprocess
 import time
 from contextlib import contextmanager
@@ -9,9 +10,7 @@ from pathlib import Path
 
 from case import Missing, case, require, told
 from house import House, Run
-from limits import COMMANDS, STRANGER, attempt, limited, step_by_step
-
-import resource
+from limits import COMMANDS, STRANGER, attempt, limited
 
 
 def each_command(tools, house, before=None, **environment):

@@ -24,6 +24,7 @@ from x11 import xdotool  # noqa: E402
 KEYS = ["Tab", "Tab", "Tab", "Return", "space", "Escape", "Menu", "Up", "Down", "Left", "Right", "Home", "End", "Delete",
         "ctrl+z", "ctrl+a", "ctrl+c", "ctrl+f", "shift+Tab", "shift+Down", "n", "o", "d", "e"]
 BETWEEN_LOOKS, BURST = 150, 25
+RESULTS = "AI-assisted results — .* found"
 MANY = "Build and distribution outputs"  # The finding of 100,000 paths.
 
 # What Qt itself writes where nothing is wrong with the program; a line each.
@@ -102,19 +103,16 @@ class Monkey:
         """Where there are results: what is ticked is moved, and nothing else."""
         self.counts["looks"] += 1
         print(self.counts, file=sys.stderr, flush=True)
-        for _ in range(3):
-            window.keys("Escape")
-        button = window.find("push button", "Move to Trash")
-        rows = window.all("check box", ".*, .*")
-        if not button or "sensitive" not in button.states or not rows or window.find("dialog"):
+        if not self.see_results(window):
             return
-        ticked = [row.name.partition(",")[0] for row in rows if {"checked", "indeterminate"} & row.states]
+        ticked = [row.name.partition(",")[0] for row in window.all("check box", ".*, .*")
+                  if {"checked", "indeterminate"} & row.states]
         if MANY in ticked:  # To move them all takes minutes.
             window.press("check box", MANY + ", .*")
             window.wait_without("check box", MANY + ", .*", state="checked")
             ticked.remove(MANY)
-        everything = window.find("radio button", "All")
-        if not everything or "checked" not in everything.states:  # Else rows are ticked that nobody sees.
+        button = window.find("push button", "Move to Trash")
+        if not ticked or not button:
             return
         before = set(self.house.in_trash())
         button.press()
@@ -129,6 +127,25 @@ class Monkey:
             kind = next(title for word, title in kinds.items() if word in place.split("/"))
             require(kind in ticked, f"{place} was moved, and only this was ticked: {ticked}")
         self.counts["moves"] += 1
+
+    @staticmethod
+    def see_results(window):
+        """All of them, wherever chance has led; False where something is still under way."""
+        window.keys("Escape", "Escape", "Escape")
+        if not window.find("heading", RESULTS):
+            section, scan = window.find("radio button", "Scan"), None
+            if section:
+                section.press()
+                scan = window.find("push button", "SCAN MY MAC")
+            if not scan:
+                return False
+            scan.press()
+            window.wait("heading", RESULTS)
+        if window.find("dialog") or not window.find("radio button", "All"):
+            return False
+        window.press("radio button", "All")  # Else rows may be ticked that nobody sees.
+        window.wait("radio button", "All", state="checked")
+        return True
 
     def put_back(self):
         cli = Path(self.program).parent / "tidlo-cli"
