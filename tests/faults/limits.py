@@ -101,7 +101,7 @@ def few_threads(times, tools):
                         usual=limited(resource.RLIMIT_CORE, 0, STRANGER))
 
 
-@case("limit-memory", "little memory", "`ulimit -v` from nothing to 160 MB", 120)
+@case("limit-memory", "little memory", "`ulimit -v` from nothing to 160 MB", 160)
 def little_memory(times, tools):
     house = House(tools.folder / "home")
     return step_by_step(tools, house, [step << 18 for step in spread(160 << 2, times)],

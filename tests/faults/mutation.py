@@ -185,7 +185,8 @@ def changing(times, tools):
 def is_known_in_parts(path, ever, home):
     """Whether some folder on the way existed, and below it a tail that existed elsewhere."""
     parts = Path(path).relative_to(home).parts
-    tails = {place.split("/", home.parts.__len__())[-1] for place in ever}
+    ever = ever.copy()  # It goes on growing.
+    tails = {place.removeprefix(str(home)) for place in ever}
     return any(str(home.joinpath(*parts[:cut])) in ever | {str(home / folder) for folder in FOLDERS}
                and any(tail.endswith("/" + "/".join(parts[cut:])) for tail in tails)
                for cut in range(1, len(parts)))
