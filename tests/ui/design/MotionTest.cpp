@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cmath>
+#include <limits>
 
 namespace tidlo {
 
@@ -102,6 +103,7 @@ TEST(Motion, IsNotReducedUnlessToldAndTellsEachChangeOnce)
     int changes = 0;
     QObject::connect(&motions, &Motion::changed, [&changes] { ++changes; });
     EXPECT_FALSE(motions.isReduced());
+    EXPECT_EQ(motions.longestFade(), std::numeric_limits<int>::max());
     for (const bool isReduced : {false, true, true, false}) {
         motions.setReduced(isReduced);
         EXPECT_EQ(motions.isReduced(), isReduced);
