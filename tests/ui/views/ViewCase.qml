@@ -10,7 +10,7 @@ TestCase {
     property Item shown
 
     function init() {
-        failOnWarning(/./);
+        failOnWarning(/^(?!QUnifiedTimer)./); // Qt may warn of its own where an animation begins and ends in one step.
         demo.reset();
         wear("dark");
         showAnew();
