@@ -22,7 +22,7 @@ bool isBundlePath(const FilePath &path)
 FilePath nearestBundle(const FilePath &executable)
 {
     for (qsizetype end = executable.lastIndexOf('/'); end > 0; end = executable.lastIndexOf('/', end - 1)) {
-        const FilePath folder = executable.left(end);
+        FilePath folder = executable.left(end);
         if (isBundlePath(folder))
             return folder;
     }
