@@ -17,7 +17,7 @@ public:
     FilePath homeDirectoryForCurrentUser() const override { return home; }
     bool fileExists(const FilePath &path) const override;
     std::optional<FileAttributes> attributesOfItem(const FilePath &path) const override;
-    std::optional<QList<DirectoryEntry>> contentsOfDirectory(const FilePath &folder,
+    std::optional<QList<DirectoryEntry>> contentsOfDirectory(const FilePath &path,
                                                              WalkNotes *notes = nullptr) const override;
     QList<CollectedItem> enumerate(const DeepEnumeration &enumeration, std::stop_token stop) const override;
     QList<qint64> allocatedSizes(const QList<FilePath> &paths, std::stop_token stop = {},

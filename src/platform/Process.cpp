@@ -13,7 +13,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-extern char **environ; // Not every system declares it.
+extern char **environ; // NOLINT(readability-redundant-declaration): not every system declares it.
 
 namespace tidlo {
 

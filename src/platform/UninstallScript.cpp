@@ -10,8 +10,8 @@ QByteArray removal(const FilePath &application)
 {
     if (application.isEmpty())
         return {};
-    return "/usr/bin/osascript -e 'tell application \"Finder\" to move POSIX file \"" + application +
-           "\" to trash' >/dev/null 2>&1 || rm -rf \"" + application + "\"\n";
+    return R"(/usr/bin/osascript -e 'tell application "Finder" to move POSIX file ")" + application +
+           R"(" to trash' >/dev/null 2>&1 || rm -rf ")" + application + "\"\n";
 }
 
 } // namespace

@@ -6,6 +6,7 @@
 #include <iterator>
 #include <new>
 #include <span>
+#include <type_traits>
 #include <utility>
 
 namespace tidlo {
@@ -17,7 +18,7 @@ constexpr size_t levelsBetweenStops = 64;
 
 /// False if there is no memory for it; then \a value is where it was.
 template <typename Value>
-bool isAppended(std::vector<Value> &list, Value &&value)
+bool isAppended(std::vector<Value> &list, std::type_identity_t<Value> &&value)
 {
     try {
         list.push_back(std::move(value));
@@ -130,13 +131,14 @@ OrError<int> WalkQueue::reopenParent(const WalkFolder &folder, const FolderOpene
         route.toStop.back()->descriptor = std::move(stop);
         keep(*route.toStop.back());
     }
+    const Errno failure{goal.isValid() ? ESTALE : goal.error()};
     if (same && !parent.isOpen()) {
         parent.descriptor = std::move(goal);
         keep(parent);
     }
     if (parent.isOpen())
         return parent.descriptor.get();
-    return Errno{goal.isValid() ? ESTALE : goal.error()};
+    return failure;
 }
 
 WalkQueue::Route WalkQueue::routeTo(WalkFolder &folder)

@@ -4,11 +4,11 @@
 
 #include <array>
 #include <cerrno>
+#include <cstdio>
 #include <filesystem>
 #include <vector>
 
 #include <fcntl.h>
-#include <stdio.h>
 #include <sys/sendfile.h>
 #include <sys/stat.h>
 

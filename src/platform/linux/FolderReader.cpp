@@ -122,7 +122,7 @@ struct FolderReader::Buffer
     };
     static constexpr size_t longestRecord = offsetof(Record, name) + NAME_MAX + 8;
 
-    alignas(Record) std::array<char, 32 * 1024> bytes;
+    alignas(Record) std::array<char, 32'768> bytes;
     size_t filled = 0;
     size_t position = 0;
 };

@@ -34,7 +34,7 @@ public:
 private Q_SLOTS:
     void takeChange(const QDBusMessage &message);
 
-private:
+private: // NOLINT(readability-redundant-access-specifiers): these are no slots.
     static constexpr size_t settingCount = 7;
 
     void ask();

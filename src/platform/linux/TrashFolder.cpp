@@ -89,7 +89,7 @@ std::optional<TrashOutcome> TrashFolder::openInHome(const SystemCalls &calls, co
     for (const FilePath &name : trash.missing) {
         Descriptor next;
         const int parent = made.isValid() ? made.get() : trash.nearest.descriptor.get();
-        if (const auto problem = openOwn(calls, parent, name, next))
+        if (auto problem = openOwn(calls, parent, name, next))
             return problem;
         made = std::move(next);
     }
@@ -117,7 +117,7 @@ std::optional<TrashOutcome> TrashFolder::openExisting(const SystemCalls &calls, 
                                                       const FilePath &path)
 {
     ownPath = path;
-    if (const auto problem = checkOwner(calls, folder.get()))
+    if (auto problem = checkOwner(calls, folder.get()))
         return problem;
     items = Descriptor(calls.openat(folder.get(), "files", asRealFolder, 0));
     records = Descriptor(calls.openat(folder.get(), "info", asRealFolder, 0));
@@ -129,13 +129,13 @@ std::optional<TrashOutcome> TrashFolder::openExisting(const SystemCalls &calls, 
 
 std::optional<TrashOutcome> TrashFolder::openInside(const SystemCalls &calls, const Descriptor &trash)
 {
-    if (const auto problem = openOwn(calls, trash.get(), "files", items))
+    if (auto problem = openOwn(calls, trash.get(), "files", items))
         return problem;
-    if (const auto problem = openOwn(calls, trash.get(), "info", records))
+    if (auto problem = openOwn(calls, trash.get(), "info", records))
         return problem;
     struct statvfs status;
     if (calls.fstatvfs(records.get(), &status) == 0)
-        nameLimit = std::min<qsizetype>(NAME_MAX, status.f_namemax);
+        nameLimit = std::min<qsizetype>(NAME_MAX, static_cast<qsizetype>(status.f_namemax));
     return std::nullopt;
 }
 

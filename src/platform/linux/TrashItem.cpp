@@ -19,7 +19,7 @@ FilePath folderOf(const FilePath &path)
 std::optional<TrashOutcome> TrashItem::open(const SystemCalls &calls, const FilePath &givenPath)
 {
     const FilePath path = pathOfItself(givenPath);
-    if (const auto outcome = refusalOfPath(path))
+    if (auto outcome = refusalOfPath(path))
         return outcome;
     ownName = lastPathComponent(path).toByteArray();
     OrError<OpenFolder> found = openFolder(calls, folderOf(path));

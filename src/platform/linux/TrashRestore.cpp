@@ -43,7 +43,7 @@ TrashOutcome TrashRestore::run(const TrashedItem &item) const
     Descriptor folder;
     if (const auto outcome = openFolderOf(*origin, folder))
         return *outcome;
-    const TrashOutcome outcome =
+    TrashOutcome outcome =
         moveTo({.folder = folder.get(), .name = lastPathComponent(*origin).toByteArray()}, item, held);
     if (outcome.kind == TrashOutcome::Kind::moved)
         removeRecord(trashRecordName(item.name), record->identity);

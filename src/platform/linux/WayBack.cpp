@@ -45,7 +45,7 @@ std::optional<TrashOutcome> openWayBack(const SystemCalls &calls, const OpenFold
         return TrashOutcome::failed(QStringLiteral("The top of its volume cannot be opened"), opened.error());
     for (const FilePath &name : path.isEmpty() ? QList<FilePath>() : path.split('/')) {
         Descriptor next;
-        if (const auto problem = openStep(calls, opened.get(), name, top.mount, next))
+        if (auto problem = openStep(calls, opened.get(), name, top.mount, next))
             return problem;
         opened = std::move(next);
     }

@@ -45,7 +45,7 @@ QPainterPath continuousRectangle(const QRectF &rectangle, double radius, Qt::Edg
     QPainterPath path;
     path.moveTo((left + right) / 2, top);
     for (const Corner &corner : corners) { // Counter-clockwise.
-        if (r <= 0 || (corner.edges & straight))
+        if (r <= 0 || corner.edges.testAnyFlags(straight))
             path.lineTo(corner.place.map(QPointF(0, 0)));
         else
             addRoundCorner(path, corner.place);

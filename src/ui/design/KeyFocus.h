@@ -21,8 +21,8 @@ class KeyFocus : public QObject
 public:
     explicit KeyFocus(QQuickItem &item);
 
-    /// Of \a item; none if it is no item.
-    static KeyFocus *qmlAttachedProperties(QObject *item);
+    /// Of \a object; none if that is no item.
+    static KeyFocus *qmlAttachedProperties(QObject *object);
 
     bool isVisual() const { return visual; }
 

@@ -41,7 +41,7 @@ void Sight::follow(QQuickWindow *other)
 void Sight::update()
 {
     const bool isNowSeen =
-        window && window->isVisible() && window->visibility() != QWindow::Minimized && window->isExposed();
+        window != nullptr && window->isVisible() && window->visibility() != QWindow::Minimized && window->isExposed();
     if (isNowSeen == seen)
         return;
     seen = isNowSeen;

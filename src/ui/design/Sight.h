@@ -19,8 +19,8 @@ class Sight : public QObject
 public:
     explicit Sight(QQuickItem &item);
 
-    /// Of \a item; none if it is no item.
-    static Sight *qmlAttachedProperties(QObject *item);
+    /// Of \a object; none if that is no item.
+    static Sight *qmlAttachedProperties(QObject *object);
 
     bool isSeen() const { return seen; }
 

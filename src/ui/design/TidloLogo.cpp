@@ -46,7 +46,7 @@ void drawFallback(QPainter &painter, const QRectF &square)
 
 QImage findLogo(const Bundle &bundle)
 {
-    const QImage bundled(QFile::decodeName(bundle.path + "/Contents/Resources/logo.png"));
+    QImage bundled(QFile::decodeName(bundle.path + "/Contents/Resources/logo.png"));
     if (!bundled.isNull())
         return bundled;
     if (!QGuiApplication::instance())

@@ -60,7 +60,7 @@ int main(int argc, char **argv)
         return 1;
     const QString name = QString::fromLocal8Bit(argv[2]);
     if (!name.endsWith(QStringLiteral(".icns")))
-        return picture(drawing, argc == 4 ? std::atoi(argv[3]) : 512).save(name) ? 0 : 1;
+        return picture(drawing, argc == 4 ? QByteArray(argv[3]).toInt() : 512).save(name) ? 0 : 1;
     QFile file(name);
     const QByteArray content = icon(drawing);
     return file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.flush() ? 0 : 1;

@@ -19,8 +19,8 @@ class Disclosure : public QObject
     Q_PROPERTY(QString rest READ rest NOTIFY changed)
 
 public:
-    /// \a app must outlive it.
-    explicit Disclosure(AppViewModel &app, QObject *parent = nullptr);
+    /// \a shownApp must outlive it.
+    explicit Disclosure(AppViewModel &shownApp, QObject *parent = nullptr);
 
     QString title() const;
     QString sentence() const; ///< Who is asked, and what \c request is.

@@ -44,8 +44,8 @@ public:
         ToggleableRole,
     };
 
-    /// \a app must outlive it.
-    explicit Findings(AppViewModel &app, QObject *parent = nullptr);
+    /// \a shown must outlive it.
+    explicit Findings(AppViewModel &shown, QObject *parent = nullptr);
 
     QString headline() const;
     QString selectionText() const;

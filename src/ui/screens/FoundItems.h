@@ -15,8 +15,8 @@ class FoundItems : public tidlo::ItemList
     Q_PROPERTY(bool largestFirst READ isLargestFirst WRITE setLargestFirst NOTIFY orderChanged)
 
 public:
-    /// \a app must outlive it.
-    explicit FoundItems(AppViewModel &app, QObject *parent = nullptr);
+    /// \a shown must outlive it.
+    explicit FoundItems(AppViewModel &shown, QObject *parent = nullptr);
 
     bool isLargestFirst() const { return sorted; }
     void setLargestFirst(bool largestFirst); ///< Otherwise they are in the order they were found.

@@ -30,8 +30,8 @@ public:
         TickedRole,
     };
 
-    /// \a app must outlive it.
-    explicit ItemList(AppViewModel &app, QObject *parent = nullptr);
+    /// \a shown must outlive it.
+    explicit ItemList(AppViewModel &shown, QObject *parent = nullptr);
     ~ItemList() override;
 
     QString title() const { return shownTitle; }

@@ -22,8 +22,8 @@ class KeptPaths : public tidlo::ItemList
     Q_PROPERTY(QString refusal READ refusal NOTIFY proposalChanged)
 
 public:
-    /// \a app must outlive it.
-    explicit KeptPaths(AppViewModel &app, QObject *parent = nullptr);
+    /// \a shown must outlive it.
+    explicit KeptPaths(AppViewModel &shown, QObject *parent = nullptr);
 
     QString summary() const override; ///< How many there are of each kind.
     bool isTickable() const override { return true; }

@@ -17,7 +17,7 @@ bool needsSearchableText(const FilePath &path);
 class PathSearch final
 {
 public:
-    explicit PathSearch(const QString &wanted); ///< An empty text is contained in all.
+    explicit PathSearch(const QString &given); ///< An empty text is contained in all.
 
     /// Looks into \a text, which is made of \a path if it is missing and needed.
     bool finds(const FilePath &path, const QByteArray &text = {});

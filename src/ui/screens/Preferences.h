@@ -17,8 +17,8 @@ class Preferences : public QObject
     Q_PROPERTY(bool explanations READ explanations WRITE setExplanations NOTIFY explanationsChanged)
 
 public:
-    /// \a defaults must outlive it.
-    explicit Preferences(UserDefaults &defaults, QObject *parent = nullptr);
+    /// \a given must outlive it.
+    explicit Preferences(UserDefaults &given, QObject *parent = nullptr);
 
     QString theme() const; ///< As ThemePreference.h explains it; "dark" if none is stored.
     void setTheme(const QString &theme);
