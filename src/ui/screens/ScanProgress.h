@@ -42,8 +42,8 @@ class ScanProgress : public QObject
     Q_PROPERTY(QList<tidlo::PipelineStep> steps READ steps NOTIFY stepsChanged)
 
 public:
-    /// \a app must outlive it.
-    explicit ScanProgress(AppViewModel &app, QObject *parent = nullptr);
+    /// \a shown must outlive it.
+    explicit ScanProgress(AppViewModel &shown, QObject *parent = nullptr);
 
     double fraction() const { return app.scanProgress(); }
     QString label() const { return app.scanLabel(); }

@@ -43,8 +43,8 @@ class ShownReport : public QObject
     Q_PROPERTY(QString notPutBack READ notPutBack NOTIFY notPutBackChanged)
 
 public:
-    /// \a app must outlive it.
-    explicit ShownReport(AppViewModel &app, QObject *parent = nullptr);
+    /// \a shown must outlive it.
+    explicit ShownReport(AppViewModel &shown, QObject *parent = nullptr);
 
     /// The report as \a app has it, or a preview made of the selection.
     static CleanupReport reportOf(const AppViewModel &app);

@@ -33,8 +33,8 @@ public:
     enum class Screen { Landing, Scanning, Results, Report, Settings };
     Q_ENUM(Screen)
 
-    /// \a app must outlive it.
-    explicit Navigation(AppViewModel &app, QObject *parent = nullptr);
+    /// \a shown must outlive it.
+    explicit Navigation(AppViewModel &shown, QObject *parent = nullptr);
 
     static QList<RailItem> rail();
     int activeItem() const; ///< Its place in the rail.

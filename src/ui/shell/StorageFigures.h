@@ -44,8 +44,8 @@ class StorageFigures : public QObject
     Q_PROPERTY(QList<tidlo::CategoryFigure> categories READ categories NOTIFY categoriesChanged)
 
 public:
-    /// \a app must outlive it.
-    explicit StorageFigures(AppViewModel &app, QObject *parent = nullptr);
+    /// \a shown must outlive it.
+    explicit StorageFigures(AppViewModel &shown, QObject *parent = nullptr);
 
     QString diskStatus() const; ///< "Ready" as long as nothing is known of the disk.
     double usedShare() const;
