@@ -26,7 +26,7 @@ void WindowHandle::mouseMoveEvent(QMouseEvent *event)
     if (!isHeld || way.manhattanLength() < QGuiApplication::styleHints()->startDragDistance())
         return;
     isHeld = false;
-    if (edges)
+    if (edges != Qt::Edges())
         window()->startSystemResize(edges);
     else
         window()->startSystemMove();
