@@ -35,7 +35,7 @@ def parse(text):
         table = help.tables.setdefault(lines[0].removesuffix(":"), [])
         for line in lines[1:]:
             row = re.fullmatch(r"  (\S.*?)(?: {2,}(.*))?", line)
-            longer = re.fullmatch(r"  (-\S.*?>) (\S.*)", line)  # A term as wide as its column.
+            longer = re.fullmatch(r"  (-\S.*?>|[A-Z_]+) (\S.*)", line)  # A term as wide as its column.
             if re.match(r" {3}", line):
                 table[-1][1] = (table[-1][1] + " " + line.strip()).strip()
             elif longer:
@@ -114,12 +114,14 @@ def bash(program, help, commands):
 
     named = "\n".join(f"        {command}) words='{words(its)}' ;;" for command, its in commands)
     first = " ".join([command for command, _ in commands] + [words(help)])
-    cases = f"    case ${{COMP_WORDS[1]}} in\n{named}\n    esac\n" if commands else ""
+    cases = f"    [[ $COMP_CWORD -eq 1 ]] || case ${{COMP_WORDS[1]}} in\n{named}\n    esac\n" if commands else ""
+    paths = {spelling for its in [help, *(its for _, its in commands)]
+             for spellings, value, _ in optionsOf(its) if isPath(value) for spelling in spellings}
     name = program.replace("-", "_")
     return (f"# Completion of {program} for bash. Made from its --help.\n_{name}()\n{{\n"
             f"    local words='{first}'\n{cases}"
-            "    local word=${COMP_WORDS[COMP_CWORD]}\n"
-            "    mapfile -t COMPREPLY < <(compgen -W \"$words\" -- \"$word\")\n}\n"
+            f"    case ${{COMP_WORDS[COMP_CWORD - 1]}} in {'|'.join(sorted(paths))}) words= ;; esac\n"
+            "    mapfile -t COMPREPLY < <(compgen -W \"$words\" -- \"${COMP_WORDS[COMP_CWORD]}\")\n}\n"
             f"complete -o bashdefault -o default -F _{name} {program}\n")
 
 
