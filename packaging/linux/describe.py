@@ -52,6 +52,8 @@ def helpOf(*command):
 
 # Manual pages
 
+PAGES = {"tidlo": 1, "tidlo-cli": 1, "tidlo-proxy": 8}
+
 
 def roff(text):
     return re.sub(r"^([.'])", r"\\&\1", text.replace("\\", "\\e").replace("-", "\\-"))
@@ -75,9 +77,9 @@ def body(help):
             yield from rows(table)
 
 
-def page(name, section, says, help, about, commands=()):
+def page(name, says, help, about, commands=()):
     version, date = about
-    lines = [f'.TH {name.upper()} {section} {date} "Tidlo {version}"', ".SH NAME", f"{name} \\- {says}", ".SH SYNOPSIS"]
+    lines = [f'.TH {name.upper()} {PAGES[name]} {date} "Tidlo {version}"', ".SH NAME", f"{name} \\- {says}", ".SH SYNOPSIS"]
     for usage in help.usage:
         lines += [".B " + roff(usage)]
     lines += [".SH DESCRIPTION", *body(Help(paragraphs=help.paragraphs))]
@@ -85,7 +87,8 @@ def page(name, section, says, help, about, commands=()):
         lines += [".SH COMMANDS"]
     for command, its in commands:
         lines += [".SS " + roff(command), *(".B " + roff(usage) for usage in its.usage), *body(own(its, help))]
-    return "\n".join(lines + list(body(Help(tables=help.tables)))) + "\n"
+    others = ", ".join(f"{roff(other)}({section})" for other, section in PAGES.items() if other != name)
+    return "\n".join([*lines, *body(Help(tables=help.tables)), '.SH "SEE ALSO"', others]) + "\n"
 
 
 def own(help, general):
@@ -174,10 +177,10 @@ def write(folder, name, text):
         file.write(text)
 
 
-def describe(folder, program, section, says, path, about, others=()):
+def describe(folder, program, says, path, about):
     help = helpOf(path)
     commands = [(command, helpOf(path, command)) for command, _ in help.tables.get("Commands", [])]
-    write(folder, f"man/{program}.{section}", page(program, section, says, help, about, commands))
+    write(folder, f"man/{program}.{PAGES[program]}", page(program, says, help, about, commands))
     write(folder, f"bash/{program}", bash(program, help, commands))
     write(folder, f"zsh/_{program}", zsh(program, help, commands))
     write(folder, f"fish/{program}.fish", fish(program, help, commands))
@@ -186,11 +189,11 @@ def describe(folder, program, section, says, path, about, others=()):
 def main(folder, version, date, cli, proxy, window):
     about = (version, date)
     with open(window, encoding="utf-8") as file:
-        write(folder, "man/tidlo.1", page("tidlo", 1, "find files that can be removed, and move them to the Trash",
+        write(folder, "man/tidlo.1", page("tidlo", "find files that can be removed, and move them to the Trash",
                                           parse(file.read()), about))
-    describe(folder, "tidlo-cli", 1, "the same as tidlo, without a window", cli, about)
+    describe(folder, "tidlo-cli", "the same as tidlo, without a window", cli, about)
     if proxy:
-        describe(folder, "tidlo-proxy", 8, "the service that explains what Tidlo found", proxy, about)
+        describe(folder, "tidlo-proxy", "the service that explains what Tidlo found", proxy, about)
 
 
 main(*sys.argv[1:])
