@@ -49,12 +49,16 @@ endif()
 
 set(TIDLO_SANITIZERS "" CACHE STRING "Value for -fsanitize, or nothing")
 if(TIDLO_SANITIZERS)
-    add_compile_options(-fsanitize=${TIDLO_SANITIZERS} -fno-omit-frame-pointer -fno-sanitize-recover=all -Og -g1)
+    add_compile_options(-fsanitize=${TIDLO_SANITIZERS} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+    add_compile_options($<$<CXX_COMPILER_ID:Clang>:-fno-sanitize=function>) # Clang 14 cannot do that with coroutines.
     # What a sanitizer adds to the code hides from GCC that an empty optional's value is not read.
     add_compile_options($<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
     # Its memory may grow threefold before it is collected, which takes a tenth of the time and more.
     add_compile_options($<$<CXX_COMPILER_ID:GNU>:--param=ggc-min-expand=200>)
     add_link_options(-fsanitize=${TIDLO_SANITIZERS})
+    if(NOT APPLE)
+        add_link_options(-fuse-ld=lld)
+    endif()
 else()
     # What makes a mistake with memory harder to misuse. Fortified calls exist only in optimised code.
     set(optimised "$<CONFIG:Release,RelWithDebInfo,MinSizeRel>")
@@ -72,7 +76,6 @@ endif()
 option(TIDLO_FUZZ "Have the targets in tests/fuzz make up their input, which takes clang and sanitizers" OFF)
 if(TIDLO_FUZZ)
     add_compile_options(-fsanitize=fuzzer-no-link) # All that they link tells where it was led.
-    add_compile_options(-fno-sanitize=function)    # Clang 14 cannot do that with coroutines.
 endif()
 # Takes less than half the time, since what all of them make of the same templates is made once. Names in unnamed
 # namespaces must differ within a target, therefore.

@@ -1,5 +1,8 @@
 # What most sources include, read once for all of them. Elsewhere every source must include what it needs itself.
 option(TIDLO_PRECOMPILE "Precompile headers" OFF)
+if(TIDLO_PRECOMPILE) # When the headers were written is of no matter to ccache, then.
+    add_compile_options("$<$<CXX_COMPILER_ID:Clang>:SHELL:-Xclang -fno-pch-timestamp>")
+endif()
 
 # tidlo_precompiled_headers(name LINKS targets... HEADERS headers...): the headers, and whom they belong to.
 function(tidlo_precompiled_headers name)

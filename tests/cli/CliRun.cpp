@@ -61,6 +61,7 @@ void prepareCli(QProcess &process, const TemporaryHome &home, const QByteArrayLi
     process.setArguments(texts);
     process.setProcessEnvironment(environmentFor(home, setup.environment));
     process.setStandardInputFile(QProcess::nullDevice());
+    process.setWorkingDirectory(QFile::decodeName(setup.workingFolder));
     if (setup.inChild)
         process.setChildProcessModifier(setup.inChild);
 }

@@ -22,6 +22,7 @@ struct CliRun
 /// How a run differs from the ordinary.
 struct CliSetup
 {
+    FilePath workingFolder = {};        ///< That of the tests where it is empty.
     QByteArrayList environment = {};    ///< NAME=value, or NAME alone to have none of that name.
     std::function<void()> inChild = {}; ///< Called in the new process before it becomes tidlo-cli.
 };

@@ -353,21 +353,21 @@ TEST_F(ModelRelayTest, TakesNoAnswerWithoutEnd)
         {"HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n1;", QByteArray(65'536, 'a')},
         {"HTTP/1.1 200 OK\r\nA: ", QByteArray(65'536, 'a')},
         {"", "HTTP/1.1 103 Early\r\nA: " + QByteArray(4'096, 'a') + "\r\n\r\n"}};
-    for (const auto &[start, more] : endless) {
+    for (const auto &answer : endless) {
         qint64 sent = 0;
         const ScriptedServer server(localhost(), [&](QSslSocket &connection, const ScriptedServer::Request &) {
-            connection.write(start);
+            connection.write(answer.first);
             QObject::connect(&connection, &QSslSocket::encryptedBytesWritten, &connection, [&](qint64) {
                 while (connection.bytesToWrite() + connection.encryptedBytesToWrite() < 1'000'000 && sent < most)
-                    sent += connection.write(more);
+                    sent += connection.write(answer.second);
                 if (sent >= most)
                     connection.disconnectFromHost();
             });
-            sent += connection.write(more);
+            sent += connection.write(answer.second);
         });
         const std::string said = told(ask(server.host()));
         EXPECT_TRUE(said == silent || said == unreachable) << said;
-        EXPECT_LT(sent, most / 2) << start.constData(); // What the system takes by itself is a few MB.
+        EXPECT_LT(sent, most / 2) << answer.first.constData(); // What the system takes by itself is a few MB.
     }
 }
 

@@ -7,8 +7,6 @@
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
-#include <unistd.h>
-
 namespace tidlo {
 
 namespace {
@@ -76,12 +74,11 @@ TEST(RestoreCommand, TakesARelativePathFromTheWorkingFolderAndThroughLinks)
 {
     const auto home = cleanedHome();
     home->link("way", "Sites");
-    const CliSetup inHome{.environment = {}, .inChild = [&] { EXPECT_EQ(chdir((*home / "way").constData()), 0); }};
+    const CliSetup inHome{.workingFolder = *home / "way", .environment = {}, .inChild = {}};
     EXPECT_EQ(runCli(*home, {"restore", "--yes", "one/node_modules/"}, inHome).status, 0);
     EXPECT_EQ(runCli(*home, {"restore", "--yes", *home / "way/two"}).status, 0);
     EXPECT_EQ(existing({*home / "Sites/one/node_modules", *home / "Sites/two/node_modules"}).size(), 2);
-    const CliSetup inDownloads{.environment = {},
-                               .inChild = [&] { EXPECT_EQ(chdir((*home / "Downloads").constData()), 0); }};
+    const CliSetup inDownloads{.workingFolder = *home / "Downloads", .environment = {}, .inChild = {}};
     EXPECT_EQ(runCli(*home, {"restore", "--yes", "."}, inDownloads).status, 0);
     EXPECT_THAT(trashed(*home), ElementsAre("pip"));
 }
@@ -89,7 +86,7 @@ TEST(RestoreCommand, TakesARelativePathFromTheWorkingFolderAndThroughLinks)
 TEST(RestoreCommand, TakesAnyWayToWhatIsGoneAndNothingForAnEmptyName)
 {
     const auto home = cleanedHome();
-    const CliSetup inHome{.environment = {}, .inChild = [&] { EXPECT_EQ(chdir(home->path().constData()), 0); }};
+    const CliSetup inHome{.workingFolder = home->path(), .environment = {}, .inChild = {}};
     const CliRun empty = runCli(*home, {"restore", "--yes", ""}, inHome);
     EXPECT_EQ(empty.status, 2);
     EXPECT_THAT(empty.errors.toStdString(), HasSubstr("A path is empty."));

@@ -116,7 +116,7 @@ TEST(SpareCommand, TakesBackWhatIsGoneByAnyWayToItAndNothingForAnEmptyName)
     const FilePath working = home.folder("here");
     runCli(home, {"spare", folder, working});
     ASSERT_EQ(rmdir(folder.constData()), 0);
-    const CliSetup inWorking{.environment = {}, .inChild = [&] { EXPECT_EQ(chdir(working.constData()), 0); }};
+    const CliSetup inWorking{.workingFolder = working, .environment = {}, .inChild = {}};
     EXPECT_EQ(runCli(home, {"spare", "--remove", ""}, inWorking).status, 2);
     EXPECT_EQ(runCli(home, {"spare", "--remove", "../in/./other/../gone/"}, inWorking).output,
               "Never suggested:\n  " + working + '\n');
