@@ -5,12 +5,23 @@
 #include <QGuiApplication>
 #include <QScreen>
 
+#include <mutex>
+
 namespace tidlo {
 
 namespace {
 
+void loadFonts()
+{
+    const QDir fonts(QStringLiteral(":/fonts"));
+    for (const QString &name : fonts.entryList())
+        QFontDatabase::addApplicationFont(fonts.filePath(name));
+}
+
 QFont fontOf(const QString &family, double points, int weight)
 {
+    static std::once_flag areLoaded;
+    std::call_once(areLoaded, loadFonts);
     constexpr double pointsInAnInch = 72; // As a font counts, whatever the screen.
     const QScreen *screen = QGuiApplication::primaryScreen();
     const double pixelsInAnInch = screen ? screen->logicalDotsPerInch() : 96;
@@ -23,17 +34,6 @@ QFont fontOf(const QString &family, double points, int weight)
 
 } // namespace
 
-void TidloType::loadFonts()
-{
-    static const bool loaded = [] {
-        const QDir fonts(QStringLiteral(":/fonts"));
-        for (const QString &name : fonts.entryList())
-            QFontDatabase::addApplicationFont(fonts.filePath(name));
-        return true;
-    }();
-    Q_UNUSED(loaded)
-}
-
 void TidloType::setScale(double scale)
 {
     if (scale == textScale)
@@ -44,13 +44,11 @@ void TidloType::setScale(double scale)
 
 QFont TidloType::system(double points, int weight, double scale)
 {
-    loadFonts();
     return fontOf(QStringLiteral("Inter"), points * scale, weight);
 }
 
 QFont TidloType::rounded(double points, int weight, double scale)
 {
-    loadFonts();
     return fontOf(QStringLiteral("Quicksand"), points * scale, weight);
 }
 

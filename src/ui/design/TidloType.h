@@ -6,7 +6,8 @@
 
 namespace tidlo {
 
-/// The type scale. Sizes are points, and one point is one device-independent pixel. Main thread.
+/// The type scale, in the fonts that come with the application; where one of them cannot be loaded, the platform's
+/// default takes its place. Sizes are points, and one point is one device-independent pixel. Main thread.
 class TidloType : public QObject
 {
     Q_OBJECT
@@ -34,10 +35,6 @@ class TidloType : public QObject
     Q_PROPERTY(QFont caption READ caption NOTIFY scaleChanged)
 
 public:
-    /// Makes the fonts that come with the application known, once. Where one of them cannot be loaded, the platform's
-    /// default takes its place.
-    static void loadFonts();
-
     double scale() const { return textScale; }
     void setScale(double scale);
 

@@ -43,7 +43,6 @@ void registerQmlModules()
     qml_register_types_Tidlo_Design();
     qml_register_types_Tidlo_Screens();
     qml_register_types_Tidlo_Shell();
-    TidloType::loadFonts();
 }
 
 TidloApp::TidloApp(AppEnvironment environment)

@@ -10,8 +10,8 @@ class QQuickWindow;
 
 namespace tidlo {
 
-/// Makes the modules Tidlo.Design, Tidlo.Screens and Tidlo.Shell known to QML, with the fonts, before the first engine
-/// loads anything. Needs an application object.
+/// Makes the modules Tidlo.Design, Tidlo.Screens and Tidlo.Shell known to QML, before the first engine loads anything.
+/// Needs an application object.
 void registerQmlModules();
 
 /// The application: makes what there is one of, and opens the window on it. Main thread.
