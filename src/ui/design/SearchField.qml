@@ -14,8 +14,8 @@ T.TextField {
     bottomPadding: 7
     font: TidloType.system(13, Font.Normal, TidloType.scale)
     color: TidloTheme.primaryText
-    selectionColor: TidloTheme.faded(TidloTheme.blue, 0.45)
-    selectedTextColor: TidloTheme.primaryText
+    selectionColor: TidloTheme.selection
+    selectedTextColor: TidloTheme.selectedText
     placeholderTextColor: TidloTheme.mutedText
     selectByMouse: true
 

@@ -16,8 +16,8 @@ TextEdit {
     activeFocusOnTab: true
     textFormat: TextEdit.PlainText
     wrapMode: TextEdit.Wrap
-    selectionColor: TidloTheme.faded(TidloTheme.blue, 0.45)
-    selectedTextColor: TidloTheme.primaryText
+    selectionColor: TidloTheme.selection
+    selectedTextColor: TidloTheme.selectedText
 
     Accessible.role: Accessible.StaticText
     Accessible.name: qsTr("%1: %2").arg(root.name).arg(root.text)

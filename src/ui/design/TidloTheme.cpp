@@ -62,14 +62,8 @@ QColor mix(const SchemeColor &color, double darkness)
 
 constexpr Rgba black = blackAt(1);
 
-// What others are drawn on.
 constexpr SchemeColor card{{0.122, 0.192, 0.212}, white};
 constexpr SchemeColor control{{0.098, 0.153, 0.169}, {0.878, 0.929, 0.941}};
-constexpr SchemeColor window{{0.055, 0.086, 0.094}, {0.953, 0.973, 0.976}};
-constexpr SchemeColor topBar{{0.035, 0.055, 0.063}, white};
-constexpr SchemeColor rail{{0.035, 0.055, 0.063}, {0.898, 0.937, 0.945}};
-constexpr SchemeColor sidebar{{0.071, 0.11, 0.122}, {0.918, 0.949, 0.957}};
-constexpr SchemeColor gray{bytes(152, 152, 157), bytes(142, 142, 147)};
 constexpr SchemeColor accentBlue{{0.388, 0.682, 0.718}, {0.388, 0.682, 0.718}};
 constexpr SchemeColor accentGreen{{0.502, 0.741, 0.769}, {0.502, 0.741, 0.769}};
 
@@ -86,12 +80,11 @@ enum class Role {
 constexpr double ofText = 4.5;   ///< The contrast that a text of any size needs,
 constexpr double ofSymbol = 3.0; ///< and a symbol.
 
+/// Where contrast is least: no surface is lighter in the dark scheme than a card, or darker in the light one than a
+/// control.
 QList<QColor> surfacesOf(Rgba SchemeColor::*scheme)
 {
-    QList<QColor> surfaces;
-    for (const SchemeColor &surface : {card, control, window, topBar, rail, sidebar})
-        surfaces.append(colorOf(surface.*scheme));
-    return surfaces;
+    return {colorOf(card.*scheme), colorOf(control.*scheme)};
 }
 
 QColor contrastingHue(const SchemeColor &hue, Rgba SchemeColor::*scheme)
@@ -99,18 +92,13 @@ QColor contrastingHue(const SchemeColor &hue, Rgba SchemeColor::*scheme)
     return withContrast(colorOf(hue.*scheme), {.surfaces = surfacesOf(scheme), .ownTint = 0.22}, ofText);
 }
 
-/// The surfaces, and what the tints make of them: of a chosen line, a card, and what the pointer is on.
+/// Beneath the strongest tint that a text is drawn on, that of a chosen line.
 QList<QColor> tintedSurfacesOf(Rgba SchemeColor::*scheme)
 {
-    const QList<QColor> tints{TidloTheme::faded(contrastingHue(accentBlue, scheme), 0.3),
-                              TidloTheme::faded(contrastingHue(accentGreen, scheme), 0.16),
-                              TidloTheme::faded(colorOf(gray.*scheme), 0.18)};
-    QList<QColor> all = surfacesOf(scheme);
-    for (const QColor &surface : surfacesOf(scheme)) {
-        for (const QColor &tint : tints)
-            all.append(laidOver(tint, surface));
-    }
-    return all;
+    QList<QColor> surfaces = surfacesOf(scheme);
+    for (QColor &surface : surfaces)
+        surface = laidOver(TidloTheme::faded(contrastingHue(accentBlue, scheme), 0.3), surface);
+    return surfaces;
 }
 
 QColor readable(const SchemeColor &color, Rgba SchemeColor::*scheme, Role role)
@@ -256,6 +244,16 @@ QColor TidloTheme::solid(const QColor &color, double opacity) const
     return highContrast ? laidOver(color, color) : faded(color, opacity);
 }
 
+QColor TidloTheme::selection() const
+{
+    return highContrast ? green() : faded(blue(), 0.45);
+}
+
+QColor TidloTheme::selectedText() const
+{
+    return highContrast ? accentLabel() : primaryText();
+}
+
 QColor TidloTheme::blended(const QColor &from, const QColor &to, double share)
 {
     return mix({.dark = rgbaOf(to), .light = rgbaOf(from)}, share);
@@ -289,18 +287,18 @@ TIDLO_COLOR(controlSurface, surface, control)
 TIDLO_COLOR(controlBorder, line, whiteAt(0.12), {0.737, 0.824, 0.839})
 TIDLO_COLOR(primaryText, text, {0.89, 0.91, 0.918}, {0.059, 0.118, 0.129})
 TIDLO_COLOR(mutedText, text, {0.51, 0.612, 0.624}, {0.255, 0.361, 0.388})
-TIDLO_COLOR(windowBackground, surface, window)
-TIDLO_COLOR(topBarBackground, surface, topBar)
-TIDLO_COLOR(railBackground, surface, rail)
+TIDLO_COLOR(windowBackground, surface, {0.055, 0.086, 0.094}, {0.953, 0.973, 0.976})
+TIDLO_COLOR(topBarBackground, surface, {0.035, 0.055, 0.063}, white)
+TIDLO_COLOR(railBackground, surface, {0.035, 0.055, 0.063}, {0.898, 0.937, 0.945})
 TIDLO_COLOR(railSymbol, symbol, whiteAt(0.68), {0.255, 0.361, 0.388})
-TIDLO_COLOR(sidebarBackground, surface, sidebar)
+TIDLO_COLOR(sidebarBackground, surface, {0.071, 0.11, 0.122}, {0.918, 0.949, 0.957})
 TIDLO_COLOR(systemBlue, hue, bytes(10, 132, 255), bytes(0, 122, 255))
 TIDLO_COLOR(systemMint, hue, bytes(99, 230, 226), bytes(0, 199, 190))
 TIDLO_COLOR(systemPurple, hue, bytes(191, 90, 242), bytes(175, 82, 222))
 TIDLO_COLOR(systemYellow, hue, bytes(255, 214, 10), bytes(255, 204, 0))
 TIDLO_COLOR(systemOrange, hue, bytes(255, 159, 10), bytes(255, 149, 0))
 TIDLO_COLOR(systemRed, hue, bytes(255, 69, 58), bytes(255, 59, 48))
-TIDLO_COLOR(systemGray, surface, gray)
+TIDLO_COLOR(systemGray, surface, bytes(152, 152, 157), bytes(142, 142, 147))
 TIDLO_COLOR(secondaryLabel, text, whiteAt(0.55), blackAt(0.5))
 TIDLO_COLOR(divider, line, whiteAt(0.1), blackAt(0.1))
 

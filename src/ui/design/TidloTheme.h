@@ -53,6 +53,9 @@ class TidloTheme : public QObject
     Q_PROPERTY(QColor railBackground READ railBackground NOTIFY colorsChanged)
     Q_PROPERTY(QColor railSymbol READ railSymbol NOTIFY colorsChanged)
     Q_PROPERTY(QColor sidebarBackground READ sidebarBackground NOTIFY colorsChanged)
+    /// What lies behind a text that is selected, and the text.
+    Q_PROPERTY(QColor selection READ selection NOTIFY colorsChanged)
+    Q_PROPERTY(QColor selectedText READ selectedText NOTIFY colorsChanged)
 
     // The platform's own.
     Q_PROPERTY(QColor systemBlue READ systemBlue NOTIFY colorsChanged)
@@ -103,6 +106,8 @@ public:
     QColor railBackground() const;
     QColor railSymbol() const;
     QColor sidebarBackground() const;
+    QColor selection() const;
+    QColor selectedText() const;
     QColor systemBlue() const;
     QColor systemMint() const;
     QColor systemPurple() const;

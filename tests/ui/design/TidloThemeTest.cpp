@@ -336,46 +336,56 @@ TEST(TidloTheme, NumbersMixAsTheSchemesDo)
     EXPECT_DOUBLE_EQ(TidloTheme::mixed(0.5, 0.2, 0.1), 0.15);
 }
 
-TEST_F(TidloThemeTest, WithHighContrastWhateverIsReadStandsOutOnEverySurface)
+TEST_F(TidloThemeTest, WithHighContrastWhateverIsReadStandsOutOnWhateverItIsDrawnOn)
 {
     for (const char *preference : {"dark", "light"}) {
         theme.setHighContrast(false);
         theme.setPreference(QLatin1StringView(preference));
         waitUntil([&] { return theme.darkness() == (theme.isDark() ? 1 : 0); });
         const auto colorOf = [this](const char *name) { return theme.property(name).value<QColor>(); };
-        Grounds grounds;
         std::map<const char *, QColor> plain;
         for (const NamedColor &color : colors)
             plain.emplace(color.name, colorOf(color.name));
-        for (const char *surface : {"cardSurface", "controlSurface", "windowBackground", "topBarBackground",
-                                    "railBackground", "sidebarBackground"})
-            grounds.surfaces.append(colorOf(surface));
-        const Grounds tinted{.surfaces = grounds.surfaces, .ownTint = 0.18};
 
         EXPECT_EQ(times(&TidloTheme::colorsChanged, [this] { theme.setHighContrast(true); }), 1);
 
+        Grounds grounds;
+        Grounds tinted;
         for (const char *surface : {"cardSurface", "controlSurface", "windowBackground", "topBarBackground",
-                                    "railBackground", "sidebarBackground", "systemGray"})
+                                    "railBackground", "sidebarBackground"}) {
             EXPECT_EQ(colorOf(surface), plain.at(surface)) << surface;
+            grounds.surfaces.append(plain.at(surface));
+            tinted.surfaces.append(plain.at(surface));
+            for (const QColor &tint : {TidloTheme::faded(theme.blue(), 0.3), TidloTheme::faded(theme.green(), 0.16),
+                                       TidloTheme::faded(theme.systemGray(), 0.18)})
+                tinted.surfaces.append(laidOver(tint, plain.at(surface)));
+        }
+        EXPECT_EQ(theme.systemGray(), plain.at("systemGray"));
         for (const char *text : {"primaryText", "mutedText", "secondaryLabel"})
-            EXPECT_GE(leastContrast(colorOf(text), grounds), 4.5) << text << preference;
+            EXPECT_GE(leastContrast(colorOf(text), tinted), 4.5) << text << preference;
         EXPECT_GE(leastContrast(colorOf("railSymbol"), grounds), 3) << preference;
+        grounds.ownTint = 0.22;
         for (const char *hue : {"blue", "green", "red", "systemBlue", "systemMint", "systemPurple", "systemYellow",
                                 "systemOrange", "systemRed"}) {
-            EXPECT_GE(leastContrast(colorOf(hue), tinted), 4.5) << hue << preference;
+            EXPECT_GE(leastContrast(colorOf(hue), grounds), 4.5) << hue << preference;
             EXPECT_NEAR(colorOf(hue).hslHueF(), plain.at(hue).hslHueF(), 0.01) << hue << preference;
             EXPECT_NEAR(colorOf(hue).hslSaturationF(), plain.at(hue).hslSaturationF(), 0.01) << hue << preference;
         }
         EXPECT_GE(leastContrast(theme.accentLabel(), {.surfaces = {theme.green()}}), 4.5) << preference;
+        EXPECT_EQ(theme.selection().alphaF(), 1);
+        EXPECT_GE(contrastBetween(theme.selectedText(), theme.selection()), 4.5) << preference;
         for (const char *line : {"controlBorder", "divider"})
             EXPECT_EQ(colorOf(line).alphaF(), 1) << line;
         EXPECT_EQ(theme.solid(theme.red(), 0.35), theme.red());
+        EXPECT_EQ(times(&TidloTheme::colorsChanged, [this] { theme.setHighContrast(true); }), 0);
 
         theme.setHighContrast(false);
         for (const NamedColor &color : colors)
             EXPECT_EQ(colorOf(color.name), plain.at(color.name)) << color.name;
         EXPECT_EQ(theme.solid(theme.red(), 0.35), TidloTheme::faded(theme.red(), 0.35));
         EXPECT_EQ(theme.accentLabel(), QColor(Qt::black));
+        EXPECT_EQ(theme.selection(), TidloTheme::faded(theme.blue(), 0.45));
+        EXPECT_EQ(theme.selectedText(), theme.primaryText());
     }
 }
 
