@@ -5,6 +5,10 @@
 #include "ui/design/TidloType.h"
 #include "ui/shell/WindowChromeConfigurator.h"
 
+#include <QGuiApplication>
+#include <QIcon>
+#include <QPalette>
+#include <QPixmap>
 #include <QQmlEngine>
 #include <QQuickItem>
 #include <QQuickWindow>
@@ -70,6 +74,12 @@ TEST_F(TidloAppTest, OpensOneWindowOnTheLandingScreen)
     EXPECT_EQ(window->title(), QStringLiteral("Tidlo — AI Storage Cleaner"));
     EXPECT_EQ(tidlo().model().section(), AppSection::scan);
     EXPECT_EQ(tidlo().model().phase(), ScanPhase::ready);
+}
+
+TEST_F(TidloAppTest, ListsOfWindowsShowTheLogoBesideIt)
+{
+    tidlo();
+    EXPECT_FALSE(QGuiApplication::windowIcon().pixmap(64).isNull());
 }
 
 TEST_F(TidloAppTest, TheButtonsOfTheWindowStandInTheMiddleOfTheBarFromTwentyPointsOn)
@@ -164,6 +174,20 @@ TEST_F(TidloAppTest, HeedsTheSchemeThatTheDesktopWishesWhileItIsToldToBeAsTheSys
 
     environment.defaults->set(UserDefaults::theme, QStringLiteral("dark"));
     EXPECT_TRUE(theme().isDark());
+}
+
+TEST_F(TidloAppTest, LeavesTheSchemeToThePlatformWhereTheDesktopWishesNone)
+{
+    QPalette dark;
+    dark.setColor(QPalette::Window, Qt::black);
+    dark.setColor(QPalette::WindowText, Qt::white);
+    QGuiApplication::setPalette(dark);
+    environment.defaults->set(UserDefaults::theme, QStringLiteral("system"));
+
+    tidlo().heed({});
+
+    EXPECT_TRUE(theme().isDark());
+    QGuiApplication::setPalette(QPalette());
 }
 
 TEST_F(TidloAppTest, ReducesMotionWhereTheDesktopWishesItAsLongAsItDoes)

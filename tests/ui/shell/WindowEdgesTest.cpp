@@ -83,6 +83,20 @@ TEST_F(WindowEdgesTest, TheWindowIsHeldByThemWhileAQuestionIsOpen)
     EXPECT_EQ(qobject_cast<WindowHandle *>(heldAt({600, 60})), nullptr) << "beneath the bar it is not";
 }
 
+TEST_F(WindowEdgesTest, TheEdgesAreThinnerInASmallWindow)
+{
+    if (WindowChromeConfigurator::isNative())
+        GTEST_SKIP() << "The system does it.";
+    EXPECT_EQ(edgesAt({4, 300}), Qt::LeftEdge);
+
+    tidlo->window()->setMinimumSize({});
+    tidlo->window()->resize(1012, 540);
+    QCoreApplication::processEvents();
+
+    EXPECT_EQ(edgesAt({2, 300}), Qt::LeftEdge);
+    EXPECT_EQ(edgesAt({4, 300}), Qt::Edges());
+}
+
 TEST_F(WindowEdgesTest, AQuestionIsDrawnAsSmallAsTheWindow)
 {
     tidlo->window()->setMinimumSize({});

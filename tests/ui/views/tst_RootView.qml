@@ -11,6 +11,10 @@ ViewCase {
         }
     }
 
+    function cleanup() {
+        Fit.scale = 1;
+    }
+
     function test_the_parts_are_where_they_should_be() {
         const bar = item("topBar"), rail = item("rail"), sidebar = item("sidebar");
         compare([bar.x, bar.y, bar.width, bar.height], [0, 0, 1350, 46]);
@@ -136,6 +140,15 @@ ViewCase {
         fuzzyCompare(lies.top + lies.height / 2, place(button).top + button.height / 2, 1);
         mouseMove(shown, 600, 20);
         tryVerify(() => !tip.visible);
+    }
+
+    function test_a_tip_is_drawn_as_small_as_the_window() {
+        const button = item("rail1"), tip = Array.from(button.data).find(part => part.delay !== undefined);
+        Fit.scale = 0.8;
+        mouseMove(button);
+        tryVerify(() => tip.opened);
+        fuzzyCompare(tip.contentItem.mapToItem(shown, 0, 0, tip.contentItem.width, 0).width, tip.contentItem.width * 0.8, 0.01);
+        mouseMove(shown, 600, 20);
     }
 
     function test_arrows_move_along_the_rail() {
