@@ -63,8 +63,9 @@ class Screen:
         """None if there is none yet."""
         return next((node["id"] for node in self._windows() if node["pid"] == process), None)
 
-    def follow(self, _window, written):
+    def follow(self, window, written):
         """From now on it is known what the program of a window asks for, from the file that it writes to."""
+        self.window = window
         self.written, self.read = written.fileno(), 0
         self.is_held = self.is_button_down = False
         self.is_asked_to_minimise = False
@@ -82,6 +83,7 @@ class Screen:
                 self.is_held = False
             elif "-> xdg_toplevel@" in line and ".set_minimized(" in line:
                 self.is_asked_to_minimise = True
+                self._run(f"[con_id={self.window}] move scratchpad")  # Where nobody sees it.
             elif "-> wl_data_offer@" in line and ".accept(" in line:
                 self.answers += 1
 
@@ -98,7 +100,7 @@ class Screen:
         return self.answers
 
     def is_minimised(self, _window):
-        """Sway leaves it where it is, so the wish counts."""
+        """Sway leaves it where it is; what other compositors do is done here."""
         self._heed()
         return self.is_asked_to_minimise
 
@@ -121,6 +123,10 @@ class Screen:
     def title(self, window):
         """By which lists of windows name it."""
         return self._node(window)["name"]
+
+    def application(self, window):
+        """By which the desktop finds what it knows of the program."""
+        return self._node(window)["app_id"]
 
     def frame_extents(self, window):
         """How far the frame of the compositor reaches beyond it: left, right, top and bottom."""

@@ -56,6 +56,9 @@ class Chrome(unittest.TestCase):
     def test_lists_of_windows_name_it_by_its_title_alone(self):
         self.assertEqual(self.window.screen.title(self.window.native), "Tidlo — AI Storage Cleaner")
 
+    def test_the_desktop_knows_which_program_it_is_of(self):
+        self.assertEqual(self.window.screen.application(self.window.native), "com.tidlo.storagecleaner")
+
     def test_a_change_of_theme_keeps_it_bare(self):
         self.window.click("push button", "Theme: Dark")
         self.window.wait("push button", "Theme: Light")

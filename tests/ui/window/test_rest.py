@@ -45,6 +45,7 @@ class Rest(unittest.TestCase):
 
     def test_while_it_is_minimised(self):
         self.window.click("push button", "Minimise")
+        eventually_seen("the window is minimised", lambda: self.window.is_minimised)
         eventually_seen("the window rests", self.rests())
 
         self.window.activate()

@@ -99,6 +99,10 @@ class Screen:
         """By which lists of windows name it."""
         return bytes(self.property(window, "_NET_WM_NAME")).decode()
 
+    def application(self, window):
+        """By which the desktop finds what it knows of the program."""
+        return bytes(self.property(window, "WM_CLASS")).decode().split("\0")[1]
+
     def frame_extents(self, window):
         """How far the system's frame reaches beyond it: left, right, top and bottom."""
         return self.property(window, "_NET_FRAME_EXTENTS")
