@@ -201,6 +201,22 @@ TEST_F(ExplainCommand, AsksAlsoWhereTheWindowDoesNotAndSaysSo)
     EXPECT_EQ(this->run(home, server, {"explain", "--prompt"}).errors, "");
 }
 
+TEST_F(ExplainCommand, AsksNobodyWhereTheEnvironmentNamesNoHost)
+{
+    const TemporaryHome home;
+    const QByteArray told = "TIDLO_AI_PROXY_HOST names no host, so nobody is asked: ";
+    const QByteArray failed = "tidlo-cli: No explanation came back.\n";
+    for (const auto &[named, errors] : {std::pair<QByteArray, QByteArray>{"", failed},
+                                        {"https://explain.example", told + "https://explain.example\n" + failed},
+                                        {"a\x1b[2Jb", told + "a\\x1b[2Jb\n" + failed}}) {
+        const CliRun run = runCli(home, {"explain"}, {.environment = {"TIDLO_AI_PROXY_HOST=" + named}});
+
+        EXPECT_EQ(run.status, 1);
+        EXPECT_EQ(run.output, "");
+        EXPECT_EQ(run.errors, errors);
+    }
+}
+
 TEST_F(ExplainCommand, ChangesNothing)
 {
     const auto home = homeToClean();
