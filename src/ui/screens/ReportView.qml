@@ -60,7 +60,6 @@ Item {
 
         Accessible.role: Accessible.Grouping
         Accessible.name: qsTr("Report")
-        Accessible.focusable: true
 
         ColumnLayout {
             id: column

@@ -69,6 +69,7 @@ class Accessibility(Case):
         self.go_to("Scan")
         self.check_all()
 
+        self.assertIn("focusable", self.window.find("panel", "AI-assisted deep clean").states)
         self.assertIn("checked", self.window.find("radio button", "Scan").states)
         for other in ("Results", "Report", "Settings"):
             self.assertNotIn("checked", self.window.find("radio button", other).states)
@@ -85,6 +86,7 @@ class Accessibility(Case):
         self.scanned()
         self.check_all()
 
+        self.assertIn("focusable", self.window.find("list", "Findings").states)
         projects = self.window.find("check box", "Rebuildable project folders, 41 KB, Rebuildable")
         self.assertIn("checked", projects.states)
         media = self.window.find("check box", "WhatsApp / Chat Media & Attachments, 20 KB, Review first")

@@ -10,8 +10,8 @@ from screen import Screen
 
 # Qt writes it where what a service is asked with is loaded as the program ends.
 AS_IT_ENDS = "qt.core.qobject.connect: QObject::connect(QObject, Unknown): invalid nullptr parameter\n"
-# Qt writes it where it has waited long enough for a screen reader to heed a key.
-BUSY_READER = re.compile(r'QSpiApplication::keyEventError  ".*"\n')
+# Qt writes it where it has waited long enough for a screen reader to heed a key, and where that does so after all.
+BUSY_READER = re.compile(r'QSpiApplication::(keyEventError  ".*"|notifyKeyboardListenerCallback with no queued key called)\n')
 
 
 class Element:
