@@ -124,6 +124,18 @@ ViewCase {
         compare(faint, []);
     }
 
+    function test_a_selected_text_stands_out() {
+        TidloTheme.isHighContrast = true;
+        const search = findChild(states().items(), "itemsSearch");
+        for (const theme of ["dark", "light"]) {
+            wear(theme);
+            for (const field of [item("explanation"), search]) {
+                compare(field.selectionColor.a, 1);
+                verify(contrast(field.selectedTextColor, 1, field.selectionColor) > 4.49, nameOf(field));
+            }
+        }
+    }
+
     function test_borders_are_opaque() {
         for (const theme of ["dark", "light"]) {
             TidloTheme.isHighContrast = false;
