@@ -1,6 +1,6 @@
 # What most sources include, read once for all of them. Elsewhere every source must include what it needs itself.
 option(TIDLO_PRECOMPILE "Precompile headers" OFF)
-if(TIDLO_PRECOMPILE) # When the headers were written is of no matter to ccache, then.
+if(TIDLO_PRECOMPILE) # When the headers were written is of no matter to ccache, then. Their folder is, with clang.
     add_compile_options("$<$<CXX_COMPILER_ID:Clang>:SHELL:-Xclang -fno-pch-timestamp>")
 endif()
 
