@@ -119,54 +119,54 @@ def small_disk(folder, size):
         subprocess.run(["umount", "--lazy", folder], check=True)
 
 
+@contextmanager
 def room_left(folder, room):
-    """Fills a file system until only so many bytes are left; gives the file that does."""
+    """A file, which is given, fills a file system until only so many bytes are left."""
     status = os.statvfs(folder)
     filler = folder / "tmp/filler"
     filler.parent.mkdir(exist_ok=True)
     with filler.open("wb") as file:
         os.posix_fallocate(file.fileno(), 0, max(status.f_bavail * status.f_frsize - room, 1))
-    return filler
+    yield filler
+    filler.unlink()
+
+
+@contextmanager
+def names_left(folder, count):
+    """A file system in memory takes no more than so many new files."""
+    status = os.statvfs(folder)
+    used = status.f_files - status.f_ffree + count
+    subprocess.run(["mount", "-o", f"remount,nr_inodes={used}", folder], check=True)
+    yield
+    subprocess.run(["mount", "-o", "remount,nr_inodes=4096", folder], check=True)
+
+
+def in_a_small_home(times, tools, limit):
+    """Each command where limit(folder, step) leaves the home only so much; all comes back without that."""
+    counts = {name: {} for name in COMMANDS}
+    for step in spread(32, times):
+        for name, words in COMMANDS.items():
+            with small_disk(tools.folder / "home", 4 << 20):
+                house = House(tools.folder / "home", large=2)
+                if name == "restore":
+                    attempt(tools, house, COMMANDS["clean"])
+                with limit(house.path, step):
+                    how = attempt(tools, house, words, TMPDIR=str(tools.folder))
+                counts[name][how] = counts[name].get(how, 0) + 1
+                if house.check():
+                    attempt(tools, house, COMMANDS["restore"])
+                require(house.check() == 0, "not all came back")
+    return "; ".join(f"{name}: {told(each)}" for name, each in counts.items())
 
 
 @case("full-home", "the disk of the home is full", "a home of 4 MB in memory with 0 to 32 free pages", 33)
 def full_home(times, tools):
-    counts = {name: {} for name in COMMANDS}
-    for step in spread(32, times):
-        for name, words in COMMANDS.items():
-            with small_disk(tools.folder / "home", 4 << 20):
-                house = House(tools.folder / "home", large=2)
-                if name == "restore":
-                    attempt(tools, house, COMMANDS["clean"])
-                filler = room_left(house.path, step * 4096)
-                how = attempt(tools, house, words, TMPDIR=str(tools.folder))
-                counts[name][how] = counts[name].get(how, 0) + 1
-                filler.unlink()
-                if house.check():
-                    attempt(tools, house, COMMANDS["restore"])
-                require(house.check() == 0, "not all came back")
-    return "; ".join(f"{name}: {told(each)}" for name, each in counts.items())
+    return in_a_small_home(times, tools, lambda folder, step: room_left(folder, step * 4096))
 
 
 @case("full-names", "the disk of the home takes no more files", "a home in memory that takes 0 to 32 more of them", 33)
 def full_of_names(times, tools):
-    counts = {name: {} for name in COMMANDS}
-    for step in spread(32, times):
-        for name, words in COMMANDS.items():
-            with small_disk(tools.folder / "home", 4 << 20):
-                house = House(tools.folder / "home", large=2)
-                if name == "restore":
-                    attempt(tools, house, COMMANDS["clean"])
-                status = os.statvfs(house.path)
-                used = status.f_files - status.f_ffree + step
-                subprocess.run(["mount", "-o", f"remount,nr_inodes={used}", house.path], check=True)
-                how = attempt(tools, house, words, TMPDIR=str(tools.folder))
-                counts[name][how] = counts[name].get(how, 0) + 1
-                subprocess.run(["mount", "-o", "remount,nr_inodes=4096", house.path], check=True)
-                if house.check():
-                    attempt(tools, house, COMMANDS["restore"])
-                require(house.check() == 0, "not all came back")
-    return "; ".join(f"{name}: {told(each)}" for name, each in counts.items())
+    return in_a_small_home(times, tools, names_left)
 
 
 def on_a_full_disk(times, tools, folder):
@@ -178,8 +178,8 @@ def on_a_full_disk(times, tools, folder):
             with small_disk(house.path / folder, 64 << 10):
                 if folder == ".config":
                     house.write_preferences()
-                room_left(house.path / folder, step * 4096)
-                how = attempt(tools, house, words)
+                with room_left(house.path / folder, step * 4096):
+                    how = attempt(tools, house, words)
                 counts[name][how] = counts[name].get(how, 0) + 1
             if house.check():
                 attempt(tools, house, COMMANDS["restore"])
@@ -214,12 +214,11 @@ def full_downloads(times, tools):
         with small_disk(downloads, 128 << 10):
             for name in kept:
                 house.write(f"Downloads/{name}", name.endswith(".zip"))
-            filler = room_left(downloads, step * 4096)
-            house.known["Downloads/tmp/filler"] = fingerprint(filler)
-            how = attempt(tools, house, COMMANDS["clean"])
+            with room_left(downloads, step * 4096) as filler:
+                house.known["Downloads/tmp/filler"] = fingerprint(filler)
+                how = attempt(tools, house, COMMANDS["clean"])
+                del house.known["Downloads/tmp/filler"]
             counts[how] = counts.get(how, 0) + 1
-            filler.unlink()
-            del house.known["Downloads/tmp/filler"]
             attempt(tools, house, COMMANDS["restore"])
             require(house.check() == 0, "not all came back")
     return f"clean: {told(counts)}"

@@ -8,9 +8,9 @@ import os
 import random
 import re
 import signal
+import subprocess
 import sys
 import tempfile
-import time
 from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "ui" / "window"))
@@ -179,10 +179,10 @@ class Monkey:
     @staticmethod
     def ended(window):
         """By a press on its own button, for instance; None if it still runs."""
-        deadline = time.monotonic() + 5
-        while window.process.poll() is None and time.monotonic() < deadline:
-            time.sleep(0.1)
-        return window.process.poll()
+        try:
+            return window.process.wait(5)
+        except subprocess.TimeoutExpired:
+            return None
 
 
 def main(program, seed, times):
