@@ -44,6 +44,7 @@ QByteArray desktopEntry(const FilePath &executable, const QByteArray &icon)
            "\n"
            "Terminal=false\n"
            "Categories=Utility;FileTools;\n"
+           "Keywords=disk;space;cleanup;trash;\n"
            "StartupWMClass=" +
            icon + "\n";
 }

@@ -23,6 +23,7 @@ TEST(DesktopEntry, ShowsAndStartsTheApplication)
               "Icon=com.tidlo.storagecleaner\n"
               "Terminal=false\n"
               "Categories=Utility;FileTools;\n"
+              "Keywords=disk;space;cleanup;trash;\n"
               "StartupWMClass=com.tidlo.storagecleaner\n");
 }
 
