@@ -199,6 +199,13 @@ constexpr std::array all{
              showLanding(app);
              app.setShowSetupWizard(true);
          }},
+    Shot{"scanning-reduced",
+         [](OpenModel &app, QQuickWindow &window) {
+             app.setShowSetupWizard(false);
+             token(window, "TidloType")->setProperty("scale", 1.0);
+             token(window, "Motion")->setProperty("isReduced", true);
+             scanAt(app, 0.42, "Checking WhatsApp Desktop storage");
+         }},
 };
 
 } // namespace
