@@ -21,7 +21,6 @@ CardModifier {
     Accessible.role: Accessible.ProgressBar
     Accessible.name: qsTr("%1 complete").arg(root.percentText)
     Accessible.description: root.label
-    Accessible.focusable: true
 
     Component.onCompleted: root.rotate = true
 

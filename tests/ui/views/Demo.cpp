@@ -4,6 +4,7 @@
 #include "platform/AtomicFile.h"
 #include "support/WaitUntil.h"
 
+#include <QAccessible>
 #include <QDir>
 
 #include <algorithm>
@@ -287,6 +288,12 @@ QVariantList Demo::named(QQuickItem *item, const QString &name) const
     for (QQuickItem *child : item->childItems())
         result += named(child, name);
     return result;
+}
+
+bool Demo::isFocusable(QQuickItem *item) const
+{
+    QAccessibleInterface *const told = QAccessible::queryAccessibleInterface(item);
+    return told != nullptr && told->state().focusable;
 }
 
 QStringList Demo::symbols(QQuickItem *item) const

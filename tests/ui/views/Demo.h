@@ -87,6 +87,9 @@ public:
     /// What is seen in \a item and beneath and has the object name \a name, in the order they are declared.
     Q_INVOKABLE QVariantList named(QQuickItem *item, const QString &name) const;
 
+    /// Whether assistive technology is told that \a item can have the keyboard.
+    Q_INVOKABLE bool isFocusable(QQuickItem *item) const;
+
     /// The names of the symbols that are seen in \a item and beneath, in the order they are declared.
     Q_INVOKABLE QStringList symbols(QQuickItem *item) const;
 

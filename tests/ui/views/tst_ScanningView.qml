@@ -40,6 +40,12 @@ ViewCase {
         compare(item("ring").lineWidth, 18);
     }
 
+    function test_the_keyboard_can_be_at_the_progress_and_a_screen_reader_hears_so() {
+        verify(item("progressCard").activeFocusOnTab);
+        verify(demo.isFocusable(item("progressCard")));
+        verify(!demo.isFocusable(item("ring")));
+    }
+
     function test_says_what_is_under_way() {
         demo.scanAt(0.42, "Checking WhatsApp Desktop storage");
         compare(text("Checking WhatsApp Desktop storage").font, TidloType.system(20, Font.Bold));
