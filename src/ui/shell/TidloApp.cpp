@@ -93,8 +93,6 @@ int runTidlo(int argumentCount, char **arguments)
     QuitLimit limit; // Destroyed after the application, whose end it limits too.
     QGuiApplication application(argumentCount, arguments);
     QGuiApplication::setApplicationName(QLatin1StringView(applicationIdentifier)); // Names the folder of its cache.
-    // As the window's title: Qt appends it to one that does not end with it.
-    QGuiApplication::setApplicationDisplayName(QStringLiteral("Tidlo — AI Storage Cleaner"));
     QGuiApplication::setDesktopFileName(QLatin1StringView(applicationIdentifier));
     addStandardMenus();
     QObject::connect(&application, &QCoreApplication::aboutToQuit, [&limit] { limit.begin(quitLimit, EXIT_SUCCESS); });
