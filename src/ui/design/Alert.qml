@@ -1,16 +1,16 @@
 import QtQuick
 import Tidlo.Design
 
-/// A question or a piece of news that must be answered first. Return presses the default button, Escape the one that
-/// cancels; without one of its own, the default button cancels as well.
+/// A question or a message that must be answered before anything else. Return presses the default button, Escape the
+/// cancel button; without a cancel button, Escape presses the default button as well.
 ModalPopup {
     id: root
 
     required property string message
     required property string defaultText
-    /// No second button if empty.
+    /// Empty: there is no second button.
     property string cancelText: ""
-    /// Whether the default button does what cannot be taken back easily: then Return cancels. Needs a cancelText.
+    /// Whether the default button does what cannot easily be undone: then Return cancels. Needs a cancelText.
     property bool isDestructive: false
 
     width: 360 * TidloType.scale

@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Layouts
 import Tidlo.Design
 
-/// What an alert says, and its buttons.
+/// The text of an alert and its buttons.
 ColumnLayout {
     id: root
 
@@ -15,7 +15,7 @@ ColumnLayout {
     signal accepted
     signal rejected
 
-    /// Gives the keyboard to the button that Return may press at once.
+    /// Gives the keyboard focus to the button that Return may press at once.
     function focusButton() {
         const button = root.isDestructive ? cancelButton : defaultButton;
         button.forceActiveFocus(Qt.TabFocusReason);

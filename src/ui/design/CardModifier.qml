@@ -1,7 +1,7 @@
 import QtQuick
 import Tidlo.Design
 
-/// The surface of a card. It adds no padding, no border and no shadow: whoever lays contents on it pads them.
+/// The surface of a card. It adds no padding, no border and no shadow: the content adds its own padding.
 ContinuousRectangle {
     color: TidloTheme.cardSurface
     radius: 10

@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Tidlo.Design
 
-/// What can be done with the thing it was asked for.
+/// The actions for the item that the menu was opened on.
 T.Menu {
     id: root
 

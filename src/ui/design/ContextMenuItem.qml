@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Tidlo.Design
 
-/// A line of a context menu, that is there while it can be chosen.
+/// A line of a context menu; hidden while it is disabled.
 T.MenuItem {
     id: root
 

@@ -12,7 +12,8 @@ namespace {
 
 constexpr double reach = 1.528665;
 
-/// The corner at the top left of what \a place maps, for a radius of 1 there, from the upper edge to the left one.
+/// The corner at the top left of the square that \a place maps, with a radius of 1 there, from the upper edge to the
+/// left one.
 void addRoundCorner(QPainterPath &path, const QTransform &place)
 {
     const auto at = [&place](double x, double y) { return place.map(QPointF(x, y)); };
@@ -67,7 +68,7 @@ void ContinuousRectangle::paint(QPainter *painter)
     painter->fillPath(outline, fill);
     if (lineWidth <= 0 || line.alpha() == 0)
         return;
-    // A stroke stands on the outline; what is outside of it is clipped, so that the line lies within.
+    // A stroke is centred on the outline; the outer half is clipped, so that the line lies inside.
     painter->setClipPath(outline);
     painter->strokePath(outline, QPen(line, 2 * lineWidth));
 }

@@ -7,13 +7,12 @@
 
 namespace tidlo {
 
-/// A rectangle whose corners bend gradually into its edges, instead of at once as those of a circle do. Each corner
-/// takes 1.528665 times \a radius of both its edges; where they are shorter, the radius is less. The stations of the
-/// curve are those that were measured of the platform that the look comes from. At the edges in \a straight, the
-/// corners are square.
+/// A rectangle whose corners bend gradually into its edges, while those of a circle do so abruptly. Each corner takes
+/// 1.528665 times \a radius of both its edges; where the edges are shorter, the radius is less. The points of the curve
+/// were measured on the platform that the look comes from. At the edges in \a straight, the corners are square.
 QPainterPath continuousRectangle(const QRectF &rectangle, double radius, Qt::Edges straight = {});
 
-/// A filled rectangle with continuous corners, and a line inside its edge if it is given a width. Drawn anew only when
+/// A filled rectangle with continuous corners, and, if it has a width, a line inside its edge. Drawn anew only when
 /// one of its properties or its size changes.
 class ContinuousRectangle : public QQuickPaintedItem
 {

@@ -5,24 +5,25 @@
 
 namespace tidlo {
 
-/// How well \a one is told from \a other, both opaque: from 1, not at all, to 21, as black from white (WCAG 2).
+/// The contrast between \a one and \a other, both opaque: from 1 (none) to 21 (black and white), as in WCAG 2.
 double contrastBetween(const QColor &one, const QColor &other);
 
-/// What is seen where \a color lies over \a beneath, which is opaque.
+/// The colour that results where \a color lies over \a beneath, which is opaque.
 QColor laidOver(const QColor &color, const QColor &beneath);
 
-/// What a colour is drawn on.
+/// The backgrounds that a colour is drawn on.
 struct Grounds
 {
     QList<QColor> surfaces; ///< Opaque.
-    double ownTint = 0;     ///< It is also drawn on each of these beneath itself at this opacity.
+    double ownTint = 0;     ///< If above 0, it is also drawn on each of these tinted with itself at this opacity.
 };
 
-/// The contrast of \a color on that of \a grounds where it is least. A translucent one is seen through.
+/// The lowest contrast of \a color on any of \a grounds. A translucent color is blended with what is beneath it first.
 double leastContrast(const QColor &color, const Grounds &grounds);
 
-/// \a color, of the same hue and saturation, as little lighter or darker as it takes to have a contrast of \a least on
-/// all of \a grounds. Of a translucent one, the opacity is raised first. Where no lightness is enough, the best.
+/// \a color with the same hue and saturation, made as little lighter or darker as gives it a contrast of at least \a
+/// least on all of \a grounds. For a translucent color the opacity is raised first. If no lightness is enough, the best
+/// one.
 QColor withContrast(const QColor &color, const Grounds &grounds, double least);
 
 } // namespace tidlo

@@ -1,7 +1,7 @@
 import QtQuick
 import Tidlo.Design
 
-/// For what cannot be taken back easily.
+/// For actions that cannot easily be undone.
 LabelledButton {
     id: root
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Tidlo.Design
 
-/// The platform's separator, one point high unless it is told otherwise.
+/// The platform's separator, one point high by default.
 Rectangle {
     implicitHeight: 1
     color: TidloTheme.divider

@@ -5,8 +5,8 @@
 
 namespace tidlo {
 
-/// How large everything is drawn in a window that is smaller than its content: 1 is as designed. The window says so,
-/// and what lies over its content, such as sheets, menus and tips, follows. Main thread.
+/// The scale at which everything is drawn in a window that is smaller than its content; 1 is as designed. The window
+/// sets it; sheets, menus and tips over the content use it as well. Main thread.
 class Fit : public QObject
 {
     Q_OBJECT

@@ -1,7 +1,7 @@
 import QtQuick
 import Tidlo.Design
 
-/// Shows which control the keyboard reaches; it belongs around that control, as a child that fills it.
+/// Shows which control has the keyboard focus. Use it as a child that fills the control.
 Rectangle {
     id: root
 

@@ -1,7 +1,8 @@
 import QtQuick
 import QtQuick.Templates as T
 
-/// Remembers what has the keyboard while something else takes it, and gives it back, with its ring if it had one.
+/// Remembers which item has the keyboard focus while something else takes it, and gives it back, with the focus ring if
+/// it was shown.
 QtObject {
     id: root
 

@@ -8,9 +8,9 @@ class QPainterPath;
 
 namespace tidlo {
 
-/// A part of a circle's line, as wide as the item. It begins at three o'clock and runs clockwise; whoever wants another
-/// beginning rotates the item, and with it the gradient, if there is one. Drawn anew only when one of its properties
-/// changes, and only where its line is: turning a short arc moves few pixels.
+/// An arc of a circle, as wide as the item. It begins at three o'clock and runs clockwise; for another beginning,
+/// rotate the item, which rotates the gradient as well. Drawn again only when one of its properties changes, and only
+/// where its line is, so that turning a short arc changes few pixels.
 class Gauge : public tidlo::PictureItem
 {
     Q_OBJECT
@@ -19,18 +19,18 @@ class Gauge : public tidlo::PictureItem
     Q_PROPERTY(double to MEMBER end NOTIFY looksChanged)
     Q_PROPERTY(double lineWidth MEMBER lineWidth NOTIFY looksChanged)
     Q_PROPERTY(bool roundCaps MEMBER roundCaps NOTIFY looksChanged)
-    /// By how many degrees it is turned clockwise. What was shown once is kept: in software that takes less to show
-    /// again than to rotate, as long as the angles are few.
+    /// The clockwise rotation in degrees. Each rotation that was shown is cached: without a graphics processor, showing
+    /// it again costs less than rotating, as long as there are few different angles.
     Q_PROPERTY(int turnedBy MEMBER turnedBy NOTIFY turned)
-    /// At the top right of a gradient
+    /// At the top right of a gradient.
     Q_PROPERTY(QColor color MEMBER topTrailing NOTIFY looksChanged)
-    /// to the bottom left. Without it there is none.
+    /// At the bottom left of a gradient; without it there is no gradient.
     Q_PROPERTY(QColor bottomColor MEMBER bottomLeading NOTIFY looksChanged)
 
 public:
     explicit Gauge(QQuickItem *parent = nullptr);
 
-    /// The line and what its caps and its smooth edges cover, in whole points.
+    /// The rectangle that the line covers, with its caps and smooth edges, in whole points.
     QRect inkedRect() const;
     int shown() const override { return turnedBy; }
     QImage picture(double pixelRatio) override;

@@ -1,7 +1,7 @@
 import QtQuick
 import Tidlo.Design
 
-/// A ring gauge with its figure in the middle, that grows from a stub to its value once, shortly after it appears.
+/// A ring gauge with its figure in the middle, growing once from a stub to its value, shortly after it appears.
 RingGauge {
     id: root
 
@@ -15,7 +15,7 @@ RingGauge {
     QtObject {
         id: growth
 
-        // How much of the value is shown; it is 1 from the end of the animation on.
+        // How much of the value is shown, from 0 to 1; stays 1 after the animation.
         property double share: 0
 
         Behavior on share {

@@ -46,7 +46,7 @@ void KeyFocus::focusBy(Qt::FocusReason reason)
     switch (reason) {
     case Qt::ActiveWindowFocusReason:
     case Qt::PopupFocusReason:
-        return; // It comes back.
+        return; // The focus comes back.
     case Qt::TabFocusReason:
     case Qt::BacktabFocusReason:
     case Qt::ShortcutFocusReason:

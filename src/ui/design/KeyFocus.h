@@ -6,10 +6,10 @@
 
 namespace tidlo {
 
-/// Whether it was by the keyboard that an item got the keyboard: then it shows a ring while it has it. For items that
-/// are no controls, which have visualFocus. Where the program gave it, that is so if a key was pressed last, and no
-/// button of the mouse. A window that is left and returned to changes nothing, nor does a menu. Attached to items. Main
-/// thread.
+/// Whether an item got the focus by the keyboard: then it shows a focus ring while it has the focus. For items that are
+/// no controls; controls have visualFocus. If the program set the focus, it counts as by the keyboard if the last input
+/// was a key and not a mouse button. Leaving the window and coming back changes nothing, nor does a menu. Attached to
+/// items. Main thread.
 class KeyFocus : public QObject
 {
     Q_OBJECT
@@ -21,7 +21,7 @@ class KeyFocus : public QObject
 public:
     explicit KeyFocus(QQuickItem &item);
 
-    /// Of \a object; none if that is no item.
+    /// The one attached to \a object; null if that is no item.
     static KeyFocus *qmlAttachedProperties(QObject *object);
 
     bool isVisual() const { return visual; }

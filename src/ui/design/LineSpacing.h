@@ -7,14 +7,13 @@
 
 namespace tidlo {
 
-/// Gives the lines of a text edit, which has no property for it, room between them beyond what the font has. Main
-/// thread.
+/// Adds space between the lines of a text edit, which has no property for it. Main thread.
 class LineSpacing : public QObject
 {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(QQuickTextDocument *document READ document WRITE setDocument NOTIFY changed REQUIRED)
-    /// Points between two lines.
+    /// Extra points between two lines.
     Q_PROPERTY(double spacing READ spacing WRITE setSpacing NOTIFY changed)
 
 public:

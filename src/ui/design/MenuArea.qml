@@ -1,11 +1,11 @@
 import QtQuick
 
-/// The whole of its parent: a click of the right button in it asks for a menu. No TapHandler, since Qt takes each mouse on
-/// Wayland for a touchpad, where handlers do not tell buttons apart.
+/// Covers its whole parent: a right click in it asks for a menu. Not a TapHandler, since on Wayland Qt takes every
+/// mouse for a touchpad, and handlers do not tell the buttons of a touchpad apart.
 MouseArea {
     id: root
 
-    /// At a place in it.
+    /// The position in the area.
     signal asked(double x, double y)
 
     anchors.fill: parent

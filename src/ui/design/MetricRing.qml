@@ -1,13 +1,13 @@
 import QtQuick
 import Tidlo.Design
 
-/// A ring gauge that stands alone. It grows to its value once, when it appears, and follows it from then on.
+/// A ring gauge that stands alone. It grows to its value once, when it appears; later changes show at once.
 Column {
     id: root
 
     /// A fraction from 0 to 1.
     required property double share
-    /// That fraction for people.
+    /// The same fraction as text.
     required property string valueText
     required property string label
     property string caption: ""

@@ -3,13 +3,14 @@ import QtQuick
 import QtQuick.Templates as T
 import Tidlo.Design
 
-/// What alerts and sheets share: modal inside the window, in front of a scrim that keeps the window's corners. The keyboard
-/// stays inside until it is closed, and then goes back to where it was. The title names it to assistive technology.
+/// Common base of alerts and sheets: modal inside the window, in front of a scrim that keeps the window's round
+/// corners. The keyboard focus stays inside until it is closed, and then returns to where it was. Assistive technology
+/// reads its title as its name.
 T.Dialog {
     id: root
 
     required title
-    /// Corners of the window that the scrim covers.
+    /// The corner radius of the window, for the scrim.
     property double windowRadius: 10
 
     readonly property FormerFocus formerFocus: FormerFocus {}
@@ -17,10 +18,10 @@ T.Dialog {
     onAboutToShow: root.formerFocus.remember(root.parent.Window.activeFocusItem)
     onAboutToHide: root.formerFocus.giveBack()
 
-    // To anchor it there would take the scale into account twice.
+    // Anchoring it there would apply the scale twice.
     parent: T.Overlay.overlay
     x: (parent.width - width) / 2
-    // Its own height may change as it is placed.
+    // The height can change while it is being placed.
     y: (parent.height - implicitHeight) / 2
     implicitWidth: contentWidth + leftPadding + rightPadding
     implicitHeight: contentHeight + topPadding + bottomPadding

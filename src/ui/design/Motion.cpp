@@ -17,19 +17,19 @@ double angularFrequency(const Spring &spring)
     return 2 * std::numbers::pi / spring.response;
 }
 
-/// How much the damping slows the swing down.
+/// The factor by which damping lowers the frequency of the oscillation.
 double swing(const Spring &spring)
 {
     return std::sqrt(1 - spring.dampingFraction * spring.dampingFraction);
 }
 
-/// The same of a spring that creeps instead.
+/// The same factor for an overdamped spring.
 double creep(const Spring &spring)
 {
     return std::sqrt(spring.dampingFraction * spring.dampingFraction - 1);
 }
 
-/// When a spring that does not swing over comes within a thousandth, to the precision of a double.
+/// When a spring that does not overshoot comes within a thousandth of 1, to the precision of a double.
 double timeOfCreeping(const Spring &spring)
 {
     double early = 0;
@@ -50,7 +50,7 @@ constexpr Spring gaugeSpring{.response = 0.8, .dampingFraction = 0.82};
 constexpr Spring themeSpring{.response = 0.3, .dampingFraction = 0.8};
 constexpr int shortFade = 100;
 
-/// A curve calls a plain function, so there is one for each spring.
+/// An easing curve calls a plain function, so there is one for each spring.
 template <const Spring &spring>
 qreal positionAt(qreal fraction)
 {

@@ -10,17 +10,17 @@ namespace tidlo {
 /// 4 pi dampingFraction / response.
 struct Spring
 {
-    double response = 0;        ///< Seconds of one swing if it were not damped; above 0.
-    double dampingFraction = 1; ///< Above 0. Below 1, which is critical, it swings over.
+    double response = 0;        ///< Seconds of one oscillation without damping; above 0.
+    double dampingFraction = 1; ///< Above 0. Below 1, which is critical damping, it overshoots.
 
-    /// Where the mass is after \a seconds.
+    /// The position after \a seconds.
     double position(double seconds) const;
 
-    /// Seconds after which it stays within a thousandth of 1.
+    /// The seconds after which it stays within a thousandth of 1.
     double settlingTime() const;
 };
 
-/// A spring as an animation of QML takes it, or what stands for it where motion is reduced.
+/// A spring as a QML animation takes it, or its replacement where motion is reduced.
 struct SpringMotion
 {
     Q_GADGET
@@ -33,8 +33,8 @@ public:
     QEasingCurve easing;
 };
 
-/// The motions that several views share. Times are milliseconds. Where motion is reduced nothing swings, what would
-/// move is there at once, and what moves for ever stands still; colours and what appears may fade, shortly. Main
+/// The motions that several views share. Times are in milliseconds. Where motion is reduced, nothing overshoots,
+/// movements end at once and endless animations stand still; colours and appearing items may still fade, briefly. Main
 /// thread.
 class Motion : public QObject
 {
@@ -57,7 +57,7 @@ public:
     SpringMotion gauge() const;  ///< A ring grows to its value when it appears,
     int gaugeDelay() const;      ///< after this wait.
     SpringMotion theme() const;  ///< The colours change.
-    int longestFade() const;     ///< What a fade may take at most; without end unless motion is reduced.
+    int longestFade() const;     ///< The longest that a fade may take; unlimited unless motion is reduced.
 
     /// The platform's curve that begins and ends gently: a cubic Bezier with the control points (0.42, 0), (0.58, 1).
     static QEasingCurve easeInOut();

@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Tidlo.Design
 
-/// A scroll bar that lies over the contents, faint unless they move or it is pointed at.
+/// A scroll bar that lies over the content; faint unless the content moves or the pointer is on it.
 T.ScrollBar {
     id: root
 

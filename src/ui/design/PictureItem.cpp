@@ -11,7 +11,7 @@ namespace tidlo {
 
 namespace {
 
-/// What was made so far, and the one that is shown.
+/// The pictures made so far, and the one that is shown.
 struct Pictures final : QSGNode
 {
     std::map<int, std::unique_ptr<QSGTexture>> made;
@@ -34,7 +34,7 @@ void PictureItem::changePicture()
 
 QPointF PictureItem::placeOf(const QSizeF &picture) const
 {
-    // Between no two points: that would blur it.
+    // On whole pixels: anything between would blur the picture.
     const QSizeF around = (size() - picture) / 2;
     return {std::round(around.width()), std::round(around.height())};
 }

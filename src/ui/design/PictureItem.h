@@ -5,8 +5,8 @@
 
 namespace tidlo {
 
-/// An item that shows one picture, pixel for pixel of the screen, or one of several. A picture is made only when it
-/// is about to be seen, and again only when that is asked for or the screen's pixels change.
+/// An item that shows one of its pictures, mapped to the screen's pixels one to one. A picture is made only just before
+/// it is seen, and made again only on request or when the screen's pixel ratio changes.
 class PictureItem : public QQuickItem
 {
     Q_OBJECT
@@ -14,18 +14,18 @@ class PictureItem : public QQuickItem
 public:
     explicit PictureItem(QQuickItem *parent = nullptr);
 
-    /// Which of its pictures is shown, by a number of its own choice. Called while the main thread waits.
+    /// The number of the picture to show; the subclass chooses the numbers. Called while the main thread waits.
     virtual int shown() const { return 0; }
 
-    /// What is shown where a point has \a pixelRatio pixels, which is the picture's own ratio; a null picture if that
-    /// is nothing. Called while the main thread waits.
+    /// The picture to show where a point has \a pixelRatio pixels; it must carry that ratio itself. A null picture
+    /// shows nothing. Called while the main thread waits.
     virtual QImage picture(double pixelRatio) = 0;
 
-    /// Where in the item a picture of that size stands; in the middle unless told otherwise. Both in points.
+    /// Where in the item a picture of that size is drawn; in the middle by default. Both in points.
     virtual QPointF placeOf(const QSizeF &picture) const;
 
 protected:
-    /// Lets all pictures be made anew.
+    /// Discards all pictures, so that they are made again.
     void changePicture();
 
     void itemChange(ItemChange change, const ItemChangeData &data) override;

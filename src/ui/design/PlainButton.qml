@@ -2,12 +2,12 @@ import QtQuick
 import QtQuick.Templates as T
 import Tidlo.Design
 
-/// A button that is nothing but its contents, with a focus ring for the keyboard. Space and Return press it.
-/// With checkable it is a check box to those who hear it.
+/// A button without any looks but its content, with a focus ring for the keyboard. Space and Return press it. With
+/// checkable it is a check box to assistive technology.
 T.AbstractButton {
     id: root
 
-    /// Corners of the focus ring.
+    /// The corner radius of the focus ring.
     property double cornerRadius: 9
 
     implicitWidth: Math.ceil(implicitContentWidth + leftPadding + rightPadding)

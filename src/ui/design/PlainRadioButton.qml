@@ -2,12 +2,12 @@ import QtQuick
 import QtQuick.Templates as T
 import Tidlo.Design
 
-/// As PlainButton, but one of several of which one is chosen. What a control is to those who hear it, its template alone
-/// says.
+/// As PlainButton, but one of several of which one is chosen. It is a type of its own because the role that assistive
+/// technology sees follows from the control's template.
 T.RadioButton {
     id: root
 
-    /// Corners of the focus ring.
+    /// The corner radius of the focus ring.
     property double cornerRadius: 9
 
     implicitWidth: Math.ceil(implicitContentWidth + leftPadding + rightPadding)

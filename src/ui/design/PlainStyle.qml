@@ -2,13 +2,13 @@ import QtQuick
 import QtQuick.Templates as T
 import Tidlo.Design
 
-/// What all buttons share beneath their looks: the pointer's shape, and a ring for the keyboard. It belongs into one, as
-/// a child. Those without looks of their own are as opaque as it says.
+/// Common behaviour of all buttons: the pointer's shape, and a focus ring for the keyboard. Put it into a button as a
+/// child. It also holds the opacity for buttons without a surface.
 Item {
     id: root
 
     required property T.AbstractButton button
-    /// The button's own corners.
+    /// The corner radius of the button.
     required property double cornerRadius
     readonly property double opacityOfButton: root.button.down ? 0.75 : root.button.hovered ? 0.88 : 1
 

@@ -1,20 +1,20 @@
 import QtQuick
 import Tidlo.Design
 
-/// A ring gauge: a track, and on it a line that grows clockwise from twelve o'clock. The circle is as large as the item;
-/// its line reaches half its width beyond.
+/// A ring gauge: a track, and on it a line that grows clockwise from twelve o'clock. The circle is as large as the
+/// item; half of the line's width lies outside of it.
 Item {
     id: root
 
-    /// A fraction; the line never shows less than shortest of it, nor more than the whole circle.
+    /// A fraction; the line shows at least the fraction shortest and at most the whole circle.
     required property double value
     property double shortest: 0.02
     required property double lineWidth
     required property color trackColor
     required property color color
-    /// What is shown of the circle, if not the value at once.
+    /// The fraction that is drawn; bind it to something else to animate it.
     property double shown: Math.min(Math.max(root.value, root.shortest), 1)
-    /// At the other end of a gradient; as the color if there is none.
+    /// The other end of a gradient; without a gradient the same as color.
     property color bottomColor: root.color
 
     Gauge {

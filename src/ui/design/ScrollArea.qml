@@ -2,15 +2,15 @@ import QtQuick
 import QtQuick.Templates as T
 import Tidlo.Design
 
-/// Contents that may be larger than the room there is: the wheel and the keys scroll them, a bar shows where, and what
-/// the keyboard reaches comes into view. A drag does not scroll; it is left to the window.
+/// Content that may be larger than the room for it: the wheel and the keys scroll it, a bar shows the position, and an
+/// item that gets the keyboard focus is scrolled into view. A drag does not scroll; it is left to the window.
 Flickable {
     id: root
 
-    /// Whether Tab stops here when there is something to scroll: for contents that take no keys themselves.
+    /// Whether Tab stops here when there is something to scroll: for content that takes no keys itself.
     property bool takesKeys: false
 
-    /// Scrolls no further than it takes to show the whole of \a item, one of the contents.
+    /// Scrolls just far enough to show the whole of \a item, which is part of the content.
     function reveal(item: Item) {
         const place = item.mapToItem(root.contentItem, 0, 0, item.width, item.height);
         const nearest = (position, size, shown, room) => Math.min(position, Math.max(shown, position + size - room));

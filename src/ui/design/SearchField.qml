@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Tidlo.Design
 
-/// A field for a text to look for.
+/// A search field.
 T.TextField {
     id: root
 

@@ -1,13 +1,13 @@
 import QtQuick
 import Tidlo.Design
 
-/// A text that can be selected and copied, but not changed. Nothing in it is taken for markup.
+/// A text that can be selected and copied, but not changed. Markup in it is not interpreted.
 TextEdit {
     id: root
 
-    /// For those who hear it, before the text itself.
+    /// Read by assistive technology before the text itself.
     required property string name
-    /// Points between two lines.
+    /// Extra points between two lines.
     property double spacing: 0
 
     readOnly: true

@@ -1,7 +1,7 @@
 import QtQuick
 import Tidlo.Design
 
-/// A page that lies over the window until it is done with. Escape does not close it: what is on it decides.
+/// A page over the window that stays until it is closed. Escape does not close it: its content decides.
 ModalPopup {
     padding: 0
     closePolicy: ModalPopup.NoAutoClose

@@ -6,8 +6,8 @@
 
 namespace tidlo {
 
-/// Whether the window of an item can be seen: it is shown, not minimised, and exposed as the system tells. Endless
-/// animations pause while it cannot. Attached to items; an item in no window cannot be seen. Main thread.
+/// Whether the window of an item can be seen: it is shown, not minimised, and exposed according to the system. Endless
+/// animations pause while it cannot be seen. Attached to items; an item without a window cannot be seen. Main thread.
 class Sight : public QObject
 {
     Q_OBJECT
@@ -19,7 +19,7 @@ class Sight : public QObject
 public:
     explicit Sight(QQuickItem &item);
 
-    /// Of \a object; none if that is no item.
+    /// The one attached to \a object; null if that is no item.
     static Sight *qmlAttachedProperties(QObject *object);
 
     bool isSeen() const { return seen; }

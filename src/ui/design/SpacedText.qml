@@ -1,11 +1,11 @@
 import QtQuick
 import Tidlo.Design
 
-/// A text of several lines with room between them, beyond what the font has.
+/// A text of several lines with extra space between them.
 TidloText {
     id: root
 
-    /// Points between two lines.
+    /// Extra points between two lines.
     property double spacing: 0
 
     wrapMode: Text.Wrap

@@ -6,16 +6,16 @@
 
 namespace tidlo {
 
-/// A symbol, as large and heavy as text of the same font. A name without a drawing shows nothing, and is warned of. A
-/// new colour costs no new drawing.
+/// A symbol, as large and heavy as text of the same font. A name without a drawing shows nothing and writes a warning.
+/// A new colour needs no new drawing.
 class Symbol : public tidlo::PictureItem
 {
     Q_OBJECT
     QML_ELEMENT
     Q_PROPERTY(QString name MEMBER symbolName WRITE setName NOTIFY nameChanged)
-    /// Of the font, in points.
+    /// The font size in points.
     Q_PROPERTY(double size MEMBER fontSize WRITE setFontSize NOTIFY fontSizeChanged)
-    /// Of the font, from 400 to 700.
+    /// The font weight, from 400 to 700.
     Q_PROPERTY(int weight MEMBER fontWeight WRITE setWeight NOTIFY weightChanged)
     Q_PROPERTY(QColor color MEMBER inkColor WRITE setColor NOTIFY colorChanged)
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Tidlo.Design
 
-/// A small button that is a symbol; its text is told by a tip and to those who hear it.
+/// A small button that is a symbol; a tip and assistive technology give its text.
 PlainButton {
     id: root
 

@@ -24,7 +24,7 @@ QString fileOf(const QString &name)
     return folder + name + suffix;
 }
 
-/// How the strokes grow with the weight; even between the rows.
+/// How the strokes grow with the weight; interpolated between the rows.
 struct Growth
 {
     double weight;

@@ -8,7 +8,7 @@
 namespace tidlo {
 
 // The symbols: one drawing for each name, in symbols/<name>.svg, black on a grid of 24 by 24. White in a drawing takes
-// ink away. The widths of the strokes in the files are those of the regular weight.
+// ink away. The stroke widths in the files are those of the regular weight.
 
 /// The side of the grid.
 constexpr double symbolGrid = 24;
@@ -25,15 +25,15 @@ double strokeGrowth(int weight);
 /// The drawing of \a name as SVG, with the strokes of \a weight; empty if there is none of that name.
 QByteArray symbolDrawing(const QString &name, int weight);
 
-/// The side, in points, of the square that a symbol takes up where the font has \a size: 1.2 times that, and then up to
-/// the next even number, so that it can stand in the middle of anything without a blur.
+/// The side, in points, of the square that a symbol takes where the font has \a size: 1.2 times that, rounded up to the
+/// next even number, so that it can be centred anywhere without a blur.
 double symbolBox(double size);
 
-/// The ink of a symbol, as opacities, in its box where a point has \a pixelRatio pixels. Null if there is none of that
-/// name.
+/// The ink of a symbol, as opacities, in its square where a point has \a pixelRatio pixels. Null if there is no drawing
+/// of \a name.
 QImage symbolInk(const QString &name, double size, int weight, double pixelRatio);
 
-/// \a ink in \a color.
+/// \a ink, coloured with \a color.
 QImage inColor(const QImage &ink, const QColor &color);
 
 } // namespace tidlo

@@ -15,7 +15,7 @@ namespace tidlo {
 
 namespace {
 
-// Shares of the logo's size.
+// Fractions of the logo's size.
 constexpr double pictureCorner = 0.22;
 constexpr double fallbackCorner = 0.24;
 constexpr double fallbackSymbol = 0.5; ///< Its font's size.
@@ -24,7 +24,7 @@ constexpr int iconSide = 512;
 
 void drawPicture(QPainter &painter, const QRectF &square, const QImage &picture)
 {
-    // A picture of two colours would be scaled in black and white.
+    // A picture of two colours would be scaled without intermediate tones.
     const QImage colored = picture.convertToFormat(QImage::Format_ARGB32_Premultiplied);
     const QImage filling = colored.scaled(square.size().toSize(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
     painter.fillPath(continuousRectangle(square, square.width() * pictureCorner), filling);

@@ -12,8 +12,8 @@ namespace tidlo {
 /// with a fatal error.
 QImage findLogo(const Bundle &bundle);
 
-/// A square of \a size points that \a picture fills, its corners rounded. For a null picture, sparkles on the accents
-/// of the theme, its corners a little rounder.
+/// A square of \a size points filled by \a picture, with rounded corners. For a null picture, sparkles on the theme's
+/// accents, with slightly rounder corners.
 QImage drawLogo(const QImage &picture, double size, double pixelRatio);
 
 /// The logo, a square. Each one looks for its picture when it is made: logo.png among the resources of the bundle, then
@@ -22,7 +22,7 @@ class TidloLogo : public tidlo::PictureItem
 {
     Q_OBJECT
     QML_ELEMENT
-    /// Of the square's side, in points.
+    /// The square's side in points.
     Q_PROPERTY(double size MEMBER side WRITE setSide NOTIFY sideChanged)
 
 public:

@@ -1,7 +1,7 @@
 import QtQuick
 import Tidlo.Design
 
-/// A text as it stands: whatever a name holds, nothing in it is taken for markup.
+/// A plain text: markup in a name is not interpreted.
 Text {
     color: TidloTheme.primaryText
     font: TidloType.body

@@ -54,7 +54,7 @@ QColor colorOf(const Rgba &color)
 
 QColor mix(const SchemeColor &color, double darkness)
 {
-    const double share = std::clamp(darkness, 0.0, 1.0); // The spring swings over.
+    const double share = std::clamp(darkness, 0.0, 1.0); // The spring overshoots.
     const auto between = [share](double dark, double light) { return light + (dark - light) * share; };
     return colorOf({between(color.dark.red, color.light.red), between(color.dark.green, color.light.green),
                     between(color.dark.blue, color.light.blue), between(color.dark.opacity, color.light.opacity)});
@@ -67,7 +67,7 @@ constexpr SchemeColor control{{0.098, 0.153, 0.169}, {0.878, 0.929, 0.941}};
 constexpr SchemeColor accentBlue{{0.388, 0.682, 0.718}, {0.388, 0.682, 0.718}};
 constexpr SchemeColor accentGreen{{0.502, 0.741, 0.769}, {0.502, 0.741, 0.769}};
 
-/// What a colour is for, and with it what it is drawn on.
+/// What a colour is for, which also says what it is drawn on.
 enum class Role {
     surface, ///< Others are drawn on it.
     line,
@@ -80,8 +80,8 @@ enum class Role {
 constexpr double ofText = 4.5;   ///< The contrast that a text of any size needs,
 constexpr double ofSymbol = 3.0; ///< and a symbol.
 
-/// Where contrast is least: no surface is lighter in the dark scheme than a card, or darker in the light one than a
-/// control.
+/// The surfaces where contrast is least: no surface is lighter than a card in the dark scheme, or darker than a control
+/// in the light one.
 QList<QColor> surfacesOf(Rgba SchemeColor::*scheme)
 {
     return {colorOf(card.*scheme), colorOf(control.*scheme)};
@@ -92,7 +92,7 @@ QColor contrastingHue(const SchemeColor &hue, Rgba SchemeColor::*scheme)
     return withContrast(colorOf(hue.*scheme), {.surfaces = surfacesOf(scheme), .ownTint = 0.22}, ofText);
 }
 
-/// Beneath the strongest tint that a text is drawn on, that of a chosen line.
+/// The same beneath the strongest tint that a text is drawn on, that of a chosen line.
 QList<QColor> tintedSurfacesOf(Rgba SchemeColor::*scheme)
 {
     QList<QColor> surfaces = surfacesOf(scheme);
@@ -132,7 +132,7 @@ SchemeColor readable(const SchemeColor &color, Role role)
             .light = rgbaOf(readable(color, &SchemeColor::light, role))};
 }
 
-/// The platform tells its scheme by the colours that it gives to text and to what lies behind it.
+/// The platform's scheme, guessed from the colours that it gives to text and to its background.
 ColorScheme schemeOfPlatform()
 {
     const QPalette palette = QGuiApplication::palette();
@@ -269,7 +269,7 @@ QColor TidloTheme::logoGreen()
     return colorOf(accentGreen.dark);
 }
 
-// The token table: what a colour is for, and it in the dark scheme and in the light one.
+// The table of colours: what a colour is for, then its value in the dark scheme and in the light one.
 #define TIDLO_COLOR(name, role, ...) \
     QColor TidloTheme::name() const \
     { \

@@ -14,8 +14,8 @@ namespace tidlo {
 
 /// The colours of the interface, and the theme that chooses them. All are sRGB. Main thread.
 ///
-/// While the scheme changes, every colour moves on a spring from the one scheme's to the other's; what is drawn is only
-/// drawn again, so nothing that moves starts anew. The first preference that is set is in force at once.
+/// While the scheme changes, every colour moves on a spring from one scheme's value to the other's; items are only
+/// drawn again, so no animation starts anew. The first preference that is set is in force at once.
 class TidloTheme : public QObject
 {
     Q_OBJECT
@@ -27,19 +27,20 @@ class TidloTheme : public QObject
     Q_PROPERTY(QString label READ label NOTIFY preferenceChanged)
     Q_PROPERTY(QString symbol READ symbol NOTIFY preferenceChanged)
     Q_PROPERTY(QString nextPreference READ nextPreference NOTIFY preferenceChanged)
-    /// Whether the dark scheme is in force, or on its way.
+    /// Whether the dark scheme is in force, or the change to it is under way.
     Q_PROPERTY(bool isDark READ isDark NOTIFY schemeChanged)
-    /// From 1, dark, to 0, light, for what is no colour but changes with them.
+    /// From 1, dark, to 0, light, for anything other than a colour that changes with the scheme.
     Q_PROPERTY(double darkness READ darkness NOTIFY colorsChanged)
 
-    /// Whether what is read stands out as well as WCAG 2 asks for, and borders are opaque. Surfaces stay as they are.
+    /// Whether texts and symbols have the contrast that WCAG 2 asks for, and borders are opaque. Surfaces stay as they
+    /// are.
     Q_PROPERTY(bool isHighContrast READ isHighContrast WRITE setHighContrast NOTIFY colorsChanged)
 
-    // The accents, which no scheme changes but that of high contrast.
+    // The accents. They are the same in both schemes; only high contrast changes them.
     Q_PROPERTY(QColor blue READ blue NOTIFY colorsChanged)
     Q_PROPERTY(QColor green READ green NOTIFY colorsChanged)
     Q_PROPERTY(QColor red READ red NOTIFY colorsChanged)
-    /// What is written on green.
+    /// The colour of labels on green.
     Q_PROPERTY(QColor accentLabel READ accentLabel NOTIFY colorsChanged)
 
     // Surfaces, texts and lines.
@@ -53,11 +54,11 @@ class TidloTheme : public QObject
     Q_PROPERTY(QColor railBackground READ railBackground NOTIFY colorsChanged)
     Q_PROPERTY(QColor railSymbol READ railSymbol NOTIFY colorsChanged)
     Q_PROPERTY(QColor sidebarBackground READ sidebarBackground NOTIFY colorsChanged)
-    /// What lies behind a text that is selected, and the text.
+    /// The background of a selected text, and the text.
     Q_PROPERTY(QColor selection READ selection NOTIFY colorsChanged)
     Q_PROPERTY(QColor selectedText READ selectedText NOTIFY colorsChanged)
 
-    // The platform's own.
+    // The platform's own colours.
     Q_PROPERTY(QColor systemBlue READ systemBlue NOTIFY colorsChanged)
     Q_PROPERTY(QColor systemMint READ systemMint NOTIFY colorsChanged)
     Q_PROPERTY(QColor systemPurple READ systemPurple NOTIFY colorsChanged)
@@ -88,7 +89,7 @@ public:
     bool isHighContrast() const { return highContrast; }
     void setHighContrast(bool isHigh); ///< At once.
 
-    // The accents of the logo, which stays as it is.
+    // The accents of the logo, which never change.
     static QColor logoBlue();
     static QColor logoGreen();
 
@@ -122,20 +123,22 @@ public:
     /// \a color at \a opacity times its own.
     Q_INVOKABLE static QColor faded(const QColor &color, double opacity);
 
-    /// \a color at \a opacity times its own, but opaque where contrast is high: for borders, and what is written upon.
+    /// \a color at \a opacity times its own, but opaque where contrast is high: for borders, and for surfaces of
+    /// labels.
     Q_INVOKABLE QColor solid(const QColor &color, double opacity) const;
 
-    /// \a from and \a to, mixed: from at a share of 0, to at 1. A share beyond, as a spring swings, counts as its end.
+    /// \a from and \a to, mixed: 0 gives \a from, 1 gives \a to. A \a share outside of that, as a spring overshoots, is
+    /// clamped.
     Q_INVOKABLE static QColor blended(const QColor &from, const QColor &to, double share);
 
-    /// \a dark and \a light, mixed as the schemes are at \a darkness, which is passed so that a binding follows it.
+    /// \a dark and \a light, mixed for \a darkness, which is a parameter so that a binding follows it.
     Q_INVOKABLE static double mixed(double darkness, double dark, double light);
 
-    /// Which scheme the desktop wishes, if it tells; else the platform does, by its colours. What is told first is in
-    /// force at once, as the window may be new.
+    /// The scheme that the desktop wishes, if it has said so; otherwise the platform's colours decide. The first one
+    /// set is in force at once, since the window may be new.
     void setDesktopScheme(std::optional<ColorScheme> told);
 
-    /// How the colours change from now on.
+    /// Sets how the colours change from now on.
     void setMotion(const SpringMotion &motion);
 
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -155,9 +158,9 @@ private:
     std::optional<ColorScheme> desktopScheme;
     ColorScheme platformScheme = ColorScheme::light;
     double currentDarkness = 1;
-    bool isChosen = false; ///< A preference has been set.
+    bool isChosen = false; ///< Whether a preference has been set.
     bool highContrast = false;
-    bool isTold = false; ///< The desktop has told of its scheme.
+    bool isTold = false; ///< Whether the desktop has said which scheme it wishes.
     QVariantAnimation change;
 };
 

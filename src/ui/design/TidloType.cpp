@@ -22,7 +22,7 @@ QFont fontOf(const QString &family, double points, int weight)
 {
     static std::once_flag areLoaded;
     std::call_once(areLoaded, loadFonts);
-    constexpr double pointsInAnInch = 72; // As a font counts, whatever the screen.
+    constexpr double pointsInAnInch = 72; // Font sizes use this value, whatever the screen.
     const QScreen *screen = QGuiApplication::primaryScreen();
     const double pixelsInAnInch = screen ? screen->logicalDotsPerInch() : 96;
     QFont font(family);

@@ -6,8 +6,8 @@
 
 namespace tidlo {
 
-/// The type scale, in the fonts that come with the application; where one of them cannot be loaded, the platform's
-/// default takes its place. Sizes are points, and one point is one device-independent pixel. Main thread.
+/// The type scale, in the fonts that come with the application; a font that cannot be loaded is replaced by the
+/// platform's default. Sizes are points, and one point is one device-independent pixel. Main thread.
 class TidloType : public QObject
 {
     Q_OBJECT
@@ -38,7 +38,7 @@ public:
     double scale() const { return textScale; }
     void setScale(double scale);
 
-    /// The default design, at \a scale, which is passed so that a binding follows it.
+    /// The default design, at \a scale, which is a parameter so that a binding follows it.
     Q_INVOKABLE static QFont system(double points, int weight, double scale = 1);
 
     /// The rounded design.

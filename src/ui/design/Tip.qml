@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Templates as T
 import Tidlo.Design
 
-/// A short help that appears when the pointer rests.
+/// A short help text that appears when the pointer rests on an item.
 T.ToolTip {
     id: root
 

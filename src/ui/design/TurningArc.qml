@@ -1,8 +1,8 @@
 import QtQuick
 import Tidlo.Design
 
-/// An arc that goes round for as long as it is seen: work is under way. It takes a step with each frame where
-/// there are sixty a second, and each place that it comes by is drawn once. Where motion is reduced it stands.
+/// An arc that turns while it can be seen: work is under way. It moves one step with each frame at sixty frames a
+/// second, and the picture of each step is drawn once. Where motion is reduced it stands still.
 Gauge {
     id: root
 
@@ -12,7 +12,8 @@ Gauge {
 
     turnedBy: Motion.isReduced ? 0 : 5 * Math.round(root.angle / 5) % 360
 
-    // No Animator: where nothing waits for the display, as in software, it has a frame drawn whenever the last is done.
+    // Not an Animator: where nothing waits for the display, as in software, that draws the next frame as soon as one is
+    // done.
     NumberAnimation on angle {
         objectName: "turn"
         running: root.turns && !Motion.isReduced && root.visible && root.Sight.isSeen

@@ -1,6 +1,5 @@
-// draw_logo <logo.svg> <picture> [pixels]: makes a picture that the application carries with it: one of 512 pixels
-// unless told, or an icon of macOS, which holds the sizes that are shown there, if its name ends in .icns. Part of the
-// build.
+// draw_logo <logo.svg> <picture> [pixels]: makes the picture that the application carries: 512 pixels wide by default,
+// or, if the name ends in .icns, a macOS icon with all sizes that are shown there. Part of the build.
 
 #include <QBuffer>
 #include <QFile>
@@ -23,7 +22,7 @@ QImage picture(QSvgRenderer &drawing, int pixels)
     return image;
 }
 
-/// A part of an icon: its kind, which is four letters, the length of it all, and its content.
+/// A part of an icon: its kind (four letters), the length of the whole part, and its content.
 QByteArray part(QByteArrayView kind, const QByteArray &content)
 {
     std::array<char, sizeof(quint32)> length;

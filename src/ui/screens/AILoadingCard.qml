@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Layouts
 import Tidlo.Design
 
-/// Stands where the explanation will be, while it is awaited.
+/// A placeholder while the explanation is awaited.
 CardModifier {
     id: root
 

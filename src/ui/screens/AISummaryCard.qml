@@ -2,17 +2,17 @@ import QtQuick
 import QtQuick.Layouts
 import Tidlo.Design
 
-/// The explanation of the scan, or why there is none. It can be selected and copied; nothing in it is markup.
+/// The explanation of the scan, or why there is none. It can be selected and copied; markup in it is not interpreted.
 ContinuousRectangle {
     id: root
 
     required property string summary
-    /// What is told of the rest, where the summary is only the beginning.
+    /// A sentence about the rest if the summary is only the beginning.
     property string rest: ""
 
-    /// Everything is to be copied, the rest too.
+    /// The whole text is to be copied, the rest included.
     signal wholeCopied
-    /// Its menu is asked for, at a place in it; by the keyboard or by the pointer.
+    /// Its menu is requested at this position in it, by the keyboard or the pointer.
     signal menuAsked(double x, double y, bool byKeys)
 
     implicitHeight: row.implicitHeight + 28

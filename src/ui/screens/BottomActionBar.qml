@@ -8,7 +8,7 @@ Item {
     id: root
 
     required property Findings findings
-    /// Of the window's corners.
+    /// The corner radius of the window.
     property double cornerRadius: 0
 
     function showMenu(x: double, y: double, byKeys: bool) {
@@ -69,7 +69,7 @@ Item {
     ContextMenu {
         id: menu
 
-        // Acted upon once the menu has given the keyboard back.
+        // Handled once the menu has given the keyboard focus back.
         property bool chosen: false
 
         objectName: "barMenu"

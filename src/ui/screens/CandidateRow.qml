@@ -37,9 +37,9 @@ PlainButton {
         easing: Motion.toggle.easing
     }
 
-    /// Its menu is asked for, at a place in it; by the keyboard or by the pointer.
+    /// Its menu is requested at this position in it, by the keyboard or the pointer.
     signal menuAsked(double x, double y, bool byKeys)
-    /// Somebody wants to see what it consists of.
+    /// The person wants to see its items.
     signal inspected
 
     leftPadding: 16
@@ -50,7 +50,8 @@ PlainButton {
     text: root.title
     checkable: true
     checked: root.ticked
-    onToggled: root.checked = Qt.binding(() => root.ticked) // Whether it is ticked is not for the button to say.
+    onToggled: root.checked = Qt.binding(() => root.ticked) // The state owner decides whether it is ticked, not the
+                                                            // button.
 
     Accessible.name: root.title + ", " + root.sizeText + ", " + root.risk
     Accessible.description: root.detail
@@ -77,8 +78,8 @@ PlainButton {
         color: TidloTheme.cardSurface
     }
 
-    // Not a layout: its texts know their width from the start, and are shaped once. Nobody replaces it, so it need not
-    // be deferred.
+    // Not a layout: its texts know their width from the start, and are shaped once. Nobody replaces this item, so it
+    // need not be deferred.
     contentItem: Item { // qmllint disable deferred-property-id
         implicitHeight: Math.max(words.implicitHeight, figures.implicitHeight)
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Tidlo.Design
 
-/// What a chip looks like: a word on a pill.
+/// The look of a chip: a word on a pill.
 Rectangle {
     id: root
 

@@ -1,6 +1,6 @@
 #pragma once
 
-// The whole public face of the screens: what they show of the state, computed here, and the views of the module
+// The whole public interface of the screens: what they show of the state, computed here, and the views of the module
 // Tidlo.Screens, which only lay it out. One class for each screen, one QML file for each view.
 
 #include "app/AppViewModel.h"

@@ -12,7 +12,8 @@ namespace tidlo {
 
 namespace {
 
-// A request has some 8,000. Paths may make it any length, and showing a million takes the window a quarter of a minute.
+// A usual request has about 8,000 characters. Paths can make it any length, and showing a million takes the window
+// about 15 seconds.
 constexpr qsizetype requestShown = 20'000;
 
 /// One finding, as a scan may make it.
@@ -37,7 +38,7 @@ ExplainRequest exampleRequest()
     return explainRequest(exampleFindings(), endpoint);
 }
 
-/// What stands in a body as an escape already keeps its backslash.
+/// Escapes that the body already contains keep their backslash.
 QString shown(const QString &text)
 {
     QStringList parts = text.split(u'\\');

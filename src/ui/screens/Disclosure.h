@@ -6,8 +6,8 @@
 
 namespace tidlo {
 
-/// What is sent to have scans explained, and to whom: for the last scan, or as an example while nothing was. Main
-/// thread.
+/// What is sent to have scans explained, and to whom: for the last scan, or, before anything was sent, as an example.
+/// Main thread.
 class Disclosure : public QObject
 {
     Q_OBJECT
@@ -23,13 +23,12 @@ public:
     explicit Disclosure(AppViewModel &shownApp, QObject *parent = nullptr);
 
     QString title() const;
-    QString sentence() const; ///< Who is asked, and what \c request is.
-    /// All that is sent: the first 20,000 characters, with what cannot be shown as escapes. Empty if nobody would be
-    /// asked.
+    QString sentence() const; ///< Who is asked, and whether \c request was sent or is an example.
+    /// All that is sent: its first 20,000 characters, with invisible ones escaped. Empty if nobody would be asked.
     QString request() const;
-    QString rest() const; ///< How many more there are, as a sentence; empty if there are none.
+    QString rest() const; ///< How many more characters there are, as a sentence; empty if there are none.
 
-    /// Puts all that is sent on the clipboard, as it is.
+    /// Copies all that is sent to the clipboard, unchanged.
     Q_INVOKABLE void copy() const;
 
 Q_SIGNALS:

@@ -22,7 +22,7 @@ qsizetype charactersIn(QStringView text)
     return count;
 }
 
-/// Where the first \a most characters end.
+/// The end of the first \a most characters.
 qsizetype endOf(QStringView text, qsizetype most)
 {
     qsizetype end = 0;
@@ -40,7 +40,7 @@ Excerpt excerptOf(const QString &text, qsizetype most)
     QTextBoundaryFinder boundaries(QTextBoundaryFinder::Grapheme, considered);
     boundaries.setPosition(end);
     const qsizetype cut = boundaries.isAtBoundary() ? end : boundaries.toPreviousBoundary();
-    const qsizetype size = cut > 0 ? cut : end; // All of it may be drawn as one.
+    const qsizetype size = cut > 0 ? cut : end; // All of it may be one grapheme.
     return {.text = text.first(size), .more = charactersIn(QStringView(text).sliced(size))};
 }
 

@@ -4,7 +4,7 @@
 
 namespace tidlo {
 
-/// The beginning of a text, and how much of it there is besides. A character is what Unicode calls a code point.
+/// The beginning of a text, and how much was left out. A character is a Unicode code point.
 struct Excerpt
 {
     QString text;
@@ -12,11 +12,11 @@ struct Excerpt
     bool operator==(const Excerpt &) const = default;
 };
 
-/// The first \a most characters of \a text, or a few less, so that what is drawn as one is not cut apart. Takes time by
-/// \a most, but for counting what is left out.
+/// The first \a most characters of \a text, or a few less, so that no grapheme is cut. The time grows with \a most;
+/// only counting the rest grows with the text.
 Excerpt excerptOf(const QString &text, qsizetype most);
 
-/// That \a more characters are not shown, as a sentence, and \a advice; empty if there are none.
+/// A sentence that \a more characters are not shown, followed by \a advice; empty if \a more is 0.
 QString restText(qsizetype more, const QString &advice);
 
 } // namespace tidlo

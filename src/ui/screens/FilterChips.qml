@@ -8,7 +8,7 @@ Row {
 
     required property Findings findings
 
-    /// Gives the keyboard to the filter that is chosen.
+    /// Gives the keyboard focus to the filter that is chosen.
     function takeKeys() {
         for (let i = 0; i < chips.count; ++i) {
             if ((chips.itemAt(i) as FilterChip).selected)

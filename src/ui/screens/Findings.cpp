@@ -15,7 +15,7 @@ namespace tidlo {
 
 namespace {
 
-// An explanation has some 800. Showing a million takes the window a quarter of a minute.
+// A usual explanation has about 800 characters. Showing a million takes the window about 15 seconds.
 constexpr qsizetype summaryShown = 4'000;
 
 constexpr qsizetype longestPath = 200; ///< Characters of a path in an alert.

@@ -9,7 +9,7 @@
 namespace tidlo {
 
 /// What the results screen shows: the candidates that pass the filter, one a row, and the figures around them. A change
-/// that leaves the rows what they are, such as a toggle, keeps their views alive. Main thread.
+/// that keeps the same rows, such as a toggle, keeps their views alive. Main thread.
 class Findings : public QAbstractListModel
 {
     Q_OBJECT
@@ -26,7 +26,7 @@ class Findings : public QAbstractListModel
     Q_PROPERTY(int count READ count NOTIFY countChanged)
 
 public:
-    /// What the filter chips offer.
+    /// The choices of the filter chips.
     enum class Filter { All, Safe, Review, Other };
     Q_ENUM(Filter)
 
@@ -56,7 +56,7 @@ public:
     bool isExplaining() const { return app.isExplanationAwaited(); }
     /// The first 4,000 characters of the explanation; empty if there is none, or explanations are switched off.
     QString summary() const;
-    QString summaryRest() const; ///< How many more there are, as a sentence; empty if there are none.
+    QString summaryRest() const; ///< How many more characters there are, as a sentence; empty if there are none.
     int count() const { return static_cast<int>(rows.size()); }
 
     int rowCount(const QModelIndex &parent = {}) const override;
@@ -69,10 +69,11 @@ public:
     /// The identifier of a row's candidate; null if out of range.
     Q_INVOKABLE QUuid candidateAt(int row) const;
 
-    /// Puts the whole explanation on the clipboard, as it would be shown.
+    /// Copies the whole explanation to the clipboard, as it would be shown.
     Q_INVOKABLE void copySummary() const;
 
-    /// What emptying the Trash would give back of what is selected, a line for each part, and what could not be read.
+    /// How much space emptying the Trash would free of the selection, a line for each part, and how many folders could
+    /// not be read.
     Q_INVOKABLE QString whatThisFrees() const;
 
     /// As AppViewModel has them.
@@ -88,7 +89,7 @@ Q_SIGNALS:
     void summaryChanged();
     void isExplainingChanged();
     void countChanged();
-    void replaced(); ///< By those of another scan: none of the candidates was there before.
+    void replaced(); ///< The rows were replaced by those of another scan: none of the candidates was there before.
 
 private:
     void updateCandidates();
@@ -96,7 +97,7 @@ private:
     QString wholeSummary() const;
 
     AppViewModel &app;
-    QSet<QUuid> candidates; ///< All of them, by their identifiers.
+    QSet<QUuid> candidates; ///< The identifiers of all candidates.
     QList<CleanupCandidate> rows;
     qint64 maxBytes = 1; ///< Of all candidates, whether or not they pass the filter.
 };

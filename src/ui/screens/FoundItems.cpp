@@ -100,7 +100,7 @@ void FoundItems::setTicks(const QList<int> &items, bool ticked)
     Q_EMIT noteChanged();
 }
 
-/// What is shown may be gone from the list of findings by now: then nothing of it is ticked.
+/// The finding that is shown may have left the list of findings in the meantime: then none of its items is ticked.
 void FoundItems::updateTicks()
 {
     ticks = shownApp().ticksOf(finding.id);

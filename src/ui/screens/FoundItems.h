@@ -4,13 +4,13 @@
 
 namespace tidlo {
 
-/// What one finding consists of, each item with the size that the scan found, and ticked if it is to be moved.
+/// The items of one finding, each with the size that the scan measured, and ticked if it is to be moved.
 class FoundItems : public tidlo::ItemList
 {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("It is made with the state that it shows.")
-    /// What else came of the last thing done to items, as a sentence; empty if nothing did.
+    /// A side effect of the last action on items, as a sentence; empty if there was none.
     Q_PROPERTY(QString note READ note NOTIFY noteChanged)
     Q_PROPERTY(bool largestFirst READ isLargestFirst WRITE setLargestFirst NOTIFY orderChanged)
 
@@ -19,8 +19,8 @@ public:
     explicit FoundItems(AppViewModel &shown, QObject *parent = nullptr);
 
     bool isLargestFirst() const { return sorted; }
-    void setLargestFirst(bool largestFirst); ///< Otherwise they are in the order they were found.
-    /// How many there are, and their size; what of it is ticked, if not all; what that frees, where it is less.
+    void setLargestFirst(bool largestFirst); ///< Otherwise they are in the order in which they were found.
+    /// Their number and size; how much is ticked, if not all; how much that frees, if that is less.
     QString summary() const override;
     QString note() const { return whatElse; }
     bool isTickable() const override;
@@ -29,12 +29,12 @@ public:
     Q_INVOKABLE void inspect(const QUuid &id);
     void clear() override;
     void toggle(int row) override;
-    /// Ticks, or unticks, all items that are shown at present.
+    /// Ticks, or unticks, all items that the search shows.
     Q_INVOKABLE void tickShown(bool ticked);
 
-    /// What spare() would do, as a line of a menu: names what would go too, and its size.
+    /// The text of the menu line for spare(): names which holding folders would be left out too, and their size.
     Q_INVOKABLE QString spareText(int row) const;
-    /// Keeps the item as never to be suggested; it is gone from the rows then. Out of range it does nothing.
+    /// Adds the item to what is never suggested; its row disappears. Out of range it does nothing.
     Q_INVOKABLE void spare(int row);
 
 Q_SIGNALS:
@@ -49,7 +49,7 @@ private:
     void updateTicks();
 
     bool sorted = false;
-    CleanupCandidate finding; ///< As it was scanned.
+    CleanupCandidate finding; ///< As the scan found it.
     QList<bool> ticks;        ///< Of each item.
     QString whatElse;
     QList<qint64> sizes; ///< Of each item, in bytes on the disk.

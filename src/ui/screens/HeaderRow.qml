@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Layouts
 import Tidlo.Design
 
-/// The head of every screen: its title, and on the other side whatever is declared inside.
+/// The header of every screen: its title, and on the other side its declared children.
 Item {
     id: root
 

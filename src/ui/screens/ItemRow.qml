@@ -3,18 +3,18 @@ import QtQuick
 import QtQuick.Layouts
 import Tidlo.Design
 
-/// One item of a list: where it lies, a detail about it, and what can be done with it.
+/// One item of a list: its path, a detail about it, and its actions.
 Rectangle {
     id: root
 
     required property string pathText
     required property string detailText
     required property bool ticked
-    /// Whether it has a tick at all.
+    /// Whether it has a tick box at all.
     property bool tickable: false
-    /// Whether the detail is a sentence: that stands in a line of its own.
+    /// Whether the detail is a sentence, which gets a line of its own.
     property bool detailBeneath: false
-    /// Whether the arrow keys are here; only then can Tab reach the buttons.
+    /// Whether the arrow keys have selected it; only then can Tab reach its buttons.
     required property bool current
 
     signal toggleRequested
@@ -81,8 +81,8 @@ Rectangle {
                 Accessible.ignored: true
             }
         }
-        // Made only for the row under the pointer and the current row, so that all others appear sooner. Made anew
-        // where the row comes to show another item, so that no press that began on one acts on the other.
+        // Made only for the row under the pointer and the current row, so that the others appear sooner. Made anew when
+        // the row shows another item, so that a press that began on one item does not act on the other.
         Repeater {
             model: hover.hovered || root.current ? [root.pathText] : []
 

@@ -5,25 +5,25 @@ import QtQuick.Templates as T
 import Tidlo.Design
 import Tidlo.Screens
 
-/// A list of items, to be searched, sorted, shown in the file browser, and ticked where they can be.
+/// A list of items that can be searched, sorted, shown in the file browser and, in some lists, ticked.
 FocusScope {
     id: root
 
     required property ItemList items
-    /// Whether what stands beside the paths are sentences.
+    /// Whether the details of the items are sentences.
     property bool detailBeneath: false
-    /// What stands beside the search.
+    /// The controls beside the search field.
     property alias tools: tools.data
-    /// What stands beside the button that ends it.
+    /// The buttons beside the one that closes the list.
     property alias actions: actions.data
-    /// A sentence between them.
+    /// A sentence between these buttons.
     property string note: ""
 
     signal done
-    /// The menu of a row is asked for, at a place in its item; by the keyboard or by the pointer.
+    /// The menu of a row is requested at this position in \a item, by the keyboard or the pointer.
     signal menuAsked(Item item, int row, double x, double y, bool byKeys)
 
-    /// Has \a change make the rows anew, and stays where it is.
+    /// Runs \a change, which computes the rows again, and keeps the scroll position.
     function stayWhile(change: var) {
         const y = list.contentY, row = list.currentIndex;
         change();
@@ -106,7 +106,7 @@ FocusScope {
                 activeFocusOnTab: true
                 keyNavigationEnabled: true
                 reuseItems: true
-                cacheBuffer: 0 // Rows made ahead would be asked for even after a search has left fewer.
+                cacheBuffer: 0 // Rows made ahead would still be used after a search has left fewer rows.
                 boundsBehavior: Flickable.StopAtBounds
                 T.ScrollBar.vertical: OverlayScrollBar {}
 

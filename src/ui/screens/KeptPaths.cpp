@@ -13,7 +13,7 @@ namespace {
 struct KindOfList
 {
     QLatin1StringView key;
-    const char *detail; ///< What stands beneath a path of it.
+    const char *detail; ///< The text beneath each path of this list.
 };
 
 constexpr std::array kinds{
@@ -109,7 +109,7 @@ QString KeptPaths::refusal() const
 void KeptPaths::propose(const QUrl &folder)
 {
     const QByteArray path = folder.isLocalFile() ? folder.path(QUrl::FullyEncoded).toLatin1() : QByteArray();
-    shownApp().proposePlace(FilePath::fromPercentEncoding(path)); // Its bytes, which need not be text.
+    shownApp().proposePlace(FilePath::fromPercentEncoding(path)); // The bytes of the path, which need not be text.
 }
 
 void KeptPaths::answer(bool isWanted)

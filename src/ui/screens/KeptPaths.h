@@ -6,9 +6,9 @@
 
 namespace tidlo {
 
-/// The paths that the user named once for all scans: what is never to be suggested, and where projects are looked for
-/// as well. Each is ticked while it is kept; unticked, it is taken back at once. It also asks whether a folder is to be
-/// added to the latter.
+/// The paths that the user has chosen for all scans: what is never suggested, and where else projects are looked for.
+/// Each is ticked while it is stored; unticking removes it at once. Also asks whether a folder should be added to the
+/// latter.
 class KeptPaths : public tidlo::ItemList
 {
     Q_OBJECT
@@ -16,9 +16,9 @@ class KeptPaths : public tidlo::ItemList
     QML_UNCREATABLE("It is made with the state that it shows.")
     /// What went wrong last, as a sentence; empty if nothing did.
     Q_PROPERTY(QString note READ note NOTIFY noteChanged)
-    /// Whether a folder is to be looked into as well, as a question; empty if none is proposed.
+    /// The question whether to look into a proposed folder as well; empty if none is proposed.
     Q_PROPERTY(QString question READ question NOTIFY proposalChanged)
-    /// Why a proposed folder cannot be looked into, as a sentence; empty if none is refused.
+    /// Why a proposed folder cannot be looked into, as a sentence; empty if none was refused.
     Q_PROPERTY(QString refusal READ refusal NOTIFY proposalChanged)
 
 public:
@@ -31,12 +31,12 @@ public:
     QString question() const;
     QString refusal() const;
 
-    /// Shows them, as they are kept at this moment.
+    /// Shows the paths that are stored at this moment.
     Q_INVOKABLE void inspect();
     void clear() override;
     void toggle(int row) override;
 
-    /// Proposes what is at \a folder as a place where projects are looked for.
+    /// Proposes \a folder as a place where projects are looked for.
     Q_INVOKABLE void propose(const QUrl &folder);
     Q_INVOKABLE void answer(bool isWanted);
 

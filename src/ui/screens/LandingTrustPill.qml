@@ -1,7 +1,7 @@
 import QtQuick
 import Tidlo.Design
 
-/// A promise: a symbol and two words.
+/// A promise: a symbol and a few words.
 ContinuousRectangle {
     id: root
 

@@ -9,7 +9,7 @@ namespace tidlo {
 
 namespace {
 
-/// Whether it is shown as itself and is one byte.
+/// Whether the character is shown as itself and is one byte.
 constexpr bool isPlainCharacter(char character)
 {
     return character >= 0x20 && character < 0x7f && character != '\\';

@@ -6,25 +6,26 @@
 
 namespace tidlo {
 
-/// What is searched of a path: its text as it is shown, in UTF-8, without a difference of case. Any thread. Takes some
-/// microseconds, so many are better made before anyone waits.
+/// The text of a path that a search looks into: as it is shown, in UTF-8, in lower case. Any thread. Takes some
+/// microseconds, so make many of them in advance.
 QByteArray searchableText(const FilePath &path);
 
-/// Whether \a path needs such a text. One of plain letters is searched as it is.
+/// Whether \a path needs a separate search text. A path of plain ASCII characters is searched directly.
 bool needsSearchableText(const FilePath &path);
 
-/// Finds the paths that contain a text as they are shown, whatever the case of its letters. Made for many paths.
+/// Finds the paths whose shown text contains a given text, ignoring case. Made to search many paths.
 class PathSearch final
 {
 public:
-    explicit PathSearch(const QString &given); ///< An empty text is contained in all.
+    explicit PathSearch(const QString &given); ///< An empty text is found in every path.
 
-    /// Looks into \a text, which is made of \a path if it is missing and needed.
+    /// Whether \a text, the search text of \a path, contains the wanted one. If \a text is missing and needed, it is
+    /// made here.
     bool finds(const FilePath &path, const QByteArray &text = {});
 
 private:
     QByteArray wanted; ///< As in a searchable text.
-    FilePath lowered;  ///< Kept between two searches, for its memory.
+    FilePath lowered;  ///< Kept between two calls, to reuse its memory.
 };
 
 } // namespace tidlo

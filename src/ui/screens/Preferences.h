@@ -6,7 +6,7 @@
 
 namespace tidlo {
 
-/// The stored preferences, for views that show and change them. A change reaches every reader at once. Main thread.
+/// The stored preferences, for views that show and change them. Every reader sees a change at once. Main thread.
 class Preferences : public QObject
 {
     Q_OBJECT
@@ -23,10 +23,10 @@ public:
     QString theme() const; ///< As ThemePreference.h explains it; "dark" if none is stored.
     void setTheme(const QString &theme);
 
-    bool setupCompleted() const; ///< Whether the wizard of the first run has been gone through.
+    bool setupCompleted() const; ///< Whether the wizard of the first run was completed.
     void setSetupCompleted(bool completed);
 
-    bool explanations() const; ///< Whether scans are explained, by asking somebody; true if it is not stored.
+    bool explanations() const; ///< Whether scans are explained, which asks a service; true if nothing is stored.
     void setExplanations(bool areWanted);
 
 Q_SIGNALS:

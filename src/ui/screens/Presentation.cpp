@@ -30,7 +30,7 @@ constexpr std::array risks{
     RiskPresentation{CleanupRisk::never, Hue::Red, Hue::AccentRed},
 };
 
-// Each row is where presentationOf() looks for it.
+// presentationOf() finds each row by its index.
 static_assert(std::ranges::equal(categories, allCases<CleanupCategory>(), {}, &CategoryPresentation::category));
 static_assert(std::ranges::equal(risks, allCases<CleanupRisk>(), {}, &RiskPresentation::risk));
 

@@ -28,7 +28,7 @@ struct RiskPresentation
 
 const RiskPresentation &presentationOf(CleanupRisk risk);
 
-/// A byte count in file style, and an em dash where there is nothing.
+/// A byte count in file style, or an em dash for 0.
 QString byteCountOrDash(qint64 bytes);
 
 } // namespace tidlo

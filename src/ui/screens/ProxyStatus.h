@@ -5,7 +5,7 @@
 
 namespace tidlo {
 
-/// What the settings say about the AI proxy. It asks nobody: the text is the same whatever the proxy does.
+/// What the settings say about the AI proxy. It sends no request: the text is the same whatever the proxy does.
 class ProxyStatus : public QObject
 {
     Q_OBJECT
@@ -17,7 +17,7 @@ public:
     using QObject::QObject;
 
     static QString sentence(); ///< Who is asked.
-    static QString nobody();   ///< That nobody is.
+    static QString nobody();   ///< Says that nobody is asked.
 };
 
 } // namespace tidlo

@@ -6,8 +6,8 @@
 
 namespace tidlo {
 
-/// How the application can be removed, as the settings tell it: a bundle by the application itself, what was installed
-/// by what installed it. Main thread.
+/// How the application can be removed, for the settings: a bundle is removed by the application itself, an installed
+/// program by the installer that put it there. Main thread.
 class Removal : public QObject
 {
     Q_OBJECT
@@ -20,13 +20,13 @@ public:
     /// \a app must outlive it.
     explicit Removal(AppViewModel &app, QObject *parent = nullptr);
 
-    QString message() const; ///< What a person is told before they decide.
-    QString action() const;  ///< What carryOut() does, in the words of a button.
+    QString message() const; ///< The text that a person reads before they decide.
+    QString action() const;  ///< What carryOut() does, as the label of a button.
 
-    /// Looks at how things are now: where the application lies, and what installed it.
+    /// Looks up where the application lies now, and what installed it.
     Q_INVOKABLE void inspect();
 
-    /// Has the application removed, or, where it is in no bundle, its preferences and caches. It quits then.
+    /// Removes the application or, if it is in no bundle, its preferences and caches. The application then quits.
     Q_INVOKABLE void carryOut();
 
 Q_SIGNALS:
@@ -35,7 +35,7 @@ Q_SIGNALS:
 private:
     AppViewModel &owner;
     bool isBundle = true;
-    QString command; ///< What removes the application that was installed; empty if nothing is known of it.
+    QString command; ///< The command that removes the installed application; empty if none is known.
 };
 
 } // namespace tidlo

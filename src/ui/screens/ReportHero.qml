@@ -3,7 +3,7 @@ import QtQuick.Layouts
 import Tidlo.Design
 import Tidlo.Screens
 
-/// The figure that a cleanup is for.
+/// The main figure of a cleanup.
 ContinuousRectangle {
     id: root
 

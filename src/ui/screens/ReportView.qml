@@ -4,13 +4,13 @@ import QtQuick.Layouts
 import Tidlo.Design
 import Tidlo.Screens
 
-/// What a cleanup did, or what the selection would come to.
+/// The result of a cleanup, or a preview of what the selection would give.
 Item {
     id: root
 
     required property ShownReport report
     required property StayedItems items
-    /// The radius of the window's corners.
+    /// The corner radius of the window.
     property double cornerRadius: 0
 
     function showMenu(x: double, y: double, byKeys: bool) {
@@ -43,7 +43,7 @@ Item {
         anchors.right: parent.right
         title: qsTr("Cleanup report")
 
-        // To be seen only.
+        // Decoration only.
         Symbol { name: "square.and.arrow.up"; size: 15; color: TidloTheme.mutedText }
         Symbol { name: "square.and.arrow.down"; size: 15; color: TidloTheme.mutedText }
     }
@@ -56,7 +56,7 @@ Item {
         anchors.left: parent.left
         anchors.right: parent.right
         contentHeight: column.implicitHeight + 44
-        activeFocusOnTab: true // Where it all is read aloud.
+        activeFocusOnTab: true // A screen reader reads the whole report here.
 
         Accessible.role: Accessible.Grouping
         Accessible.name: qsTr("Report")
@@ -80,7 +80,7 @@ Item {
                 rowSpacing: 14
 
                 Repeater {
-                    model: root.report.figures.length // So that a tile that changes stays.
+                    model: root.report.figures.length // A number, so that a tile whose figure changes is not made anew.
 
                     ReportTile {
                         id: tile
@@ -121,7 +121,7 @@ Item {
     ContextMenu {
         id: menu
 
-        // Acted upon once the menu has given the keyboard back.
+        // Handled once the menu has given the keyboard focus back.
         property ContextMenuItem chosen: null
 
         objectName: "reportMenu"

@@ -3,7 +3,7 @@ import QtQuick
 import Tidlo.Design
 import Tidlo.Screens
 
-/// What a scan found, to be read, filtered and ticked.
+/// The findings of a scan, to read, filter and tick.
 Item {
     id: root
 
@@ -11,10 +11,10 @@ Item {
     required property FoundItems items
     required property Disclosure disclosure
     required property Preferences preferences
-    /// The radius of the window's corners.
+    /// The corner radius of the window.
     property double cornerRadius: 0
 
-    /// Gives the keyboard to the first finding, if there is one.
+    /// Gives the keyboard focus to the first finding, if there is one.
     function goToFirst() {
         if (rows.count > 0)
             rows.itemAt(0).forceActiveFocus(Qt.TabFocusReason);
@@ -121,7 +121,7 @@ Item {
         id: menu
 
         property CandidateRow row: null
-        // Acted upon once the menu has given the keyboard back.
+        // Handled once the menu has given the keyboard focus back.
         property bool chosen: false
 
         function showFor(row: CandidateRow, x: double, y: double, byKeys: bool) {
@@ -147,7 +147,7 @@ Item {
     ContextMenu {
         id: cardMenu
 
-        // Acted upon once the menu has given the keyboard back.
+        // Handled once the menu has given the keyboard focus back.
         property bool chosen: false
 
         objectName: "cardMenu"
@@ -174,7 +174,7 @@ Item {
 
         property int row: -1
         property string line: ""
-        // Acted upon once the menu has given the keyboard back.
+        // Handled once the menu has given the keyboard focus back.
         property bool chosen: false
 
         function showFor(item: Item, row: int, x: double, y: double, byKeys: bool) {

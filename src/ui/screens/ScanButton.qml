@@ -1,15 +1,16 @@
 import QtQuick
 import Tidlo.Design
 
-/// The round button that starts a scan. Its outer ring breathes for as long as it is seen.
+/// The round button that starts a scan. Its outer ring pulses while it can be seen.
 PlainButton {
     id: root
 
-    /// Whether the ring has begun to breathe.
+    /// Whether the ring has begun to pulse.
     property bool pulse: false
     /// From 0, small and opaque, to 1, large and faint.
     property double breath
-    /// The same in steps that move the ring's edge by less than a quarter of a point: no frame is drawn between them.
+    /// The same, rounded to steps that move the ring's edge by less than a quarter of a point: no frame is drawn
+    /// between them.
     readonly property double drawnBreath: Motion.isReduced ? 0 : Math.round(root.breath * 40) / 40
 
     text: qsTr("Scan")

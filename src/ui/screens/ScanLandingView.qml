@@ -2,7 +2,7 @@ import QtQuick
 import Tidlo.Design
 import Tidlo.Screens
 
-/// Where everything starts: one large button, and what it promises.
+/// The start screen: one large button, and what it promises.
 Item {
     id: root
 
@@ -10,7 +10,7 @@ Item {
     required property KeptPaths keptPaths
     required property Disclosure disclosure
     required property Preferences preferences
-    /// The radius of the window's corners.
+    /// The corner radius of the window.
     property double cornerRadius: 0
 
     function showMenu(x: double, y: double, byKeys: bool) {
@@ -64,7 +64,7 @@ Item {
         anchors.bottom: parent.bottom
         anchors.horizontalCenter: parent.horizontalCenter
         width: Math.min(parent.width, 680)
-        focus: true // A screen reader where nothing has the keyboard misses the first key.
+        focus: true // Without a focused item, a screen reader misses the first key.
 
         Accessible.role: Accessible.Grouping
         Accessible.name: heading.text
@@ -117,10 +117,11 @@ Item {
     ContextMenu {
         id: menu
 
-        // The keyboard, which reaches no pill, gets both.
+        // Whether the screen's own actions are offered. The keyboard cannot reach the pill, so its menu has the actions
+        // of both.
         property bool isOfScreen: true
         property bool isOfPill: true
-        // Acted upon once the menu has given the keyboard back.
+        // Handled once the menu has given the keyboard focus back.
         property string chosen
 
         objectName: "landingMenu"
@@ -158,7 +159,7 @@ Item {
         preferences: root.preferences
     }
 
-    // Made when it is asked for: few people ever do.
+    // Loaded on demand: few people ever use it.
     Loader {
         id: dialog
 

@@ -1,7 +1,7 @@
 import QtQuick
 import Tidlo.Design
 
-/// A small tile of two lines: what, and how.
+/// A small tile of two lines: a caption and a value.
 ContinuousRectangle {
     id: root
 

@@ -3,7 +3,7 @@ import QtQuick
 import Tidlo.Design
 import Tidlo.Screens
 
-/// What the scan does, step by step.
+/// The steps of the scan.
 CardModifier {
     id: root
 
@@ -42,7 +42,7 @@ CardModifier {
             Accessible.name: qsTr("Steps of the scan")
 
             Repeater {
-                model: root.steps.length // So that a step that changes keeps its row.
+                model: root.steps.length // A number, so that a step that changes keeps its row.
 
                 ScanStep {
                     id: row

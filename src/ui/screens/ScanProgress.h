@@ -6,7 +6,7 @@
 
 namespace tidlo {
 
-/// One row of the list of what a scan does.
+/// One row of the list of a scan's steps.
 struct PipelineStep
 {
     Q_GADGET
@@ -25,7 +25,7 @@ public:
     bool complete = false;
 
     QString symbol() const;
-    QString state() const; ///< In a word.
+    QString state() const; ///< As one word.
 
     bool operator==(const PipelineStep &) const = default;
 };

@@ -2,7 +2,7 @@ import QtQuick
 import Tidlo.Design
 import Tidlo.Screens
 
-/// How far the scan is, as a ring.
+/// The progress of the scan, as a ring.
 CardModifier {
     id: root
 
@@ -84,7 +84,8 @@ CardModifier {
         }
         TidloText {
             width: parent.width
-            height: topPadding + 2 * Math.ceil(lines.height) // So that nothing moves where it takes two.
+            height: topPadding + 2 * Math.ceil(lines.height) // Room for two lines, so that nothing moves when the text
+                                                             // needs both.
             topPadding: 6
             text: root.label
             font: TidloType.system(20, Font.Bold, TidloType.scale)

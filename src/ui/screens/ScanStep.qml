@@ -10,7 +10,7 @@ ContinuousRectangle {
     required property string detail
     required property bool active
     required property string symbol
-    /// Whether it waits, is under way or is done, in a word.
+    /// The same as one word.
     required property string stateText
 
     implicitHeight: row.implicitHeight + 24

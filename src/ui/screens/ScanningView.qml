@@ -2,7 +2,7 @@ import QtQuick
 import Tidlo.Design
 import Tidlo.Screens
 
-/// How the scan, or a cleanup, is going on. Nothing here can be pressed; the keyboard waits at the progress.
+/// The progress of the scan or of a cleanup. Nothing here can be pressed; the keyboard focus rests on the progress.
 Item {
     id: root
 

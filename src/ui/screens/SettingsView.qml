@@ -2,7 +2,7 @@ import QtQuick
 import Tidlo.Design
 import Tidlo.Screens
 
-/// Preferences: the theme, where explanations come from, and how to be rid of the application.
+/// Preferences: the theme, where explanations come from, and how to uninstall.
 Item {
     id: root
 
@@ -10,7 +10,7 @@ Item {
     required property Preferences preferences
     required property Removal removal
     required property KeptPaths keptPaths
-    /// The radius of the window's corners.
+    /// The corner radius of the window.
     property double cornerRadius: 0
     property bool showUninstallConfirmation: false
 
@@ -80,7 +80,7 @@ Item {
     ContextMenu {
         id: menu
 
-        // Acted upon once the menu has given the keyboard back.
+        // Handled once the menu has given the keyboard focus back.
         property bool chosen: false
 
         objectName: "settingsMenu"

@@ -3,7 +3,7 @@ import QtQuick.Layouts
 import Tidlo.Design
 import Tidlo.Screens
 
-/// The first run: what this is, and one button.
+/// The first run: what the application is, and one button.
 FocusScope {
     id: root
 

@@ -26,8 +26,7 @@ public:
     bool operator==(const ReportFigure &) const = default;
 };
 
-/// What the report screen shows: the last cleanup, or, before there was one, what the selection would come to. Main
-/// thread.
+/// What the report screen shows: the last cleanup or, before the first one, a preview for the selection. Main thread.
 class ShownReport : public QObject
 {
     Q_OBJECT
@@ -46,18 +45,19 @@ public:
     /// \a shown must outlive it.
     explicit ShownReport(AppViewModel &shown, QObject *parent = nullptr);
 
-    /// The report as \a app has it, or a preview made of the selection.
+    /// The report of \a app, or a preview computed from the selection.
     static CleanupReport reportOf(const AppViewModel &app);
 
     QString recoveredText() const;
     QString diskText() const;
-    double freeShare() const; ///< A fraction, never less than a hundredth.
+    double freeShare() const; ///< A fraction, at least 0.01.
     QString freeText() const;
     QList<ReportFigure> figures() const;
     bool hasStayed() const; ///< Whether the cleanup left something where it was.
 
     bool canPutBack() const { return app.canPutBack(); }
-    /// What could not be put back and why, for a person: the first three, and how many more; empty if there is nothing.
+    /// What could not be put back and why, for a person: the first three items, and how many more; empty if there are
+    /// none.
     QString notPutBack() const;
 
     /// As AppViewModel has them.

@@ -1,7 +1,7 @@
 import QtQuick
 import Tidlo.Design
 
-/// How large something is beside the largest of its kind.
+/// The size of something, relative to the largest of its kind.
 Item {
     id: root
 

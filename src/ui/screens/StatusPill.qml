@@ -1,7 +1,7 @@
 import QtQuick
 import Tidlo.Design
 
-/// A short word on how things stand, in its colour on a capsule.
+/// A short status word on a capsule, in the colour of that status.
 Rectangle {
     id: root
 

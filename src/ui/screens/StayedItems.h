@@ -16,7 +16,7 @@ public:
 
     QString summary() const override; ///< How many there are.
 
-    /// Shows them, as they are now.
+    /// Shows the items that stayed, as the report lists them now.
     Q_INVOKABLE void inspect();
     void clear() override;
 

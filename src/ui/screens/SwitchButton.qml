@@ -1,12 +1,12 @@
 import QtQuick
 import Tidlo.Design
 
-/// A switch for something that is on or off, with its name beside it.
+/// A switch with its name beside it.
 PlainButton {
     id: root
 
     required property bool on
-    /// The same from 0 to 1, on its way from one to the other.
+    /// The same as a number, animated from 0 to 1 and back.
     property double share: root.on ? 1 : 0
 
     Behavior on share {
@@ -17,7 +17,8 @@ PlainButton {
     cornerRadius: 10
     checkable: true
     checked: root.on
-    onToggled: root.checked = Qt.binding(() => root.on) // Whether it is on is not for the button to say.
+    onToggled: root.checked = Qt.binding(() => root.on) // The owner of the setting decides whether it is on, not the
+                                                        // button.
 
     contentItem: Row { // qmllint disable deferred-property-id
         spacing: 10

@@ -8,12 +8,12 @@ PlainRadioButton {
 
     required property string title
     required property string symbol
-    /// What is stored when it is chosen.
+    /// The preference to store when it is chosen.
     required property string value
-    /// What is stored now.
+    /// The preference that is stored now.
     required property string currentTheme
     readonly property bool selected: root.currentTheme === root.value
-    /// The same from 0 to 1, on its way from one to the other.
+    /// The same as a number, animated from 0 to 1 and back.
     property double chosen: root.selected ? 1 : 0
 
     Behavior on chosen {

@@ -2,7 +2,7 @@ import QtQuick
 import Tidlo.Design
 import Tidlo.Screens
 
-/// A chip for something that is so or is not.
+/// A chip that can be on or off.
 PlainButton {
     id: root
 

@@ -3,7 +3,7 @@ import QtQuick.Layouts
 import Tidlo.Design
 import Tidlo.Shell
 
-/// A category of findings and its bytes.
+/// A category of findings and its size.
 Rectangle {
     id: root
 

@@ -3,7 +3,7 @@ import QtQuick
 import Tidlo.Design
 import Tidlo.Shell
 
-/// The narrow column that leads from section to section.
+/// The narrow column of buttons that switch between the sections.
 Item {
     id: root
 

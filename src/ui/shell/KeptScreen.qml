@@ -1,6 +1,6 @@
 import QtQuick
 
-/// A screen that is made ready while nothing else happens and is kept, so that it is there at once when it is shown.
+/// A screen that is loaded while the application is idle and kept, so that it appears at once.
 Loader {
     id: root
 

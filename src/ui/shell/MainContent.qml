@@ -2,15 +2,15 @@ import QtQuick
 import Tidlo.Screens
 import Tidlo.Shell
 
-/// The screen of the section that is shown.
+/// The screen of the current section.
 FocusScope {
     id: root
 
     required property ShownState shown
-    /// The radius of the window's corners.
+    /// The corner radius of the window.
     property double cornerRadius: 0
 
-    /// From a place that is no stop of the keyboard, such as a screen that has just been shown.
+    /// Moves the keyboard focus on from an item that Tab does not reach, such as a screen that has just been shown.
     function goOn(forward: bool) {
         const next = root.Window.activeFocusItem.nextItemInFocusChain(forward);
         if (next)
@@ -52,7 +52,7 @@ FocusScope {
         }
     }
 
-    // A loader of Qt 6.4 takes no bound components, and without those qmllint cannot see what "root" is.
+    // A loader of Qt 6.4 cannot load bound components, and in other components qmllint does not know "root".
     // qmllint disable unqualified
     Component {
         id: landing

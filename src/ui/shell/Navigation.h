@@ -16,7 +16,7 @@ struct RailItem
 
 public:
     QString symbol;
-    QString title; ///< For those who hear it.
+    QString title; ///< For assistive technology.
 };
 
 /// Which screen is shown, and how the rail changes that. Main thread.
@@ -37,10 +37,10 @@ public:
     explicit Navigation(AppViewModel &shown, QObject *parent = nullptr);
 
     static QList<RailItem> rail();
-    int activeItem() const; ///< Its place in the rail.
+    int activeItem() const; ///< The index of its button in the rail.
     Screen screen() const;
 
-    /// Goes where a button of the rail leads; out of range it does nothing.
+    /// Goes to the section of a button of the rail; out of range it does nothing.
     Q_INVOKABLE void press(int item);
 
 Q_SIGNALS:

@@ -3,13 +3,13 @@ import Tidlo.Design
 import Tidlo.Screens
 import Tidlo.Shell
 
-/// The content of the window: the bar across the top, below it the rail, the sidebar and the screen, and whatever must
-/// be answered first.
+/// The content of the window: the bar at the top, below it the rail, the sidebar and the screen, and the questions that
+/// must be answered before anything else.
 FocusScope {
     id: root
 
     required property ShownState shown
-    /// The radius of the window's corners.
+    /// The corner radius of the window.
     property double cornerRadius: 0
     readonly property alias chrome: chrome
     readonly property alias barHeight: topBar.height
@@ -149,7 +149,7 @@ FocusScope {
 
     Sheet {
         objectName: "setupSheet"
-        visible: root.shown.app.showSetupWizard && !root.shown.app.showMoveToApplicationsError // One after the other.
+        visible: root.shown.app.showSetupWizard && !root.shown.app.showMoveToApplicationsError // Not both at once.
         windowRadius: root.cornerRadius
         title: qsTr("Tidlo setup")
 

@@ -6,7 +6,7 @@
 
 namespace tidlo {
 
-/// What the window shows of the state, a part for each view. Main thread.
+/// The part of the state that the window shows, one object for each view. Main thread.
 class ShownState : public QObject
 {
     Q_OBJECT

@@ -3,7 +3,7 @@ import QtQuick.Layouts
 import Tidlo.Design
 import Tidlo.Shell
 
-/// One line of the legend: a category, its colour and its bytes.
+/// One line of the legend: a category, its colour and its size.
 RowLayout {
     id: root
 

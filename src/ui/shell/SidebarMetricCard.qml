@@ -2,7 +2,7 @@ import QtQuick
 import QtQuick.Layouts
 import Tidlo.Design
 
-/// A figure of the disk: a ring that grows when it appears, and the words for it.
+/// A figure of the disk: a ring that grows when it appears, and its texts.
 ContinuousRectangle {
     id: root
 
@@ -12,7 +12,7 @@ ContinuousRectangle {
     required property string valueText
     required property string label
     required property color metricColor
-    /// By which the ring can be found.
+    /// The object name of the ring, for tests.
     property string ringName
 
     implicitHeight: row.implicitHeight + 24

@@ -2,8 +2,8 @@
 
 namespace tidlo {
 
-/// Gives the application the menus that all applications have on this system, if they have any, beyond those that Qt
-/// makes. To be called once, with an application object. Main thread.
+/// Gives the application the system's standard menus beyond those that Qt makes, if the system has any. Call it once,
+/// after the application object was made. Main thread.
 void addStandardMenus();
 
 } // namespace tidlo

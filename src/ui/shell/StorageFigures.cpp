@@ -66,7 +66,7 @@ void StorageFigures::updateCategories()
     for (const CleanupCategory category : shownCategories)
         updated.append(figureOf(category, app.categoryBytes(category)));
     if (updated == figures)
-        return; // Else the cards would be made anew.
+        return; // Otherwise the cards would be made anew.
     figures = updated;
     Q_EMIT categoriesChanged();
 }

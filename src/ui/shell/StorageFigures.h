@@ -47,7 +47,7 @@ public:
     /// \a shown must outlive it.
     explicit StorageFigures(AppViewModel &shown, QObject *parent = nullptr);
 
-    QString diskStatus() const; ///< "Ready" as long as nothing is known of the disk.
+    QString diskStatus() const; ///< "Ready" as long as the disk's figures are unknown.
     double usedShare() const;
     QString usedText() const;
     double recoverableShare() const;
@@ -56,7 +56,7 @@ public:
 
 Q_SIGNALS:
     void totalsChanged();
-    void categoriesChanged(); ///< One of the figures is another.
+    void categoriesChanged(); ///< At least one of the figures has changed.
 
 private:
     void updateCategories();

@@ -5,7 +5,7 @@ import Tidlo.Design
 import Tidlo.Screens
 import Tidlo.Shell
 
-/// The column that sums up the disk and the last scan. It only shows.
+/// The column that sums up the disk and the last scan. It has no controls.
 Rectangle {
     id: root
 
@@ -90,7 +90,8 @@ Rectangle {
                 spacing: 8
 
                 Repeater {
-                    model: root.figures.categories.length // So that a category whose bytes change keeps its row.
+                    model: root.figures.categories.length // A number, so that a category whose bytes change keeps its
+                                                          // row.
 
                     SidebarLegendRow {
                         required property int index

@@ -14,20 +14,20 @@ namespace tidlo {
 /// Needs an application object.
 void registerQmlModules();
 
-/// The application: makes what there is one of, and opens the window on it. Main thread.
+/// The application: makes the objects that exist once, and opens the window on them. Main thread.
 class TidloApp final
 {
 public:
     /// Needs an application object. \a environment is what the state owner depends on.
     explicit TidloApp(AppEnvironment environment = {});
-    /// With a state owner that is there already.
+    /// Takes a state owner that exists already.
     explicit TidloApp(std::unique_ptr<AppViewModel> model);
     ~TidloApp();
 
-    /// False if the window could not be made; what was wrong has been written to standard error.
+    /// False if the window could not be made; the reason has then been written to standard error.
     bool open();
 
-    /// From now on the window looks and moves as the desktop wishes, wherever the person has not chosen otherwise.
+    /// From now on the window follows \a wishes of the desktop, unless the person has chosen otherwise.
     void heed(const DesktopWishes &wishes);
 
     QQuickWindow *window() const;
@@ -36,11 +36,11 @@ public:
 private:
     std::unique_ptr<AppViewModel> app;
     ShownState shown{*app};
-    QQmlApplicationEngine engine; ///< Last, since what it shows reads the others.
+    QQmlApplicationEngine engine; ///< Last, since its objects read the others.
 };
 
-/// Starts the application and runs it until it quits. Returns the program's exit status; what has not ended within a
-/// second of quitting is cut short, and the process with it.
+/// Starts the application and runs it until it quits. Returns the program's exit status. Work that has not ended a
+/// second after quitting is cut off by ending the process.
 int runTidlo(int argumentCount, char **arguments);
 
 } // namespace tidlo

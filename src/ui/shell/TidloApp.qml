@@ -9,22 +9,22 @@ Window {
     id: window
 
     required property ShownState shown
-    /// The room that the screen has for windows.
+    /// The size of the screen without panels.
     required property size screenRoom
 
     readonly property size leastContent: Qt.size(1350, 720)
-    /// On a smaller screen everything is drawn smaller, as long as it can be read; from there on it scrolls.
+    /// On a smaller screen everything is drawn smaller, as long as it stays readable; below that it scrolls.
     readonly property double contentScale: Math.max(0.75, Math.min(1, width / leastContent.width, height / leastContent.height))
-    /// Texts up to a quarter larger fit into that; beyond, there is more to scroll.
+    /// Texts fit if they are up to a quarter larger; beyond that there is more to scroll.
     readonly property double roomForTexts: Math.max(1, TidloType.scale / 1.25)
     readonly property bool isFramed: root.chrome.isNative
     readonly property bool fillsScreen: visibility === Window.Maximized || visibility === Window.FullScreen
     readonly property double cornerRadius: fillsScreen || isFramed ? 0 : 10
-    /// Something must be answered first.
+    /// Whether a modal question is open.
     readonly property bool isAsking: T.Overlay.overlay ? T.Overlay.overlay.visible : false
-    /// In front of that: meanwhile the window can still be moved and closed.
+    /// In front of such a question, so that the window can still be moved and closed.
     readonly property double front: T.Overlay.overlay ? T.Overlay.overlay.z + 1 : 1
-    /// What holds the window is behind everything that takes a press.
+    /// Behind everything that takes a press.
     readonly property double back: isAsking ? front : 0
 
     function clearSelection() {
@@ -49,7 +49,7 @@ Window {
     width: minimumWidth
     height: Math.min(860, Math.max(minimumHeight, screenRoom.height - 80))
     color: "transparent"
-    // From the start, since a window manager may not take a frame away without a trace.
+    // From the start, since a window manager may not remove a frame cleanly later.
     flags: isFramed ? Qt.Window : Qt.Window | Qt.FramelessWindowHint
     visible: true
 

@@ -3,7 +3,7 @@ import QtQuick.Layouts
 import Tidlo.Design
 import Tidlo.Shell
 
-/// The bar that stands for the title bar: the logo, the name, and the theme.
+/// The bar in place of the title bar: the logo, the name, and the theme.
 Item {
     id: root
 
@@ -41,7 +41,7 @@ Item {
             objectName: "themeButton"
             onClicked: root.themeSwitched()
         }
-        // It is there to be seen; nothing notifies yet.
+        // Decoration for now: nothing sends notifications yet.
         PlainButton {
             objectName: "bell"
             Layout.leftMargin: 12
@@ -57,7 +57,7 @@ Item {
         }
     }
 
-    // In the dark scheme nothing divides the bar from what is below it.
+    // In the dark scheme no line separates the bar from the content below it.
     Rectangle {
         objectName: "hairline"
         anchors.left: parent.left

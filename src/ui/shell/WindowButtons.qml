@@ -2,16 +2,16 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Tidlo.Design
 
-/// Close, minimise and zoom, for systems that do not draw them themselves.
+/// Close, minimise and zoom, for systems that do not draw these buttons themselves.
 Row {
     id: root
 
     required property Window window
 
-    /// One of them has the keyboard.
+    /// One of them got the keyboard focus.
     signal reached
 
-    /// The window is to fill the screen, or no longer.
+    /// The window should fill the screen, or return to its size.
     signal zoomRequested
 
     spacing: 8

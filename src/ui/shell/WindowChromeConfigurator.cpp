@@ -5,7 +5,7 @@ namespace tidlo {
 WindowChromeConfigurator::WindowChromeConfigurator(QQuickItem *parent)
     : QQuickItem(parent)
 {
-    watch(window()); // That of the parent, which no change has been told of.
+    watch(window()); // The parent's window, for which there was no change signal.
 }
 
 void WindowChromeConfigurator::refresh()

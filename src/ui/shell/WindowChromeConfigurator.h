@@ -6,10 +6,9 @@
 
 namespace tidlo {
 
-/// Takes no room and shows nothing: it reaches the window that it is put into and makes its content run to the edges,
-/// without a title, on a clear background. Applied one turn of the event loop after it is put there and again whenever
-/// the window's state or the theme changes, so that the chrome outlives what the platform does then. Without a window
-/// it does nothing. Main thread.
+/// Takes no room and shows nothing. It makes the content of its window run to the edges, without a title, on a clear
+/// background. Applied one turn of the event loop after it enters a window, and again whenever the window's state or
+/// the theme changes, since the platform may reset the chrome then. Without a window it does nothing. Main thread.
 class WindowChromeConfigurator : public QQuickItem
 {
     Q_OBJECT
@@ -30,7 +29,7 @@ protected:
 
 private:
     void watch(QQuickWindow *window);
-    static void adjust(QQuickWindow &window); ///< One for each system.
+    static void adjust(QQuickWindow &window); ///< Implemented once for each system.
 
     QPointer<QQuickWindow> watched;
 };

@@ -2,11 +2,11 @@ pragma ComponentBehavior: Bound
 import QtQuick
 import Tidlo.Shell
 
-/// The edges and corners by which a window without a frame is made larger or smaller.
+/// The edges and corners that resize a window without a frame.
 Item {
     id: root
 
-    /// How large the content of the window is drawn.
+    /// The scale at which the content of the window is drawn.
     required property double shownScale
     readonly property double thickness: 5 * root.shownScale
     readonly property double corner: 12 * root.shownScale

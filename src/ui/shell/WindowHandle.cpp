@@ -21,7 +21,7 @@ void WindowHandle::mousePressEvent(QMouseEvent *event)
 
 void WindowHandle::mouseMoveEvent(QMouseEvent *event)
 {
-    // A release may come with a last move, long after the system has taken over.
+    // A release may come with one last move, long after the system has taken over the drag.
     const QPointF way = event->scenePosition() - pressedAt;
     if (!isHeld || way.manhattanLength() < QGuiApplication::styleHints()->startDragDistance())
         return;

@@ -4,14 +4,13 @@
 
 namespace tidlo {
 
-/// A place by which the window is held: a drag of it moves the window or, at an edge or corner, makes it larger or
-/// smaller. The system carries that out, once for each press of the left button. What lies on it and takes presses
-/// leaves it none.
+/// A handle of the window: dragging it moves the window or, at an edge or corner, resizes it. The system does the work,
+/// once for each press of the left button. Items above it that take presses hide it from the pointer.
 class WindowHandle : public QQuickItem
 {
     Q_OBJECT
     QML_ELEMENT
-    /// Those that go along with the pointer; none moves the window.
+    /// The edges that follow the pointer; none moves the window.
     Q_PROPERTY(Qt::Edges edges MEMBER edges)
 
 public:
@@ -29,7 +28,7 @@ protected:
 private:
     Qt::Edges edges;
     QPointF pressedAt;
-    bool isHeld = false; ///< And the system has not taken over.
+    bool isHeld = false; ///< Pressed, and the system has not taken over the drag.
 };
 
 } // namespace tidlo

@@ -7,7 +7,7 @@ bool WindowChromeConfigurator::isNative()
     return false;
 }
 
-/// A frame cannot be made transparent here, so there is none; what it did is drawn in the window.
+/// A frame cannot be transparent here, so the window has none and draws its own buttons and edges.
 void WindowChromeConfigurator::adjust(QQuickWindow &window)
 {
     window.setFlag(Qt::FramelessWindowHint);

@@ -6,8 +6,8 @@
 
 #import <AppKit/AppKit.h>
 
-/// Stands behind the menu of editing. The view of a window understands keys and not the system's commands, so the
-/// chosen item presses its own.
+/// Carries out the commands of the Edit menu. The window's view understands keys but not the system's commands, so each
+/// menu item sends its own key.
 @interface TidloEditing : NSObject
 - (void)press:(NSMenuItem *)item;
 @end
@@ -15,10 +15,12 @@
 @implementation TidloEditing
 - (void)press:(NSMenuItem *)item
 {
-    const QChar letter([item.keyEquivalent characterAtIndex:0]); // A capital stands for the shift key too.
+    const QChar letter([item.keyEquivalent characterAtIndex:0]); // A capital letter means that the shift key is pressed
+                                                                 // too.
     const Qt::KeyboardModifiers shift = letter.isUpper() ? Qt::ShiftModifier : Qt::NoModifier;
     for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-        QKeyEvent event(type, letter.toUpper().unicode(), Qt::ControlModifier | shift); // Command, as Qt has it.
+        QKeyEvent event(type, letter.toUpper().unicode(), Qt::ControlModifier | shift); // Qt's name for the Command
+                                                                                        // key.
         if (QWindow *window = QGuiApplication::focusWindow())
             QCoreApplication::sendEvent(window, &event);
     }
@@ -38,7 +40,7 @@ NSMenu *addMenu(NSString *title)
 
 void addEditMenu()
 {
-    static TidloEditing *const editing = [[TidloEditing alloc] init]; // An item does not keep its target.
+    static TidloEditing *const editing = [[TidloEditing alloc] init]; // A menu item does not retain its target.
     NSMenu *menu = addMenu(@"Edit");
     const auto add = [menu](NSString *title, NSString *key) {
         [menu addItemWithTitle:title action:@selector(press:) keyEquivalent:key].target = editing;
@@ -67,7 +69,7 @@ void addWindowMenu()
 
 void addStandardMenus()
 {
-    NSMenu *menu = [NSApp.mainMenu itemAtIndex:0].submenu; // Of the application, as Qt makes it.
+    NSMenu *menu = [NSApp.mainMenu itemAtIndex:0].submenu; // The application's menu, which Qt has made.
     NSMenuItem *about = [[NSMenuItem alloc] initWithTitle:@"About Tidlo"
                                                    action:@selector(orderFrontStandardAboutPanel:)
                                             keyEquivalent:@""];

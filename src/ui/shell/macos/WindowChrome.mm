@@ -12,8 +12,8 @@ BOOL answersNo(id, SEL)
     return NO;
 }
 
-/// To the system a clear view is background all over, by which the window is dragged, its buttons included. A view that
-/// answers this gets every press, and the empty places are handles of our own. For all windows of this program.
+/// macOS takes a clear view for background everywhere and drags the window by it, even on our buttons. A view that
+/// implements this method gets every press; the empty places are handles of our own. For all windows of this program.
 void keepPresses(NSView *view)
 {
     const SEL question = @selector(mouseDownCanMoveWindow);
