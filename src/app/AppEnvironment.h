@@ -14,7 +14,7 @@
 
 namespace tidlo {
 
-/// What the state owner depends on. The defaults are the live values; a test passes its own.
+/// The dependencies of the state owner. The defaults are the live values; a test passes its own.
 struct AppEnvironment
 {
     /// Explains findings, as GeminiClient::explain does: the answer, an error text, or nothing.
@@ -25,9 +25,9 @@ struct AppEnvironment
     Explain explain = liveExplain();
     std::shared_ptr<UserDefaults> defaults = std::make_shared<UserDefaults>();
     std::shared_ptr<Workspace> workspace = makeWorkspace();
-    std::function<Bundle()> bundle = mainBundle;          ///< Of this application, wherever it has been moved.
+    std::function<Bundle()> bundle = mainBundle;          ///< This application's bundle, wherever it was moved to.
     FilePath applicationPath = "/Applications/Tidlo.app"; ///< Where placement puts the application.
-    FilePath temporaryFolder = liveTemporaryFolder();     ///< Where the script that uninstalls it is written.
+    FilePath temporaryFolder = liveTemporaryFolder();     ///< The folder for the uninstall script.
 
     static Explain liveExplain();
     static FilePath liveTemporaryFolder();

@@ -13,16 +13,16 @@
 
 namespace tidlo {
 
-/// Everything that AppViewModel knows, as it stands when the application starts. It publishes all but the last group.
+/// All state of AppViewModel, with its values when the application starts. All but the last group are published.
 struct AppState
 {
     ScanPhase phase = ScanPhase::ready;
     AppSection section = AppSection::scan;
-    ScanTotals totals;                  ///< Of the last scan; before it and after a cleanup, of the disk alone.
+    ScanTotals totals;                  ///< Of the last scan; before one and after a cleanup, only of the disk.
     QList<CleanupCandidate> candidates; ///< Of the last scan, in the scanner's order.
     double scanProgress = 0;            ///< From 0 to 1, of a scan or a cleanup.
-    QString scanLabel = QStringLiteral("Ready to scan");         ///< The step that is under way.
-    std::optional<CleanupRisk> selectedFilter;                   ///< Absent: candidates of any risk are visible.
+    QString scanLabel = QStringLiteral("Ready to scan");         ///< The current step.
+    std::optional<CleanupRisk> selectedFilter;                   ///< Absent: candidates of every risk are visible.
     std::optional<CleanupReport> cleanupReport;                  ///< Of the last cleanup since the last scan began.
     std::optional<QString> aiSummary;                            ///< An explanation of the last scan, or an error text.
     bool showSetupWizard = false;                                ///< The wizard of the first run.
@@ -34,15 +34,15 @@ struct AppState
 
     // Not published.
 
-    std::optional<ExplainRequest> sent;    ///< What was sent to have the last scan explained.
-    ScanResult scanned;                    ///< What the last scan found, whatever became of its candidates.
-    ItemTicks ticks;                       ///< The items of it that are unticked.
+    std::optional<ExplainRequest> sent;    ///< The request that was sent to have the last scan explained.
+    ScanResult scanned;                    ///< The result of the last scan; stays as it was when candidates change.
+    ItemTicks ticks;                       ///< Which of its items are unticked.
     QList<StayedItem> stayed;              ///< What the cleanup of the report could not move.
-    QList<TrashedItem> trashed;            ///< What the last cleanup moved to the Trash and was not put back here.
-    QList<StayedItem> notPutBack;          ///< What could not be put back at the last attempt.
-    std::optional<OwnPlace> proposedPlace; ///< A folder that somebody wants projects to be looked for in.
-    bool isSparedUnknown = false; ///< A cleanup was refused: the list of what is never to be suggested cannot be read.
-    bool isMovingFiles = false;   ///< A cleanup is under way, or its items are being put back.
+    QList<TrashedItem> trashed;            ///< What the last cleanup moved to the Trash and nobody has put back here.
+    QList<StayedItem> notPutBack;          ///< What the last attempt could not put back.
+    std::optional<OwnPlace> proposedPlace; ///< A folder in which the user wants to have projects looked for.
+    bool isSparedUnknown = false;          ///< A cleanup was refused: the list of spared paths cannot be read.
+    bool isMovingFiles = false;            ///< A cleanup is under way, or its items are being put back.
 };
 
 } // namespace tidlo

@@ -12,14 +12,14 @@
 
 namespace tidlo {
 
-/// The one owner of what the application shows, and the operations that screens call. This is its whole public face;
-/// what the properties mean stands in AppState.h.
+/// The one owner of what the application shows, and the operations that screens call. This is its whole public
+/// interface; AppState.h explains the properties.
 ///
-/// Bound to the main thread: to read or write a property on any other stops the program. Work is done by the scanner
-/// and the network while the coroutines here are suspended; if the object is gone when they resume, they write nothing.
-/// No operation throws, and each returns at once, except the one that copies the application.
+/// Bound to the main thread: reading or writing a property on any other thread stops the program. The scanner and the
+/// network work while the coroutines here are suspended; if the object is gone when they resume, they write nothing. No
+/// operation throws, and each returns at once, except the one that copies the application.
 ///
-/// Every assignment to a property tells observers, whether or not the value differs: objectWillChange() before, the
+/// Every assignment to a property notifies observers, whether or not the value differs: objectWillChange() before, the
 /// property's own signal after.
 class AppViewModel : public QObject
 {
@@ -45,7 +45,7 @@ class AppViewModel : public QObject
     Q_PROPERTY(bool isGeneratingAI READ isGeneratingAI NOTIFY isGeneratingAIChanged)
 
 public:
-    /// Begins to read the figures of the home folder's disk, which replace totals() soon.
+    /// Starts to read the figures of the home folder's disk, which soon replace totals().
     explicit AppViewModel(AppEnvironment given = {}, QObject *parent = nullptr);
 
     ScanPhase phase() const { return read(state.phase); }
@@ -64,7 +64,7 @@ public:
     QString moveToApplicationsErrorMessage() const { return read(state.moveToApplicationsErrorMessage); }
     bool isGeneratingAI() const { return read(state.isGeneratingAI); }
 
-    // What views may assign. All else changes by the operations below.
+    // The properties that views may assign. All others change through the operations below.
 
     void setSelectedFilter(std::optional<CleanupRisk> value)
     {
@@ -80,130 +80,128 @@ public:
         assign(state.showMoveToApplicationsError, value, &AppViewModel::showMoveToApplicationsErrorChanged);
     }
 
-    // Figures derived from the candidates as they are now; nothing is kept. A sum that does not fit stops the program.
+    // Figures derived from the current candidates; nothing is cached. A sum that does not fit stops the program.
 
-    qint64 categoryBytes(CleanupCategory category) const; ///< Whatever the filter and the selection.
+    qint64 categoryBytes(CleanupCategory category) const; ///< Independent of the filter and the selection.
     QList<CleanupCandidate> visibleCandidates() const;    ///< Those that pass the filter.
     QList<CleanupCandidate> selectedCandidates() const;
     qint64 selectedBytes() const;
-    qsizetype protectedCount() const; ///< Of candidates never to be touched, visible or not.
+    qsizetype protectedCount() const; ///< Counts candidates never to be touched, visible or not.
 
-    // Not published: objectWillChange() does not tell when these change.
+    // Not published: objectWillChange() is not emitted when these change.
 
     /// Whether scans are explained: the preference "tidlo.explanations".
     bool areExplanationsOn() const { return environment.defaults->boolean(UserDefaults::explanations, true); }
-    /// Whether an explanation may still come: not once explanations have been switched off, until the next scan.
+    /// Whether an explanation may still come; false from when explanations are switched off until the next scan.
     bool isExplanationAwaited() const { return read(state.isGeneratingAI) && !explaining.stop_requested(); }
-    /// What was sent to have the last scan explained; nothing if nobody was asked.
+    /// The request that was sent to have the last scan explained; nothing if nobody was asked.
     std::optional<ExplainRequest> sent() const { return read(state.sent); }
     /// The candidate \a id as the last scan found it, with all its items; an empty one if there is no such candidate.
     CleanupCandidate scannedCandidate(const QUuid &id) const;
-    /// Bytes on the disk of each of its paths.
+    /// The bytes on the disk of each path of the candidate \a id.
     QList<qint64> sizesOf(const QUuid &id) const { return read(state.scanned).sizes.value(id); }
-    /// Which of its paths are moved with it, as things stand: none as long as it is not selected.
+    /// Whether each of these paths is moved with the candidate; all false while it is not selected.
     QList<bool> ticksOf(const QUuid &id) const;
     /// What the last cleanup could not move. Empty again when a scan begins.
     QList<StayedItem> stayed() const { return read(state.stayed); }
-    /// What emptying the Trash would give back of the candidate \a id as it is ticked, or of all that is selected.
+    /// How much emptying the Trash would free of the candidate \a id as it is ticked, or of the whole selection.
     Forecast forecast(const QUuid &id) const;
     Forecast forecastOfSelected() const { return forecastOf(read(state.scanned), selectedCandidates()); }
     /// The folders that the scan could not read.
     UnreadFolders unread() const { return read(state.scanned).unread; }
-    /// The listed paths of all findings that hold \a path, and their sizes: what would be spared with it.
+    /// The listed paths of all findings that hold \a path, and their sizes: these would be spared with it.
     QList<HoldingItem> holdersOf(const FilePath &path) const { return tidlo::holdersOf(read(state.scanned), path); }
-    /// Keeps \a path, one that is listed, as never to be suggested, and takes it out of what is shown, with what lies
-    /// in it and what holds it. False if that cannot be kept; then nothing changes.
+    /// Stores \a path, a listed one, as never to be suggested. Removes it from what is shown, with what lies in it and
+    /// what holds it. False if it cannot be stored; then nothing changes.
     bool spare(const FilePath &path);
-    /// Whether a cleanup moved nothing because the list of what is never to be suggested cannot be read; until that is
-    /// acknowledged.
+    /// Whether a cleanup moved nothing because the list of spared paths cannot be read; false again once acknowledged.
     bool isSparedUnknown() const { return read(state.isSparedUnknown); }
     void acknowledgeSparedUnknown() { setSparedUnknown(false); }
-    /// A folder that proposePlace() was given, or why it cannot be a place to look for projects in; until that is
-    /// answered.
+    /// The folder that was given to proposePlace(), or why it cannot be used; until that is answered.
     std::optional<OwnPlace> proposedPlace() const { return read(state.proposedPlace); }
-    /// Checks what is at \a folder, to ask whether to look for projects in it as well. The scanner checks it, after its
-    /// current work.
+    /// Checks the folder \a folder before asking whether to look for projects in it as well. The scanner checks it
+    /// after its current work.
     void proposePlace(const FilePath &folder) { runProposal(folder); }
-    /// Ends the proposal; \a isWanted keeps the folder, if it can be one, for all scans to come. False if it cannot be
-    /// kept.
+    /// Ends the proposal. If \a isWanted, stores the folder, if it is suitable, for all later scans. False if it cannot
+    /// be stored.
     bool answerProposal(bool isWanted);
-    /// Whether there is something of the last cleanup of this run that can be put back now.
+    /// Whether something of this run's last cleanup can be put back now.
     bool canPutBack() const { return !read(state.trashed).isEmpty() && !state.isMovingFiles; }
-    /// What could not be put back, until that is acknowledged.
+    /// What could not be put back; empty again once acknowledged.
     QList<StayedItem> notPutBack() const { return read(state.notPutBack); }
     void acknowledgeNotPutBack() { setNotPutBack({}); }
-    /// Whether a cleanup is under way, or is being taken back: then neither can begin.
+    /// Whether a cleanup is under way, or is being undone: then neither can begin.
     bool isMovingFiles() const { return read(state.isMovingFiles); }
 
-    /// Held as long as an operation is under way, also when this object is gone: then operations end soon, each at its
+    /// Locked while an operation is under way, even when this object is gone: operations then end soon, each at its
     /// next turn of the event loop.
     std::weak_ptr<const void> operations() const { return underWay; }
 
-    // From the environment that it was made with.
+    // From the environment.
 
     UserDefaults &defaults() const { return *environment.defaults; }
     Workspace &workspace() const { return *environment.workspace; }
     Bundle bundle() const { return environment.bundle(); }
 
-    /// What the application does once as it starts: on a run before setup has been completed, offers to move to the
-    /// Applications folder. Where there is no such folder, the application lies in it already, or the program runs from
-    /// no bundle, it goes on as if that had been declined.
+    /// Called once at start. On a run before setup has been completed, offers to move the application to the
+    /// Applications folder. If there is no such folder, the application is already in it, or the program runs outside
+    /// of a bundle, continues as if the offer had been declined.
     void beginFirstRun();
 
-    /// Flips the selection of the candidate with the same identifier, animated. One without a ticked item gets all of
-    /// them back. Does nothing if \a candidate is never to be touched or is no longer there.
+    /// Flips the selection of the candidate with the same identifier, animated. A candidate without a ticked item gets
+    /// all its items ticked again. Does nothing if \a candidate is never to be touched or is no longer there.
     Q_INVOKABLE void toggleCandidate(const CleanupCandidate &candidate);
 
     /// Ticks or unticks items of the candidate \a id, by the indices of the paths that the scan found. The candidate is
-    /// replaced by one with the remaining paths and their bytes; with all of them ticked again it is what it was. If it
-    /// was not selected, only the items ticked now are selected; if no item is left, it is deselected. What is unticked
-    /// is moved by no candidate: the same assignment takes the same place, and whatever holds it, out of every other
-    /// one. Returns what was taken out of others. Does nothing to a candidate never to be touched.
+    /// replaced by one with the remaining paths and their bytes; with all of them ticked again it is as before. If it
+    /// was not selected, only the items ticked now are selected; if no item is left, it is deselected. An unticked item
+    /// is moved by no candidate: the same assignment removes the same place, and whatever holds it, from all others.
+    /// Returns what was removed from others. Does nothing to a candidate never to be touched.
     QList<ItemElsewhere> tickItems(const QUuid &id, const QList<int> &items, bool ticked);
 
-    /// Scans the home folder and shows what was found, then asks for an explanation of it. Replaces a scan under way,
-    /// whose results are thrown away.
+    /// Scans the home folder and shows the result, then asks for an explanation of it. Replaces a scan under way, whose
+    /// results are discarded.
     Q_INVOKABLE void startScan();
 
-    /// Shows what a scan found, in place of what was found before.
+    /// Shows the result of a scan in place of the former one.
     void showResults(const ScanResult &result);
 
-    /// Goes to \a section, as its button in the rail does. What there is to show there follows: the results at the
-    /// start, a report that there is.
+    /// Goes to \a section, as its button in the rail does. The phase follows: the results section changes it from ready
+    /// to results, the report section to report if there is a report.
     void openSection(AppSection section);
 
-    /// Shows the report of what has been, or would be, moved.
+    /// Shows the report of what was moved, or a preview.
     void viewReport();
 
-    /// Moves the selected candidates to the Trash, takes them off the list and shows a report. Does nothing if none is
-    /// selected, while they are being moved, or when the list of what is never to be suggested cannot be read.
+    /// Moves the selected candidates to the Trash, removes them from the list and shows a report. Does nothing if none
+    /// is selected, while they are being moved, or if the list of spared paths cannot be read.
     Q_INVOKABLE void moveSelectedToTrash();
 
-    /// Puts everything that the last cleanup of this run moved to the Trash back where it was, and scans again. What
-    /// cannot be put back is told by notPutBack(), and can be tried again. Does nothing unless canPutBack().
+    /// Puts everything that the last cleanup of this run moved to the Trash back where it was, and scans again.
+    /// notPutBack() gives what could not be put back, which can be tried again. Does nothing unless canPutBack().
     Q_INVOKABLE void putEverythingBack();
 
-    /// Declines the offer to move to the Applications folder; the wizard follows where setup has not been completed.
+    /// Declines the offer to move to the Applications folder; the wizard follows if setup has not been completed.
     Q_INVOKABLE void skipMoveToApplicationsPrompt();
 
-    /// Accepts it: copies the application there, starts the copy and quits. The application itself stays where it is.
-    /// What fails is shown as an alert, and the wizard follows where setup has not been completed. Blocks while it
-    /// copies.
+    /// Accepts it: copies the application there, starts the copy and quits. The application itself stays where it is. A
+    /// failure is shown as an alert, and the wizard follows if setup has not been completed. Blocks while it copies.
     Q_INVOKABLE void moveToApplicationsFolder();
 
-    /// Has a script move the application to the Trash and remove its preferences and caches, and quits. If the script
-    /// cannot be started, or would remove what is not ours, one line on standard output says so, and nothing else
-    /// happens.
+    /// Starts a script that moves the application to the Trash and removes its preferences and caches, then quits. If
+    /// the script cannot be started, or would remove something that is not ours, writes one line to standard output and
+    /// does nothing else.
     Q_INVOKABLE void uninstallTidloCompletely();
 
-    /// The same for an application in no bundle, which a script cannot remove: only its preferences and caches go.
+    /// The same for an application outside of a bundle, which a script cannot remove: only its preferences and caches
+    /// are removed.
     void removePreferencesAndCaches();
 
 Q_SIGNALS:
     /// A property is about to be assigned.
     void objectWillChange();
 
-    /// The assignment that follows at once is to be animated.
+    /// The next assignment, which follows at once, is to be animated.
     void willAnimate(const SpringAnimation &animation);
 
     void phaseChanged();
@@ -221,11 +219,11 @@ Q_SIGNALS:
     void showMoveToApplicationsErrorChanged();
     void moveToApplicationsErrorMessageChanged();
     void isGeneratingAIChanged();
-    void isMovingFilesChanged(); ///< And with it perhaps what can be put back.
+    void isMovingFilesChanged(); ///< What can be put back may have changed as well.
     void notPutBackChanged();
     void isSparedUnknownChanged();
     void proposedPlaceChanged();
-    void explanationsChanged(); ///< They were switched on or off.
+    void explanationsChanged(); ///< Explanations were switched on or off.
     void sentChanged();
 
 protected:
@@ -265,7 +263,7 @@ private:
         return property;
     }
 
-    /// Lets \a change, a callable, alter one property.
+    /// Calls \a change, which alters one property.
     template <typename Change>
     void publish(Signal changed, Change change)
     {
@@ -304,7 +302,7 @@ private:
     FileSizeScanner scanner{environment.fileManager};
     std::shared_ptr<const void> underWay = std::make_shared<int>(); ///< Each coroutine holds it.
     std::optional<std::stop_source> scanTask;                       ///< Cancels the last scan that was started.
-    std::stop_source explaining; ///< Cuts every request for an explanation; asks nobody until another scan begins.
+    std::stop_source explaining; ///< Cancels every request for an explanation; none is sent until another scan begins.
     AppState state;
 };
 

@@ -34,7 +34,7 @@ QCoro::Task<> AppViewModel::runCleanup(QList<CleanupCandidate> selected, QList<F
         co_return;
     setTotals(totals);
     publish(&AppViewModel::candidatesChanged, [this] {
-        // All that is selected by now, moved or not: the report tells what really happened.
+        // All that is selected now, whether moved or not; the report says what really happened.
         state.candidates.removeIf([](const CleanupCandidate &candidate) {
             return candidate.selected && candidate.risk != CleanupRisk::never;
         });

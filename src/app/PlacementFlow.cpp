@@ -17,7 +17,8 @@ bool AppViewModel::canBePlaced() const
 {
     const Bundle bundle = environment.bundle();
     const FilePath &destination = environment.applicationPath;
-    const FilePath folder = destination.left(destination.lastIndexOf('/') + 1); // The slash: a file does not count.
+    const FilePath folder = destination.left(destination.lastIndexOf('/') + 1); // With the slash, a file does not
+                                                                                // count.
     return bundle.isApplication() && environment.fileManager->fileExists(folder) &&
            !isSameOrWithin(bundle.path, destination);
 }
@@ -42,7 +43,7 @@ void AppViewModel::moveToApplicationsFolder()
 {
     requireMainThread();
     const Bundle bundle = environment.bundle();
-    if (!bundle.isApplication()) { // A lone executable would replace a whole application.
+    if (!bundle.isApplication()) { // A bare executable would replace a whole application.
         reportPlacementFailure(QStringLiteral("The running program is not in a bundle."));
         return;
     }

@@ -19,7 +19,7 @@ void AppViewModel::startScan()
     setScanProgress(0.05);
     setScanLabel(QStringLiteral("Initialising Tidlo scanner..."));
     setAiSummary(std::nullopt);
-    setIsGeneratingAI(true); // Already now, so that the results show at once that an explanation is on its way.
+    setIsGeneratingAI(true); // Set now, so that the results show at once that an explanation is being made.
     setCleanupReport(std::nullopt);
     scanTask.emplace();
     runScan(scanTask->get_token());
@@ -27,7 +27,7 @@ void AppViewModel::startScan()
 
 namespace {
 
-/// The places that \a now holds and \a before did not.
+/// The places in \a now that are not in \a before.
 PlaceSet added(const QList<FilePath> &now, const QList<FilePath> &before)
 {
     PlaceSet places;
@@ -58,7 +58,7 @@ QCoro::Task<> AppViewModel::runScan(std::stop_token cancelled)
     ScanResult result = co_await scanner.scan(showProgress, wishes);
     if (!self || cancelled.stop_requested())
         co_return; // A superseded scan writes nothing.
-    // What was spared in earlier results, which can be looked at meanwhile.
+    // What the user spared in the former results, which can be used during the scan.
     leaveOut(result, added(spared(), wishes.spared));
     showResults(result);
     co_await explainWithGemini();

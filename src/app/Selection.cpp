@@ -72,14 +72,14 @@ Forecast AppViewModel::forecast(const QUuid &id) const
     return found == candidates.end() ? Forecast() : forecastOf(state.scanned, {*found});
 }
 
-/// Makes each candidate what the ticks leave of it.
+/// Replaces each candidate by its ticked items.
 void AppViewModel::replaceCandidates()
 {
     for (CleanupCandidate &candidate : state.candidates)
         candidate = state.ticks.left(candidate, scannedCandidate(candidate.id), state.scanned);
 }
 
-/// What has no item left loses its own tick.
+/// A candidate without a ticked item is deselected.
 void AppViewModel::deselectEmptied()
 {
     for (const CleanupCandidate &candidate : selectedCandidates()) {

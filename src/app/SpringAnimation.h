@@ -4,7 +4,7 @@
 
 namespace tidlo {
 
-/// How views animate a change: a spring, with times in seconds.
+/// The animation of a change: a spring, with times in seconds.
 struct SpringAnimation
 {
     Q_GADGET

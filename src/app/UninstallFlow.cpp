@@ -13,7 +13,7 @@ namespace {
 
 using Obstacle = std::optional<QString>;
 
-/// Writes the script and starts it. Gives what went wrong, for a person; then nothing has been started.
+/// Writes the script and starts it. Returns what went wrong, for a person; then nothing was started.
 Obstacle startScript(const AppEnvironment &environment, const UninstallScript &script)
 {
     if (script.unquotable)

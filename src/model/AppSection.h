@@ -15,7 +15,7 @@ inline constexpr std::array rawValues<AppSection>{
     RawValueRow{AppSection::settings, QLatin1StringView("settings")},
 };
 
-/// Where the main flow stands. It has no text form.
+/// The state of the main flow. It has no text form.
 enum class ScanPhase {
     ready,    ///< Nothing scanned yet, or back at the start.
     scanning, ///< A scan or a cleanup is running.

@@ -4,7 +4,7 @@
 
 namespace tidlo {
 
-/// The sum of two byte counts. A sum that does not fit stops the program: a wrong figure must never be shown.
+/// The sum of two byte counts. A sum beyond 64 bits stops the program: a wrong figure must never be shown.
 inline qint64 checkedSum(qint64 left, qint64 right)
 {
     qint64 sum = 0;

@@ -12,14 +12,14 @@
 
 namespace tidlo {
 
-/// What kind of thing a finding is. The raw value is the title shown and the identity when encoded.
+/// The category of a finding. The raw value is the title that is shown, and the identity when encoded.
 enum class CleanupCategory {
     devProjects,
     whatsApp,
     caches,
     downloads,
     oldLargeFiles,
-    protected_, ///< `protected`, which is a word of the language.
+    protected_, ///< Stands for `protected`, a keyword in C++.
 };
 
 template <>
@@ -32,7 +32,8 @@ inline constexpr std::array rawValues<CleanupCategory>{
     RawValueRow{CleanupCategory::protected_, QLatin1StringView("Protected")},
 };
 
-/// How safe it is to move a finding to the Trash. The raw value is the title shown and the identity when encoded.
+/// How safe it is to move a finding to the Trash. The raw value is the title that is shown, and the identity when
+/// encoded.
 enum class CleanupRisk { safe, rebuildable, review, never };
 
 template <>
@@ -43,7 +44,7 @@ inline constexpr std::array rawValues<CleanupRisk>{
     RawValueRow{CleanupRisk::never, QLatin1StringView("Never touch")},
 };
 
-/// One cleanup proposal: many paths under one title. A value; the identifier is its identity in lists.
+/// One cleanup proposal: any number of paths under one title. A value; the identifier is its identity in lists.
 struct CleanupCandidate
 {
     Q_GADGET
@@ -58,11 +59,11 @@ struct CleanupCandidate
 public:
     QUuid id = QUuid::createUuid();
     QString title;
-    QString detail; ///< One or two sentences: what the items are and how they come back.
+    QString detail; ///< One or two sentences: what the items are and how to get them back.
     CleanupCategory category = CleanupCategory::devProjects;
     CleanupRisk risk = CleanupRisk::review;
     qint64 bytes = 0;                     ///< Allocated size of all paths together, never negative.
-    QList<FilePath> paths;                ///< Absolute, in the order they were found.
+    QList<FilePath> paths;                ///< Absolute, in the order in which they were found.
     bool selected = true;                 ///< Whether it will be moved to the Trash.
     std::optional<QString> aiExplanation; ///< Absent when created.
 

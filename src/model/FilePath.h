@@ -4,8 +4,8 @@
 
 namespace tidlo {
 
-/// An absolute path as the file system's own bytes. It is decoded only to be shown, so that a file of any name can be
-/// found again and moved: a name that is not valid UTF-8 would not survive the way to text and back.
+/// An absolute path as the file system's own bytes. It is decoded only for display, so that a file of any name can be
+/// found again and moved: a name that is not valid UTF-8 would not survive conversion to text and back.
 using FilePath = QByteArray;
 
 } // namespace tidlo

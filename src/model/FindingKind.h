@@ -21,7 +21,7 @@ enum class FindingKind {
     olderCopies,
 };
 
-/// What is known of a kind of finding before any scan: its texts and its grading.
+/// The fixed texts and the grading of a kind of finding.
 struct FindingKindRow
 {
     FindingKind kind;
@@ -29,7 +29,7 @@ struct FindingKindRow
     QLatin1StringView detail;
     CleanupCategory category;
     CleanupRisk risk;
-    bool selected = true; ///< As the results open.
+    bool selected = true; ///< Whether it starts selected.
 };
 
 inline constexpr std::array findingKinds{
@@ -106,13 +106,13 @@ inline constexpr std::array findingKinds{
     },
 };
 
-/// What is known of \a kind before any scan.
+/// The row of \a kind.
 constexpr const FindingKindRow &rowOf(FindingKind kind)
 {
     return findingKinds[static_cast<size_t>(kind)];
 }
 
-// Each row is where rowOf() looks for it.
+// rowOf() finds each row by its index.
 static_assert([] {
     for (size_t i = 0; i < findingKinds.size(); ++i) {
         if (findingKinds[i].kind != static_cast<FindingKind>(i))

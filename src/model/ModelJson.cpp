@@ -23,7 +23,7 @@ Json toJson(const QList<FilePath> &paths)
     return list;
 }
 
-/// Reads the keys of one object; remembers the first that is missing or of another type.
+/// Reads the keys of one object; remembers the first that is missing or has another type.
 class Reader final
 {
 public:

@@ -15,9 +15,9 @@ nlohmann::ordered_json toJson(const CleanupCandidate &candidate);
 nlohmann::ordered_json toJson(const ScanTotals &totals);
 nlohmann::ordered_json toJson(const CleanupReport &report);
 
-/// The candidate that \a json describes. Every key is required but "aiExplanation", which may be missing or null; keys
-/// that are not known are ignored. On failure there is no value, and \a error, if given, is set to a sentence that
-/// names the key.
+/// The candidate that \a json describes. Every key is required but "aiExplanation", which may be missing or null;
+/// unknown keys are ignored. On failure there is no value, and \a error, if given, is set to a sentence that names the
+/// key.
 std::optional<CleanupCandidate> candidateFromJson(const nlohmann::ordered_json &json, QString *error = nullptr);
 
 } // namespace tidlo

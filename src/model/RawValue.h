@@ -9,7 +9,7 @@
 
 namespace tidlo {
 
-/// One case of an enumeration with its text form.
+/// One case of an enumeration and its text.
 template <typename Enum>
 struct RawValueRow
 {
@@ -17,11 +17,11 @@ struct RawValueRow
     QLatin1StringView text;
 };
 
-// Clang deduces nothing for aggregates before its version 17.
+// Before version 17, clang does not deduce template arguments for aggregates.
 template <typename Enum>
 RawValueRow(Enum, QLatin1StringView) -> RawValueRow<Enum>;
 
-/// The cases of \a Enum with their texts, in declaration order. Each enumeration that has raw values specialises this.
+/// The cases of \a Enum with their texts, in declaration order. Each enumeration with raw values specialises this.
 template <typename Enum>
 inline constexpr std::array<RawValueRow<Enum>, 0> rawValues{};
 
@@ -34,7 +34,7 @@ QString rawValue(Enum value)
     return row == rows.end() ? QString() : QString(row->text);
 }
 
-/// The case whose text is exactly \a text, upper and lower case told apart; nothing for any other text.
+/// The case whose text is exactly \a text, case-sensitively; nothing for any other text.
 template <typename Enum>
 std::optional<Enum> fromRawValue(QStringView text)
 {

@@ -28,7 +28,7 @@ public:
     bool operator==(const ScanTotals &) const = default;
 };
 
-/// The outcome of one scan, handed over whole when the scan ends.
+/// The result of one scan, published as a whole when the scan ends.
 struct ScanSnapshot
 {
     ScanTotals totals;

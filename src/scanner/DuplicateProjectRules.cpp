@@ -12,10 +12,10 @@ namespace tidlo {
 
 namespace {
 
-/// The second and third lie in the first and are searched as roots of their own.
+/// The second and third lie inside the first and are searched as separate roots.
 constexpr std::array searchRoots{"Sites/localhost", "Sites/localhost/bakcup erpnew", "Sites/localhost/erps"};
 
-/// What each matches is removed, one after the other, once each.
+/// Patterns of suffixes; each is removed from a name at most once, in this order.
 constexpr std::array suffixPatterns{
     R"( copy( \d+)?$)",   // A copy, "shop copy" or "shop copy 2".
     R"( backup$)",        // A backup after a space.
@@ -36,8 +36,8 @@ QList<QRegularExpression> compiledPatterns()
     return patterns;
 }
 
-/// Replacement characters would make equals of different names that are not valid UTF-8. Characters of the private use
-/// area stand for their foreign bytes instead: they have no case and are no white space.
+/// Decoding invalid UTF-8 to replacement characters would make different names equal. So each foreign byte becomes a
+/// character of the private use area, which has no case and is no white space.
 QString decoded(QByteArrayView name)
 {
     if (name.isValidUtf8())
@@ -53,7 +53,7 @@ QString decoded(QByteArrayView name)
 
 using Group = QList<DirectoryEntry>;
 
-/// The folders of one root by their normalised names, in the order in which each name is first met.
+/// The folders of one root, grouped by normalised name, in the order in which each name first occurs.
 QList<Group> groupedByName(const QList<DirectoryEntry> &entries)
 {
     QList<Group> groups;

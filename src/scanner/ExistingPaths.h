@@ -7,7 +7,7 @@
 
 namespace tidlo {
 
-/// Those of the \a relative paths that exist beneath the home, absolute and in their order.
+/// Those of the \a relative paths that exist beneath the home folder, as absolute paths in the same order.
 inline QList<FilePath> existingPaths(const ScanContext &context, std::span<const char *const> relative)
 {
     QList<FilePath> paths;

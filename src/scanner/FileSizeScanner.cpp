@@ -13,8 +13,8 @@ using namespace std::chrono_literals;
 
 namespace {
 
-/// The result of a job, after a turn of the event loop at least: not from within the call that asked for it, and not
-/// before what was told until then could be seen.
+/// The result of a job, delivered at least one turn of the event loop later: never from within the call that asked for
+/// it, and never before progress reported until then could be shown.
 template <typename Result>
 QCoro::Task<Result> later(QFuture<Result> result)
 {
@@ -24,7 +24,7 @@ QCoro::Task<Result> later(QFuture<Result> result)
 
 } // namespace
 
-/// Its operations are coroutines that hold it, and nothing of the scanner, across their suspensions.
+/// Its operations are coroutines that hold the core, and nothing of the scanner, while they are suspended.
 struct FileSizeScanner::Core
 {
     std::shared_ptr<FileManager> files;
@@ -51,12 +51,13 @@ QFuture<ScanHarvest> FileSizeScanner::Core::run(const ScanStep &step, const Scan
 QCoro::Task<ScanResult> FileSizeScanner::Core::scan(std::shared_ptr<Core> core, ProgressCallback progress,
                                                     ScanWishes wishes)
 {
-    co_await QCoro::sleepFor(0ms); // A turn of the event loop: nothing is told from within the call.
+    co_await QCoro::sleepFor(0ms); // One turn of the event loop: progress is never reported from within the call.
     ScanHarvest harvest;
     const auto notes = std::make_shared<WalkNotes>();
     for (const ScanStep &step : scanSteps) {
         if (core->stop.stop_requested())
-            co_return summarized(harvest.disk, harvest.findings); // The scanner is gone, and with it whom it told.
+            co_return summarized(harvest.disk, harvest.findings); // The scanner is gone, and with it whoever wanted the
+                                                                  // progress.
         progress(step.fraction, step.label);
         harvest = co_await later(core->run(step, wishes, notes, harvest));
     }

@@ -16,7 +16,7 @@ struct Item
     qint64 bytes = 0;
 };
 
-/// What \a chosen list, in their order, with the sizes that the scan found.
+/// The paths of \a chosen, in order, with the sizes that the scan found.
 QList<Item> itemsOf(const ScanResult &result, const QList<CleanupCandidate> &chosen)
 {
     QList<Item> items;
@@ -35,16 +35,16 @@ QList<Item> itemsOf(const ScanResult &result, const QList<CleanupCandidate> &cho
     return items;
 }
 
-/// The names of one inode that are met.
+/// The names of one inode that were met.
 struct Names
 {
     quint32 all = 0;
     quint32 met = 0;
-    qint64 bytes = 0; ///< Of all that are met together.
+    qint64 bytes = 0; ///< Of all names together.
     qint64 once = 0;
 };
 
-/// What of \a items, of which none lies in another, is held by links.
+/// The bytes of \a items that other links hold; none of the items lies in another.
 qint64 heldIn(const QList<Item> &items, const ScanResult &result)
 {
     QHash<std::pair<quint64, quint64>, Names> inodes;

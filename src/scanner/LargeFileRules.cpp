@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::array searchedFolders{"Downloads", "Desktop", "Documents", "Movies", "Pictures", "Music"};
 
-/// Nothing beneath a folder of one of these names counts; a file of such a name does.
+/// Nothing beneath a folder with one of these names counts; a file with such a name does.
 constexpr std::array<QByteArrayView, 2> excludedFolders{"node_modules", ".git"};
 constexpr QByteArrayView excludedSuffix(".app");
 
@@ -35,7 +35,7 @@ Visit visit(const EnumeratedEntry &entry, FileTime cutOff)
     return {.action = qualifies ? collect : skip, .group = qToUnderlying(FindingKind::largeFiles)};
 }
 
-/// None where the home itself lies in an excluded folder: then everything in it does.
+/// Empty if the home folder itself lies in an excluded folder: then everything in it is excluded.
 QList<FilePath> rootsWithin(const FilePath &home)
 {
     QList<FilePath> roots;

@@ -19,7 +19,7 @@ FilePath tildeExpanded(const FilePath &path, const FilePath &home)
     return path.startsWith("~/") ? joined(home, path.sliced(2)) : path;
 }
 
-/// What became of the item at \a path, which is moved if it exists.
+/// Moves the item at \a path if it exists, and returns the outcome.
 TrashOutcome outcomeOf(FileManager &files, const FilePath &path, const PlaceSet &spared)
 {
     if (!spared.isEmpty() && spared.meets(PlaceFinder().placeOf(path)))
@@ -31,7 +31,7 @@ TrashOutcome outcomeOf(FileManager &files, const FilePath &path, const PlaceSet 
     return {.kind = TrashOutcome::Kind::gone, .reason = {}};
 }
 
-/// Tells each item once, and not one that a later try, or that of a folder above it, has moved.
+/// Keeps each item once, and none that was moved by a later attempt or with a folder above it.
 void keepWhatStayed(const FileManager &files, QList<StayedItem> &stayed)
 {
     QSet<FilePath> known;

@@ -12,7 +12,7 @@ OwnPlace ownPlaceAt(const FileManager &files, const FilePath &given)
 {
     if (given.isEmpty())
         return {.folder = given, .obstacle = QStringLiteral("is no folder")};
-    const std::optional<FilePath> folder = placeOfGiven(joined(given, {})); // The slash: what a link leads to.
+    const std::optional<FilePath> folder = placeOfGiven(joined(given, {})); // With the slash, a link is followed.
     if (!folder)
         return {.folder = given, .obstacle = QStringLiteral("is no folder")};
     return {.folder = *folder, .obstacle = ownPlaceObstacle(files, *folder).value_or(QString())};

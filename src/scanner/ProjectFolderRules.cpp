@@ -30,7 +30,7 @@ struct GeneratedFolder
     bool (*counts)(const EnumeratedEntry &folder);
 };
 
-/// The walk shows no hidden folder, so those whose names begin with a dot are never met.
+/// The walk shows no hidden folder, so no name that begins with a dot would ever match.
 constexpr std::array generatedFolders{
     GeneratedFolder{"node_modules", FindingKind::projectFolders, always},
     GeneratedFolder{".next", FindingKind::projectFolders, always},
@@ -51,7 +51,7 @@ Visit visit(const EnumeratedEntry &folder)
     return {.action = Visit::Action::collect, .group = qToUnderlying(row->kind)};
 }
 
-/// Elsewhere than where web and app projects are kept, a folder of such a name may be anything.
+/// Outside the usual folders for web and app projects, a folder with such a name may be anything.
 Visit visitInOwnPlace(const EnumeratedEntry &folder)
 {
     const Visit visited = visit(folder);
@@ -68,7 +68,7 @@ QList<CollectedItem> itemsBeneath(const ScanContext &context, const QList<FilePa
                                    context.stop);
 }
 
-/// What is in a Trash already is no project of anybody's.
+/// A project that is already in a Trash does not count.
 QList<CollectedItem> itemsInOwnPlaces(const ScanContext &context, const QList<FilePath> &roots)
 {
     QList<CollectedItem> items = itemsBeneath(context, roots, visitInOwnPlace);
@@ -83,7 +83,7 @@ QList<FilePath> ownPlaces(const ScanContext &context)
     return roots;
 }
 
-/// Those of \a more that \a items have not met yet, in whole or in part; of nested ones the outermost.
+/// Those of \a more that \a items do not contain yet, in whole or in part; of nested ones the outermost.
 QList<CollectedItem> unmet(const QList<CollectedItem> &items, const QList<CollectedItem> &more)
 {
     PlaceFinder finder;

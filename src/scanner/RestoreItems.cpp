@@ -6,7 +6,7 @@ namespace tidlo {
 
 Restoration restoreItems(FileManager &files, QList<TrashedItem> items, const std::function<bool()> &stopRequested)
 {
-    std::ranges::stable_sort(items, {}, &TrashedItem::origin); // What holds another comes before it.
+    std::ranges::stable_sort(items, {}, &TrashedItem::origin); // A folder comes before what lies in it.
     const QList<TrashOutcome> outcomes = files.restoreItems(items, stopRequested);
     Restoration restoration;
     for (qsizetype at = 0; at < items.size(); ++at) {

@@ -5,15 +5,15 @@
 
 namespace tidlo {
 
-/// What came of putting items back from the Trash.
+/// The result of putting items back from the Trash.
 struct Restoration
 {
     QList<TrashedItem> restored; ///< In the order in which they were put back.
-    QList<TrashedItem> left;     ///< The others, those that were not tried among them, in their order.
-    QList<StayedItem> stayed;    ///< Of those, what was tried and why it stayed. Named by where it was.
+    QList<TrashedItem> left;     ///< The others in their order, including those that were not tried.
+    QList<StayedItem> stayed;    ///< Those of \c left that were tried, by their former path, and why they stayed.
 };
 
-/// Puts \a items back where they were, those first that hold others. \a stopRequested is asked before each.
+/// Puts \a items back where they were, a folder before what lies in it. \a stopRequested is called before each.
 Restoration restoreItems(FileManager &files, QList<TrashedItem> items, const std::function<bool()> &stopRequested);
 
 } // namespace tidlo

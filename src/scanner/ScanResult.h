@@ -9,25 +9,25 @@
 
 namespace tidlo {
 
-/// Bytes on the disk of each path of a candidate, in the order of its paths, by the candidate's identifier.
+/// The bytes on the disk of each path of a candidate, in the order of its paths, by the candidate's identifier.
 using PathSizes = QHash<QUuid, QList<qint64>>;
 
-/// What one scan gives: its record, and beside it what a closer look at its candidates needs.
+/// The result of one scan: its record, and beside it details for a closer look at its candidates.
 struct ScanResult
 {
     ScanSnapshot snapshot;
     PathSizes sizes;                             ///< Of every candidate of the snapshot.
-    QHash<FilePath, FilePath> places{};          ///< Of those listed paths that are not their own place.
-    QHash<FilePath, QList<LinkedFile>> linked{}; ///< In each listed path that has some, the files with several links.
-    QSet<FilePath> refused{};                    ///< Listed paths that the Trash would leave.
-    UnreadFolders unread{};                      ///< What no rule could read.
+    QHash<FilePath, FilePath> places{};          ///< The real places of listed paths that differ from their place.
+    QHash<FilePath, QList<LinkedFile>> linked{}; ///< The files with several links in each listed path that has some.
+    QSet<FilePath> refused{};                    ///< Listed paths that the Trash would refuse.
+    UnreadFolders unread{};                      ///< Folders that no rule could read.
     bool sharesBlocks = false; ///< Whether the home's file system may share blocks in other ways than by links.
-    QList<FilePath> leftOut{}; ///< What was not proposed since it was to be spared, in the order of the rules.
+    QList<FilePath> leftOut{}; ///< What was not proposed because it is spared, in the order of the rules.
 
     FilePath placeOf(const FilePath &listed) const { return places.value(listed, listed); }
 };
 
-/// A path that a finding lists, and that holds another.
+/// A listed path of a finding that holds another listed path.
 struct HoldingItem
 {
     FilePath path;
@@ -36,11 +36,11 @@ struct HoldingItem
     bool operator==(const HoldingItem &) const = default;
 };
 
-/// What \a result lists that holds \a path, which it lists as well: each place once, the largest first.
+/// The listed paths of \a result that hold \a path, which it lists as well: each place once, the largest first.
 QList<HoldingItem> holdersOf(const ScanResult &result, const FilePath &path);
 
-/// Takes what is, lies in or holds one of \a spared out of the candidates, and the candidates that it leaves empty.
-/// What was summed up of the scan stays.
+/// Removes every path that is, lies in or holds one of \a spared from the candidates, and candidates that become empty.
+/// The totals of the scan stay as they are.
 void leaveOut(ScanResult &result, const PlaceSet &spared);
 
 } // namespace tidlo

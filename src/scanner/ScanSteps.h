@@ -18,19 +18,19 @@ struct ScanHarvest
     QList<Finding> findings; ///< In the order of the rules.
 };
 
-/// What a scan looks at, in this order.
+/// The stages of a scan, in order.
 enum class ScanStage { diskUsage, projectFolders, whatsApp, caches, oldFiles, projectCopies };
 
-/// One step of a scan: what is shown when it begins, and what it adds to the harvest.
+/// One step of a scan: what is shown when it begins, and the function that adds to the harvest.
 struct ScanStep
 {
     ScanStage stage;
-    double fraction; ///< Done when it begins, from 0 to 1.
+    double fraction; ///< The fraction done when it begins, from 0 to 1.
     QLatin1StringView label;
     void (*run)(const ScanContext &context, ScanHarvest &harvest); ///< Off the main thread.
 };
 
-// What the steps do.
+// The functions of the steps.
 
 void readDiskUsage(const ScanContext &context, ScanHarvest &harvest);
 void findProjectFolders(const ScanContext &context, ScanHarvest &harvest);
@@ -51,7 +51,7 @@ inline constexpr std::array scanSteps{
     ScanStep{ScanStage::projectCopies, 0.86, QLatin1StringView("Finding older project copies"), findProjectCopies},
 };
 
-/// What is shown when everything has been found, filtered, ordered and summed up.
+/// What is shown at the end, when everything has been found, filtered, ordered and summed up.
 struct ScanEnd
 {
     double fraction = 1;

@@ -9,28 +9,28 @@
 
 namespace tidlo {
 
-/// Runs one job at a time, in order, off the caller's thread, which goes first where both want a processor. The
-/// destructor waits for all jobs.
+/// Runs one job at a time, in order, on another thread, which has a lower priority than the caller's. The destructor
+/// waits for all jobs.
 class SerialExecutor final
 {
 public:
     SerialExecutor()
     {
         pool.setMaxThreadCount(1);
-        pool.setExpiryTimeout(-1); // The thread that was had once is kept: later there may be none to be had.
+        pool.setExpiryTimeout(-1); // Keeps the thread: later the system may have no other to give.
     }
 
-    /// The future result of \a job, a callable without arguments. It must not be cancelled. An exception, such as
-    /// that no memory is left, ends the program: kept in the future it would be lost, and whoever waits would for ever.
+    /// The future result of \a job, a callable without arguments. It must not be cancelled. An exception, such as for
+    /// lack of memory, ends the program: left in the future it would be lost, and the caller would wait forever.
     template <typename Job>
     auto run(Job job)
     {
         return QtConcurrent::run(&pool, [job = std::move(job)] {
-            standBack(); // Each time, for the pool may have started another thread.
+            standBack(); // For each job, since the pool may have started another thread.
             try {
                 return job();
             } catch (...) {
-                std::terminate(); // From here it tells what was thrown.
+                std::terminate(); // Called here, it reports what was thrown.
             }
         });
     }
