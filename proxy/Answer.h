@@ -4,20 +4,20 @@
 
 namespace tidlo::proxy {
 
-/// What the service says to one request.
+/// The service's response to one request.
 struct Answer
 {
     int status = 200;
-    QByteArray body = {};  ///< JSON, as the client's records describe it.
+    QByteArray body = {};  ///< JSON in the format of the client's records.
     QByteArray error = {}; ///< A word for the log; empty unless something failed.
-    QByteArray allow = {}; ///< The methods that the address allows; empty unless another was used.
-    int retryAfter = 0;    ///< Seconds after which to try again, 0 if that is not known.
+    QByteArray allow = {}; ///< The methods that the address allows; empty unless another one was used.
+    int retryAfter = 0;    ///< Seconds after which to try again; 0 if unknown.
 };
 
 /// An explanation that consists of \a text.
 Answer explanation(const QString &text);
 
-/// Why there is no explanation.
+/// The reasons for which there is no explanation.
 enum class Refusal {
     badRequest,
     noDevice,
@@ -42,11 +42,11 @@ enum class Refusal {
     modelLate,
 };
 
-/// Its status, a word for programs and the log, and a sentence for the person who reads it in place of the explanation,
-/// which \a detail is put behind, or into where it leaves room for it.
+/// The response for \a reason: its status, a word for programs and the log, and a sentence for the person who reads it
+/// in place of the explanation. \a detail is inserted where the sentence has room for it, or else appended.
 Answer refusal(Refusal reason, const QString &detail = {});
 
-/// A device has asked too often, and may ask again after \a seconds.
+/// The response to a device that has asked too often, and may ask again after \a seconds.
 Answer tooOften(int seconds);
 
 } // namespace tidlo::proxy

@@ -21,26 +21,26 @@ using asio::ip::tcp;
 using boost::system::error_code;
 using Clock = std::chrono::steady_clock;
 
-/// A coroutine. All of them run on the one thread of the loop, so that nothing they share needs a lock. They take their
-/// parameters by value, and capture nothing.
+/// A coroutine. All coroutines run on the one thread of the loop, so that what they share needs no lock. They take
+/// their parameters by value, and capture nothing.
 template <typename Result>
 using Task = asio::awaitable<Result>;
 
-/// Passed to an operation of Asio: `const auto [error, ...] = co_await ...`, which throws nothing.
+/// A completion token for Asio that throws nothing: `const auto [error, ...] = co_await ...`.
 inline auto asTuple()
 {
     return asio::as_tuple(asio::use_awaitable);
 }
 
-/// \a job as a coroutine.
+/// Wraps \a job in a coroutine.
 template <std::invocable Job>
 Task<std::invoke_result_t<Job>> called(Job job)
 {
     co_return job();
 }
 
-/// Runs \a job on a thread of \a pool, which must outlive it; the coroutine that awaits it goes on in its own thread.
-/// What \a job throws is thrown there.
+/// Runs \a job on a thread of \a pool, which must outlive it; the coroutine that awaits it resumes on its own thread.
+/// Exceptions of \a job are rethrown there.
 template <std::invocable Job>
 Task<std::invoke_result_t<Job>> on(asio::thread_pool *pool, Job job)
 {

@@ -6,18 +6,18 @@
 
 namespace tidlo::proxy {
 
-/// How many bytes the bodies of all requests may hold together, so that many of them take no more memory than there is.
+/// Limits the bytes of all request bodies together, so that many requests cannot use up the memory.
 class BodyBudget final
 {
 public:
-    /// A body of so many bytes always passes: most questions do even while somebody tries to use up all the rest.
+    /// A body of up to this many bytes always gets room, as most questions do, even if somebody uses up all the rest.
     static constexpr size_t alwaysPasses = size_t{8} * 1024;
 
     explicit BodyBudget(size_t most)
         : most(most)
     {}
 
-    /// What one body holds, until this goes away.
+    /// The bytes that one body holds, until this object is destroyed.
     class Share final
     {
     public:
@@ -28,10 +28,10 @@ public:
         Share(const Share &) = delete;
         Share &operator=(const Share &) = delete;
 
-        /// Holds \a bytes in all, as soon as there is room for them; the first to wait gets room first. Returns whether
-        /// there was room before \a deadline; if not, it still holds what it held.
+        /// Waits until there is room to hold \a bytes in all; the first to wait gets room first. Returns whether there
+        /// was room before \a deadline; if not, it still holds what it held.
         Task<bool> hold(size_t bytes, Clock::time_point deadline);
-        /// Holds nothing any more.
+        /// Gives back all bytes.
         void release() { set(0); }
 
     private:
@@ -47,7 +47,7 @@ private:
 
     const size_t most;
     size_t held = 0;
-    std::list<asio::steady_timer *> waiting; ///< One for each body that finds no room.
+    std::list<asio::steady_timer *> waiting; ///< One for each body that waits for room.
 };
 
 } // namespace tidlo::proxy

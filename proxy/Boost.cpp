@@ -1,3 +1,3 @@
-// What Asio and Beast do not leave to templates, compiled once instead of with each source that includes them.
+// The parts of Asio and Beast that are no templates, compiled once instead of in each source that includes them.
 #include <boost/asio/impl/src.hpp>
 #include <boost/beast/src.hpp>

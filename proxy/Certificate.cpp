@@ -32,13 +32,13 @@ using Memory = std::unique_ptr<BIO, Release<BIO_free_all>>;
 constexpr qint64 daysValid = 365;
 constexpr qint64 daysLeft = 30;
 
-/// Nobody is asked for the password of a key.
+/// Never asks anybody for the password of a key.
 int noPassword(char *, int, int, void *)
 {
     return 0;
 }
 
-/// Valid only as long as \a content.
+/// Valid only while \a content exists.
 Memory reading(const QByteArray &content)
 {
     return Memory(BIO_new_mem_buf(content.constData(), static_cast<int>(content.size())));
@@ -71,7 +71,8 @@ bool addExtension(X509 *certificate, int identifier, const char *value)
 
 bool addExtensions(X509 *certificate)
 {
-    return addExtension(certificate, NID_basic_constraints, "critical,CA:FALSE") && // It signs for nobody else.
+    return addExtension(certificate, NID_basic_constraints, "critical,CA:FALSE") && // It cannot sign other
+                                                                                    // certificates.
            addExtension(certificate, NID_ext_key_usage, "serverAuth") &&
            addExtension(certificate, NID_subject_alt_name, "DNS:localhost,IP:127.0.0.1,IP:::1");
 }
@@ -116,7 +117,7 @@ QByteArray written(const Memory &memory)
     return {data, static_cast<qsizetype>(size)};
 }
 
-/// For this user alone, whatever the mask says: clients trust what lies in it.
+/// For this user alone, whatever the umask: clients trust what is in it.
 bool makeFolder(const QString &folder)
 {
     return QDir().mkpath(QFileInfo(folder).path()) &&
@@ -135,7 +136,7 @@ bool makeFiles(const CertificateFiles &files, const QDateTime &now)
            replaceFile(files.key, written(keyText)) && replaceFile(files.certificate, written(certificateText));
 }
 
-/// Why OpenSSL did not take the content of \a file.
+/// Why OpenSSL did not accept the content of \a file.
 QString reason(const QString &file)
 {
     const char *words = ERR_reason_error_string(ERR_peek_last_error());
@@ -143,7 +144,7 @@ QString reason(const QString &file)
     return QStringLiteral("%1 cannot be used: %2.").arg(file, QString::fromUtf8(words ? words : "it is not valid"));
 }
 
-/// Takes the server's certificate, then those that issued it.
+/// Reads the server's certificate, then those of its issuers.
 bool useChain(SSL_CTX *tls, const QByteArray &content)
 {
     const Memory memory = reading(content);
@@ -168,7 +169,7 @@ bool useKey(SSL_CTX *tls, const QByteArray &content)
     return key && SSL_CTX_use_PrivateKey(tls, key.get()) == 1;
 }
 
-/// Gives \a use what \a file holds. Returns why that failed, or nothing.
+/// Passes the content of \a file to \a use. Returns why that failed, or nothing.
 QString take(const QString &file, SSL_CTX *tls, bool (*use)(SSL_CTX *tls, const QByteArray &content))
 {
     const auto content = readSmallFile(file, Links::followed);

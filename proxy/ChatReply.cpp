@@ -7,7 +7,7 @@ namespace {
 
 using Json = nlohmann::json;
 
-// How deep each part of {"choices":[{"message":{"content":"..."}}]} lies.
+// The depth of each part of {"choices":[{"message":{"content":"..."}}]}.
 constexpr int inReply = 1;
 constexpr int inChoices = 2;
 constexpr int inChoice = 3;

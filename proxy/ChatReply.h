@@ -5,8 +5,8 @@
 
 namespace tidlo::proxy {
 
-/// The text of the first choice in a chat completion; empty if it has none, or is none. Any bytes are safe, however
-/// deep: nothing else of them is kept.
+/// The text of the first choice in a chat completion; empty if \a json has none, or is no chat completion. Any bytes
+/// are safe, however deeply nested: nothing else in them is stored.
 QString textOfFirstChoice(const QByteArray &json);
 
 } // namespace tidlo::proxy

@@ -46,7 +46,7 @@ Task<void> Connection::run(std::unique_ptr<Connection> connection)
 {
     std::optional<Answer> answer = co_await connection->answer();
     if (connection->received == 0)
-        co_return; // Nobody asked.
+        co_return; // The client sent nothing.
     if (!answer)
         answer = refusal(Refusal::failed);
     co_await connection->send(*answer);
@@ -67,7 +67,7 @@ try {
     }
     share.release();
     co_return answer;
-} catch (const std::exception &) { // Most of all where there is no memory.
+} catch (const std::exception &) { // Above all std::bad_alloc.
     co_return std::nullopt;
 }
 
@@ -104,7 +104,7 @@ Task<std::optional<Answer>> Connection::readBody()
         const size_t length = parser.get().body().size();
         if (length > limits.bodyBytes || received > limits.requestBytes)
             co_return refusal(Refusal::tooLong);
-        // All of it at once: bodies that each hold a part, and wait for more, would wait for each other.
+        // All of it at once: bodies that each hold a part and wait for more could wait for each other forever.
         const bool isSmall = length <= BodyBudget::alwaysPasses;
         const size_t held = isSmall ? length : parser.content_length().value_or(limits.bodyBytes);
         if (!co_await share.hold(held, stream.deadline())) {
@@ -139,7 +139,7 @@ uint64_t Connection::unsent() const
     return *parser.content_length_remaining() - std::min<uint64_t>(*parser.content_length_remaining(), pending.size());
 }
 
-/// Gives the client time to send the rest, which is thrown away: clients read nothing as long as they send.
+/// Gives the client time to send the rest, which is thrown away: clients read nothing while they send.
 Task<void> Connection::finish()
 {
     stream.within(limits.toClose);
@@ -149,14 +149,14 @@ Task<void> Connection::finish()
         pending.clear();
         if (!co_await readMore())
             break;
-        co_await asio::post(asio::use_awaitable); // Others have their turn, however fast this one sends.
+        co_await asio::post(asio::use_awaitable); // Lets other connections run, however fast this client sends.
     }
     co_await stream.leave();
 }
 
 Task<bool> Connection::readMore()
 {
-    std::array<char, 2048> bytes; // NOLINT: filled by what is read.
+    std::array<char, 2048> bytes; // NOLINT: filled by the read below.
     const size_t count = co_await stream.read(bytes);
     if (received == 0 && count > 0 && service.silent.erase(&stream) > 0 && service.isStopping)
         stream.within(limits.toRead);
@@ -165,7 +165,7 @@ Task<bool> Connection::readMore()
     co_return count > 0;
 }
 
-/// Takes what it can off the pending bytes: the head alone, then the body.
+/// Parses as much of the pending bytes as possible: first only the head, then the body.
 error_code Connection::parse()
 {
     const bool hadHead = parser.is_header_done();
@@ -173,7 +173,7 @@ error_code Connection::parse()
     while (!error && !pending.empty() && !parser.is_done() && hadHead == parser.is_header_done())
         pending.erase(0, parser.put(asio::buffer(pending), error));
     if (pending.empty())
-        std::string().swap(pending); // Thousands may wait for the rest.
+        std::string().swap(pending); // Frees the memory, since thousands of connections may wait for the rest.
     return error == http::error::need_more ? error_code() : error;
 }
 

@@ -12,19 +12,19 @@
 
 namespace tidlo::proxy {
 
-/// Answers the question in a body. Called on the loop, for many questions at a time; whatever takes long must not run
-/// there. May throw.
+/// Answers the question in a body. Called on the loop, for many questions at a time; long work must not run there. May
+/// throw.
 using Explain = std::function<Task<Answer>(std::string body)>;
 
-/// What all connections share.
+/// The part that all connections share.
 struct Service
 {
     const Explain explain;
-    const std::shared_ptr<SSL_CTX> tls; ///< Nothing for plain HTTP.
+    const std::shared_ptr<SSL_CTX> tls; ///< Null for plain HTTP.
     const Limits limits;
     RateLimiter limiter{limits.perMinute};
     BodyBudget bodies{limits.allBodiesBytes};
-    std::set<Stream *> silent = {}; ///< Connections on which nothing has been asked yet.
+    std::set<Stream *> silent = {}; ///< Connections whose client has sent nothing yet.
     bool isStopping = false;
 };
 
@@ -39,12 +39,12 @@ public:
     Connection(const Connection &) = delete;
     Connection &operator=(const Connection &) = delete;
 
-    /// From the first byte to the good-bye. What it logs on standard error is what was asked and what became of it;
+    /// Runs from the first byte to the end of TLS. Logs to standard error which address was requested and the result;
     /// never who asked, or what.
     static Task<void> run(std::unique_ptr<Connection> connection);
 
 private:
-    /// Each gives the answer, if it is known by then.
+    /// Each returns the answer if it is known already.
     Task<std::optional<Answer>> answer();
     Task<std::optional<Answer>> readHead();
     Task<std::optional<Answer>> readBody();
@@ -61,8 +61,8 @@ private:
     Stream stream;
     BodyBudget::Share share;
     RequestParser parser;
-    std::string pending; ///< Bytes that are not parsed yet.
-    size_t received = 0; ///< Bytes of the request.
+    std::string pending; ///< Bytes that were not parsed yet.
+    size_t received = 0; ///< Number of bytes received of the request.
 };
 
 } // namespace tidlo::proxy

@@ -29,7 +29,7 @@ std::string keyLine(const Upstream &upstream)
     return name + upstream.key.toStdString() + "\r\n";
 }
 
-/// Whether there is anything in \a response that a client shows: it reads the first candidate alone.
+/// Whether \a response contains any text that a client shows: it reads only the first candidate.
 bool hasText(const GeminiGenerateResponse &response)
 {
     const auto isText = [](const GeminiPart &part) { return part.text && !part.text->isEmpty(); };

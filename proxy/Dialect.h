@@ -8,10 +8,10 @@
 
 namespace tidlo::proxy {
 
-/// The lines in front of a question of \a bodyBytes to \a upstream, the key among them.
+/// The head of a request with \a bodyBytes of body to \a upstream; it includes the key.
 std::string questionHead(const Upstream &upstream, qsizetype bodyBytes);
 
-/// The question itself: JSON that holds \a prompt, and what else the dialect needs.
+/// The body of that request: JSON with \a prompt, and what else the dialect needs.
 QByteArray questionBody(const Upstream &upstream, const QString &prompt);
 
 /// The texts in the body of a \a reply, as the client's records; empty if there is none that a client would show.

@@ -20,11 +20,11 @@ using Endpoints = std::vector<tcp::endpoint>;
 
 constexpr size_t longestHead = 64 * kilobyte;
 constexpr size_t longestBody = 1'024 * kilobyte;
-constexpr size_t longestReply = 2 * longestBody; ///< With what stands between chunks, and replies before the last.
-constexpr std::chrono::seconds toConnect(10);    ///< To one of a server's addresses.
+constexpr size_t longestReply = 2 * longestBody; ///< Includes what separates chunks, and interim replies.
+constexpr std::chrono::seconds toConnect(10);    ///< Per address of a server.
 
-/// Where \a host is, as far as that is known in time. The system cannot be kept from looking up a name to the end, so
-/// the waiting alone is cut short.
+/// The addresses of \a host, as far as they are known in time. The system's look-up of a name cannot be cancelled, so
+/// only the waiting ends early.
 Task<Endpoints> lookUp(std::string host, std::string port, Clock::time_point deadline)
 {
     const auto executor = co_await asio::this_coro::executor;
@@ -41,7 +41,7 @@ Task<Endpoints> lookUp(std::string host, std::string port, Clock::time_point dea
     co_return *found;
 }
 
-/// Whether \a stream is connected to \a server now, and encrypts for it alone.
+/// Connects \a stream to \a server, with encryption unless it is plain HTTP; returns whether that succeeded.
 Task<bool> connect(Stream *stream, QUrl server, SSL_CTX *tls, Clock::time_point deadline)
 {
     const bool isPlain = server.scheme() == QStringLiteral("http");
@@ -67,7 +67,7 @@ void prepare(std::optional<Parser> &parser)
     parser->eager(true);
 }
 
-/// Feeds \a parser what it can take of \a pending; replies before the last are passed over.
+/// Feeds \a parser with \a pending, as much as it takes; skips interim replies.
 error_code parse(std::optional<Parser> &parser, std::string &pending)
 {
     error_code error;
@@ -79,7 +79,7 @@ error_code parse(std::optional<Parser> &parser, std::string &pending)
     return error == http::error::need_more ? error_code() : error;
 }
 
-/// What \a parser has read, if that is all.
+/// The reply that \a parser has read, if it is complete.
 Reply whole(Parser &parser)
 {
     const int status = static_cast<int>(parser.get().result_int());
@@ -106,7 +106,8 @@ Task<Reply> readReply(Stream *stream)
             parser->put_eof(error);
         if (error == http::error::body_limit || received > longestReply)
             co_return Reply{.outcome = Reply::Outcome::unusable};
-        const bool isError = parser->is_header_done() && parser->get().result_int() != 200; // Whose words nobody reads.
+        const bool isError = parser->is_header_done() && parser->get().result_int() != 200; // Nobody reads the body of
+                                                                                            // an error.
         if (!error && (parser->is_done() || isError))
             co_return whole(*parser);
         if (error || count == 0 || pending.size() > longestHead)

@@ -72,7 +72,7 @@ void ExplainServer::begin(tcp::socket socket)
     error_code error;
     const auto address = socket.remote_endpoint(error).address();
     if (error)
-        return; // It has gone already.
+        return; // The client has gone already.
     Places::Place place = places.take(address);
     if (!place) {
         std::fputs("connection refused too_many\n", stderr);

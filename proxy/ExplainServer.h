@@ -4,16 +4,16 @@
 
 namespace tidlo::proxy {
 
-/// The service: POST /explain and GET /healthz, for many connections on the one thread that runs the loop.
+/// The service: POST /explain and GET /healthz, for many connections, on the one thread that runs the loop.
 class ExplainServer final
 {
 public:
-    /// Accepts what \a listening listens for as soon as its loop runs, and must live as long as that does. Without \a
-    /// tls it speaks plain HTTP.
+    /// Accepts connections on \a listening while its loop runs, and must live as long as the loop. Without \a tls it
+    /// speaks plain HTTP.
     ExplainServer(tcp::acceptor listening, std::shared_ptr<SSL_CTX> tls, Explain explain, const Limits &limits = {});
 
-    /// Accepts no new connections but those that wait already, lets these ask, and has what is under way answered. On
-    /// the loop's thread.
+    /// Accepts only the connections that wait already, lets their clients ask, and answers the requests under way. Call
+    /// it on the loop's thread.
     void stop();
     /// Whether it has stopped, and every connection has ended.
     bool hasEnded() const { return service.isStopping && places.isEmpty(); }
@@ -27,7 +27,7 @@ private:
     Service service;
     tcp::acceptor acceptor;
     Places places;
-    asio::steady_timer placeLeft; ///< Wakes who waits for a place when one is free.
+    asio::steady_timer placeLeft; ///< Wakes the accepting coroutine when a place is free.
     asio::steady_timer idle;      ///< Runs while there is no connection.
 };
 

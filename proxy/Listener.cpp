@@ -19,7 +19,8 @@ MaybeAcceptor listenOn(const Settings &settings, asio::io_context &loop)
     if (!error)
         acceptor.open(where.protocol(), error);
     if (!error)
-        acceptor.set_option(tcp::acceptor::reuse_address(true), error); // Connections of an earlier run may linger.
+        acceptor.set_option(tcp::acceptor::reuse_address(true), error); // Connections of an earlier run may still be in
+                                                                        // TIME_WAIT.
     if (!error)
         acceptor.bind(where, error);
     if (!error)
@@ -57,12 +58,13 @@ OrReason<MaybeAcceptor> listenAs(const Settings &settings, asio::io_context &loo
     if (!settings.isHandedOver) {
         if (MaybeAcceptor acceptor = listenOn(settings, loop))
             return {.value = std::move(acceptor), .reason = {}};
-        const auto reason = QStringLiteral("Port %1 of %2 is not to be had.");
+        const auto reason = QStringLiteral("Cannot listen on port %1 of %2.");
         return {.value = {}, .reason = reason.arg(settings.port).arg(settings.address)};
     }
     MaybeAcceptor acceptor = handedOver(firstHandedOver, loop);
     if (!acceptor)
-        return {.value = {}, .reason = QStringLiteral("What was handed over is no TCP socket that listens.")};
+        return {.value = {},
+                .reason = QStringLiteral("The socket that was handed over is not a listening TCP socket.")};
     if (settings.isPlain && !acceptor->local_endpoint().address().is_loopback())
         return {.value = {}, .reason = plainIsForLoopback};
     return {.value = std::move(acceptor), .reason = {}};

@@ -8,8 +8,8 @@
 
 namespace tidlo::proxy {
 
-/// A socket that listens, as \a settings say: where they name an address and a port, or the one that was handed over as
-/// descriptor 3. Its connections run on \a loop.
+/// The listening socket that \a settings describe: on an address and a port, or the one that was passed to this process
+/// as descriptor 3. Its connections run on \a loop.
 OrReason<std::optional<tcp::acceptor>> listenAs(const Settings &settings, asio::io_context &loop);
 
 } // namespace tidlo::proxy

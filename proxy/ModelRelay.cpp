@@ -7,7 +7,7 @@
 namespace tidlo::proxy {
 namespace {
 
-/// What the model's server is sent, or why nothing is. It is about as long as \a body.
+/// The request for the model's server, or the answer if there is nothing to ask. About as long as \a body.
 std::variant<std::string, Answer> questionIn(const std::string &body, const Upstream &upstream)
 {
     const auto prompt = readPrompt(body);
@@ -17,7 +17,7 @@ std::variant<std::string, Answer> questionIn(const std::string &body, const Upst
     return questionHead(upstream, question.size()) + question.toStdString();
 }
 
-/// How a failure of the model's server is told to the client.
+/// The answer to the client when the model's server replies with \a status.
 Answer refused(int status)
 {
     switch (status) {

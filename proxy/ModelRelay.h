@@ -10,16 +10,17 @@
 
 namespace tidlo::proxy {
 
-/// Asks a model on behalf of clients. It holds no thread while the model thinks.
+/// Asks a model on behalf of clients. No thread is blocked while the model works.
 class ModelRelay final
 {
 public:
-    /// Encodes and decodes on \a pool, which must outlive it. The model's server is verified by what \a tls trusts.
+    /// Encodes and decodes on \a pool, which must outlive it. The model's server is verified with the authorities of \a
+    /// tls.
     ModelRelay(asio::thread_pool *pool, Upstream upstream, std::shared_ptr<SSL_CTX> tls,
                std::chrono::milliseconds timeLimit = std::chrono::seconds(50));
 
-    /// Asks what the client's \a body asks, within the time limit, and gives the texts of the model's answer alone, or
-    /// a failure: 400 when the body is no question, 504 when the time ran out, else 502.
+    /// Sends the question in the client's \a body to the model and returns only the texts of its answer, or a failure:
+    /// 400 if the body is no question, 504 if the time limit is over, else 502.
     Task<Answer> answer(std::string body) const;
 
 private:

@@ -10,17 +10,17 @@
 namespace tidlo::proxy {
 namespace {
 
-/// What to tell a person to do, the most careful last.
+/// Advice for a kind of finding, the most careful last.
 enum class Advice { again, look, leave };
 
 using Text = QLatin1StringView;
 
-/// How a kind of finding is explained.
+/// The explanation of a kind of finding.
 struct Kind
 {
     Text name;
     Advice advice;
-    Text maker = {}; ///< Who makes it again.
+    Text maker = {}; ///< The tool that makes it again.
 };
 
 Kind knownKind(FindingKind kind)
@@ -48,7 +48,7 @@ Kind knownKind(FindingKind kind)
     return {};
 }
 
-/// For titles that are not known, by their category.
+/// For unknown titles, by category.
 Kind unknownKind(CleanupCategory category)
 {
     switch (category) {
@@ -80,7 +80,7 @@ Kind kindOf(const PromptFinding &finding)
     return kind;
 }
 
-/// The names of what is to be treated so, each once, with its maker where it has one.
+/// The names of the kinds with this advice, each once, with its maker if it has one.
 QString namesFor(Advice advice, const QList<PromptFinding> &findings)
 {
     QStringList names;

@@ -4,7 +4,7 @@
 
 namespace tidlo::proxy {
 
-/// Something, or a sentence for a person that says why there is none.
+/// A value, or a sentence for a person that says why there is none.
 template <typename Value>
 struct OrReason
 {

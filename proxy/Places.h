@@ -9,18 +9,18 @@
 
 namespace tidlo::proxy {
 
-/// Counts connections, all of them and those of each address. A client with many IPv6 addresses has them in one network
-/// of 64 bits, which counts as one address. An IPv4 address written as an IPv6 one counts as itself.
+/// Counts connections, in total and for each address. The IPv6 addresses of one network of 64 bits count as one
+/// address, since one client can have them all. An IPv4 address written as an IPv6 address counts as the IPv4 address.
 class Places final
 {
 public:
-    /// A place is free again when this ends; Places must still exist then.
+    /// Holds a place until it is destroyed; Places must still exist then.
     using Place = std::shared_ptr<void>;
 
-    /// \a mostOfAddress may be 0: then addresses do not count. \a left is called when a place is free again.
+    /// If \a mostOfAddress is 0, connections are not counted by address. \a left is called when a place becomes free.
     Places(size_t most, size_t mostOfAddress, std::function<void()> left);
 
-    /// Nothing if there is none for \a address. Whether there is one at all is to be asked before.
+    /// A place for \a address, or null if the address has none left. Check first that there is any place at all.
     Place take(const boost::asio::ip::address &address);
     bool isFull() const { return taken >= most; }
     bool isEmpty() const { return taken == 0; }

@@ -11,7 +11,7 @@ namespace {
 constexpr qsizetype mostFindings = 8;
 constexpr QLatin1StringView metadataStart("\nScan metadata:\n");
 
-// The lines of a finding, of which names come only after the last.
+// The labels of a finding's lines; names come only after the last one.
 constexpr QLatin1StringView idLabel("- id: ");
 constexpr QLatin1StringView titleLabel("title: ");
 constexpr QLatin1StringView categoryLabel("category: ");
@@ -35,7 +35,7 @@ double bytesIn(QStringView unit)
         if (unit == larger)
             return bytes;
     }
-    return 1; // "byte" and "bytes"
+    return 1; // The smallest unit, "byte" or "bytes".
 }
 
 std::optional<Size> sizeFrom(const QString &text)
@@ -48,7 +48,7 @@ std::optional<Size> sizeFrom(const QString &text)
     return Size{.text = text, .bytes = match.captured(1).toDouble() * bytesIn(match.capturedView(2))};
 }
 
-/// What follows \a label, or nothing if the line does not begin with it.
+/// The text after \a label, or nothing if the line does not begin with it.
 std::optional<QString> after(QLatin1StringView label, const QString &line)
 {
     return line.startsWith(label) ? std::optional(line.mid(label.size())) : std::nullopt;

@@ -15,7 +15,7 @@ using boost::beast::iequals;
 constexpr size_t longestAddress = 8'000;
 constexpr size_t longestDevice = 128;
 
-/// What can be asked.
+/// An address of the service.
 struct Address
 {
     std::string_view path;

@@ -10,7 +10,7 @@
 namespace tidlo::proxy {
 namespace {
 
-/// Thrown inside this file alone.
+/// Thrown only within this file.
 struct Mistake
 {
     QString text;
@@ -18,26 +18,26 @@ struct Mistake
 
 constexpr const char *help = R"(Usage: tidlo-proxy [options]
 
-Explains what Tidlo found: POST /explain. GET /healthz tells whether it runs.
-Questions go to a model that the environment names, below; without one they go
-nowhere, and explanations are written by the service itself.
+Explains what Tidlo found: POST /explain. GET /healthz shows whether it runs.
+Questions go to the model that the environment variables below name; without
+one they go nowhere, and the service writes explanations by itself.
 
 Options:
-  --address <address>   Listen there instead of on 127.0.0.1.
-  --port <number>       Listen there instead of on 8443; 0 takes a free one.
-  --certificate <file>  The server's certificate with those that issued it, PEM.
+  --address <address>   The address to listen on, instead of 127.0.0.1.
+  --port <number>       The port to listen on, instead of 8443; 0: a free one.
+  --certificate <file>  The server's certificate and those of its issuers, PEM.
   --key <file>          Its private key, PEM. Without both, a certificate for
                         localhost is made in the state folder.
-  --plain-http          Speak HTTP without TLS, on a loopback address alone:
+  --plain-http          Speak HTTP without TLS, only on a loopback address:
                         for a server in front of it on the same machine.
   --per-minute <count>  How often a device may ask in a minute, instead of 10
-                        times; 0 for as often as it likes.
-  --per-address <count> How many connections an address may have at a time, 0
-                        for any number. Unless given, 64, but any number on a
-                        loopback address. A network of IPv6 (/64) is one.
-  --idle-exit <seconds> End after so long without a connection.
-  --until-eof           End when standard input ends, as it does with a program
-                        that started the service for itself.
+                        times; 0: without limit.
+  --per-address <count> How many connections an address may have at a time; 0:
+                        without limit. The default is 64, and no limit on a
+                        loopback address. An IPv6 network (/64) is one address.
+  --idle-exit <seconds> End after this time without a connection.
+  --until-eof           End when standard input ends, for a program that starts
+                        the service for itself.
   --offline             Read no key and send nothing anywhere, whatever the
                         environment says.
   --help                Show this.
@@ -46,21 +46,21 @@ Options:
 Environment, for a model of the Gemini API:
   GEMINI_API_KEY   The key of the API.
   GEMINI_MODEL     The model instead of gemini-1.5-flash.
-  GEMINI_BASE_URL  Where the API is, instead of at
+  GEMINI_BASE_URL  The address of the API, instead of
                    https://generativelanguage.googleapis.com.
 
 Environment, for a model behind chat completions, such as one on this machine:
-  TIDLO_CHAT_URL   What stands in front of /chat/completions, such as
+  TIDLO_CHAT_URL   The address without /chat/completions, such as
                    http://localhost:8080/v1. HTTPS, unless on this machine.
-  TIDLO_CHAT_MODEL The model.
+  TIDLO_CHAT_MODEL The name of the model.
   TIDLO_CHAT_KEY   The key, if one is needed.
 
-Environment, besides:
+Other environment variables:
   STATE_DIRECTORY  The state folder, instead of tidlo-proxy in XDG_STATE_HOME or
                    in ~/.local/state.
   LISTEN_FDS, LISTEN_PID
-                   A socket that listens already, as systemd hands it over:
-                   instead of an address and a port.
+                   A listening socket that systemd hands over, used instead
+                   of an address and a port.
 )";
 
 void addOptions(QCommandLineParser &parser)
@@ -100,11 +100,11 @@ std::optional<CertificateFiles> certificate(const QCommandLineParser &parser, bo
     const CertificateFiles files{.certificate = parser.value(QStringLiteral("certificate")),
                                  .key = parser.value(QStringLiteral("key"))};
     if (files.certificate.isEmpty() != files.key.isEmpty())
-        throw Mistake{QStringLiteral("--certificate and --key are given together.")};
+        throw Mistake{QStringLiteral("--certificate and --key must be given together.")};
     if (files.key.isEmpty())
         return std::nullopt;
     if (isPlain)
-        throw Mistake{QStringLiteral("--certificate is of no use with --plain-http: nothing would be encrypted.")};
+        throw Mistake{QStringLiteral("--certificate cannot be used with --plain-http: nothing would be encrypted.")};
     return files;
 }
 
@@ -128,10 +128,10 @@ struct Variables
 };
 
 constexpr Variables gemini{Dialect::gemini, "GEMINI_API_KEY", "GEMINI_MODEL", "GEMINI_BASE_URL",
-                           R"(\A[A-Za-z0-9._-]+\z)"}; // It becomes a part of the address.
+                           R"(\A[A-Za-z0-9._-]+\z)"}; // It becomes part of the URL.
 constexpr Variables chat{Dialect::chat, "TIDLO_CHAT_KEY", "TIDLO_CHAT_MODEL", "TIDLO_CHAT_URL", R"(\A[\x21-\x7e]+\z)"};
 
-/// \a unless is what holds for variables that are empty.
+/// \a unless holds the values for variables that are empty.
 Upstream read(const Variables &variables, const QProcessEnvironment &environment, const Upstream &unless)
 {
     static const QRegularExpression keyForm(QStringLiteral("\\A[\\x21-\\x7e]*\\z"));
@@ -144,7 +144,8 @@ Upstream read(const Variables &variables, const QProcessEnvironment &environment
                       .model = value(variables.model, unless.model),
                       .baseUrl = {value(variables.url, unless.baseUrl.toString()), QUrl::StrictMode}};
     if (!keyForm.match(upstream.key).hasMatch())
-        throw Mistake{QStringLiteral("%1 holds characters that no key has.").arg(QLatin1String(variables.key))};
+        throw Mistake{
+            QStringLiteral("%1 contains characters that a key cannot have.").arg(QLatin1String(variables.key))};
     if (!QRegularExpression(QString::fromLatin1(variables.modelForm)).match(upstream.model).hasMatch())
         throw Mistake{QStringLiteral("%1 must be the name of a model.").arg(QLatin1String(variables.model))};
     if (!isSafeUrl(upstream.baseUrl))
@@ -167,15 +168,15 @@ std::optional<Upstream> upstream(const QProcessEnvironment &environment)
     return std::nullopt;
 }
 
-/// Whether a socket was handed over to this process, and not to one that started it.
+/// Whether a socket was passed to this process, and not to a process that started it.
 bool isHandedOver(const QCommandLineParser &parser, const QProcessEnvironment &environment)
 {
     if (environment.value(QStringLiteral("LISTEN_PID")) != QString::number(::getpid()))
         return false;
     if (environment.value(QStringLiteral("LISTEN_FDS")) != QStringLiteral("1"))
-        throw Mistake{QStringLiteral("LISTEN_FDS must be 1: one socket that listens.")};
+        throw Mistake{QStringLiteral("LISTEN_FDS must be 1: one listening socket.")};
     if (parser.isSet(QStringLiteral("address")) || parser.isSet(QStringLiteral("port")))
-        throw Mistake{QStringLiteral("--address and --port are of no use with a socket that is handed over.")};
+        throw Mistake{QStringLiteral("--address and --port cannot be used with a socket that is handed over.")};
     return true;
 }
 

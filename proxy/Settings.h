@@ -10,10 +10,10 @@
 
 namespace tidlo::proxy {
 
-/// How a model's server is spoken to: as the Gemini API, or as the many servers of chat completions.
+/// The protocol of a model's server: the Gemini API, or chat completions, which many servers speak.
 enum class Dialect { gemini, chat };
 
-/// The model that explains, and how it is reached.
+/// The model that explains, and how to reach it.
 struct Upstream
 {
     Dialect dialect = Dialect::gemini;
@@ -25,35 +25,35 @@ struct Upstream
 /// The files that prove the server's name, as PEM.
 struct CertificateFiles
 {
-    QString certificate; ///< The server's own first, then what issued it.
+    QString certificate; ///< The server's own certificate first, then those of its issuers.
     QString key;
 };
 
-/// Refuses settings that would let others read what is sent.
+/// The error for settings that would let others read what is sent.
 inline const QString plainIsForLoopback =
-    QStringLiteral("--plain-http is for loopback addresses alone: others could read what is sent.");
+    QStringLiteral("--plain-http is only for loopback addresses: others could read what is sent.");
 
-/// How the service is to run.
+/// The settings of the service.
 struct Settings
 {
-    bool isHandedOver = false; ///< The socket that listens, so that address and port do not count.
+    bool isHandedOver = false; ///< The listening socket is passed in; address and port are not used.
     QString address = QStringLiteral("127.0.0.1");
-    int port = 8443;                             ///< 0 for any that is free.
+    int port = 8443;                             ///< 0: any free port.
     bool isPlain = false;                        ///< HTTP without TLS.
-    std::optional<CertificateFiles> certificate; ///< Without them, one for localhost is made in the state folder.
+    std::optional<CertificateFiles> certificate; ///< Without it, one for localhost is made in the state folder.
     QString stateFolder;
-    int perMinute = 10;               ///< Requests of one device, 0 for any number.
-    std::optional<int> perAddress;    ///< Connections of one address at a time, 0 for any number; unless given, it
+    int perMinute = 10;               ///< Requests of one device, 0: unlimited.
+    std::optional<int> perAddress;    ///< Connections of one address at a time, 0: unlimited; without it, the default
                                       ///< depends on where the service listens.
-    bool isUntilEof = false;          ///< Whether it ends at the end of standard input.
-    int idleExit = 0;                 ///< Seconds without a connection after which it ends, 0 for never.
+    bool isUntilEof = false;          ///< Whether the service ends at the end of standard input.
+    int idleExit = 0;                 ///< The service ends after this many seconds without a connection; 0: never.
     std::optional<Upstream> upstream; ///< Without one, explanations are written offline.
 };
 
-/// Where questions go with \a settings, as a sentence for whoever runs the service.
+/// Where questions go with \a settings, as a sentence for the person who runs the service.
 QString whereQuestionsGo(const Settings &settings);
 
-/// A text to print, and the status to end with.
+/// A text to print, and the exit status.
 struct Ending
 {
     int status;
@@ -61,7 +61,7 @@ struct Ending
 };
 
 /// Reads the command line, without the program's name, and what \a environment says about the model, the state folder
-/// and a socket that was handed over to this process; or why the program is not to run: help or version, or a mistake.
+/// and a passed socket. Returns an Ending if the program is not to run: for help, the version, or a mistake.
 std::variant<Settings, Ending> settingsFrom(const QStringList &arguments, const QProcessEnvironment &environment);
 
 } // namespace tidlo::proxy

@@ -37,10 +37,10 @@ OrReason<std::optional<QByteArray>> readSmallFile(const QString &name, Links lin
     struct stat status
     {};
     if (::fstat(descriptor, &status) != 0 || !S_ISREG(status.st_mode))
-        return cannot(name, QStringLiteral("it is no regular file"));
+        return cannot(name, QStringLiteral("it is not a regular file"));
     QByteArray content = file.read(most + 1);
     if (content.size() > most)
-        return cannot(name, QStringLiteral("it has more than 64 KB"));
+        return cannot(name, QStringLiteral("it is larger than 64 KB"));
     return {.value = std::move(content), .reason = {}};
 }
 
@@ -48,7 +48,7 @@ bool replaceFile(const QString &name, const QByteArray &content)
 {
     const QByteArray final = QFile::encodeName(name);
     const QByteArray fresh = final + ".new";
-    ::unlink(fresh.constData()); // Left behind by one that was killed.
+    ::unlink(fresh.constData()); // Left behind by a process that was killed.
     const int descriptor = ::open(fresh.constData(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR);
     if (descriptor == -1)
         return false;

@@ -10,12 +10,12 @@ namespace tidlo::proxy {
 
 enum class Links { followed, refused };
 
-/// What the regular file \a name holds, 64 KB at most; nothing, and no reason, if there is none. Reading waits for
-/// nobody, not even where something else than a file has that name. Links in front of the last name are followed.
+/// The content of the regular file \a name, 64 KB at most; no value and no reason if it does not exist. Never blocks,
+/// even if \a name is not a regular file. Links before the last name are followed.
 OrReason<std::optional<QByteArray>> readSmallFile(const QString &name, Links links);
 
-/// Puts \a content in the place of \a name: whole or not at all, never for a moment readable by others, never through a
-/// link. Whether that succeeded.
+/// Replaces the file \a name by one with \a content: as a whole or not at all, never readable by others at any moment,
+/// never through a link. Returns whether that succeeded.
 bool replaceFile(const QString &name, const QByteArray &content);
 
 } // namespace tidlo::proxy

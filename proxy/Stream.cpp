@@ -21,7 +21,7 @@ BIO *layers(int socket, SSL_CTX *tls, int role)
     return tls == nullptr ? plain : BIO_push(BIO_new_ssl(tls, role), plain);
 }
 
-/// Makes \a ssl refuse whoever is not \a host.
+/// Makes \a ssl refuse every server but \a host.
 bool expect(SSL *ssl, const char *host)
 {
     SSL_set_verify(ssl, SSL_VERIFY_PEER, nullptr);
@@ -50,7 +50,8 @@ void Stream::until(Clock::time_point deadline)
             return;
         late = true;
         error_code ignored;
-        socket.cancel(ignored); // Ending the socket instead would end TLS, and the client could be told nothing.
+        socket.cancel(ignored); // Shutting the socket down instead would end TLS, and nothing could be said to the
+                                // client any more.
     });
 }
 
@@ -127,7 +128,7 @@ Task<void> Stream::leave()
 void Stream::prepare()
 {
     error_code ignored;
-    socket.set_option(tcp::no_delay(true), ignored); // What is written is whole, and must not wait for more.
+    socket.set_option(tcp::no_delay(true), ignored); // Each write is a whole message and must not wait for more.
     socket.native_non_blocking(true, ignored);
 }
 

@@ -10,9 +10,9 @@
 
 namespace tidlo::proxy {
 
-/// A connection, encrypted or not, with one deadline for all that is done over it, however slowly bytes come. When that
-/// has passed, whatever is under way fails, and so does all else until there is a new deadline. OpenSSL works straight
-/// on the socket: Asio's own stream keeps 70 KB for each connection, this one 20.
+/// A connection, encrypted or not, with one deadline for all operations on it, however slowly bytes come. After the
+/// deadline, the current operation fails, and so do all others until there is a new deadline. OpenSSL works directly on
+/// the socket: Asio's own stream takes 70 KB for each connection, this one 20.
 class Stream final
 {
 public:
@@ -25,19 +25,20 @@ public:
     Clock::time_point deadline() const { return end; }
     bool isLate() const { return late; }
 
-    /// Whether it is connected to \a endpoint now. An earlier connection is ended.
+    /// Connects to \a endpoint, and closes an earlier connection. Returns whether that succeeded.
     Task<bool> connect(tcp::endpoint endpoint);
-    /// As a client that sends to nobody who cannot prove to be \a host, a name or an address; plain without \a tls.
+    /// Encrypts as a client that sends only to a server that proves to be \a host, a name or an address; plain without
+    /// \a tls. Returns whether that succeeded.
     bool encryptTo(SSL_CTX *tls, const char *host);
-    /// As a server, as soon as the client's first byte has come: a handshake takes 45 KB until it is done. Plain
-    /// without \a tls. Whether one came.
+    /// Encrypts as a server, once the client's first byte has come: a handshake takes 45 KB until it is done. Plain
+    /// without \a tls. Returns whether a byte came.
     Task<bool> encryptWhenAsked(SSL_CTX *tls);
 
-    /// How many bytes were read; 0 at the end, whatever that is.
+    /// Returns how many bytes were read; 0 at the end, whatever the cause.
     Task<size_t> read(std::span<char> to);
-    /// Whether all of \a bytes were written, which must live as long.
+    /// Returns whether all of \a bytes were written; they must stay valid until then.
     Task<bool> write(std::string_view bytes);
-    /// Says good-bye, and waits until the other end has gone: closing at once would lose what it has not read yet.
+    /// Ends TLS, and waits until the other end has closed: closing at once would lose what it has not read yet.
     Task<void> leave();
 
 private:
@@ -53,8 +54,9 @@ private:
     asio::steady_timer timer;
     Clock::time_point end = Clock::time_point::max();
     bool late = false;
-    std::unique_ptr<BIO, Free> bio;                       ///< What encrypts, if anything does, and the socket.
-    std::shared_ptr<void> life = std::make_shared<int>(); ///< For the timer, which may be heard of later.
+    std::unique_ptr<BIO, Free> bio;                       ///< The socket, with encryption if there is any.
+    std::shared_ptr<void> life = std::make_shared<int>(); ///< For the timer, whose handler may run later than this
+                                                          ///< object exists.
 };
 
 } // namespace tidlo::proxy

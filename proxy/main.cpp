@@ -29,7 +29,7 @@ int complain(const QString &text)
     return 1;
 }
 
-/// Each connection takes a descriptor, one more while a model is asked, and systems allow few of them unless asked.
+/// Each connection needs a descriptor, and one more while a model is asked; by default systems allow few of them.
 void allowManyConnections()
 {
     constexpr rlim_t wanted = 8'192;
@@ -43,11 +43,11 @@ void allowManyConnections()
 void prepareProcess()
 {
     allowManyConnections();
-    std::signal(SIGPIPE, SIG_IGN); // OpenSSL writes to sockets whose other end has gone.
+    std::signal(SIGPIPE, SIG_IGN); // OpenSSL writes to sockets whose other end has closed.
     for (const char *name : {"LISTEN_FDS", "LISTEN_PID", "LISTEN_FDNAMES"})
-        ::unsetenv(name); // They are meant for this process alone.
+        ::unsetenv(name); // They are meant for this process only.
 #ifdef __GLIBC__
-    ::mallopt(M_MMAP_THRESHOLD, 128 * 1024); // The memory of bodies goes back to the system.
+    ::mallopt(M_MMAP_THRESHOLD, 128 * 1024); // Returns the memory of large bodies to the system.
 #endif
 }
 
@@ -85,13 +85,13 @@ Limits limitsFor(const Settings &settings, const tcp::endpoint &listening)
     Limits limits;
     limits.idle = std::chrono::seconds(settings.idleExit);
     limits.perMinute = settings.perMinute;
-    // What comes by a loopback address comes from this machine, or from many through a server in front.
+    // Connections from a loopback address come from this machine, or from many clients through a server in front.
     limits.connectionsOfAddress =
         static_cast<size_t>(settings.perAddress.value_or(listening.address().is_loopback() ? 0 : ofAddress));
     return limits;
 }
 
-/// Where it is, on standard output, so that whoever started it knows that it is ready, and where questions go.
+/// Prints the service's address, so that whoever started it knows that it is ready, and where questions go.
 void announce(const Settings &settings, const tcp::endpoint &listening)
 {
     std::ostringstream where;
@@ -101,7 +101,7 @@ void announce(const Settings &settings, const tcp::endpoint &listening)
     std::fflush(stdout);
 }
 
-/// Ends the process when \a input ends, or cannot be read: whoever had a question is gone, and what is kept is whole.
+/// Ends the process when \a input ends, or cannot be read: then nobody waits for an answer, and all files are complete.
 void endWith(asio::posix::stream_descriptor &input)
 {
     input.async_wait(asio::posix::stream_descriptor::wait_read, [&input](error_code) {
@@ -118,7 +118,7 @@ int run(const Settings &settings)
     const auto tls = tlsFor(settings);
     if (!tls.reason.isEmpty())
         return complain(tls.reason);
-    asio::thread_pool pool(1); // Decoding takes many times the memory of what is decoded: one at a time.
+    asio::thread_pool pool(1); // One thread: decoding takes many times the memory of what is decoded.
     asio::io_context loop(1);
     auto acceptor = listenAs(settings, loop);
     if (!acceptor.reason.isEmpty())
@@ -158,7 +158,8 @@ int main(int argc, char *argv[])
             return ending->status;
         }
         return run(std::get<Settings>(settings));
-    } catch (const std::exception &error) { // The system has no memory, thread or descriptor left to begin with.
+    } catch (const std::exception &error) { // From the start, the system has too little memory, or too few threads or
+                                            // descriptors.
         std::fprintf(stderr, "tidlo-proxy: %s\n", error.what());
         return 1;
     }

@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
-"""Makes the manual pages and the completions for shells of what the programs say of themselves with --help.
+"""Makes the manual pages and the completions for shells from the --help of the programs.
 
 describe.py <folder> <version> <date> <tidlo-cli> <tidlo-proxy, or nothing> <text on tidlo>
 
-The help of a program is its usage, then paragraphs, then tables: a line that ends in a colon, and rows of a term and
-what it means. Nothing else is known of a program here.
+The help of a program consists of its usage, then paragraphs, then tables: a line that ends in a colon, and rows of a
+term and its meaning. This is all that is known of a program here.
 """
 
 import os
@@ -92,7 +92,7 @@ def page(name, says, help, about, commands=()):
 
 
 def own(help, general):
-    """What a command has beyond what all of them have: its options follow its paragraphs without a heading."""
+    """The options that only this command has; they follow its paragraphs without a heading."""
     common = general.tables["Options"]
     return Help(help.usage, help.paragraphs, {"": [row for row in help.tables["Options"] if row not in common]})
 
@@ -101,7 +101,7 @@ def own(help, general):
 
 
 def optionsOf(help):
-    """Of each option: how it is spelled, what its value is called, what it means."""
+    """For each option: its spellings, the name of its value, its meaning."""
     for term, meaning in help.tables["Options"]:
         spelling, value = re.fullmatch(r"(.*?)(?: <(.*)>)?", term).groups()
         yield spelling.split(", "), value, meaning

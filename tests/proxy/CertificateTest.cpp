@@ -107,7 +107,7 @@ TEST_F(LocalhostCertificate, MustBeARegularFile)
     QDir().mkpath(folder);
     const QString key = folder + QStringLiteral("/key.pem");
     ASSERT_EQ(mkfifo(QFile::encodeName(key).constData(), 0600), 0);
-    const QString refused = QStringLiteral("%1 cannot be used: it is no regular file.").arg(key);
+    const QString refused = QStringLiteral("%1 cannot be used: it is not a regular file.").arg(key);
 
     EXPECT_EQ(localhostCertificate(folder, now).reason, refused);
     QFile::remove(key);
@@ -214,7 +214,7 @@ TEST_F(LocalhostCertificate, MayBeGivenByLinksAndWithItsChain)
     EXPECT_TRUE(tlsFrom(given).value);
     ASSERT_TRUE(replaceFile(chain, text + QByteArray(64 * 1024 + 1 - text.size(), '\n')));
     EXPECT_EQ(tlsFrom(given).reason,
-              QStringLiteral("%1 cannot be used: it has more than 64 KB.").arg(given.certificate));
+              QStringLiteral("%1 cannot be used: it is larger than 64 KB.").arg(given.certificate));
 }
 
 TEST(TlsFiles, ThatAreMissingOrNonsenseSayWhichAndWhy)

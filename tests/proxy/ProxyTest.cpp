@@ -268,7 +268,8 @@ TEST_F(Proxy, TakesNothingButASocketThatListens)
     ASSERT_TRUE(process.waitForFinished(120'000));
 
     EXPECT_EQ(process.exitCode(), 1);
-    EXPECT_EQ(process.readAllStandardError(), "tidlo-proxy: What was handed over is no TCP socket that listens.\n");
+    EXPECT_EQ(process.readAllStandardError(),
+              "tidlo-proxy: The socket that was handed over is not a listening TCP socket.\n");
 }
 
 TEST_F(Proxy, FinishesWhatIsUnderWayWhenItIsTerminated)
@@ -307,7 +308,7 @@ TEST_F(Proxy, EndsWithAReasonWhenItCannotRun)
     EXPECT_EQ(other.exitCode(), 1);
     EXPECT_EQ(other.readAllStandardOutput(), "");
     EXPECT_EQ(other.readAllStandardError().toStdString(),
-              "tidlo-proxy: Port " + std::to_string(proxy.port()) + " of 127.0.0.1 is not to be had.\n");
+              "tidlo-proxy: Cannot listen on port " + std::to_string(proxy.port()) + " of 127.0.0.1.\n");
 }
 
 } // namespace tidlo

@@ -359,7 +359,7 @@ TEST(Run, SaysWhereToLookWhenTheProxyDoesNotStart)
     EXPECT_EQ(tree.run({}, display + QStringList{QStringLiteral("GEMINI_API_KEY=\x01")}), 0);
 
     EXPECT_EQ(tree.errors, "run: the proxy did not start; build/release/proxy.log tells why.\n");
-    EXPECT_EQ(tree.proxyLog(), "GEMINI_API_KEY holds characters that no key has.\n");
+    EXPECT_EQ(tree.proxyLog(), "GEMINI_API_KEY contains characters that a key cannot have.\n");
     EXPECT_EQ(tree.log(), "build release tidlo tidlo-proxy\nwindow\n");
 }
 
