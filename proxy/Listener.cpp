@@ -19,8 +19,7 @@ MaybeAcceptor listenOn(const Settings &settings, asio::io_context &loop)
     if (!error)
         acceptor.open(where.protocol(), error);
     if (!error)
-        acceptor.set_option(tcp::acceptor::reuse_address(true), error); // Connections of an earlier run may still be in
-                                                                        // TIME_WAIT.
+        acceptor.set_option(tcp::acceptor::reuse_address(true), error); // Old connections may be in TIME_WAIT.
     if (!error)
         acceptor.bind(where, error);
     if (!error)

@@ -358,7 +358,7 @@ TEST(Run, SaysWhereToLookWhenTheProxyDoesNotStart)
 
     EXPECT_EQ(tree.run({}, display + QStringList{QStringLiteral("GEMINI_API_KEY=\x01")}), 0);
 
-    EXPECT_EQ(tree.errors, "run: the proxy did not start; build/release/proxy.log tells why.\n");
+    EXPECT_EQ(tree.errors, "run: the proxy did not start; build/release/proxy.log says why.\n");
     EXPECT_EQ(tree.proxyLog(), "GEMINI_API_KEY contains characters that a key cannot have.\n");
     EXPECT_EQ(tree.log(), "build release tidlo tidlo-proxy\nwindow\n");
 }
@@ -372,7 +372,7 @@ TEST(Run, TakesNoOptionButYes)
 
     EXPECT_EQ(tree.log(), "");
     EXPECT_EQ(tree.errors,
-              "run: takes no option but --yes; build/release/tidlo-cli --help tells those of the program.\n");
+              "run: takes no option except --yes; build/release/tidlo-cli --help lists those of the program.\n");
 }
 
 } // namespace tidlo

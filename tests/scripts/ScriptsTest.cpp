@@ -171,9 +171,8 @@ TEST(Bootstrap, WhereThereIsNoDebianItLeavesTheRestToTheBuild)
 {
     const ScriptRun run = SmallSystem().run("bootstrap");
     EXPECT_EQ(run.status, 0);
-    EXPECT_EQ(run.errors,
-              "bootstrap: this system is no Debian, so nothing is installed. What is needed, as Debian names "
-              "it: scripts/packages-debian\n");
+    EXPECT_EQ(run.errors, "bootstrap: this system is not Debian, so nothing is installed. Needed, by Debian's names: "
+                          "scripts/packages-debian\n");
 }
 
 TEST(Bootstrap, InstallsExactlyWhatIsMissingAndSaysWhatAndHowMuch)
@@ -188,8 +187,8 @@ TEST(Bootstrap, InstallsExactlyWhatIsMissingAndSaysWhatAndHowMuch)
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.output, "");
     EXPECT_EQ(run.errors, "bootstrap: these packages are missing: cmake ninja-build\n"
-                          "bootstrap: with what they need in turn, 6 MB must be downloaded.\n"
-                          "bootstrap: all is there.\n");
+                          "bootstrap: with their dependencies, 6 MB must be downloaded.\n"
+                          "bootstrap: all packages are installed.\n");
     EXPECT_THAT(system.requests(),
                 ElementsAre(EndsWith(" update"), EndsWith(" install --yes --no-install-recommends cmake ninja-build")));
     EXPECT_THAT(system.requests(), Each(StartsWith("noninteractive "))) << "packages ask nothing either";
@@ -204,7 +203,7 @@ TEST(Bootstrap, SaysHowMuchAfterTheUpdateWhereAptKnowsNoPackagesBefore)
     EXPECT_EQ(run.status, 0);
     EXPECT_THAT(run.errors.toStdString(), HasSubstr("\nbootstrap: how much must be downloaded is known only after "
                                                     "apt-get update.\n"
-                                                    "bootstrap: with what they need in turn, 6 MB must be "
+                                                    "bootstrap: with their dependencies, 6 MB must be "
                                                     "downloaded.\n"));
 }
 
@@ -256,7 +255,7 @@ TEST(Bootstrap, WithNobodyToAskItUsesNoSudo)
     system.add("sudo", "\"$@\"");
     const ScriptRun run = system.run("bootstrap");
     EXPECT_EQ(run.status, 1);
-    EXPECT_THAT(run.errors.toStdString(), EndsWith("bootstrap: nobody can be asked here; scripts/bootstrap --yes "
+    EXPECT_THAT(run.errors.toStdString(), EndsWith("bootstrap: there is no terminal to ask at; scripts/bootstrap --yes "
                                                    "packages-debian installs them with sudo.\n"));
     EXPECT_THAT(system.requests(), IsEmpty());
 }
@@ -291,7 +290,7 @@ TEST(Bootstrap, AnInstallationIsNotBrokenOff)
     const ScriptRun run = system.run("bootstrap");
 
     EXPECT_EQ(run.status, 0);
-    EXPECT_THAT(run.errors.toStdString(), EndsWith("bootstrap: all is there.\n"));
+    EXPECT_THAT(run.errors.toStdString(), EndsWith("bootstrap: all packages are installed.\n"));
 }
 
 TEST(Build, BuildsWhatIsNamedAsThePresetSays)
