@@ -4,7 +4,7 @@
 
 namespace tidlo {
 
-/// An entry to show to a visitor, with any attributes; remembers which siblings it was asked for.
+/// An entry to show to a visitor, with any attributes; remembers which siblings were asked for.
 class FakeEntry final : public EnumeratedEntry
 {
 public:

@@ -11,7 +11,7 @@ namespace tidlo {
 
 namespace {
 
-/// Numbered, so that things of the same name lie side by side.
+/// Numbered, so that items of the same name can lie side by side.
 TrashOutcome moveToFolder(const FilePath &folder, const FilePath &path)
 {
     mkdir(folder.constData(), 0700);

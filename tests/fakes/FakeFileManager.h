@@ -13,7 +13,7 @@ class FakeFileManager : public FileManager
 {
 public:
     explicit FakeFileManager(const FilePath &home);
-    ~FakeFileManager() override; // With a body elsewhere, so that not every test compiles the whole class.
+    ~FakeFileManager() override; // Defined in another file, so that not every test compiles the whole class.
 
     MOCK_METHOD(FilePath, homeDirectoryForCurrentUser, (), (const, override));
     MOCK_METHOD(bool, fileExists, (const FilePath &), (const, override));
@@ -32,7 +32,7 @@ public:
                 (override));
     MOCK_METHOD(TrashContents, trashedItems, (std::stop_token), (const, override));
 
-    /// For a test's own action to go on with.
+    /// For the actions of tests to call.
     FileManager &live() const { return *liveFiles; }
 
 private:

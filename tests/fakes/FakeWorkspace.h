@@ -6,12 +6,12 @@
 
 namespace tidlo {
 
-/// A desktop that does nothing. Whether an application opens is told when the test says so.
+/// A desktop that does nothing. The test decides when an application counts as opened.
 class FakeWorkspace : public Workspace
 {
 public:
     FakeWorkspace();
-    ~FakeWorkspace() override; // With a body elsewhere, so that not every test compiles the whole class.
+    ~FakeWorkspace() override; // Defined in another file, so that not every test compiles the whole class.
 
     MOCK_METHOD(void, registerApplication, (const FilePath &), (override));
     MOCK_METHOD(void, openApplication, (const FilePath &, Opened), (override));

@@ -48,7 +48,7 @@ def main(program, what):
 
 
 def use(process):
-    """Scans by the keyboard, and closes by it."""
+    """Scans and closes with the keyboard."""
     screen = Screen()
     eventually_seen("the window is there", lambda: screen.window_of(process.pid))
     time.sleep(1)

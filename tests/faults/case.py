@@ -1,4 +1,4 @@
-"""What a case of scripts/faults is: it provokes one kind of trouble again and again, and tells in a line what happened."""
+"""A case of scripts/faults: it provokes one kind of fault again and again, and reports in one line what happened."""
 
 import random
 from collections import Counter
@@ -11,16 +11,16 @@ class Broken(AssertionError):
 
 
 class Missing(Exception):
-    """This machine lacks what the case needs; the text tells what."""
+    """This machine lacks what the case needs; the text says what."""
 
 
 @dataclass
 class Case:
     name: str
     title: str
-    provoked: str  # How, for the table.
-    times: int     # How often, unless somebody says otherwise.
-    run: Callable  # Takes the times and the tools; gives what happened, as a text.
+    provoked: str  # For the table.
+    times: int     # The default.
+    run: Callable  # Takes the times and the tools; returns what happened, as a text.
 
 
 CASES = []
@@ -40,7 +40,7 @@ def require(holds, what):
 
 
 class Tools:
-    """What cases are given: where the programs lie, a folder to work in, and chance that can be repeated."""
+    """Passed to each case: the folder of the programs, a folder to work in, and a random generator that can repeat."""
 
     def __init__(self, build, folder, seed):
         self.build, self.folder, self.seed = build, folder, seed
@@ -52,5 +52,5 @@ class Tools:
 
 
 def told(counts):
-    """“3 refused, 2 moved”: the largest first."""
+    """“3 refused, 2 moved”: the most frequent first."""
     return ", ".join(f"{number:,} {what}" for what, number in Counter(counts).most_common() if number)

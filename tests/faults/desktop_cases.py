@@ -1,4 +1,4 @@
-"""What only the window does."""
+"""The cases that need the window."""
 
 import os
 import subprocess
@@ -8,11 +8,11 @@ from case import Missing, case, require
 
 HERE = Path(__file__).resolve().parent
 DESKTOP = HERE.parent / "ui" / "window" / "desktop.py"
-PYTHON = "/usr/bin/python3"  # The bindings for the accessibility tree come with the system's own.
+PYTHON = "/usr/bin/python3"  # Only the system's own Python has the bindings for the accessibility tree.
 
 
 def in_desktop(tools, system, program, *arguments):
-    """The last line that a program prints in a desktop of its own."""
+    """The last line that a program prints in a private desktop session."""
     command = [PYTHON, "-B", DESKTOP, system, "1800x1100", PYTHON, "-B", HERE / program, *map(str, arguments)]
     run = subprocess.run(list(map(str, command)), check=False, capture_output=True, text=True, timeout=3600,
                          env=os.environ | {"TMPDIR": str(tools.folder)}, errors="replace")

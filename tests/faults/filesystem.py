@@ -1,5 +1,5 @@
-"""A file system in user space that shows a folder as it is, read-only, and may take its time, or fail, or never answer.
-It speaks the kernel's own protocol, so that nothing but this file is needed."""
+"""A read-only file system in user space that shows a folder as it is, and can be slow, fail, or never answer.
+It speaks the kernel's own protocol, so that it needs nothing but this file."""
 
 import ctypes
 import errno
@@ -21,8 +21,8 @@ libc = ctypes.CDLL(None, use_errno=True)
 
 
 class Mirror:
-    """Serves what lies in a folder. Before each answer it asks `hold`, which is given what is asked of which path, waits as it
-    likes, and gives an errno or 0; None is no answer, unless the kernel asks to let it be, since it is being killed who asked.
+    """Serves the content of a folder. Before each answer it calls `hold` with the request and the path; that may wait,
+    and returns an errno or 0. None means no answer, unless the kernel cancels the request because its process is killed.
     """
 
     def __init__(self, folder, hold):
@@ -64,7 +64,7 @@ class Mirror:
     def _write(self, unique, error, answer=b""):
         try:
             os.write(self.device, struct.pack("=IiQ", 16 + len(answer), -error, unique) + answer)
-        except OSError:  # Whoever asked is gone, or has been answered.
+        except OSError:  # The process that asked is gone, or has been answered.
             pass
 
     def _content(self, code, node, body):
@@ -119,7 +119,7 @@ class Mirror:
 
 @contextmanager
 def shown(folder, at, hold):
-    """The folder is seen at another place. What still waits at the end gets an error."""
+    """Mounts the folder at another place. Requests that still wait at the end get an error."""
     if not os.access("/dev/fuse", os.R_OK | os.W_OK):
         raise Missing("there is no /dev/fuse.")
     mirror = Mirror(folder, hold)
@@ -137,7 +137,7 @@ def shown(folder, at, hold):
 
 
 def abort(at):
-    """Ends the connection, whatever waits for it. Its number is that of the device, which the table of mounts tells."""
+    """Ends the connection, whatever waits for it. Its number is that of the device, found in the table of mounts."""
     with open("/proc/self/mountinfo", encoding="utf-8") as table:
         device = next((line.split()[2] for line in table if line.split()[4] == os.fspath(at)), None)
     if device:

@@ -1,4 +1,4 @@
-"""Homes that are no good, and clocks that are wrong."""
+"""Unusable home folders, and wrong clocks."""
 
 import os
 import pwd
@@ -137,7 +137,8 @@ def clock(_, tools):
         for cleaned, restored in ((moment, moment), (moment, None), (None, moment)):
             at(cleaned, "scan")
             moved = at(cleaned, "clean", "--yes") and house.check()
-            require(moved >= 8, f"in {name} only {moved} files moved")  # Nothing is old where the clock is far back.
+            require(moved >= 8, f"in {name} only {moved} files moved")  # Nothing counts as old if the clock is far
+                                                                        # back.
             listed = at(restored, "restore", "--json").json["items"]
             require(len(listed) >= 5, f"in {name} only {len(listed)} items are listed")
             at(restored, "restore", "--yes", *paths)

@@ -1,4 +1,4 @@
-"""A home folder of which every file is known, so that nothing can be lost or touched unseen."""
+"""A home folder of which every file is known, so that any loss or change is noticed."""
 
 import hashlib
 import json
@@ -11,12 +11,12 @@ from urllib.parse import unquote_to_bytes
 
 from case import Broken, require
 
-OWN = (".config", ".local", ".cache", "tmp")  # What programs write to for themselves.
+OWN = (".config", ".local", ".cache", "tmp")  # The folders to which programs write their own files.
 OLD = time.time() - 90 * 24 * 3600
 WHATSAPP = "Library/Group Containers/group.net.whatsapp.WhatsApp.shared/Message/Media"
 PREFERENCES = ".config/com.tidlo.storagecleaner.conf"
 
-# By where it lies; whether a cleanup moves it. Of each there are as many as the house is large.
+# By path; whether a cleanup moves it. There are as many of each as the home is large.
 CONTENT = {
     "Sites/web{}/node_modules/deep/a{}.js": True,
     "Sites/web{}/node_modules/b.js": True,
@@ -33,14 +33,14 @@ CONTENT = {
 
 
 def fingerprint(path):
-    """What a file or a link is, by its content."""
+    """Identifies a file or a link by its content."""
     if path.is_symlink():
         return "-> " + os.readlink(path)
     return hashlib.sha256(path.read_bytes()).hexdigest()
 
 
 def files_below(folder):
-    """Every file and link beneath it; folders do not count, since all of them hold some."""
+    """Every file and link beneath it; folders do not count, since each contains some."""
     for top, folders, files in os.walk(folder):
         links = [name for name in folders if os.path.islink(os.path.join(top, name))]
         for name in files + links:
@@ -51,7 +51,7 @@ class House:
     def __init__(self, path, large=4, owner=None):
         self.path = Path(path)
         self.owner = owner
-        self.known = {}     # What each file is, by its path in the home.
+        self.known = {}     # The identity of each file, by its path in the home folder.
         self.movable = set()
         self.environment = {
             "PATH": os.environ["PATH"],
@@ -87,11 +87,12 @@ class House:
 
     def trashes(self):
         yield self.path / ".local/share/Trash"
-        for top in (self.path.parent, self.path, self.path / "Downloads"):  # That may be a file system's own.
+        for top in (self.path.parent, self.path, self.path / "Downloads"):  # The last two may be on file systems of
+                                                                            # their own.
             yield from top.glob(".Trash-*")
 
     def in_trash(self):
-        """What each file in the Trash is, by where it was; what lies there without telling that breaks the promise."""
+        """The identity of each file in the Trash, by its former path; an item without a record breaks the promise."""
         found = {}
         for trash in self.trashes():
             for item in (trash / "files").glob("*"):
@@ -109,7 +110,7 @@ class House:
         return found
 
     def orphans(self):
-        """Records whose item never came: allowed, and passed over by everybody."""
+        """Records whose item never arrived: allowed, and ignored by all programs."""
         return [record for trash in self.trashes() for record in (trash / "info").glob("*")
                 if not (trash / "files" / record.name.removesuffix(".trashinfo")).exists()]
 
@@ -119,7 +120,7 @@ class House:
                 if relative.parts[0] not in OWN and not any(part.startswith(".Trash-") for part in relative.parts)}
 
     def check(self):
-        """That nothing is lost and nothing else is touched; gives how many files are in the Trash."""
+        """Checks that nothing is lost and nothing else is touched; returns how many files are in the Trash."""
         here, trashed = self.at_place(), self.in_trash()
         for place, what in self.known.items():
             require(place in here or place in trashed, f"{place} is lost")
@@ -131,13 +132,13 @@ class House:
         return len(trashed)
 
     def left_drafts(self):
-        """What was being written as a program was killed."""
+        """Files that were being written when a program was killed."""
         pending = [path for path in (self.path / ".config").glob("*") if path.name != Path(PREFERENCES).name]
         return pending + list((self.path / "tmp").iterdir())
 
 
 class Run:
-    """A program that has ended, by itself or because somebody ended it."""
+    """A program that has ended, by itself or because it was killed."""
 
     def __init__(self, command, environment, before=None, limit=20, amid=None, **options):
         with tempfile.TemporaryFile() as output, tempfile.TemporaryFile() as errors:

@@ -1,4 +1,4 @@
-"""SIGKILL at random moments of whatever changes something."""
+"""SIGKILL at random moments of everything that changes files."""
 
 import shutil
 import statistics
@@ -126,7 +126,7 @@ def amid_a_change(times, tools):
         is_spared = place in shown
         require(is_spared or "Everything may be suggested" in shown, f"the list is damaged: {shown}")
         counts["as after" if is_spared == is_adding else "as before"] += 1
-        if is_spared != is_adding:  # So that the next change is one.
+        if is_spared != is_adding:  # So that the next command changes something.
             cli(tools, house, *command[1:])
         drafts += len(house.left_drafts())
         for draft in house.left_drafts():
@@ -140,7 +140,7 @@ def all_of(folder):
 
 
 def make_bundle(tools, place, mark, files=200):
-    """One that holds a program which places it, and nothing to start that does more than end."""
+    """A bundle with a program that places it, and otherwise only programs that end at once."""
     contents = place / "Contents"
     (contents / "MacOS").mkdir(parents=True)
     (contents / "Resources").mkdir()

@@ -1,4 +1,4 @@
-"""Less and less of what a program needs: descriptors, threads, memory, room on the disk."""
+"""Scarce resources: descriptors, threads, memory, space on the disk."""
 
 import os
 import resource
@@ -8,8 +8,8 @@ from contextlib import contextmanager
 from case import Missing, case, require, told
 from house import House, Run, fingerprint
 
-STRANGER = 61234  # A user that has no processes, and no entry in the database of users.
-ABORTED, TRAPPED = -6, -5  # Qt and the C++ library end a program by the first, GLib by the second.
+STRANGER = 61234  # A user without processes and without an entry in the user database.
+ABORTED, TRAPPED = -6, -5  # Qt and the C++ library end a program by the first signal, GLib by the second.
 
 COMMANDS = {
     "scan": ("scan",),
@@ -20,7 +20,7 @@ COMMANDS = {
 
 
 def limited(what, least, user=None):
-    """What a child does before it becomes the program."""
+    """Returns what a child process does before it becomes the program."""
     def limit():
         if user:
             os.setgroups([])
@@ -33,8 +33,8 @@ def limited(what, least, user=None):
 
 
 def judged(run, loaded):
-    """How it ended, in a word; anything but an end with a message breaks the promise. Asked of the loader alone, with
-    the same limits, is whether the program could begin at all."""
+    """How it ended, in a word; anything but an exit with a message breaks the promise. The loader, run alone with the
+    same limits, shows whether the program could start at all."""
     said = (run.errors + run.output).strip()
     if run.status in (0, 1, 2):
         require(said, f"it ends with {run.status} and says nothing")
@@ -46,7 +46,7 @@ def judged(run, loaded):
 
 
 def attempt(tools, house, words, before=None, **environment):
-    """Runs one command; nothing may be lost by it. Gives how it ended."""
+    """Runs one command, which must not lose anything. Returns how it ended."""
     def run(**more):
         return Run([tools.program, *words], house.environment | environment | more, before=before, cwd=house.path)
 
@@ -64,7 +64,7 @@ def attempt(tools, house, words, before=None, **environment):
 
 
 def step_by_step(tools, house, steps, prepared, usual=None):
-    """Each command on each step, with what each needs brought about before without a limit."""
+    """Runs each command with each limit, after preparing what it needs without a limit."""
     counts = {name: {} for name in COMMANDS}
     for step in steps:
         for name, words in COMMANDS.items():
@@ -79,7 +79,7 @@ def step_by_step(tools, house, steps, prepared, usual=None):
 
 
 def spread(most, times):
-    """So many numbers from nothing to the most."""
+    """This many numbers, from 0 to the most."""
     return sorted({round(most * step / max(times - 1, 1)) for step in range(times)})
 
 
@@ -110,7 +110,7 @@ def little_memory(times, tools):
 
 @contextmanager
 def small_disk(folder, size):
-    """A file system in memory over a folder."""
+    """Mounts a file system in memory over a folder."""
     folder.mkdir(parents=True, exist_ok=True)
     subprocess.run(["mount", "-t", "tmpfs", "-o", f"size={size},mode=0755", "tmpfs", folder], check=True)
     try:
@@ -121,7 +121,7 @@ def small_disk(folder, size):
 
 @contextmanager
 def room_left(folder, room):
-    """A file, which is given, fills a file system until only so many bytes are left."""
+    """Fills a file system with a file until only this many bytes are left; returns the file."""
     status = os.statvfs(folder)
     filler = folder / "tmp/filler"
     filler.parent.mkdir(exist_ok=True)
@@ -133,7 +133,7 @@ def room_left(folder, room):
 
 @contextmanager
 def names_left(folder, count):
-    """A file system in memory takes no more than so many new files."""
+    """Lets a file system in memory take at most this many new files."""
     status = os.statvfs(folder)
     used = status.f_files - status.f_ffree + count
     subprocess.run(["mount", "-o", f"remount,nr_inodes={used}", folder], check=True)
@@ -142,7 +142,7 @@ def names_left(folder, count):
 
 
 def in_a_small_home(times, tools, limit):
-    """Each command where limit(folder, step) leaves the home only so much; all comes back without that."""
+    """Runs each command after limit(folder, step) limited the home folder; without the limit, all is put back."""
     counts = {name: {} for name in COMMANDS}
     for step in spread(32, times):
         for name, words in COMMANDS.items():
@@ -170,7 +170,7 @@ def full_of_names(times, tools):
 
 
 def on_a_full_disk(times, tools, folder):
-    """Something of the home lies on a file system of its own, with 0 to 16 free pages."""
+    """A part of the home folder is on a separate file system, with 0 to 16 free pages."""
     counts = {name: {} for name in COMMANDS}
     house = House(tools.folder / "home", large=2)
     for step in spread(16, times):

@@ -1,8 +1,8 @@
-"""Presses keys and the mouse anywhere in the window, by chance, and checks what became of the home.
+"""Presses random keys, clicks at random places in the window, and checks the home folder.
 
     monkey.py PROGRAM SEED TIMES
 
-Runs inside tests/ui/window/desktop.py. Now and then it looks what is ticked, moves it, and compares."""
+Runs inside tests/ui/window/desktop.py. Now and then it notes what is ticked, moves it, and compares."""
 
 import os
 import random
@@ -27,13 +27,13 @@ BETWEEN_LOOKS, BURST = 150, 25
 RESULTS = "AI-assisted results — .* found"
 MANY = "Build and distribution outputs"  # The finding of 100,000 paths.
 
-# What Qt itself writes where nothing is wrong with the program; a line each.
+# Messages that Qt itself writes while the program works correctly, one per line.
 KEPT = [re.compile(pattern) for pattern in (
     re.escape(AS_IT_ENDS.strip()),
-    r"qt\.qpa\.wayland: .*",                     # What a compositor without a feature is asked for.
-    r"QQuickFolderDialogImpl.*|.*Dialog.*icon.*",  # Qt's own chooser of folders, drawn without the desktop's icons.
+    r"qt\.qpa\.wayland: .*",                     # For features that the compositor lacks.
+    r"QQuickFolderDialogImpl.*|.*Dialog.*icon.*",  # Qt's own folder dialog, drawn without the desktop's icons.
     r"qt\.svg: .*",
-    r"QSpiApplication::keyEventError .*",          # The accessibility bus does not keep up with the keys.
+    r"QSpiApplication::keyEventError .*",          # The accessibility bus is slower than the keys.
 )]
 
 AWKWARD = ["<b>bold</b>", "&amp; %1 %n", "\u202egnp.evil", "\u2067right\u2069", "new\nline", "\x1b[31mred", "😀" * 63,
@@ -41,7 +41,7 @@ AWKWARD = ["<b>bold</b>", "&amp; %1 %n", "\u202egnp.evil", "\u2067right\u2069", 
 
 
 def furnish():
-    """A home with everything that is awkward to show, and 100,000 paths in one finding."""
+    """A home folder with every kind of name that is hard to show, and 100,000 paths in one finding."""
     house = House(os.environ["HOME"], large=6)
     for name in AWKWARD:
         house.write(f"Sites/{name}/node_modules/a", is_moved=True)
@@ -55,12 +55,12 @@ def furnish():
             os.makedirs(project / "build")
             os.symlink("/dev/null", project / "package.json")
             house.known[f"Sites/many/{outer}/{inner}/package.json"] = "-> /dev/null"
-    house.movable |= {place for place in house.known if "Media/photo" in place}  # Anybody may tick them.
+    house.movable |= {place for place in house.known if "Media/photo" in place}  # They may be ticked by chance.
     return house
 
 
 class Followed(Window):
-    """A window of which what it writes is judged by the list above."""
+    """A window whose messages are checked against the list above."""
 
     def __exit__(self, *_):
         self.process.send_signal(signal.SIGKILL)
@@ -79,7 +79,7 @@ class Monkey:
         self.counts = {"actions": 0, "windows": 0, "looks": 0, "moves": 0}
 
     def act(self, window, times):
-        """On X11 all at once: to start a program for each takes most of the time."""
+        """On X11 all at once: starting a program for each would take most of the time."""
         left, top, width, height = window.geometry
         is_x11 = hasattr(window.screen, "display")
         words = []
@@ -101,14 +101,14 @@ class Monkey:
         self.counts["actions"] += times
 
     def look(self, window):
-        """Where there are results: what is ticked is moved, and nothing else."""
+        """If there are results: moves what is ticked, and checks that nothing else was moved."""
         self.counts["looks"] += 1
         print(self.counts, file=sys.stderr, flush=True)
         if not self.see_results(window):
             return
         ticked = [row.name.partition(",")[0] for row in window.all("check box", ".*, .*")
                   if {"checked", "indeterminate"} & row.states]
-        if MANY in ticked:  # To move them all takes minutes.
+        if MANY in ticked:  # Moving all of them takes minutes.
             window.press("check box", MANY + ", .*")
             window.wait_without("check box", MANY + ", .*", state="checked")
             ticked.remove(MANY)
@@ -131,7 +131,7 @@ class Monkey:
 
     @staticmethod
     def see_results(window):
-        """All of them, wherever chance has led; False where something is still under way."""
+        """Shows all results, whatever was pressed before; False if something is still under way."""
         window.keys("Escape", "Escape", "Escape")
         if not window.find("heading", RESULTS):
             section, scan = window.find("radio button", "Scan"), None
@@ -144,7 +144,7 @@ class Monkey:
             window.wait("heading", RESULTS)
         if window.find("dialog") or not window.find("radio button", "All"):
             return False
-        window.press("radio button", "All")  # Else rows may be ticked that nobody sees.
+        window.press("radio button", "All")  # Otherwise rows may be ticked that are not visible.
         window.wait("radio button", "All", state="checked")
         return True
 
@@ -178,7 +178,7 @@ class Monkey:
 
     @staticmethod
     def ended(window):
-        """By a press on its own button, for instance; None if it still runs."""
+        """How it ended, for instance by its close button; None if it still runs."""
         try:
             return window.process.wait(5)
         except subprocess.TimeoutExpired:
@@ -196,7 +196,7 @@ def main(program, seed, times):
 
 
 def anything(chance):
-    """1 MB of text, as awkward as it gets."""
+    """1 MB of text that is as hard to show as possible."""
     pieces = [*AWKWARD[:9], "<img src='file:///etc/passwd'>", "\n\n\n", "# Title\n", "| a | b |\n", "\u0000", "W" * 5000]
     text = ""
     while len(text.encode(errors="replace")) < 1 << 20:

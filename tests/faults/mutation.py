@@ -12,13 +12,13 @@ from house import House, Run
 FOLDERS = ["Sites", "Downloads", "Documents", "Library/Caches/pip", ".cache", "Sites/localhost"]
 NAMES = ["node_modules", "vendor", "build", "dist", "web", "shop", "shop copy 2", "shop-3", "a.zip", "b.dmg", "composer.json",
          "package.json", "x", "y", "deep", "coverage", "film.mov", "a.app"]
-FAR = "outside"  # In the name of all that lies outside the home, and of nothing in it.
-LARGE = 8 << 20  # Of each file out there; all in the home together stays below it.
+FAR = "outside"  # Part of the name of everything outside the home folder, and of nothing in it.
+LARGE = 8 << 20  # The size of each file outside; all files in the home folder together are smaller.
 
 
 class Mutator(threading.Thread):
-    """Changes things beneath a folder until it is told to stop. It alone changes them, so it knows every place that
-    anything ever had, and notes each before it comes about."""
+    """Changes things beneath a folder until it is stopped. Only it changes them, so it knows every path that
+    ever existed, and notes each before it is made."""
 
     def __init__(self, home, far, random):
         super().__init__(daemon=True)
@@ -57,7 +57,7 @@ class Mutator(threading.Thread):
         self.ever.add(os.fspath(place))
 
     def note_below(self, old, new):
-        """All that comes to lie elsewhere because a folder does."""
+        """Notes everything that moves along with a folder."""
         self.note(new)
         if os.path.islink(old):
             self.links.add(os.fspath(new))
@@ -76,7 +76,7 @@ class Mutator(threading.Thread):
         try:
             getattr(self, what)(folder, place)
         except OSError:
-            pass  # It was there, or was not.
+            pass  # It existed, or did not.
 
     def file(self, _, place):
         self.note(place)
@@ -121,7 +121,7 @@ class Mutator(threading.Thread):
         return any(os.fspath(place).startswith(os.fspath(mount)) for mount in self.mounts)
 
     def mount(self, folder, place):
-        """Another file system, or what lies outside, for a while."""
+        """Mounts another file system, or an outside folder, for a while."""
         if len(self.mounts) > 3:
             subprocess.run(["umount", "--lazy", self.mounts.pop(0)], check=False, stderr=subprocess.DEVNULL)
             return
@@ -137,7 +137,7 @@ class Mutator(threading.Thread):
 
 
 def outside(folder):
-    """What a scan would list if it lay in the home."""
+    """Makes things that a scan would list if they were in the home folder."""
     for place in ("node_modules", "web/node_modules", "vendor", "shop", "shop copy 2", "build"):
         path = folder / f"{FAR} {place}" if "/" not in place else folder / place
         path.mkdir(parents=True, exist_ok=True)
@@ -172,7 +172,8 @@ def changing(times, tools):
                     require(path.startswith(f"{house.path}/") and FAR not in path, f"{path} lies outside")
                     if path in mutator.ever or os.path.relpath(path, house.path) in FOLDERS + [".cache"]:
                         continue
-                    # Its folder was renamed between the two looks at it: then the folder was there, and the name as well.
+                    # Its folder was renamed between the two looks at it: each part of the path existed, but at
+                    # different times.
                     require(is_known_in_parts(path, mutator.ever, house.path), f"{path} never existed")
                     moved_amid += 1
     finally:
@@ -183,9 +184,9 @@ def changing(times, tools):
 
 
 def is_known_in_parts(path, ever, home):
-    """Whether some folder on the way existed, and below it a tail that existed elsewhere."""
+    """Whether a folder on the path existed, and the rest of the path existed beneath another folder."""
     parts = Path(path).relative_to(home).parts
-    ever = ever.copy()  # It goes on growing.
+    ever = ever.copy()  # It keeps growing.
     tails = {place.removeprefix(str(home)) for place in ever}
     return any(str(home.joinpath(*parts[:cut])) in ever | {str(home / folder) for folder in FOLDERS}
                and any(tail.endswith("/" + "/".join(parts[cut:])) for tail in tails)

@@ -15,11 +15,11 @@ def listed(result):
     return [(each["title"], each["paths"], each["bytes"]) for each in result["candidates"]]
 
 
-PATIENCE = 10  # Seconds until Ctrl-C has to have ended a program that is held up.
+PATIENCE = 10  # Seconds within which Ctrl-C must end a blocked program.
 
 
 def where_it_is_held(tools):
-    """The whole home, and folders of it that a scan comes to."""
+    """The whole home folder, and folders in it that a scan reads."""
     whole = House(tools.folder / "true")
     yield whole, tools.folder / "home", whole.path
     for folder in ("Downloads", "Sites", "Library/Caches", ".config", ".local/share"):
@@ -28,13 +28,13 @@ def where_it_is_held(tools):
 
 
 def told_of(house, source, at):
-    """What programs are told where the file system is the whole home, or lies in it."""
+    """The environment of programs if the file system is the whole home folder, or lies in it."""
     return house.environment | {"HOME": str(at if source == house.path else house.path), "TMPDIR": str(at.parent)}
 
 
 def interrupted(command, environment):
-    """How it ended after Ctrl-C, and the seconds that this took. Where things are moved, the first asks to stop after the
-    item at hand, the second ends it."""
+    """How it ended after Ctrl-C, and after how many seconds. While items are moved, the first Ctrl-C asks to stop after
+    the current item, the second ends the program."""
     began = 0
 
     def amid(process):
@@ -129,7 +129,7 @@ def faulty(_, tools):
 
 
 def agree(with_errors, without, hit, true, at):
-    """A folder whose name its parent tells is listed though it cannot be opened itself; nothing is counted of it."""
+    """A folder that its parent lists is found even if it cannot be opened; it counts as empty."""
     closed = {path.replace(str(true), str(at), 1) for path in hit}
 
     def known(result):

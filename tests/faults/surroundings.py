@@ -13,7 +13,7 @@ ZONES = {"Pacific/Kiritimati": 14, "America/St_Johns": None, "UTC": 0, "Etc/GMT+
 
 
 def texts(tools, house, **environment):
-    """What each command says, with what differs from run to run left out."""
+    """The output of each command, without the parts that differ from run to run."""
     def said(*words):
         run = Run([tools.program, *words], house.environment | environment)
         require(run.status == 0, f"{words} ends with {run.status}: {run.errors}")

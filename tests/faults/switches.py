@@ -1,6 +1,6 @@
 """Kills the window amid changes of its preferences: switches.py PROGRAM SEED TIMES, inside desktop.py.
 
-Its button for the theme is pressed again and again, each press writes, and SIGKILL comes at a random moment of that."""
+The theme button is pressed again and again, each press writes the preferences, and SIGKILL comes at a random moment."""
 
 import os
 import random
@@ -64,7 +64,7 @@ def main(program, seed, times):
             shutil.rmtree(path, ignore_errors=True)
     require("Documents" in Run([cli, "spare"], os.environ).output, "what was spared is forgotten")
     require(house.check() == 0, "something moved")
-    with Window(program) as window:  # It starts on what is there.
+    with Window(program) as window:  # It starts with the existing preferences.
         window.wait("push button", "Theme: .*")
     print(told(counts))
 

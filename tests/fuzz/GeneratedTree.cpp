@@ -23,7 +23,7 @@ void makeFile(const FilePath &path, Decisions &decisions)
     const int file = open(path.constData(), O_WRONLY | O_CREAT | O_NOFOLLOW | O_CLOEXEC, 0644);
     if (file == -1)
         return;
-    constexpr std::array<off_t, 4> sizes{0, 1, 10'000, 200'000'000}; // The largest has a hole behind its first bytes.
+    constexpr std::array<off_t, 4> sizes{0, 1, 10'000, 200'000'000}; // The largest is sparse after its first bytes.
     const off_t size = sizes[decisions.below(sizes.size())];
     constexpr std::array<time_t, 4> times{0, 1'000'000'000, 1'600'000'000, 4'000'000'000};
     const timespec time{.tv_sec = times[decisions.below(times.size())], .tv_nsec = 0};

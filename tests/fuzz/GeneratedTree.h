@@ -6,7 +6,7 @@
 
 namespace tidlo {
 
-/// Takes an input for decisions, from its front on. Behind its end there are zeros.
+/// Reads an input as decisions, from its beginning. After its end there are zeros.
 class Decisions final
 {
 public:
@@ -15,9 +15,9 @@ public:
     {}
 
     bool areLeft() const { return !left.empty(); }
-    /// From 0 on, less than \a count.
+    /// From 0 to less than \a count.
     unsigned below(unsigned count) { return next() % count; }
-    /// One of those that mean something to the program, or any bytes that can be a name.
+    /// One of the names in \a telling, which mean something to the program, or any bytes that can be a name.
     FilePath name(std::span<const char *const> telling);
     /// One to five names, with slashes between them.
     FilePath path(std::span<const char *const> telling);
@@ -30,8 +30,8 @@ private:
     std::span<const uint8_t> left;
 };
 
-/// Makes a folder, a file of some size and age, or a link, somewhere in the folder \a top, with the folders above it. A
-/// link leads to another place in \a top, or nowhere. What the system refuses is left out.
+/// Makes a folder, a file of some size and age, or a link, somewhere in the folder \a top, with its parent folders. A
+/// link leads to another place in \a top, or nowhere. Whatever the system refuses is skipped.
 void makeSomething(const FilePath &top, Decisions &decisions, std::span<const char *const> telling);
 
 } // namespace tidlo

@@ -7,8 +7,8 @@
 #include <cstdio>
 #include <cstdlib>
 
-/// What each target defines: does its work with any bytes, and aborts where what must hold does not. The name is that
-/// of libFuzzer's interface.
+/// Defined by each target: works on the given bytes, and aborts if an invariant does not hold. The name is that of
+/// libFuzzer's interface.
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size);
 
 namespace tidlo {
@@ -18,7 +18,7 @@ inline QByteArray bytesOf(const uint8_t *data, size_t size)
     return QByteArray(reinterpret_cast<const char *>(data), static_cast<qsizetype>(size));
 }
 
-/// Ends the program, which makes the input one that is kept, unless \a holds.
+/// Aborts the program unless \a holds; the fuzzer then keeps the input.
 inline void require(bool holds, const char *what)
 {
     if (holds)

@@ -14,7 +14,8 @@ namespace tidlo {
 
 namespace {
 
-/// A home with a few things to clean and to put back, of which none is on a disk. It counts what it is told to move.
+/// A home folder with a few items to clean and to put back, none of them on a disk. It counts the items that it is
+/// asked to move.
 class MadeUpFiles final : public FileManager
 {
 public:
@@ -56,7 +57,7 @@ public:
     qsizetype moves = 0;
 };
 
-/// What lies outside of what the program is given here: nobody to ask, and nobody who is asked.
+/// Replaces everything outside of the program: no terminal, and no service to ask.
 struct Surroundings
 {
     Surroundings()

@@ -21,7 +21,7 @@ Task<Answer> explain(std::string body)
     co_return refused != nullptr ? *refused : explanation(offlineExplanation(std::get<QString>(prompt)));
 }
 
-/// Says \a bytes to a service that has just been asked, \a part of them at a time, and returns all that it says.
+/// Sends \a bytes to a fresh service, \a part of them at a time, and returns all that it answers.
 std::string answerTo(std::string_view bytes, size_t part)
 {
     asio::io_context loop(1);
@@ -38,7 +38,7 @@ std::string answerTo(std::string_view bytes, size_t part)
         loop.poll();
         const std::string_view now = bytes.substr(0, part);
         if (send(ends[1], now.data(), now.size(), MSG_NOSIGNAL | MSG_DONTWAIT) != static_cast<ssize_t>(now.size()))
-            break; // It has heard enough.
+            break; // It has stopped reading.
         bytes.remove_prefix(now.size());
     }
     shutdown(ends[1], SHUT_WR);
@@ -81,7 +81,7 @@ int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     const std::string_view bytes(reinterpret_cast<const char *>(data + 1), size - 1);
     const std::string said = answerTo(bytes, part);
     check(said);
-    // Of what is refused, the first thing that is wrong may be seen sooner or later.
+    // For a refused request, the error that is found first depends on the parts.
     const auto isTaken = [](const std::string &all) { return all.find("HTTP/1.1 200 ") != std::string::npos; };
     tidlo::require(isTaken(answerTo(bytes, bytes.size())) == isTaken(said), "how a question comes in decides nothing");
     return 0;

@@ -8,7 +8,7 @@ int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
     using namespace tidlo;
     static const TemporaryHome home(TemporaryHome::parentInMemory());
-    // Each its own: QSettings takes a file for one that it has read by its name, its size and when it was written.
+    // A new file each time: QSettings recognises a file that it has read by its name, size and time.
     static int number = 0;
     const QString path = QFile::decodeName(home / FilePath::number(++number));
     QFile file(path);

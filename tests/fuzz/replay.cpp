@@ -1,4 +1,4 @@
-// Gives a target the inputs that are kept, each of which is a file: replay FILE...
+// Passes the inputs of the corpus to a target, one file for each: replay FILE...
 
 #include "fuzz/Input.h"
 
@@ -13,7 +13,7 @@ int main(int count, char **arguments)
             return EXIT_FAILURE;
         }
         const QByteArray input = file.readAll();
-        std::fprintf(stderr, "%s\n", arguments[i]); // The last that is named is the one that failed.
+        std::fprintf(stderr, "%s\n", arguments[i]); // The last name printed is that of the failing input.
         LLVMFuzzerTestOneInput(reinterpret_cast<const uint8_t *>(input.constData()), static_cast<size_t>(input.size()));
     }
 }

@@ -57,7 +57,7 @@ constexpr std::array telling{"Sites",
                              "net.whatsapp.WhatsApp",
                              "lib.FRAMEWORK.app"};
 
-/// What deleting it would free, told again by other means.
+/// What deleting it would free, computed in another way.
 qint64 allocated(const TemporaryHome &home, const FilePath &path)
 {
     const std::string name = path.mid(home.path().size() + 1).toStdString();
@@ -91,7 +91,7 @@ void check(const ScanResult &result, const TemporaryHome &home)
     }
 }
 
-/// Without what is made anew each time.
+/// Without the identifiers, which are new each time.
 QList<std::pair<QString, QList<FilePath>>> listed(const ScanResult &result)
 {
     QList<std::pair<QString, QList<FilePath>>> all;
@@ -100,7 +100,7 @@ QList<std::pair<QString, QList<FilePath>>> listed(const ScanResult &result)
     return all;
 }
 
-/// All that is there. When a link was followed last is left out, since no call of the system leaves that alone.
+/// Everything that exists. The access times of links are left out, since no system call preserves them.
 auto unread(const TemporaryHome &home)
 {
     auto all = home.inventory();

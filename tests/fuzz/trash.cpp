@@ -18,7 +18,7 @@ namespace {
 constexpr std::array telling{"a",    "b",      "c",           ".local",      "share",    "Trash",    "files",
                              "info", ".Trash", "a.trashinfo", "b.trashinfo", "expunged", ".Trash-0", "c.trashinfo"};
 
-/// A user's home, and beside it what belongs to somebody else.
+/// A user's home folder, and beside it the files of somebody else.
 struct Top
 {
     TemporaryHome top{TemporaryHome::parentInMemory()};
@@ -28,8 +28,8 @@ struct Top
     XdgTrash xdg{home, home + "/.local/share"};
 };
 
-/// Adds an item to the Trash as any program might have left it there, with any record. The place that it names begins
-/// with the home.
+/// Adds an item to the Trash as any program might have left it there, with any record. The path in the record begins
+/// with the home folder.
 void makeTrashed(const Top &top, Decisions &decisions)
 {
     for (const char *folder :
@@ -40,7 +40,7 @@ void makeTrashed(const Top &top, Decisions &decisions)
     const FilePath record = top.trash + "/info/" + name + ".trashinfo";
     const QByteArray bytes = decisions.bytes();
     if (bytes.contains("Path") || QByteArray::fromPercentEncoding(bytes).contains(".."))
-        return; // It might lead out of the home.
+        return; // It might lead out of the home folder.
     const int file = open(record.constData(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_CLOEXEC, 0600);
     if (file == -1)
         return;
@@ -49,7 +49,7 @@ void makeTrashed(const Top &top, Decisions &decisions)
     close(file);
 }
 
-/// All that is there but records, and the folders of a Trash, by what it is and not by where.
+/// Everything except records and the folders of a Trash, identified by inode and not by path.
 std::set<ino_t> things(const Top &top)
 {
     std::set<ino_t> all;
@@ -70,7 +70,7 @@ QList<TrashedItem> listed(const Top &top)
 {
     QList<TrashedItem> items;
     for (const ListedItem &listed : top.xdg.list({}).items) {
-        if (listed.item.trash == top.trash) // Of what other mounts hold, nothing is touched.
+        if (listed.item.trash == top.trash) // Other mounts are not touched.
             items.append(listed.item);
     }
     return items;

@@ -1,8 +1,9 @@
 cmake_minimum_required(VERSION 3.23)
 
-# Fails on an include that runs against the arrows, and on files of one folder that include each other in a circle: cmake -DSOURCES=<folder> [-DFOLDER=<name>] -P Layering.cmake
-# The table says which folders, or single files of them, each folder may include besides itself. All sources belong to the
-# one that FOLDER names, if it is given.
+# Fails on an include that runs against the arrows, and on files of one folder that include each other in a circle:
+# cmake -DSOURCES=<folder> [-DFOLDER=<name>] -P Layering.cmake
+# The table lists which folders, or single files of them, each folder may include besides itself. If FOLDER is given,
+# all sources belong to the folder of that name.
 set(MAY_model "")
 set(MAY_platform model)
 set(MAY_scanner model platform)
@@ -31,7 +32,7 @@ function(folder_of path result)
     set(${result} "" PARENT_SCOPE)
 endfunction()
 
-# A header and its source are one unit; INCLUDES_<unit> are the others of its folder that it needs.
+# A header and its source are one unit; INCLUDES_<unit> lists the other units of its folder that it needs.
 set(units "")
 
 foreach(file IN LISTS files)
@@ -54,7 +55,7 @@ foreach(file IN LISTS files)
         string(REGEX REPLACE "^[^\"]*\"([^\"]*)\".*" "\\1" included "${include}")
         folder_of("${included}" to)
         if(NOT to)
-            # moc's own output carries no folder; everything else is named from src/ on.
+            # Names from moc have no folder; all others begin at src/.
             if(NOT included MATCHES "\\.moc$")
                 message(SEND_ERROR "${file}: \"${included}\" must be named from the sources' root on")
             endif()
@@ -68,7 +69,7 @@ foreach(file IN LISTS files)
     endforeach()
 endforeach()
 
-# Units that need none of those that are left are taken away, until none is left or those that are left form a circle.
+# Removes units that need none of the remaining ones, until none is left or the rest form a circle.
 list(REMOVE_DUPLICATES units)
 set(left "")
 while(NOT "${left}" STREQUAL "${units}")

@@ -3,7 +3,7 @@
 set(CMAKE_SYSTEM_NAME Darwin)
 set(CMAKE_SYSTEM_PROCESSOR arm64)
 
-set(toolchain "${CMAKE_CURRENT_LIST_DIR}/../../build/macos-toolchain") # As get_toolchain makes it.
+set(toolchain "${CMAKE_CURRENT_LIST_DIR}/../../build/macos-toolchain") # Made by get_toolchain.
 set(llvm /usr/lib/llvm-19/bin)
 set(CMAKE_C_COMPILER "${llvm}/clang")
 set(CMAKE_CXX_COMPILER "${llvm}/clang++")
@@ -28,12 +28,13 @@ set(CMAKE_OBJCXX_FLAGS_INIT "${CMAKE_CXX_FLAGS_INIT}")
 set(CMAKE_EXE_LINKER_FLAGS_INIT "--ld-path=${CMAKE_CURRENT_LIST_DIR}/link -mlinker-version=609 -nostdlib")
 set(CMAKE_TRY_COMPILE_TARGET_TYPE STATIC_LIBRARY)
 
-# What a build runs of its own programs, or of those that come with Qt for macOS.
+# Runs those programs that a build has to run itself.
 set(CMAKE_CROSSCOMPILING_EMULATOR "${CMAKE_CURRENT_LIST_DIR}/run_here")
-set(TIDLO_QML_OPTIONS NO_CACHEGEN) # Large, and made of the QML files by Qt: it tells nothing of this project.
+set(TIDLO_QML_OPTIONS NO_CACHEGEN) # The code that Qt generates from QML files is large and proves nothing about this
+                                   # project.
 set(MACDEPLOYQT /usr/bin/true CACHE FILEPATH "")
 
-# Qt and the other libraries are Debian's: their headers serve for both systems, of the libraries the symbols count.
+# Qt and the other libraries are Debian's: their headers serve for both systems, and only their symbols are used.
 set(CMAKE_FIND_ROOT_PATH /usr)
 set(CMAKE_LIBRARY_ARCHITECTURE x86_64-linux-gnu)
 set(CMAKE_PROJECT_Tidlo_INCLUDE "${CMAKE_CURRENT_LIST_DIR}/after_project.cmake")

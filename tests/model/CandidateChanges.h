@@ -15,14 +15,14 @@ inline CleanupCandidate fullCandidate()
     candidate.detail = QStringLiteral("Comes back \"by itself\".");
     candidate.category = CleanupCategory::oldLargeFiles;
     candidate.risk = CleanupRisk::review;
-    candidate.bytes = 9'007'199'254'740'993; // No double holds it.
+    candidate.bytes = 9'007'199'254'740'993; // A double cannot hold it exactly.
     candidate.paths = {"/home/u/a", "/home/u/b"};
     candidate.selected = true;
     candidate.aiExplanation = QStringLiteral("Old.");
     return candidate;
 }
 
-/// One change to each field, in the order of the fields.
+/// One change for each field, in the order of the fields.
 struct CandidateChange
 {
     const char *field;

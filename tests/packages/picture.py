@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""picture.py <picture.png>: waits until a window is shown on the display and has come to rest, and takes a picture of it.
+"""picture.py <picture.png>: waits until the display shows a window in which nothing moves, and takes a picture of it.
 
-picture.py <one.png> <other.png>: whether two such pictures show the same: 99 of 100 of their pixels.
+picture.py <one.png> <other.png>: whether two such pictures are the same in 99 of 100 pixels.
 """
 
 import operator
@@ -42,12 +42,12 @@ def drawn(root):
             if window.get_attributes().map_state != X.IsViewable or box.width < 900:
                 continue
             image = window.get_image(0, 0, box.width, box.height, X.ZPixmap, 0xFFFFFFFF).data
-        except BadWindow:  # It has gone since it was listed.
+        except BadWindow:  # It was closed after it was listed.
             continue
         pixels = bytearray(box.width * box.height * 3)
         pixels[0::3], pixels[1::3], pixels[2::3] = image[2::4], image[1::4], image[0::4]
         colors = {bytes(pixels[at:at + 3]) for at in range(0, len(pixels), 3 * 101)}
-        if len(colors) > 100:  # The glow behind the screen has many; an empty window has one.
+        if len(colors) > 100:  # The glow of the screen's background has many; an empty window has one.
             return box.width, box.height, bytes(pixels)
     return None
 
@@ -56,7 +56,7 @@ def take(path):
     root = Display().screen().root
     before, now = None, drawn(root)
     while not now or not before or not isAlike(before[2], now[2]):
-        time.sleep(1)  # How long a motion lasts at most.
+        time.sleep(1)  # The longest that a motion lasts.
         before, now = now, drawn(root)
     write(path, *now)
 

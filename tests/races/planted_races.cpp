@@ -1,5 +1,5 @@
 // Changes one number on two threads at once, in the scanner, the client of the service or the state owner, so that the
-// thread sanitizer must complain of it: planted_races scanner|client|state
+// thread sanitizer must report it: planted_races scanner|client|state
 
 #include "ai/GeminiClient.h"
 #include "app/AppViewModel.h"
@@ -21,7 +21,7 @@ namespace tidlo {
 
 namespace {
 
-/// The flags wait for each other, but order nothing else: they are relaxed.
+/// The flags make the threads wait for each other, but order no memory accesses: they are relaxed.
 class PlantedRace final
 {
 public:
@@ -31,7 +31,7 @@ public:
         turn.start(0);
     }
 
-    /// Returns when the main thread has changed the number as well.
+    /// Returns after the main thread has changed the number as well.
     void changeElsewhere()
     {
         ++number;
@@ -51,12 +51,12 @@ private:
     }
 
     QTimer turn;
-    qint64 number = 0; ///< A word of its own: the sanitizer keeps but a few changes of each.
+    qint64 number = 0; ///< The sanitizer remembers only a few accesses of each memory word.
     std::atomic<bool> isChangedElsewhere = false;
     std::atomic<bool> isChangedOnMainThread = false;
 };
 
-/// A file manager that takes part in \a race whenever a thread asks it for the capacity of a volume.
+/// A file manager that takes part in \a race whenever a thread asks it for a volume's capacity.
 std::shared_ptr<FileManager> racingFiles(const FilePath &home, PlantedRace &race)
 {
     auto files = std::make_shared<testing::NiceMock<FakeFileManager>>(home);

@@ -15,7 +15,7 @@ using testing::ElementsAre;
 
 namespace {
 
-/// A Mac as far as scripts/package_macos can see: its tools write down what is asked of them.
+/// An imitation of a Mac for scripts/package_macos: its tools log how they are called.
 class PackageMacOS : public testing::Test
 {
 protected:
@@ -33,7 +33,7 @@ protected:
             home.file(contents + file, 1);
     }
 
-    /// The lines that the tools wrote, without what is the same in all of them.
+    /// The lines that the tools logged, without the parts that are the same in all of them.
     QByteArrayList run(const QByteArray &arguments) const
     {
         const FilePath log = home / "log";
@@ -64,7 +64,7 @@ TEST_F(PackageMacOS, SignsWhatLiesWithinBeforeWhatHoldsIt)
     const QByteArray sign = "codesign --force --sign - ";
     QByteArrayList said = run("-");
     ASSERT_GT(said.size(), 3);
-    std::sort(said.begin() + 1, said.begin() + 3); // A folder has no order.
+    std::sort(said.begin() + 1, said.begin() + 3); // The order of files in a folder is undefined.
 
     EXPECT_THAT(said, ElementsAre("build release bundle", sign + "Tidlo.app/Contents/Frameworks/libcurl.4.dylib",
                                   sign + "Tidlo.app/Contents/PlugIns/platforms/libqcocoa.so",

@@ -9,7 +9,7 @@ namespace tidlo {
 
 namespace {
 
-/// What the bash and the tools of macOS lack: its bash is 3.2, and its tools take no long options.
+/// Constructs that the bash and the tools of macOS lack: its bash is 3.2, and its tools take no long options.
 struct Construct
 {
     const char *example;
@@ -45,7 +45,7 @@ QRegularExpression patternOf(const Construct &construct)
     return QRegularExpression(QString::fromLatin1(construct.pattern));
 }
 
-/// What runs on a Mac; the other scripts run on Debian alone.
+/// The scripts that run on a Mac; the others run only on Debian.
 constexpr const char *scripts[] = {"bootstrap", "build", "contact_sheet", "package_macos",
                                    "run",       "steps", "screenshots",   "test"};
 
@@ -79,7 +79,7 @@ TEST(PortableScripts, AreSearchedForEachOfThese)
     }
 }
 
-/// To an old bash an empty array is unset, and so an error.
+/// In an old bash, an empty array is unset, and using it is an error.
 TEST(PortableScripts, ExpandNoArrayThatMayBeEmpty)
 {
     static const QRegularExpression madeEmpty(QStringLiteral(R"((\w+)=\(\))"));

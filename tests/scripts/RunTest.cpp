@@ -20,18 +20,18 @@ using testing::UnorderedElementsAre;
 
 namespace {
 
-/// Whether there is a process of that \a number; one that ended and was not yet taken note of is none.
+/// Whether the process \a number exists; a zombie does not count.
 bool isRunning(const QByteArray &number)
 {
     QFile file(QStringLiteral("/proc/%1/stat").arg(QString::fromLatin1(number)));
     return !number.isEmpty() && file.open(QFile::ReadOnly) && !file.readAll().contains(") Z ");
 }
 
-/// Lines of shell that start a process which does not end by itself, and wait for it.
+/// Shell lines that start a process which does not end by itself, and wait for it.
 const QByteArray waiting = "tail -f /dev/null & echo $$ $! | tr ' ' '\\n' >> $PROCESSES; echo open; wait";
 
-/// A copy of scripts/run in a tree where everything is built: the proxy is the real one, the programs only write down
-/// that they ran.
+/// A copy of scripts/run in a tree where everything is built: the proxy is the real one, the programs only log that
+/// they ran.
 class BuiltTree
 {
 public:
@@ -63,7 +63,7 @@ public:
         process.start(QFile::decodeName(home / "scripts/run"), arguments);
     }
 
-    /// Runs the script; gives its status.
+    /// Runs the script; returns its status.
     int run(const QStringList &arguments = {}, const QStringList &environment = {})
     {
         QProcess process;
@@ -74,7 +74,7 @@ public:
     }
 
     std::string log() const { return content("log"); }
-    /// Whether any process is left of those whose numbers the programs wrote into the file "processes" beside the log.
+    /// Whether any process is left whose number the programs wrote into the file "processes" beside the log.
     bool isAnythingLeft() const
     {
         const QByteArrayList processes = QByteArray::fromStdString(content("processes")).split('\n');
@@ -83,7 +83,7 @@ public:
     }
     /// Makes the file that $GO names.
     void letGoOn() const { home.file("go", 0); }
-    /// The files in the home folder of whoever ran the script.
+    /// The files in the script's home folder.
     std::vector<std::string> filesInHome() const
     {
         const QDir folder(QFile::decodeName(home / "home"));
@@ -99,7 +99,7 @@ public:
         return QFile::exists(QFile::decodeName(home / "home/.local/state/tidlo-proxy/key.pem"));
     }
 
-    std::string errors; ///< What the last run said.
+    std::string errors; ///< The standard error output of the last run.
 
 private:
     static QByteArray note(const QByteArray &name)
@@ -127,7 +127,7 @@ private:
     TemporaryHome home;
 };
 
-/// Whoever runs the tests may ignore them, and a shell cannot undo that.
+/// The tests may have been started with interruptions ignored, which a shell cannot undo.
 void heedInterruptions()
 {
     std::signal(SIGINT, SIG_DFL);

@@ -46,7 +46,7 @@ public:
         }
     }
 
-    /// A program that does what the lines of shell say.
+    /// Adds a program that runs the given shell lines.
     void add(const FilePath &name, const QByteArray &lines) const
     {
         QFile program(QFile::decodeName(home.file("bin/" + name, 0)));
@@ -57,8 +57,8 @@ public:
 
     void remove(const FilePath &name) const { QFile::remove(QFile::decodeName(home / ("bin/" + name))); }
 
-    /// Debian's tools, which know of the packages \a installed and write down what is asked of them. Others are two
-    /// downloads of 5.5 MB together, once the line of shell \a knowsOthers is true.
+    /// Debian's tools, which know that the packages \a installed are installed, and log how they are called. All others
+    /// are two downloads of 5.5 MB together, once the shell line \a knowsOthers is true.
     void addPackageManager(const QByteArrayList &installed, const QByteArray &knowsOthers = "true") const
     {
         QByteArray known;
@@ -70,7 +70,7 @@ public:
                            "MD5Sum:2\"; else echo $DEBIAN_FRONTEND \"$@\" >> $LOG; fi");
     }
 
-    /// Standard input is a terminal where \a typed is typed, unless that is null.
+    /// Standard input is a terminal where \a typed is typed, or no terminal if that is null.
     ScriptRun run(const char *script, const QStringList &arguments = {}, const QByteArray &typed = {}) const
     {
         QProcess process;
@@ -93,7 +93,7 @@ public:
                 .errors = process.readAllStandardError()};
     }
 
-    /// CMake, which knows two presets and writes down what else is asked of it.
+    /// A CMake that knows two presets and logs other calls.
     void addCMake() const
     {
         add("cmake", "case $* in *list-presets*) echo '  \"release\" - Optimised'; echo '  \"asan\" - Sanitizers';; "
@@ -101,7 +101,7 @@ public:
                          home.path() + "/log; echo configured;; esac");
     }
 
-    /// What was asked of the package manager, or of CMake, a line for each call.
+    /// The logged calls of the package manager, or of CMake, one per line.
     std::vector<std::string> requests() const
     {
         QFile log(QFile::decodeName(home / "log"));
@@ -197,7 +197,7 @@ TEST(Bootstrap, InstallsExactlyWhatIsMissingAndSaysWhatAndHowMuch)
 TEST(Bootstrap, SaysHowMuchAfterTheUpdateWhereAptKnowsNoPackagesBefore)
 {
     const SmallSystem system;
-    system.addPackageManager({}, "[[ -s $LOG ]]"); // There is a log once the update was made.
+    system.addPackageManager({}, "[[ -s $LOG ]]"); // The log exists after the update.
     system.add("id", isRoot);
     const ScriptRun run = system.run("bootstrap");
     EXPECT_EQ(run.status, 0);
@@ -237,7 +237,7 @@ TEST(Bootstrap, AsksWhoeverSitsAtTheTerminal)
 
 TEST(Bootstrap, ToldYesAsksNobody)
 {
-    for (const QByteArray &answer : {QByteArray(), QByteArray("n\n")}) { // Without a terminal, and at one.
+    for (const QByteArray &answer : {QByteArray(), QByteArray("n\n")}) { // Without a terminal, and with one.
         const SmallSystem system;
         system.addPackageManager({});
         system.add("id", isSomebody);

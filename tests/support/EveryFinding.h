@@ -4,7 +4,7 @@
 
 namespace tidlo {
 
-/// Puts into \a home one of everything that a scan finds, each with as many bytes on the disk.
+/// Adds one item of every kind that a scan finds to \a home, each with as many bytes on the disk.
 void addEveryFinding(const TemporaryHome &home);
 
 } // namespace tidlo

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-/// For tests of what is drawn: on no screen, by the processor.
+/// For tests of what is drawn: without a screen, and without a graphics processor.
 int main(int argc, char **argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");

@@ -1,6 +1,6 @@
 #pragma once
 
-// openpty(), which systems declare in different places.
+// openpty(), which is declared in different headers on different systems.
 #ifdef __APPLE__
 #include <util.h>
 #else

@@ -7,7 +7,7 @@
 
 #include <ostream>
 
-/// How GoogleTest shows Qt's texts, which it would take for lists of characters.
+/// Prints Qt's texts in GoogleTest, which would print them as lists of characters.
 inline void PrintTo(const QByteArray &bytes, std::ostream *stream)
 {
     testing::internal::UniversalPrint(bytes.toStdString(), stream);

@@ -16,7 +16,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#ifdef Q_OS_MACOS // Its names for the same.
+#ifdef Q_OS_MACOS // The names of the same fields on macOS.
 #define st_atim st_atimespec
 #define st_ctim st_ctimespec
 #define st_mtim st_mtimespec
@@ -50,7 +50,7 @@ std::chrono::nanoseconds nanoseconds(const timespec &time)
     return std::chrono::seconds(time.tv_sec) + std::chrono::nanoseconds(time.tv_nsec);
 }
 
-/// Whether it succeeds. What it complains of is kept quiet.
+/// Whether it succeeds. Its error output is discarded.
 bool run(QList<FilePath> words)
 {
     std::vector<char *> arguments;
@@ -86,7 +86,7 @@ void record(int parent, const char *name, const std::string &relative, Inventory
         return;
     const int folder = openat(parent, name, O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_NOATIME | O_CLOEXEC);
     DIR *listing = folder < 0 ? nullptr : fdopendir(folder);
-    if (listing == nullptr) // A folder that may not be read is one entry.
+    if (listing == nullptr) // A folder that must not be read counts as one entry.
         return;
     while (const dirent *entry = readdir(listing)) {
         const std::string child = entry->d_name;
@@ -111,7 +111,8 @@ TemporaryHome::TemporaryHome(const FilePath &parent)
 TemporaryHome::~TemporaryHome()
 {
     // These tools cope with any depth, any name and any number of entries.
-    if (!run({"rm", "-rf", "--", root}) && run({"chmod", "-R", "u+rwX", "--", root})) // Some folder was closed.
+    if (!run({"rm", "-rf", "--", root}) && run({"chmod", "-R", "u+rwX", "--", root})) // Some folder had no write
+                                                                                      // permission.
         run({"rm", "-rf", "--", root});
 }
 

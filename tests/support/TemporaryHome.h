@@ -10,8 +10,8 @@
 
 namespace tidlo {
 
-/// A private home folder that a test made, removed with everything in it afterwards. Paths given are relative to it and
-/// are raw bytes; parent folders are made as needed. A failing call of the system ends the test program.
+/// A private home folder for a test, removed with all its content afterwards. Paths are relative to it and are raw
+/// bytes; parent folders are made as needed. A failing system call ends the test program.
 class TemporaryHome final
 {
 public:
@@ -27,11 +27,12 @@ public:
     const FilePath &path() const { return root; }
     FilePath operator/(const FilePath &relative) const { return root + '/' + relative; }
 
-    /// Each returns the absolute path of what it made.
+    /// Each returns the absolute path of the new entry.
     FilePath folder(const FilePath &relative) const;
     FilePath file(const FilePath &relative, qint64 bytes = 4096) const;       ///< Filled, so that it is allocated.
-    FilePath sparseFile(const FilePath &relative, qint64 bytes) const;        ///< Logical length alone.
-    FilePath link(const FilePath &relative, const FilePath &target) const;    ///< Symbolic; the target as it stands.
+    FilePath sparseFile(const FilePath &relative, qint64 bytes) const;        ///< Only the logical length.
+    FilePath link(const FilePath &relative, const FilePath &target) const;    ///< A symbolic link; the target is stored
+                                                                              ///< unchanged.
     FilePath hardLink(const FilePath &relative, const FilePath &other) const; ///< To the absolute path of a file.
 
     /// Sets the modification time; of a link, that of the link itself.

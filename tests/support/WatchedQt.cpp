@@ -1,5 +1,5 @@
-// What the thread sanitizer must be told of Qt, which is not built for it. Here stand functions of Qt that our code
-// calls: each does what Qt's own does, and tells the sanitizer what that one keeps to itself.
+// Tells the thread sanitizer about Qt, which is not built for it. These functions replace functions of Qt that our code
+// calls: each calls Qt's own, and tells the sanitizer which synchronisation that one does.
 
 #include <QFutureInterface>
 #include <QRunnable>
@@ -14,7 +14,7 @@
 
 namespace {
 
-/// Qt's own of the function that is called \a name in its library.
+/// Qt's own function called \a name in its library.
 template <typename Function>
 Function ofQt(const char *name)
 {
@@ -28,7 +28,7 @@ Function ofQt(const char *name)
     return function;
 }
 
-/// A job of a pool, which begins with what was done before it was handed over.
+/// A job of a pool: everything done before it was queued happens before it begins.
 class WatchedJob final : public QRunnable
 {
 public:
@@ -60,7 +60,7 @@ void QThreadPool::start(QRunnable *job, int priority)
     start(this, new WatchedJob(job), priority);
 }
 
-/// Whoever has the last part of a future frees what all others have used.
+/// The last owner of a future frees what all others have used.
 bool QFutureInterfaceBase::derefT() const noexcept
 {
     using Deref = bool (*)(const QFutureInterfaceBase *);

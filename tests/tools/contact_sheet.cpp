@@ -1,5 +1,5 @@
 // contact_sheet <folder>: draws every symbol at the sizes and weights it is used in, dark and light, at one and at two
-// pixels a point, into <folder>/symbols-<scheme>@<ratio>x.png. For the eye to judge.
+// pixels a point, into <folder>/symbols-<scheme>@<ratio>x.png. For review by a person.
 
 #include "ui/design/Symbol.h"
 #include "ui/design/SymbolDrawing.h"

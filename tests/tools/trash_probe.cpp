@@ -1,5 +1,5 @@
-// Moves each argument to the Trash, through the very call that the application makes, and prints one line for each:
-// "moved", "gone", "refused: why", "failed: why" or "another moved: why". Exit status 0 only if all were moved.
+// Moves each argument to the Trash, with the same call as the application, and prints one line for each: "moved",
+// "gone", "refused: why", "failed: why" or "another moved: why". The exit status is 0 only if all were moved.
 
 #include "platform/FileManager.h"
 
@@ -39,7 +39,7 @@ int main(int count, char **arguments)
     for (const char *path : std::span(arguments, static_cast<size_t>(count)).subspan(1)) {
         const TrashOutcome outcome = files->trashItem(path);
         std::printf("%s%s\n", word(outcome.kind), outcome.reason.toLocal8Bit().constData());
-        std::fflush(stdout); // A line stands as soon as its item does not.
+        std::fflush(stdout); // Prints each line at once, before the next item is moved.
         allMoved = allMoved && outcome.kind == TrashOutcome::Kind::moved;
     }
     return allMoved ? 0 : 1;

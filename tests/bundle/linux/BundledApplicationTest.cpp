@@ -43,7 +43,7 @@ protected:
         home.folder("tmp");
     }
 
-    /// Everything that a program needs, and nothing of the person's who runs the tests.
+    /// The variables that a program needs, and none of the person who runs the tests.
     std::map<const char *, FilePath> environment() const
     {
         return {{"HOME", home.path()},
@@ -67,8 +67,8 @@ protected:
         process.setProcessChannelMode(QProcess::MergedChannels);
     }
 
-    /// Runs a program that acts as the application at \a running does, and waits for it and for all that it left
-    /// behind; \a meanwhile is called with each of these, once the program has ended.
+    /// Runs a program that acts as the application at \a running would, and waits for it and for all processes that it
+    /// started; \a meanwhile is called with each of these once the program has ended.
     ChildResult drive(const QByteArrayList &arguments, const std::function<void(pid_t)> &meanwhile = {}) const
     {
         const FilePath driver = bundle + "/Contents/MacOS/driver";
@@ -156,7 +156,8 @@ TEST_F(BundledApplication, HoldsAllItNeeds)
     ASSERT_TRUE(logo.open(QIODevice::ReadOnly));
     const QByteArray beginning = logo.read(24);
     EXPECT_TRUE(beginning.startsWith("\x89PNG\r\n"));
-    EXPECT_EQ(beginning.mid(16), QByteArray("\0\0\2\0\0\0\2\0", 8)); // The width and height of its place among icons.
+    EXPECT_EQ(beginning.mid(16), QByteArray("\0\0\2\0\0\0\2\0", 8)); // The width and height of the symbol's place in an
+                                                                     // icon theme.
     const auto icon = readInfoPlist(bundle + "/Contents/Info.plist").value(QStringLiteral("CFBundleIconFile"));
     EXPECT_THAT(entries, Contains(Key(contents + "Resources/" + icon.toStdString())));
 }
@@ -169,7 +170,8 @@ TEST_F(BundledApplication, OpensItsWindowWhereverItWasCopied)
     ASSERT_TRUE(process.waitForStarted(patience));
 
     QByteArray output;
-    while (!output.contains("scenegraph") && process.waitForReadyRead(patience)) // Told as the window is first drawn.
+    while (!output.contains("scenegraph") && process.waitForReadyRead(patience)) // Qt prints it when the window is
+                                                                                 // first drawn.
         output += process.readAll();
 
     EXPECT_TRUE(output.contains("scenegraph")) << output.constData();
@@ -194,7 +196,7 @@ TEST_F(BundledApplication, PlacesItselfAndStartsTheCopy)
 {
     const FilePath destination = home.folder("Applications") + "/Tidlo.app";
 
-    const FilePath started = home / "tmp/started"; // One byte for each.
+    const FilePath started = home / "tmp/started"; // One byte for each start.
 
     const ChildResult result = drive({"place", destination}, [&](pid_t copy) {
         std::ofstream(started.toStdString(), std::ios::app) << 'x';
@@ -250,7 +252,7 @@ TEST_F(BundledApplication, UninstallsItselfAndNothingElse)
     EXPECT_THAT(home.inventory(), AllOf(Contains(Key(".local/share/Trash/files/Tidlo.app/Contents/MacOS/Tidlo")),
                                         Contains(Key(".local/share/Trash/info/Tidlo.app.trashinfo"))));
 
-    // Once more, when nothing of it is left.
+    // Once more, now that nothing of it is left.
     const std::string before = inventoryText();
     EXPECT_EQ(std::system(("bash '" + home.path() + "/tmp/uninstall_tidlo.sh'").constData()), 0);
     EXPECT_EQ(inventoryText(), before);

@@ -1,4 +1,4 @@
-// What the tests use of a header of macOS that the toolchain lacks, by its names in Apple's documentation.
+// The part of a macOS header that the tests use and the toolchain lacks, with the names of Apple's documentation.
 #pragma once
 
 #include <sys/ioctl.h>

@@ -26,7 +26,7 @@ bool writeLine(const char *path, const std::string &line)
     return write(file.get(), line.data(), line.size()) == static_cast<ssize_t>(line.size());
 }
 
-/// For those who are not root: mounting is allowed in a user namespace, where everybody keeps their number.
+/// For users other than root: mounting is allowed in a user namespace, in which all users keep their numbers.
 bool enterUserNamespace()
 {
     const std::string user = std::to_string(geteuid());

@@ -1,4 +1,4 @@
-// What this program uses of a header of macOS that the toolchain lacks, by its names in Apple's documentation.
+// The part of a macOS header that this program uses and the toolchain lacks, with the names of Apple's documentation.
 #pragma once
 
 #define XATTR_NOFOLLOW 0x0001

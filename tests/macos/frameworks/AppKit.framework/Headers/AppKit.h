@@ -1,4 +1,4 @@
-// What this program uses of AppKit, by the names and signatures in Apple's documentation, for the check that the
+// The part of AppKit that this program uses, with the names and signatures of Apple's documentation, to check that the
 // sources for macOS compile and link. Never part of the program.
 #pragma once
 

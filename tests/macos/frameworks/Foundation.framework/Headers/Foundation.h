@@ -1,5 +1,5 @@
-// What this program uses of Foundation, by the names and signatures in Apple's documentation, for the check that the
-// sources for macOS compile and link. Never part of the program.
+// The part of Foundation that this program uses, with the names and signatures of Apple's documentation, to check that
+// the sources for macOS compile and link. Never part of the program.
 #pragma once
 
 #include <CoreFoundation/CoreFoundation.h>

@@ -1,2 +1,2 @@
-// The same declarations, from where this system has them.
+// The same declarations, in this system's header.
 #include <GL/gl.h>
