@@ -71,8 +71,7 @@ bool addExtension(X509 *certificate, int identifier, const char *value)
 
 bool addExtensions(X509 *certificate)
 {
-    return addExtension(certificate, NID_basic_constraints, "critical,CA:FALSE") && // It cannot sign other
-                                                                                    // certificates.
+    return addExtension(certificate, NID_basic_constraints, "critical,CA:FALSE") && // Cannot sign others.
            addExtension(certificate, NID_ext_key_usage, "serverAuth") &&
            addExtension(certificate, NID_subject_alt_name, "DNS:localhost,IP:127.0.0.1,IP:::1");
 }

@@ -106,8 +106,7 @@ Task<Reply> readReply(Stream *stream)
             parser->put_eof(error);
         if (error == http::error::body_limit || received > longestReply)
             co_return Reply{.outcome = Reply::Outcome::unusable};
-        const bool isError = parser->is_header_done() && parser->get().result_int() != 200; // Nobody reads the body of
-                                                                                            // an error.
+        const bool isError = parser->is_header_done() && parser->get().result_int() != 200; // Its body is not read.
         if (!error && (parser->is_done() || isError))
             co_return whole(*parser);
         if (error || count == 0 || pending.size() > longestHead)

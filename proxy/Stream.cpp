@@ -50,8 +50,7 @@ void Stream::until(Clock::time_point deadline)
             return;
         late = true;
         error_code ignored;
-        socket.cancel(ignored); // Shutting the socket down instead would end TLS, and nothing could be said to the
-                                // client any more.
+        socket.cancel(ignored); // A shutdown would end TLS: no answer could be sent.
     });
 }
 

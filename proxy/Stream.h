@@ -55,8 +55,7 @@ private:
     Clock::time_point end = Clock::time_point::max();
     bool late = false;
     std::unique_ptr<BIO, Free> bio;                       ///< The socket, with encryption if there is any.
-    std::shared_ptr<void> life = std::make_shared<int>(); ///< For the timer, whose handler may run later than this
-                                                          ///< object exists.
+    std::shared_ptr<void> life = std::make_shared<int>(); ///< The timer's handler may outlive this object.
 };
 
 } // namespace tidlo::proxy

@@ -158,8 +158,7 @@ int main(int argc, char *argv[])
             return ending->status;
         }
         return run(std::get<Settings>(settings));
-    } catch (const std::exception &error) { // From the start, the system has too little memory, or too few threads or
-                                            // descriptors.
+    } catch (const std::exception &error) { // Too little memory, too few threads or descriptors.
         std::fprintf(stderr, "tidlo-proxy: %s\n", error.what());
         return 1;
     }

@@ -17,8 +17,7 @@ bool AppViewModel::canBePlaced() const
 {
     const Bundle bundle = environment.bundle();
     const FilePath &destination = environment.applicationPath;
-    const FilePath folder = destination.left(destination.lastIndexOf('/') + 1); // With the slash, a file does not
-                                                                                // count.
+    const FilePath folder = destination.left(destination.lastIndexOf('/') + 1); // The slash excludes a file.
     return bundle.isApplication() && environment.fileManager->fileExists(folder) &&
            !isSameOrWithin(bundle.path, destination);
 }

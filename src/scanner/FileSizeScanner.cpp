@@ -56,8 +56,7 @@ QCoro::Task<ScanResult> FileSizeScanner::Core::scan(std::shared_ptr<Core> core, 
     const auto notes = std::make_shared<WalkNotes>();
     for (const ScanStep &step : scanSteps) {
         if (core->stop.stop_requested())
-            co_return summarized(harvest.disk, harvest.findings); // The scanner is gone, and with it whoever wanted the
-                                                                  // progress.
+            co_return summarized(harvest.disk, harvest.findings); // The scanner is gone; nobody wants progress.
         progress(step.fraction, step.label);
         harvest = co_await later(core->run(step, wishes, notes, harvest));
     }

@@ -111,8 +111,7 @@ TemporaryHome::TemporaryHome(const FilePath &parent)
 TemporaryHome::~TemporaryHome()
 {
     // These tools cope with any depth, any name and any number of entries.
-    if (!run({"rm", "-rf", "--", root}) && run({"chmod", "-R", "u+rwX", "--", root})) // Some folder had no write
-                                                                                      // permission.
+    if (!run({"rm", "-rf", "--", root}) && run({"chmod", "-R", "u+rwX", "--", root})) // A folder was read-only.
         run({"rm", "-rf", "--", root});
 }
 

@@ -29,10 +29,9 @@ public:
 
     /// Each returns the absolute path of the new entry.
     FilePath folder(const FilePath &relative) const;
-    FilePath file(const FilePath &relative, qint64 bytes = 4096) const;       ///< Filled, so that it is allocated.
-    FilePath sparseFile(const FilePath &relative, qint64 bytes) const;        ///< Only the logical length.
-    FilePath link(const FilePath &relative, const FilePath &target) const;    ///< A symbolic link; the target is stored
-                                                                              ///< unchanged.
+    FilePath file(const FilePath &relative, qint64 bytes = 4096) const;    ///< Filled, so that it is allocated.
+    FilePath sparseFile(const FilePath &relative, qint64 bytes) const;     ///< Only the logical length.
+    FilePath link(const FilePath &relative, const FilePath &target) const; ///< A symbolic link to the unchanged target.
     FilePath hardLink(const FilePath &relative, const FilePath &other) const; ///< To the absolute path of a file.
 
     /// Sets the modification time; of a link, that of the link itself.

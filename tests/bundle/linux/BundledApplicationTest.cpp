@@ -156,8 +156,7 @@ TEST_F(BundledApplication, HoldsAllItNeeds)
     ASSERT_TRUE(logo.open(QIODevice::ReadOnly));
     const QByteArray beginning = logo.read(24);
     EXPECT_TRUE(beginning.startsWith("\x89PNG\r\n"));
-    EXPECT_EQ(beginning.mid(16), QByteArray("\0\0\2\0\0\0\2\0", 8)); // The width and height of the symbol's place in an
-                                                                     // icon theme.
+    EXPECT_EQ(beginning.mid(16), QByteArray("\0\0\2\0\0\0\2\0", 8)); // Width and height of the icon.
     const auto icon = readInfoPlist(bundle + "/Contents/Info.plist").value(QStringLiteral("CFBundleIconFile"));
     EXPECT_THAT(entries, Contains(Key(contents + "Resources/" + icon.toStdString())));
 }
@@ -170,8 +169,7 @@ TEST_F(BundledApplication, OpensItsWindowWhereverItWasCopied)
     ASSERT_TRUE(process.waitForStarted(patience));
 
     QByteArray output;
-    while (!output.contains("scenegraph") && process.waitForReadyRead(patience)) // Qt prints it when the window is
-                                                                                 // first drawn.
+    while (!output.contains("scenegraph") && process.waitForReadyRead(patience)) // When first drawn.
         output += process.readAll();
 
     EXPECT_TRUE(output.contains("scenegraph")) << output.constData();

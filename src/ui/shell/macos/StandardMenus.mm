@@ -15,12 +15,10 @@
 @implementation TidloEditing
 - (void)press:(NSMenuItem *)item
 {
-    const QChar letter([item.keyEquivalent characterAtIndex:0]); // A capital letter means that the shift key is pressed
-                                                                 // too.
+    const QChar letter([item.keyEquivalent characterAtIndex:0]); // A capital letter means Shift too.
     const Qt::KeyboardModifiers shift = letter.isUpper() ? Qt::ShiftModifier : Qt::NoModifier;
     for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-        QKeyEvent event(type, letter.toUpper().unicode(), Qt::ControlModifier | shift); // Qt's name for the Command
-                                                                                        // key.
+        QKeyEvent event(type, letter.toUpper().unicode(), Qt::ControlModifier | shift); // Qt's name for Command.
         if (QWindow *window = QGuiApplication::focusWindow())
             QCoreApplication::sendEvent(window, &event);
     }
