@@ -26,7 +26,7 @@ struct DemoFinding
     CleanupCategory category;
     CleanupRisk risk;
     qint64 bytes;
-    const char *paths; ///< The home folder's own, with their number in place of "%".
+    const char *paths; ///< Paths in the home folder, with their number in place of "%".
     int count;
     bool selected;
 };
@@ -83,7 +83,7 @@ CleanupCandidate candidateOf(const DemoFinding &finding)
     return candidate;
 }
 
-/// Handed out as unevenly as projects and recordings are.
+/// Divides the bytes as unevenly as in real projects and recordings.
 QList<qint64> shared(qint64 bytes, qsizetype count)
 {
     constexpr std::array weights{318, 127, 611, 204, 89, 472, 156, 263, 1043, 98, 341, 187, 529};

@@ -6,7 +6,7 @@
 
 namespace tidlo {
 
-/// The time that animations follow while there is one of these: it stands still but for steps. Main thread.
+/// The clock of all animations while an object of this class exists: it stands still between steps. Main thread.
 class SteppedTime final : public QAnimationDriver
 {
 public:

@@ -12,17 +12,17 @@
 
 namespace tidlo {
 
-/// A state owner with a home, a desktop and preferences of its own, for what shows it. Nobody explains anything.
+/// A state owner with a home folder, a desktop and preferences of its own, and without explanations.
 class UiTest : public testing::Test
 {
 protected:
     UiTest();
     ~UiTest() override;
 
-    /// The state owner, made when it is first asked for, and its figures of the disk awaited and forgotten.
+    /// The state owner, made on first use; the disk's figures have been read and reset by then.
     OpenModel &app();
 
-    /// How often \a signal of \a sender is told while \a act runs.
+    /// How often \a signal of \a sender is emitted while \a act runs.
     template <typename Sender, typename Signal, typename Act>
     static int times(Sender &sender, Signal signal, Act act)
     {
@@ -45,7 +45,7 @@ private:
     std::unique_ptr<OpenModel> owner;
 };
 
-/// A candidate of that risk, selected unless it is never to be touched.
+/// A candidate with that risk, selected unless it is never to be touched.
 CleanupCandidate candidate(CleanupRisk risk, qint64 bytes = 1, CleanupCategory category = CleanupCategory::caches);
 
 } // namespace tidlo

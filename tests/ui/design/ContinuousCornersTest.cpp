@@ -10,7 +10,7 @@ namespace tidlo {
 
 namespace {
 
-constexpr double reach = 1.528665; ///< Of a corner along its edges, for a radius of 1.
+constexpr double reach = 1.528665; ///< How far a corner reaches along its edges, for a radius of 1.
 
 struct Station
 {
@@ -40,7 +40,7 @@ void expectSame(const QPainterPath &some, const QPainterPath &others)
     EXPECT_LT(difference.boundingRect().width() * difference.boundingRect().height(), 1e-6);
 }
 
-/// Whether a point is inside, so far from each of the four corners.
+/// Whether a point is inside, at this distance from each of the four corners.
 std::array<bool, 4> insideFromCorners(const QPainterPath &path, const QRectF &rectangle, double distance)
 {
     return {path.contains(rectangle.topLeft() + QPointF(distance, distance)),
@@ -56,7 +56,8 @@ TEST(ContinuousCorners, EachCornerPassesTheMeasuredStations)
     const double radius = 10;
     const QPainterPath path = continuousRectangle(oblong, radius);
     for (size_t i = 0; i < stations.size(); ++i) {
-        const QPainterPath::Element element = path.elementAt(static_cast<int>(i) + 1); // The first begins in the edge.
+        const QPainterPath::Element element = path.elementAt(static_cast<int>(i) + 1); // The first one begins inside
+                                                                                       // the edge.
         EXPECT_NEAR(element.x, oblong.left() + stations[i].x * radius, 1e-9) << i;
         EXPECT_NEAR(element.y, oblong.top() + stations[i].y * radius, 1e-9) << i;
     }
@@ -71,7 +72,7 @@ TEST(ContinuousCorners, AllFourCornersAreAlike)
 
     for (const QTransform &mirror : {QTransform::fromScale(-1, 1), QTransform::fromScale(1, -1)}) {
         const QPainterPath mirrored = (toCentre * mirror * back).map(path);
-        for (int i = 1; i < path.elementCount() - 1; ++i) { // It begins and ends within an edge.
+        for (int i = 1; i < path.elementCount() - 1; ++i) { // The path begins and ends inside an edge.
             const QPointF point = path.elementAt(i);
             bool isFound = false;
             for (int j = 0; j < mirrored.elementCount(); ++j)

@@ -25,7 +25,7 @@ void give(ContinuousRectangle &rectangle, const Values &values)
         EXPECT_TRUE(rectangle.setProperty(name, value)) << name;
 }
 
-/// What one of that fill and these properties paints.
+/// The picture of a rectangle with a fill and these properties.
 QImage painted(const Values &values)
 {
     ContinuousRectangle rectangle;

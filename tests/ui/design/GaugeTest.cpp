@@ -18,7 +18,7 @@ constexpr double lineWidth = 20;
 
 using Values = std::map<const char *, QVariant>;
 
-/// What a gauge with these properties draws.
+/// The picture of a gauge with these properties.
 QImage drawn(const Values &values)
 {
     Gauge gauge;
@@ -33,7 +33,7 @@ QImage drawn(const Values &values)
     return image;
 }
 
-/// In the middle of the line, so many degrees from three o'clock, clockwise.
+/// The colour in the middle of the line, at this many degrees clockwise from three o'clock.
 QColor colorAt(const QImage &image, double degrees)
 {
     const double angle = degrees * std::numbers::pi / 180;
@@ -52,7 +52,7 @@ bool isEmpty(const QImage &image, double degrees)
     return colorAt(image, degrees).alpha() == 0;
 }
 
-/// The whole degrees at which there is ink, counted.
+/// The number of whole degrees at which there is ink.
 int inkedDegrees(const QImage &image)
 {
     int count = 0;
@@ -68,7 +68,7 @@ TEST(Gauge, BeginsAtThreeOClockAndRunsClockwise)
     const QImage image = drawn({{"to", 0.25}});
     EXPECT_TRUE(isEmpty(image, -3));
     EXPECT_TRUE(isInked(image, 3));
-    EXPECT_TRUE(isInked(image, 45)); // Down the screen.
+    EXPECT_TRUE(isInked(image, 45)); // Downwards on the screen.
     EXPECT_TRUE(isInked(image, 87));
     EXPECT_TRUE(isEmpty(image, 93));
     EXPECT_TRUE(isEmpty(image, 270));

@@ -19,7 +19,7 @@ protected:
         QCoreApplication::sendEvent(&item, &event);
     }
 
-    /// As a window has it from the system.
+    /// Sends an event like one from the system.
     void pressAnything(QEvent::Type type)
     {
         if (type == QEvent::KeyPress) {

@@ -28,7 +28,7 @@ protected:
     QQuickTextDocument *document() const { return edit->property("textDocument").value<QQuickTextDocument *>(); }
     double height() const { return edit->property("contentHeight").toDouble(); }
 
-    /// Of each line, beyond what its font has.
+    /// The extra space of each line, beyond what its font has.
     QList<double> room() const
     {
         QList<double> room;

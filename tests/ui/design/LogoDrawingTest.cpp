@@ -30,7 +30,7 @@ QColor middleOf(const QImage &image)
     return image.pixelColor(image.rect().center());
 }
 
-/// How much of its square a picture leaves empty in the corners, in pixels.
+/// How many pixels of its square a picture leaves empty in the corners.
 double emptyPart(const QImage &image)
 {
     double empty = 0;
@@ -51,7 +51,7 @@ double emptyPartOfRounded(int side, double radius)
     return emptyPart(image);
 }
 
-/// The application's icon while it lives.
+/// Sets the application's icon while this object exists.
 class Icon final
 {
 public:
@@ -131,7 +131,7 @@ TEST(LogoDrawing, APictureOfOneColorKeepsIt)
     red.setColorTable({qRgb(255, 0, 0), qRgb(0, 0, 0)});
     red.fill(0);
 
-    const QImage logo = drawLogo(red, 23, 1); // Less than half: Qt scales that in another way.
+    const QImage logo = drawLogo(red, 23, 1); // Less than half the size: Qt scales that in another way.
 
     for (int x = 0; x < logo.width(); ++x)
         EXPECT_EQ(logo.pixelColor(x, 11), QColor(Qt::red)) << x;

@@ -16,7 +16,7 @@ struct Movement
     double velocity = 0;
 };
 
-/// How a mass of 1 on the spring changes, by the laws of motion alone.
+/// The change of a mass of 1 on the spring, from the laws of motion alone.
 Movement changeOf(const Spring &spring, const Movement &now)
 {
     using std::numbers::pi;
@@ -30,7 +30,7 @@ Movement after(const Movement &now, const Movement &change, double seconds)
     return {now.position + change.position * seconds, now.velocity + change.velocity * seconds};
 }
 
-/// One step of Runge and Kutta's.
+/// One Runge-Kutta step.
 Movement stepped(const Spring &spring, const Movement &now, double seconds)
 {
     const Movement a = changeOf(spring, now);

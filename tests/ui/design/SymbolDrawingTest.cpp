@@ -16,9 +16,9 @@ namespace tidlo {
 
 namespace {
 
-constexpr int finePixels = 10; ///< In a unit of the grid.
+constexpr int finePixels = 10; ///< Pixels in a unit of the grid.
 
-/// The drawing on a sheet twice as wide as the grid, so that what leaves the grid is seen too.
+/// The drawing on a sheet twice as wide as the grid, so that ink outside of the grid is seen too.
 QImage onWideSheet(const QString &name, int weight)
 {
     constexpr int side = static_cast<int>(2 * symbolGrid) * finePixels;
@@ -31,7 +31,7 @@ QImage onWideSheet(const QString &name, int weight)
     return sheet;
 }
 
-/// What the ink covers, in units of the grid.
+/// The part that the ink covers, in units of the grid.
 QRectF inkedPart(const QString &name, int weight)
 {
     const QImage sheet = onWideSheet(name, weight);
@@ -48,7 +48,7 @@ QRectF inkedPart(const QString &name, int weight)
             inked.width() / double(finePixels), inked.height() / double(finePixels)};
 }
 
-/// Opacities of one line of \a ink, summed, in pixels.
+/// The sum of the opacities in one line of \a ink, in pixels.
 double inkInLine(const QImage &ink, int y)
 {
     const uchar *const line = ink.constScanLine(y);
@@ -121,7 +121,7 @@ TEST(SymbolDrawing, EveryDrawingIsAboutAsLargeAsTheOthers)
 
 TEST(SymbolDrawing, EveryDrawingStandsInTheMiddle)
 {
-    constexpr double tolerance = 1; // The eye weighs, it does not measure.
+    constexpr double tolerance = 1; // Symbols are centred by eye, not by measure.
     for (const QString &name : symbolNames()) {
         const QPointF centre = inkedPart(name, QFont::DemiBold).center();
         EXPECT_NEAR(centre.x(), symbolGrid / 2, tolerance) << qPrintable(name);
@@ -131,7 +131,7 @@ TEST(SymbolDrawing, EveryDrawingStandsInTheMiddle)
 
 TEST(SymbolDrawing, WhiteTakesInkAway)
 {
-    // When a square is filled but for a check mark
+    // When a square is filled except for a check mark
     const QImage ink = symbolInk(QStringLiteral("checkmark.square.fill"), 200, QFont::Normal, 1);
 
     // Then there is ink beside the mark, and none where its lines meet.
@@ -163,7 +163,7 @@ TEST(SymbolDrawing, InkTakesAColorAndItsOpacity)
     const QImage ink = symbolInk(QStringLiteral("moon.fill"), 40, QFont::Normal, 1);
     QPoint inside(24, 24);
     while (qAlpha(ink.pixel(inside)) != 255)
-        inside += QPoint(-1, 1); // The moon is full below its left.
+        inside += QPoint(-1, 1); // The lower left part of the moon is full.
 
     EXPECT_EQ(inColor(ink, QColor(10, 20, 30)).pixelColor(inside), QColor(10, 20, 30));
     EXPECT_EQ(qAlpha(inColor(ink, QColor(255, 255, 255, 51)).pixel(inside)), 51);

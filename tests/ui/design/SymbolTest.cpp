@@ -33,7 +33,7 @@ protected:
 
     QImage seen() { return window.grabWindow().convertToFormat(QImage::Format_RGB32); }
 
-    /// What is seen if every pixel of the picture fell on one of the screen.
+    /// The expected pixels if each pixel of the picture falls on one of the screen.
     QImage expected(const QPoint &position)
     {
         QImage image = black();
@@ -51,12 +51,12 @@ protected:
     }
 
     QQuickWindow window;
-    Symbol *symbol; ///< The window's.
+    Symbol *symbol; ///< In the window.
 };
 
 std::vector<std::string> warnings;
 
-/// Keeps what is warned of while it lives.
+/// Records warnings while this object exists.
 class Warnings final
 {
 public:

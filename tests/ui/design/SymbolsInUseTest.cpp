@@ -16,7 +16,7 @@ using testing::IsSupersetOf;
 
 namespace {
 
-/// Every text that a QML file gives to the name of a Symbol, or to a property called symbol.
+/// Every text that a QML file assigns to the name of a Symbol, or to a property called symbol.
 QStringList namesInQml()
 {
     static const QRegularExpression binding(

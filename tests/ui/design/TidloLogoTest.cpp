@@ -53,7 +53,7 @@ TEST_F(TidloLogoTest, IsASquareOfItsSize)
     EXPECT_EQ(seenAt({24, 0}), QColor(Qt::red));
     EXPECT_EQ(seenAt({47, 24}), QColor(Qt::red));
     EXPECT_EQ(seenAt({48, 24}), QColor(Qt::black));
-    EXPECT_EQ(seenAt({0, 0}), QColor(Qt::black)); // A round corner.
+    EXPECT_EQ(seenAt({0, 0}), QColor(Qt::black)); // The corner is round.
 }
 
 TEST_F(TidloLogoTest, EachOneLooksForItsPictureWhenItIsMade)

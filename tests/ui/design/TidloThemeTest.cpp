@@ -75,7 +75,7 @@ constexpr std::array colors{
 
 void expectColor(const QColor &color, const Rgba &expected, const char *name)
 {
-    constexpr double step = 1.0 / 65535; // A colour keeps 16 bits of each component.
+    constexpr double step = 1.0 / 65535; // A colour stores 16 bits for each component.
     EXPECT_NEAR(color.redF(), expected[0], step) << name;
     EXPECT_NEAR(color.greenF(), expected[1], step) << name;
     EXPECT_NEAR(color.blueF(), expected[2], step) << name;
@@ -93,7 +93,7 @@ class TidloThemeTest : public testing::Test
 protected:
     ~TidloThemeTest() override { QGuiApplication::setPalette(QPalette()); }
 
-    /// As when a person switches the whole desktop.
+    /// Switches the scheme of the whole desktop.
     static void setSystem(ColorScheme scheme)
     {
         QPalette palette;
@@ -109,7 +109,7 @@ protected:
         waitUntil([&] { return theme.darkness() == darkness; });
     }
 
-    /// How often \a signal is told while \a act runs.
+    /// How often \a signal is emitted while \a act runs.
     template <typename Signal, typename Act>
     int times(Signal signal, Act act)
     {
@@ -177,7 +177,7 @@ TEST_F(TidloThemeTest, ALaterOneIsReachedByAMotion)
     QObject::connect(&theme, &TidloTheme::colorsChanged, [&] { seen.append(theme.darkness()); });
     theme.setPreference(QStringLiteral("light"));
 
-    // Then it is light by name, the colours are on their way, and they arrive.
+    // Then the scheme is light, and the colours move until they arrive.
     EXPECT_FALSE(theme.isDark());
     EXPECT_EQ(theme.darkness(), 1);
     waitForDarkness(0);

@@ -18,7 +18,7 @@ namespace {
 
 struct NamedFont
 {
-    const char *name; ///< Of the property that views read.
+    const char *name; ///< The name of the property that views read.
     double points;
     int weight;
 };
@@ -53,7 +53,7 @@ TEST_P(EveryFont, HasItsSizeAndWeightInTheDefaultDesign)
     EXPECT_NEAR(sizeOf(font), GetParam().points, 1e-9);
     EXPECT_EQ(font.weight(), GetParam().weight);
     EXPECT_EQ(QFontInfo(font).family(), QStringLiteral("Inter"));
-    EXPECT_EQ(QFontInfo(font).weight(), GetParam().weight); // Drawn so, not thickened.
+    EXPECT_EQ(QFontInfo(font).weight(), GetParam().weight); // A real face of that weight, not a thickened one.
 }
 
 TEST(TidloType, TheFacesComeWithTheApplication)
@@ -61,7 +61,7 @@ TEST(TidloType, TheFacesComeWithTheApplication)
     struct Face
     {
         const char *file;
-        const char *family; ///< It may be followed by the name of the weight.
+        const char *family; ///< The name of the weight may follow it.
         const char *style;
     };
     constexpr std::array faces{
@@ -98,7 +98,7 @@ TEST(TidloType, TrackingAddsPointsBetweenLettersAndNothingElse)
     const QFont plain = TidloType().smallStrong();
     QFont tracked = TidloType::tracked(plain, 1.6);
     EXPECT_EQ(tracked.letterSpacingType(), QFont::AbsoluteSpacing);
-    EXPECT_NEAR(tracked.letterSpacing(), 1.6, 1.0 / 64); // As fine as a font counts.
+    EXPECT_NEAR(tracked.letterSpacing(), 1.6, 1.0 / 64); // The precision of a font.
 
     tracked.setLetterSpacing(plain.letterSpacingType(), plain.letterSpacing());
     EXPECT_EQ(tracked, plain);

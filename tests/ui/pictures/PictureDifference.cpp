@@ -7,7 +7,7 @@ namespace tidlo {
 
 namespace {
 
-constexpr int rounding = 8; // Of 255, in any of red, green, blue and opacity.
+constexpr int rounding = 8; // Of 255, in each of red, green, blue and opacity.
 
 bool isAlike(QRgb one, QRgb other)
 {

@@ -4,11 +4,11 @@
 
 namespace tidlo {
 
-/// Where two pictures of one size differ by more than another machine's rounding.
+/// The differences of two pictures of one size that are larger than another machine's rounding.
 struct PictureDifference
 {
     int pixels = 0;
-    QImage map; ///< The second picture, pale, and in red what differs.
+    QImage map; ///< The second picture, pale, with the differences in red.
 };
 
 /// Pictures of different sizes differ everywhere.

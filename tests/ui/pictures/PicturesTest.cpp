@@ -12,9 +12,9 @@ namespace tidlo {
 namespace {
 
 constexpr QSize leastContent(1350, 720);
-constexpr int roundedPixels = 40; // Of a million: an edge that another machine rounds the other way.
+constexpr int roundedPixels = 40; // Of a million: edges that another machine rounds differently.
 
-/// What is drawn otherwise than it is kept lies here afterwards.
+/// The folder for pictures that differ from the stored ones.
 const QDir differences(QStringLiteral(TIDLO_PICTURE_DIFFERENCES));
 
 class Pictures : public testing::TestWithParam<const char *>
@@ -27,7 +27,7 @@ protected:
         return QStringLiteral(TIDLO_PICTURES "/%1-1350x720@1x/%2.png").arg(theme(), QLatin1StringView(shot.name));
     }
 
-    /// Keeps what differs.
+    /// Stores the pictures that differ.
     static void compareWithKept(const Shot &shot, const QImage &drawn)
     {
         const PictureDifference difference = differenceOf(QImage(keptFile(shot)), drawn);
@@ -50,7 +50,7 @@ TEST_P(Pictures, EveryStateThatIsKeptLooksSo)
     int compared = 0;
     for (const Shot &shot : shots()) {
         SCOPED_TRACE(shot.name);
-        const QImage drawn = studio.picture(shot); // Also where it is not kept: each state follows from the one before.
+        const QImage drawn = studio.picture(shot); // Draws unstored states too: each state follows from the one before.
         if (QFile::exists(keptFile(shot))) {
             compareWithKept(shot, drawn);
             ++compared;

@@ -59,7 +59,7 @@ void showLanding(OpenModel &app)
     app.setPhase(ScanPhase::ready);
 }
 
-/// Of what is shown, where a view made it again and again.
+/// A visible item, even if a view has made it again.
 QQuickItem *item(QQuickItem &from, const char *name)
 {
     if (from.objectName() == QLatin1StringView(name))

@@ -8,18 +8,18 @@ class QQuickWindow;
 
 namespace tidlo {
 
-/// A state of the window that is worth a picture.
+/// A state of the window that has a picture.
 struct Shot
 {
     const char *name;
 
-    /// Puts the application into this state, from that of the shot before.
+    /// Brings the application from the state of the previous shot into this one.
     void (*prepare)(OpenModel &app, QQuickWindow &window);
 };
 
-/// Shows what a scan found, explained.
+/// Shows the result of a scan, with an explanation.
 void showResults(OpenModel &app);
-/// Shows a scan under way: how much is done, from 0 to 1, and what is done now.
+/// Shows a running scan: the fraction done, from 0 to 1, and the current step.
 void showScan(OpenModel &app, double progress, const QString &label);
 
 /// Every screen in every state, in the order in which they are to be prepared.

@@ -28,13 +28,13 @@ Studio::Studio(const QString &theme, QSize size)
     : model(new OpenModel(studioEnvironment(theme, folder.path())))
     , application(std::unique_ptr<AppViewModel>(model))
 {
-    QGuiApplication::styleHints()->setCursorFlashTime(0); // It keeps another time.
+    QGuiApplication::styleHints()->setCursorFlashTime(0); // The cursor does not follow the stepped clock.
     bool isDiskRead = false;
     QObject::connect(model, &AppViewModel::totalsChanged, &time, [&isDiskRead] { isDiskRead = true; });
     if (!application.open())
         qFatal("There is no window to take pictures of.");
     application.window()->resize(size);
-    application.window()->requestActivate(); // No window manager does it.
+    application.window()->requestActivate(); // There is no window manager to do it.
     waitUntil([&isDiskRead] { return isDiskRead; });
     model->disconnect(&time);
 }

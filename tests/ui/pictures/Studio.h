@@ -11,25 +11,25 @@
 
 namespace tidlo {
 
-/// The application's window over the findings of DemoState.h, for pictures that are the same each time: what moves does
-/// so by steps of a time of its own. Main thread; one at a time, on a platform without screens.
+/// The application's window over the findings of DemoState.h, for pictures that are the same each time: animations
+/// follow a stepped clock. Main thread; one at a time, on a platform without screens.
 class Studio final
 {
 public:
     Studio(const QString &theme, QSize size);
 
-    /// How the window looks in that state once what moves has come to rest; what moves for ever, at a fixed moment.
+    /// A picture of the window in that state once nothing moves any more; endless animations are at a fixed moment.
     QImage picture(const Shot &shot);
 
-    /// Puts the application into a state.
+    /// Brings the application into a state.
     void show(const std::function<void(OpenModel &, QQuickWindow &)> &prepare);
-    /// How the window looks when what moves has gone on for that long.
+    /// A picture of the window after the animations have run for that long.
     QImage pictureAfter(std::chrono::milliseconds motion);
 
 private:
     SteppedTime time;
     QTemporaryDir folder;
-    OpenModel *model; ///< Of the application.
+    OpenModel *model; ///< The application's state owner.
     TidloApp application;
 };
 

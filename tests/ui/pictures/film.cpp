@@ -1,4 +1,4 @@
-/// film <folder> <theme>: draws a whole scan into the folder, as pictures of which each is to be shown for 100 ms.
+/// film <folder> <theme>: draws a whole scan into the folder, as pictures to be shown for 100 ms each.
 
 #include "scanner/ScanSteps.h"
 #include "ui/pictures/Studio.h"
@@ -16,7 +16,7 @@ constexpr std::chrono::milliseconds frame(100);
 constexpr QSize size(1350, 720);
 constexpr QSize shown(900, 480);
 
-/// Draws what is shown now, for so many frames.
+/// Draws what is shown now as this many frames.
 class Film final
 {
 public:

@@ -57,7 +57,7 @@ TEST_F(DisclosureTest, ShowsWhatWasSentAndCopiesItAsItIs)
 {
     const ExplainRequest sent = requestWith("{\"text\":\"a\\nb \u202e\"}");
     EXPECT_EQ(times(disclosure, &Disclosure::changed, [&] { app().setSent(sent); }), 1);
-    switchExplanations(false); // It was sent all the same.
+    switchExplanations(false); // This changes nothing about what was sent.
 
     EXPECT_EQ(disclosure.title(), QStringLiteral("What was sent"));
     EXPECT_EQ(sentence(), "To explain the last scan, explain.example:8443 was asked with this, and nothing else:");

@@ -8,7 +8,7 @@ namespace tidlo {
 
 namespace {
 
-const QString thumb = QStringLiteral("\U0001F44D\U0001F3FD"); // In a skin tone: two characters, four units.
+const QString thumb = QStringLiteral("\U0001F44D\U0001F3FD"); // With a skin tone: two characters, four UTF-16 units.
 const QString family = QStringLiteral("\U0001F469\u200D\U0001F469\u200D\U0001F466"); // Five characters.
 const QString accented = QStringLiteral("e\u0301\u0302");
 

@@ -21,7 +21,7 @@ protected:
 
     void show(const QList<CleanupCandidate> &candidates) { app().setCandidates(candidates); }
 
-    /// How often the model is made anew while \a act runs.
+    /// How often the model is reset while \a act runs.
     template <typename Act>
     int resetsWhile(Act act)
     {
@@ -219,7 +219,7 @@ TEST_F(FindingsTest, AFilterWithoutAChipIsNoneOfTheThree)
     EXPECT_EQ(findings.filter(), Findings::Filter::Other);
     EXPECT_EQ(findings.count(), 1);
 
-    findings.setFilter(Findings::Filter::Other); // No chip leads there.
+    findings.setFilter(Findings::Filter::Other); // No chip leads to it.
     EXPECT_EQ(app().selectedFilter(), CleanupRisk::rebuildable);
 }
 
@@ -345,7 +345,7 @@ TEST_F(FindingsTest, ShowNoExplanationAndAwaitNoneWhileExplanationsAreOff)
     switched(false)();
     EXPECT_FALSE(findings.isExplaining());
     switched(true)();
-    EXPECT_FALSE(findings.isExplaining()); // Nobody has been asked since.
+    EXPECT_FALSE(findings.isExplaining()); // No service has been asked since.
 }
 
 } // namespace tidlo

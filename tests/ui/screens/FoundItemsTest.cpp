@@ -16,7 +16,7 @@ using testing::ElementsAre;
 class FoundItemsTest : public UiTest
 {
 protected:
-    /// Shows a finding of these paths. Each is as large as the number it ends in, if it does.
+    /// Shows a finding with these paths. The size of each is the number at its end, if there is one.
     void inspect(const QList<FilePath> &paths)
     {
         CleanupCandidate finding = candidate(CleanupRisk::safe);
@@ -139,7 +139,8 @@ TEST_F(FoundItemsTest, GoingAwayEndsThePreparationOfASearch)
     inspect(QList<FilePath>(10'000, "/größer"));
     items.reset();
     QThreadPool::globalInstance()->waitForDone();
-    QCoreApplication::processEvents(); // What was prepared finds nobody, which the address sanitizer watches.
+    QCoreApplication::processEvents(); // The preparation finds no object to report to; the address sanitizer would
+                                       // notice a use of it.
 }
 
 TEST_F(FoundItemsTest, WhatIsPreparedForAnEarlierFindingIsNotTakenForALaterOne)
@@ -166,7 +167,8 @@ TEST_F(FoundItemsTest, TheLargestComeFirstWhereThatIsWanted)
 
     EXPECT_EQ(times(*items, &FoundItems::orderChanged, [this] { items->setLargestFirst(true); }), 1);
     EXPECT_THAT(shownPaths(), ElementsAre(QStringLiteral("/a/3"), QStringLiteral("/d/3"), QStringLiteral("/b/2"),
-                                          QStringLiteral("/c/1"))); // Equal ones as they were found.
+                                          QStringLiteral("/c/1"))); // Items of the same size stay in the order in which
+                                                                    // they were found.
     EXPECT_THAT(shownSizes(), ElementsAre(QStringLiteral("3 bytes"), QStringLiteral("3 bytes"),
                                           QStringLiteral("2 bytes"), QStringLiteral("1 byte")));
 
@@ -183,7 +185,8 @@ TEST_F(FoundItemsTest, OnlyPathsThatContainTheTextAreShown)
     EXPECT_EQ(times(*items, &FoundItems::filterChanged, [this] { items->setFilter(QStringLiteral("SITES")); }), 1);
     EXPECT_THAT(shownPaths(), ElementsAre(QStringLiteral("/home/Sites/1"), QStringLiteral("/home/sites/3")));
     EXPECT_THAT(shownSizes(), ElementsAre(QStringLiteral("1 byte"), QStringLiteral("3 bytes")));
-    EXPECT_EQ(items->summary(), QStringLiteral("3 items · 6 bytes")); // Of the finding, not of what is shown.
+    EXPECT_EQ(items->summary(), QStringLiteral("3 items · 6 bytes")); // Of the whole finding, whatever the search
+                                                                      // shows.
 
     items->setFilter(QStringLiteral("nowhere"));
     EXPECT_EQ(items->count(), 0);

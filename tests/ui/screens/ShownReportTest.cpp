@@ -104,7 +104,7 @@ TEST_F(ShownReportTest, AfterACleanupItIsTheReportAsItStands)
     showTwoFindings();
     setUsed(0.63);
 
-    // When there is a report of other figures
+    // When there is a report with other figures
     const CleanupReport done{.recoveredBytes = 5'000'000,
                              .removedItems = 1234,
                              .protectedItems = 9,

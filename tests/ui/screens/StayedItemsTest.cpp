@@ -14,7 +14,7 @@ namespace {
 class StayedItemsTest : public UiTest
 {
 protected:
-    /// Moves a finding of these paths, each of which is refused for \a reason.
+    /// Tries to move a finding with these paths, each of which is refused for \a reason.
     void cleanUp(const QList<FilePath> &paths, const QString &reason)
     {
         ON_CALL(*files, fileExists).WillByDefault(Return(true));

@@ -15,7 +15,7 @@ constexpr std::array allPhases{ScanPhase::ready, ScanPhase::scanning, ScanPhase:
 class NavigationTest : public UiTest
 {
 protected:
-    /// The phase after a press in \a before.
+    /// The phase after the button is pressed in the phase \a before.
     ScanPhase phaseAfter(Item item, ScanPhase before)
     {
         app().setPhase(before);

@@ -32,7 +32,7 @@ protected:
         return *opened;
     }
 
-    /// Opens the window and takes its chrome away, as a platform may.
+    /// Opens the window and removes its chrome, as a platform may do.
     void openPlain()
     {
         environment.defaults->set(UserDefaults::theme, QStringLiteral("dark"));
@@ -109,7 +109,7 @@ TEST_F(TidloAppTest, TheWindowIsNeverSmallerThanItsContentUnlessTheScreenIs)
     const QSize screen = window->screen()->availableSize();
     EXPECT_EQ(window->minimumWidth(), std::min(1350, screen.width()));
     EXPECT_EQ(window->minimumHeight(), std::min(720, screen.height()));
-    EXPECT_GE(window->maximumWidth(), 16'384); // It may grow freely.
+    EXPECT_GE(window->maximumWidth(), 16'384); // The window can grow without limit.
     EXPECT_GE(window->maximumHeight(), 16'384);
 }
 
@@ -119,7 +119,7 @@ TEST_F(TidloAppTest, InASmallerWindowEverythingIsDrawnSmallerAndFromThreeQuarter
     {
         QSize window;
         double scale;
-        QSizeF content; // As it is drawn.
+        QSizeF content; // As drawn.
     };
     environment.defaults->set(UserDefaults::setupCompleted, true);
     QQuickWindow *const window = tidlo().window();
@@ -203,7 +203,8 @@ TEST_F(TidloAppTest, ReducesMotionWhereTheDesktopWishesItAsLongAsItDoes)
     QObject::connect(&theme(), &TidloTheme::colorsChanged, [&] { seen.append(theme().darkness()); });
     environment.defaults->set(UserDefaults::theme, QStringLiteral("light"));
     waitUntil([this] { return theme().darkness() == 0; });
-    EXPECT_THAT(seen, testing::Each(testing::AllOf(testing::Ge(0), testing::Le(1)))); // No spring, which swings over.
+    EXPECT_THAT(seen, testing::Each(testing::AllOf(testing::Ge(0), testing::Le(1)))); // Not a spring, which would
+                                                                                      // overshoot.
 }
 
 TEST_F(TidloAppTest, RaisesTheContrastAndTheTextsAsTheDesktopWishesIt)

@@ -10,7 +10,7 @@ namespace tidlo {
 
 namespace {
 
-/// A window that has what the chrome takes away.
+/// A window with everything that the chrome removes.
 class WindowChromeConfiguratorTest : public testing::Test
 {
 protected:

@@ -11,7 +11,7 @@ namespace tidlo {
 
 namespace {
 
-/// What a press takes hold of in the open window, which shows more findings than it has room for.
+/// What a press acts on in the open window, which shows more findings than fit into it.
 class WindowEdgesTest : public UiTest
 {
 protected:
@@ -29,7 +29,7 @@ protected:
         waitUntil([list] { return list->property("contentHeight").toDouble() > list->height(); });
     }
 
-    /// The item that takes a press there.
+    /// The item that takes a press at that position.
     QQuickItem *heldAt(QPoint place)
     {
         QTest::mousePress(tidlo->window(), Qt::LeftButton, {}, place);

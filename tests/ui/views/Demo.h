@@ -10,8 +10,8 @@
 
 namespace tidlo {
 
-/// What tests of views drive: a state owner over a fake home and a fake desktop, preferences in a file of their own,
-/// and ways to put either into any state. QML reads it as "demo".
+/// What the tests of views control: a state owner over a fake home folder and a fake desktop, preferences in a file of
+/// their own, and functions that bring both into any state. QML reads it as "demo".
 class Demo : public QObject
 {
     Q_OBJECT
@@ -31,28 +31,32 @@ public:
     ShownState *shown() { return &shownState; }
     QString section() const;
     QString phase() const;
-    QString storedTheme() const;                      ///< Empty while none is stored.
-    QVariant storedExplanations() const;              ///< Undefined while nothing is stored.
-    int uninstalls() const { return uninstallCount; } ///< How often the script that uninstalls was started.
-    int putBack() const { return putBackCount; }      ///< How many items were put back from the Trash, or should be.
-    int launches() const { return launchCount; }      ///< How often a copy in the Applications folder was started.
+    QString storedTheme() const;                      ///< Empty if none is stored.
+    QVariant storedExplanations() const;              ///< Undefined if nothing is stored.
+    int uninstalls() const { return uninstallCount; } ///< How often the uninstall script was started.
+    int putBack() const
+    {
+        return putBackCount;
+    }                                            ///< How many items were put back from the Trash, or should have
+                                                 ///< been.
+    int launches() const { return launchCount; } ///< How often a copy in the Applications folder was started.
 
-    /// The paths that the file browser was asked to show, in that order.
+    /// The paths that the file browser was asked to show, in order.
     QStringList shownInFiles() const { return shownPaths; }
 
-    /// A folder in the home, which is made if need be.
+    /// A folder in the home folder, made if it is missing.
     Q_INVOKABLE QUrl folderNamed(const QString &name) const;
 
-    /// Makes what is kept under \a key something that cannot be understood.
+    /// Makes the preference \a key unreadable.
     Q_INVOKABLE void damagePreference(const QString &key);
 
-    /// As when the application starts.
+    /// The state when the application starts.
     Q_INVOKABLE void reset();
 
-    /// As after a scan that found demoFindings().
+    /// The state after a scan that found demoFindings().
     Q_INVOKABLE void showResults();
 
-    /// As after another scan that found the same: each scan gives its findings identifiers of their own.
+    /// The state after another scan with the same findings: each scan gives its findings new identifiers.
     Q_INVOKABLE void showResultsOfAnotherScan();
 
     Q_INVOKABLE void scanAt(double progress, const QString &label);
@@ -63,34 +67,34 @@ public:
     Q_INVOKABLE void setExplaining(bool explaining);
     Q_INVOKABLE void setSent(const QString &host, const QString &body);
 
-    /// Makes the candidate at \a index another: any of title, detail, aiExplanation, bytes, selected, risk.
+    /// Changes the candidate at \a index: any of title, detail, aiExplanation, bytes, selected, risk.
     Q_INVOKABLE void changeCandidate(int index, const QVariantMap &values);
     Q_INVOKABLE void removeCandidates();
     Q_INVOKABLE int selectedCount() const;
     Q_INVOKABLE void setReport(double bytes, int removed, int kept, double diskUsed);
 
-    /// As after a cleanup that moved nothing: the first finding stayed, which is one of \a count items.
+    /// The state after a cleanup that moved nothing: the first finding stayed, one of \a count items.
     Q_INVOKABLE void cleanUpInVain(int count);
-    /// As after a cleanup that says it moved them all; nothing is moved.
+    /// The state after a cleanup that reports all items as moved; nothing is moved.
     Q_INVOKABLE void cleanUp(int count = 1);
-    /// From now on nothing gets into the Trash, or out of it.
+    /// From now on the Trash takes nothing in, and gives nothing back.
     Q_INVOKABLE void stickTrash() { isTrashStuck = true; }
     Q_INVOKABLE void showMovePrompt(bool shown);
     Q_INVOKABLE void showMoveError(const QString &message);
 
-    /// The texts that are seen in \a item and beneath, in the order they are declared.
+    /// The visible texts in \a item and beneath, in the order in which they are declared.
     Q_INVOKABLE QStringList texts(QQuickItem *item) const;
 
-    /// The item in \a item or beneath whose text is \a text; null if none is seen.
+    /// The item in \a item or beneath whose text is \a text; null if none is visible.
     Q_INVOKABLE QQuickItem *withText(QQuickItem *item, const QString &text) const;
 
-    /// What is seen in \a item and beneath and has the object name \a name, in the order they are declared.
+    /// The visible items in \a item and beneath with the object name \a name, in the order in which they are declared.
     Q_INVOKABLE QVariantList named(QQuickItem *item, const QString &name) const;
 
     /// Whether assistive technology is told that \a item can have the keyboard.
     Q_INVOKABLE bool isFocusable(QQuickItem *item) const;
 
-    /// The names of the symbols that are seen in \a item and beneath, in the order they are declared.
+    /// The names of the visible symbols in \a item and beneath, in the order in which they are declared.
     Q_INVOKABLE QStringList symbols(QQuickItem *item) const;
 
 private:

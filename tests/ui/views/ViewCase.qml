@@ -2,7 +2,7 @@ import QtQuick
 import QtTest
 import Tidlo.Design
 
-/// Shows one view at a time, at the size of the window's least content, in the dark scheme at first.
+/// Shows one view at a time, at the smallest size of the window's content, at first in the dark scheme.
 TestCase {
     id: root
 
@@ -10,7 +10,7 @@ TestCase {
     property Item shown
 
     function init() {
-        failOnWarning(/^(?!QUnifiedTimer)./); // Qt may warn of its own where an animation begins and ends in one step.
+        failOnWarning(/^(?!QUnifiedTimer)./); // Qt itself may warn if an animation begins and ends in one step.
         demo.reset();
         wear("dark");
         showAnew();
@@ -45,7 +45,7 @@ TestCase {
         return found;
     }
 
-    /// What is seen in an item and beneath and fits, in the order it is declared.
+    /// The visible items in \a within and beneath for which fits is true, in the order in which they are declared.
     function seen(within, fits) {
         if (!within.visible)
             return [];
@@ -67,18 +67,18 @@ TestCase {
         return seen(within, item => item.straightEdges !== undefined);
     }
 
-    /// Where an item stands in what is shown.
+    /// The position of an item in what is shown.
     function place(item) {
         return item.mapToItem(shown, 0, 0, item.width, item.height);
     }
 
-    /// The room between two items that stand side by side, or one above the other.
+    /// The space between two items that are side by side, or one above the other.
     function gap(first, second) {
         const before = place(first), after = place(second);
         return after.left >= before.right ? after.left - before.right : after.top - before.bottom;
     }
 
-    /// The room between the lines of a text, beyond what its font has.
+    /// The extra space between the lines of a text, beyond what its font has.
     function lineSpacing(item) {
         metrics.font = item.font;
         compare(item.lineHeightMode, Text.FixedHeight);
@@ -92,8 +92,8 @@ TestCase {
         fuzzyCompare(actual.a, opacity === undefined ? 1 : opacity, 0.003);
     }
 
-    /// Each row is an item, the name of its color, the name of the theme's or any other that it should have, and the
-    /// opacity given to that, or two for the dark and the light scheme.
+    /// Each row is an item, the name of its color property, the name of the theme's color or any other color that it
+    /// should have, and the opacity to apply to that, or two opacities for the dark and the light scheme.
     function compareColors(rows) {
         for (const theme of ["dark", "light"]) {
             wear(theme);
@@ -106,7 +106,7 @@ TestCase {
         }
     }
 
-    /// Each row is an item, the name of a number, and its values in the dark and the light scheme.
+    /// Each row is an item, the name of a number property, and its values in the dark and the light scheme.
     function compareNumbers(rows) {
         for (const theme of ["dark", "light"]) {
             wear(theme);
@@ -146,7 +146,8 @@ TestCase {
         compareColors([[label, "color", color], [pill, "color", color, 0.13]]);
     }
 
-    /// How far two figures are apart in any frame that is drawn while something happens, of which there are some.
+    /// The largest difference of two figures in any frame that is drawn while something happens; requires leastFrames
+    /// frames.
     function furthestApart(first, second, happens, leastFrames = 1) {
         const window = shown.Window.window, apart = [];
         const note = () => apart.push(Math.abs(first() - second()));
@@ -157,7 +158,7 @@ TestCase {
         return Math.max(0, ...apart);
     }
 
-    /// A ring that has just appeared grows to value after a short wait, as an animation that begins now.
+    /// Checks that a ring that has just appeared grows to value after a short wait, with an animation that begins now.
     function compareGrowth(ring, value) {
         fuzzyCompare(ring.shown, 0.02, 1e-9);
         growing.restart();
@@ -179,8 +180,8 @@ TestCase {
         return item.objectName || item.text || item.name || String(item);
     }
 
-    /// In the whole window: the engine must not end while screens are being made, and it miscounts those that are hurried
-    /// by being shown.
+    /// In the whole window: the engine must not be destroyed while screens are being loaded, and it miscounts screens
+    /// that are finished early because they are shown.
     function awaitScreens() {
         tryVerify(() => Array.from(item("content").children).every(child => child.status !== Loader.Loading));
     }

@@ -2,7 +2,7 @@ import QtQuick
 import Tidlo.Design
 import Tidlo.Shell
 
-/// Where the desktop wishes more contrast, whatever is read stands out from what it is drawn on.
+/// Where the desktop wishes more contrast, texts and symbols stand out from their background.
 ViewCase {
     name: "Contrast"
     view: Component {
@@ -49,14 +49,14 @@ ViewCase {
         return true;
     }
 
-    /// What is read in an item and beneath: texts and symbols that are no part of a disabled control.
+    /// The texts and symbols in an item and beneath that are not part of a disabled control.
     function read(within) {
         const isText = item => item.textFormat !== undefined && item.text !== "";
         const isSymbol = item => item.weight !== undefined && item.size !== undefined;
         return seen(within, item => isText(item) || isSymbol(item)).filter(item => isEnabled(item) && isInSight(item));
     }
 
-    /// Just before the item: within whatever it is drawn on.
+    /// The colour of the pixel just left of the item, on its background.
     function groundOf(item, picture) {
         const text = item.textFormat !== undefined;
         const room = text && item.horizontalAlignment === Text.AlignHCenter ? (item.width - item.contentWidth) / 2 : 0;

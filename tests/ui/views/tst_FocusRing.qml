@@ -2,7 +2,7 @@ import QtQuick
 import Tidlo.Design
 import Tidlo.Shell
 
-/// What the keyboard reaches has a line around it, wherever it stands.
+/// The control with the keyboard focus has a ring around it, on every screen.
 ViewCase {
     name: "FocusRing"
     view: Component {
@@ -15,7 +15,7 @@ ViewCase {
     readonly property double distance: 3
     readonly property double lineWidth: 2
 
-    /// Calls \a check for controls of every kind, on whatever screen they stand, with the radius of their corners.
+    /// Calls \a check for controls of every kind, on all screens, with the radius of their corners.
     function forEveryControl(check) {
         demo.showResults();
         const corners = {
@@ -33,7 +33,7 @@ ViewCase {
         }
     }
 
-    /// But for what is rounded where a control does not end between two pixels.
+    /// Allows for rounding where a control ends between two pixels.
     function isNear(color, other) {
         return ["r", "g", "b"].every(part => Math.abs(color[part] - other[part]) < 0.1);
     }
@@ -85,7 +85,7 @@ ViewCase {
         forEveryControl((control) => {
             mousePress(control);
             compare(rings(control), [], nameOf(control));
-            mouseMove(control, -100, -100); // So that nothing comes of it.
+            mouseMove(control, -100, -100); // So that the press has no effect.
             mouseRelease(control, -100, -100);
         });
     }

@@ -1,7 +1,7 @@
 import QtQuick
 import Tidlo.Shell
 
-/// Whatever can be pressed answers the pointer and the press, everywhere in the same way.
+/// Everything that can be pressed responds to the pointer and to a press, in the same way everywhere.
 ViewCase {
     name: "PlainStyle"
     view: Component {
@@ -35,12 +35,12 @@ ViewCase {
         return control;
     }
 
-    /// Nothing is pointed at.
+    /// Moves the pointer off all controls.
     function pointElsewhere() {
         mouseMove(shown, 600, 20);
     }
 
-    /// What is drawn where the control stands.
+    /// A picture of the control.
     function picture(control) {
         laidOut();
         const whole = grabImage(shown), box = place(control), colors = [];
@@ -51,7 +51,7 @@ ViewCase {
         return colors;
     }
 
-    /// How many of the pixels differ.
+    /// How many pixels differ.
     function difference(one, other) {
         return one.filter((color, i) => !isAlike(color, other[i])).length;
     }
@@ -69,7 +69,7 @@ ViewCase {
         const hovered = picture(control);
         mousePress(control);
         const pressed = picture(control);
-        mouseMove(control, -30, -30); // So that nothing comes of it.
+        mouseMove(control, -30, -30); // So that the press has no effect.
         mouseRelease(control, -30, -30);
         pointElsewhere();
 

@@ -2,7 +2,7 @@ import QtQuick
 import Tidlo.Design
 import Tidlo.Shell
 
-/// Where the desktop wishes little motion, nothing moves for ever, nothing swings, and what fades does so shortly.
+/// Where the desktop wishes little motion, there are no endless animations, nothing overshoots, and fades are short.
 ViewCase {
     name: "ReducedMotion"
     view: Component {
@@ -78,7 +78,7 @@ ViewCase {
             fuzzyCompare(ring.shown, Math.min(Math.max(ring.value, ring.shortest), 1), 1e-9);
     }
 
-    /// How long each part takes; the parts are there once they were needed.
+    /// The duration of each part; the parts exist once they were used.
     function durations(transition) {
         const parts = [];
         for (let i = 0; i < transition.animations.length; ++i)

@@ -67,7 +67,7 @@ ViewCase {
         compare(rows().length, data.left);
         for (const chip of ["chipAll", "chipSafe", "chipReview"])
             compare(item(chip).selected, chip === data.tag);
-        text("48.57 GB selected"); // The hidden ones count as well.
+        text("48.57 GB selected"); // Hidden findings count as well.
     }
 
     function test_a_chip_shows_whether_it_is_chosen_data() {
@@ -264,7 +264,7 @@ ViewCase {
         pulsing.restart();
         const card = item("loadingCard"), mark = symbol("sparkles", card), turn = findChild(card, "turn");
         compare([turn.from, turn.to, turn.duration, turn.easing.type], [0, 360, 1200, Easing.Linear]);
-        verify(turn.running && turn.loops < 0); // Below zero is for ever.
+        verify(turn.running && turn.loops < 0); // Below zero means endless.
         const apart = furthestApart(() => mark.scale, () => pulse.value, () => tryVerify(() => pulse.turns >= 3));
         verify(apart < 1e-6, "it is " + apart + " off");
     }
@@ -616,7 +616,7 @@ ViewCase {
         return "/home/you/Downloads/installer-" + number + ".dmg";
     }
 
-    /// What lies on the clipboard after something that should put it there.
+    /// The content of the clipboard after act().
     function copiedBy(act) {
         clipboard.text = "something else";
         clipboard.selectAll();
@@ -776,7 +776,7 @@ ViewCase {
         compare(findChild(content, "itemsSummary").text, "22 of 23 items ticked · 3.97 GB of 4.02 GB");
         verify(!line.Accessible.checked);
         compare(item("row4").sizeText, "3.97 GB");
-        laidOut(); // The row has got its buttons.
+        laidOut(); // The row now has its buttons.
         data.press(list, line);
         verify(line.Accessible.checked);
         text("23 items · 4.02 GB", content);
@@ -794,7 +794,7 @@ ViewCase {
         text("23 items · 4.02 GB", content);
     }
 
-    /// The names of the items that are seen, from top to bottom.
+    /// The names of the visible items, from top to bottom.
     function itemsFrom(list) {
         return seen(list.contentItem, line => line.pathText !== undefined)
             .sort((a, b) => a.y - b.y).map(line => line.Accessible.name);

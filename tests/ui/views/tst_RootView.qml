@@ -26,7 +26,7 @@ ViewCase {
 
     function wear(theme) {
         demo.shown.preferences.theme = theme;
-        TidloTheme.preference = theme; // No view may be there yet.
+        TidloTheme.preference = theme; // Set before any view is made.
         tryCompare(TidloTheme, "darkness", theme === "dark" ? 1 : 0);
     }
 
@@ -102,7 +102,7 @@ ViewCase {
         demo.shown.preferences.themeChanged.connect(note);
         mouseClick(item("bell"));
         const changesOfBell = changes;
-        demo.setSection(demo.section); // Even such an assignment counts.
+        demo.setSection(demo.section); // Even assigning the same value counts.
         demo.shown.app.objectWillChange.disconnect(note);
         demo.shown.preferences.themeChanged.disconnect(note);
         compare([presses, changesOfBell, changes], [1, 0, 1]);
@@ -252,7 +252,7 @@ ViewCase {
         compare(demo.texts(alert.contentItem), ["Move Tidlo to Applications?",
             "Tidlo is running outside your Applications folder. Move it there so it appears in Launchpad and works like a normal Mac app.",
             "Not now", "Move to Applications"]);
-        for (let i = 0; i < 5; ++i) { // The keyboard stays inside.
+        for (let i = 0; i < 5; ++i) { // The focus stays inside.
             keyClick(Qt.Key_Tab);
             verify(!item("rail1").activeFocus);
             verify(findChild(alert.contentItem, "cancelButton").activeFocus

@@ -134,7 +134,7 @@ ViewCase {
         compareBreath(() => tryVerify(() => breath.turns >= 2));
     }
 
-    /// While something happens, the ring breathes as an animation that began when it did.
+    /// Checks that, while something happens, the ring's animation goes on as if it began when that did.
     function compareBreath(happens) {
         const button = item("scanButton");
         const apart = furthestApart(() => button.breath, () => breath.value, happens);

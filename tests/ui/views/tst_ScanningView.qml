@@ -119,7 +119,7 @@ ViewCase {
         fuzzyCompare(spinner.to, 0.16, 1e-9);
         compare(spinner.opacity, 0.7);
         compare([turn.from, turn.to, turn.duration, turn.easing.type], [0, 360, 1200, Easing.Linear]);
-        verify(turn.running && turn.loops < 0); // Below zero is for ever.
+        verify(turn.running && turn.loops < 0); // Below zero means endless.
         const before = grabImage(shown);
         tryVerify(() => !grabImage(shown).equals(before));
     }

@@ -2,11 +2,11 @@ import QtQuick
 import Tidlo.Design
 import Tidlo.Shell
 
-/// Larger texts fit where they stand.
+/// Larger texts fit into their places.
 ViewCase {
     id: root
 
-    /// How much larger than the least the content is.
+    /// How much larger than its smallest size the content is.
     property double room: 1
 
     width: 1350 * room
@@ -26,7 +26,7 @@ ViewCase {
         Motion.isReduced = false;
     }
 
-    /// What is seen of the words of a text.
+    /// The visible part of a text's words.
     function wordsOf(item) {
         const left = item.horizontalAlignment === Text.AlignHCenter ? (item.width - item.contentWidth) / 2
                    : item.horizontalAlignment === Text.AlignRight ? item.width - item.contentWidth : 0;
@@ -46,7 +46,7 @@ ViewCase {
         return true;
     }
 
-    /// Whether its words go beyond what it stands in, such as a button.
+    /// Whether its words extend beyond their container, such as a button.
     function bursts(item) {
         const words = wordsOf(item);
         for (let above = item.parent; above; above = above.parent) {
@@ -60,10 +60,10 @@ ViewCase {
     function overlap(one, other) {
         const across = Math.min(one.right, other.right) - Math.max(one.left, other.left);
         const along = Math.min(one.bottom, other.bottom) - Math.max(one.top, other.top);
-        return across > 1 && along > 3; // Lines have room above and below.
+        return across > 1 && along > 3; // The lines have space above and below.
     }
 
-    /// Each gives what is read then.
+    /// Each function prepares a state and returns the item whose texts are checked.
     readonly property var states: ({
         landing: () => shown,
         scanning: () => (demo.scanAt(0.72, "Checking old downloads & large untouched files"), shown),
@@ -105,7 +105,7 @@ ViewCase {
         const before = texts(read).filter(isCut).map(nameOf), wrong = [];
         for (const scale of [1.25, 1.5]) {
             TidloType.scale = scale;
-            room = scale / 1.25; // As the window gives it.
+            room = scale / 1.25; // As the window sets it.
             laidOut();
             const inSight = texts(read).filter(item => item.text !== "" && isInSight(item));
             verify(inSight.length > 0);

@@ -9,8 +9,8 @@
 
 namespace tidlo {
 
-/// Gives every file of tests an engine with the application's modules and a "demo" of its own. What moves does so in
-/// the steps of a slow frame rate, but ten times as fast as for people.
+/// Gives each test file an engine with the application's modules and its own "demo". Animations run at a slow frame
+/// rate, but ten times as fast as for people.
 class Setup : public QObject
 {
     Q_OBJECT

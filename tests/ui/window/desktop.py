@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Runs a command in a desktop of its own: a screen, a session bus, a window manager and a home folder, all private and
-gone afterwards. It ends as the command ends.
+"""Runs a command in a private desktop: a screen, a session bus, a window manager and a home folder, all removed
+afterwards. It ends with the status of the command.
 
     desktop.py x11|wayland WIDTHxHEIGHT COMMAND...
 """
@@ -43,7 +43,7 @@ STARTED_WHEN_ASKED = ["org.a11y.Bus", "org.gtk.vfs.Daemon", "org.gtk.vfs.Metadat
 
 @contextmanager
 def running(command, **options):
-    """A process for as long as it is needed."""
+    """A process that runs as long as the "with" block."""
     process = subprocess.Popen(command, **options)
     try:
         yield process
@@ -53,15 +53,15 @@ def running(command, **options):
 
 
 def told_by(descriptor):
-    """The words of the line that is written to the other end, which is there once a server has started."""
+    """The words of the line that a server writes to the other end once it has started."""
     with os.fdopen(descriptor) as answer:
         return answer.readline().split()
 
 
 @contextmanager
 def x11(size, environment, folder):
-    """What names an X server with one screen, where a window manager runs. The server chooses the name, so that many
-    can be started at once."""
+    """The variables that name an X server with one screen and a window manager. The server chooses the name, so that
+    many can be started at once."""
     from x11 import Screen
 
     told, tells = os.pipe()
@@ -71,7 +71,7 @@ def x11(size, environment, folder):
         [number] = told_by(told)
         display = {"DISPLAY": f":{number}"}
         with running(["openbox", "--sm-disable"], env=environment | display, cwd=folder, **QUIET):
-            # Windows that open before there is one are neither placed nor held to their least size.
+            # Without a window manager, windows are not placed, and their minimum size does not count.
             with closing(Screen(display["DISPLAY"])) as screen:
                 eventually("the window manager has started",
                            lambda: screen.property(screen.root, "_NET_SUPPORTING_WM_CHECK"))
@@ -80,7 +80,7 @@ def x11(size, environment, folder):
 
 @contextmanager
 def wayland(size, environment, folder):
-    """What names a compositor with one screen, where all windows float."""
+    """The variables that name a compositor with one screen, where all windows float."""
     told, tells = os.pipe()
     configuration = Path(folder, "sway")
     configuration.write_text(SWAY.format(size=size, tells=tells), encoding="utf-8")
@@ -96,13 +96,13 @@ def wayland(size, environment, folder):
             "SWAYSOCK": control,
             "QT_QPA_PLATFORM": "wayland",
             "GDK_BACKEND": "wayland",
-            "NO_AT_BRIDGE": "1",  # Else GTK in a test keeps its looks at the accessibility tree from being woken.
+            "NO_AT_BRIDGE": "1",  # Otherwise GTK in a test blocks changes of the accessibility tree.
         }
 
 
 def bus(folder):
-    """Writes how the session's bus is set up, and gives the file. Nothing starts there but what tests need: the portals of
-    whoever works on this machine would, and tell of settings and devices that are theirs."""
+    """Writes the configuration of the session bus, and returns the file. Only services that tests need can start: the
+    installed portals would report the settings and devices of the person who works on this machine."""
     services = Path(folder, "services")
     services.mkdir()
     for name in STARTED_WHEN_ASKED:
@@ -113,7 +113,7 @@ def bus(folder):
 
 
 def environment_of(home):
-    """What a program of this desktop finds in its environment."""
+    """The environment of the programs of this desktop."""
     unwanted = ("XDG_", "DBUS_", "AT_SPI_", "QT_", "WAYLAND_", "SWAY", "GDK_", "DISPLAY", "XAUTHORITY", "SESSION_MANAGER", "SSL_CERT_")
     inherited = {name: value for name, value in os.environ.items() if not name.startswith(unwanted)}
     runtime, temporary = home.parent / "runtime", home.parent / "temporary"
@@ -122,7 +122,7 @@ def environment_of(home):
     return inherited | {
         "HOME": str(home),
         "XDG_RUNTIME_DIR": str(runtime),
-        "XDG_CACHE_HOME": str(home.parent / "cache"),  # Else the desktop itself leaves something to clean.
+        "XDG_CACHE_HOME": str(home.parent / "cache"),  # Otherwise the desktop's own caches could be found by a scan.
         "TMPDIR": str(temporary),
         "LC_ALL": "C.UTF-8",
         "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1",

@@ -1,4 +1,4 @@
-"""Waiting: what the desktop tells is a reason to look again, and nothing else is."""
+"""Waiting: only an event of the desktop is a reason to look again."""
 
 import os
 from contextlib import contextmanager
@@ -12,18 +12,18 @@ PATIENCE = 60  # Seconds, for a machine under heavy load.
 BETWEEN_LOOKS = 50  # Milliseconds.
 
 _loop = GLib.MainContext.default()
-_is_told = False  # To look into the accessibility tree stirs the loop as well, and is no news.
+_is_told = False  # Looking into the accessibility tree also runs the loop, but is not an event.
 
 
 def tell(*_):
-    """Wakes whoever waits."""
+    """Wakes the waiting function."""
     global _is_told
     _is_told = True
     return GLib.SOURCE_CONTINUE
 
 
 def listen():
-    """Has programs tell the accessibility bus what changes, as long as somebody keeps what this gives."""
+    """Makes programs report changes to the accessibility bus, as long as the returned object is kept."""
     listener = Atspi.EventListener.new(tell)
     for kind in ("object", "window"):
         listener.register(kind)
@@ -31,7 +31,7 @@ def listen():
 
 
 def listen_for_end_of(process):
-    """Its end is told as well."""
+    """Makes the end of the process an event as well."""
     descriptor = os.pidfd_open(process.pid)
 
     def ended(*_):
@@ -52,7 +52,7 @@ def _told_every(milliseconds, tells=tell):
 
 
 def eventually(what, condition):
-    """What the condition gives as soon as that is something; fails if it takes too long."""
+    """Waits until the condition returns something true and returns that; fails if it takes too long."""
     global _is_told
     is_late = False
 
@@ -70,11 +70,11 @@ def eventually(what, condition):
                 raise AssertionError(f"It did not come about that {what}.")
             while not _is_told:
                 _loop.iteration(True)
-            while _loop.iteration(False) and not is_late:  # One look for all that is told at once.
+            while _loop.iteration(False) and not is_late:  # One look for all events that come at once.
                 pass
 
 
 def eventually_seen(what, condition):
-    """As eventually, for what nobody tells, such as where things are while they scroll: looks again and again."""
+    """As eventually, for changes without events, such as positions during scrolling: looks again and again."""
     with _told_every(BETWEEN_LOOKS):
         return eventually(what, condition)

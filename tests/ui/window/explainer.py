@@ -1,4 +1,4 @@
-"""An AI proxy that says what it is told, over TLS, with a certificate made for it alone."""
+"""An AI proxy that gives prepared replies, over TLS, with a certificate of its own."""
 
 import json
 import ssl
@@ -9,7 +9,7 @@ from pathlib import Path
 
 
 def answer(text):
-    """A reply that explains."""
+    """A reply with an explanation."""
     return 200, {"candidates": [{"content": {"parts": [{"text": text}]}}]}
 
 

@@ -1,4 +1,4 @@
-"""The home folder of the desktop, with something of four kinds to clean and something that nobody may touch."""
+"""The home folder of the desktop, with items of four kinds to clean, and files that must not be touched."""
 
 import os
 import subprocess
@@ -43,7 +43,7 @@ def fill():
 
 
 def forget_setup():
-    """As on a first run."""
+    """Makes the next run a first run."""
     PREFERENCES.unlink()
 
 
@@ -55,7 +55,7 @@ def fill_with_many():
 
 
 def inventory():
-    """Every file that is the user's own, by its path: which one it is, and when it was changed."""
+    """All files of the user by path: their inode and modification time."""
     files = (path for path in HOME.rglob("*") if not path.relative_to(HOME).parts[0].startswith("."))
     return {
         str(path.relative_to(HOME)): (path.lstat().st_ino, path.lstat().st_mtime_ns)
@@ -78,14 +78,14 @@ def programs_running(program):
         try:
             is_program = os.readlink(process / "exe") == os.path.realpath(program)
             return is_program and here in (process / "environ").read_bytes().split(b"\0")
-        except OSError:  # It is gone.
+        except OSError:  # It has ended.
             return False
 
     return [path.name for path in Path("/proc").iterdir() if path.name.isdigit() and is_ours(path)]
 
 
 def restore_all():
-    """Takes everything out of the Trash, with the desktop's own tool."""
+    """Restores everything from the Trash with the desktop's own tool."""
     listing = subprocess.run(["gio", "trash", "--list"], check=True, capture_output=True, text=True).stdout
     addresses = [line.split("\t")[0] for line in listing.splitlines()]
     subprocess.run(["gio", "trash", "--restore", *addresses], check=True)

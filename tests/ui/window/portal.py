@@ -1,4 +1,4 @@
-"""Stands in for the desktop's portal for settings."""
+"""A replacement of the desktop's settings portal."""
 
 from events import GLib, eventually, tell
 from gi.repository import Gio
@@ -18,10 +18,10 @@ DESCRIPTION = f"""<node><interface name="{INTERFACE}">
 
 
 class Portal:
-    """On the session's bus until it is closed."""
+    """It is on the session bus until it is closed."""
 
     def __init__(self, **values):
-        """Each value by the name of its setting in org.freedesktop.appearance, with _ for -."""
+        """Takes values of org.freedesktop.appearance by the names of the settings, with _ for -."""
         self.values = {("org.freedesktop.appearance", name.replace("_", "-")): GLib.Variant("u", value)
                        for name, value in values.items()}
         self.bus = Gio.bus_get_sync(Gio.BusType.SESSION)
@@ -46,7 +46,7 @@ class Portal:
 
     def _answer(self, _bus, _sender, _path, _interface, _method, arguments, invocation):
         if value := self.values.get(arguments.unpack()):
-            boxed = GLib.Variant("v", value)  # As the portal does.
+            boxed = GLib.Variant("v", value)  # The real portal does the same.
             invocation.return_value(GLib.Variant("(v)", [boxed]))
         else:
             invocation.return_dbus_error("org.freedesktop.portal.Error.NotFound", "Requested setting not found")

@@ -1,5 +1,5 @@
-"""The screen of this environment, and how files are dragged over it: a compositor's for Wayland where one runs, else the
-X server's."""
+"""The screen of this environment, and dragging files over it: the Wayland compositor's if one runs, otherwise the X
+server's."""
 
 import os
 

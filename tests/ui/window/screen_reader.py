@@ -1,5 +1,5 @@
-"""Orca, the screen reader, with nothing changed but what sounds: it writes what it says to standard output, an utterance
-a line. Whenever a line comes to its standard input it writes an empty one as soon as it has nothing left to do."""
+"""Orca, the screen reader, unchanged except that it writes what it says to standard output, one utterance per line.
+For each line on its standard input it writes an empty line once it has nothing left to do."""
 
 import sys
 
@@ -11,7 +11,7 @@ SETTINGS = {"speechServerFactory": "screen_reader", "enableBraille": False, "ena
 
 
 class SpeechServer(Silence):
-    """What Orca speaks with: it finds this by the name of the module."""
+    """The speech server of Orca, which finds this module by its name."""
 
     @staticmethod
     def getSpeechServer(_info=None):
@@ -30,12 +30,12 @@ def _answer():
 def _be_asked(*_):
     if not sys.stdin.readline():
         return GLib.SOURCE_REMOVE
-    GLib.idle_add(_answer, priority=GLib.PRIORITY_LOW)  # After what Orca does when it is idle.
+    GLib.idle_add(_answer, priority=GLib.PRIORITY_LOW)  # After Orca's own idle work.
     return GLib.SOURCE_CONTINUE
 
 
 def main(folder):
-    """Keeps its settings there."""
+    """Runs Orca with its settings in this folder."""
     GLib.io_add_watch(sys.stdin.fileno(), GLib.PRIORITY_DEFAULT, GLib.IOCondition.IN, _be_asked)
     orca.getSettingsManager().activate(folder, SETTINGS)
     return orca.main()

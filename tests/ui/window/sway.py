@@ -1,4 +1,4 @@
-"""The compositor for Wayland: where a window is, what is known of it, and what the program asks for it."""
+"""The Wayland compositor: the position and properties of a window, and what the program requests for it."""
 
 import json
 import os
@@ -11,15 +11,15 @@ from virtual_input import VirtualInput
 
 RUN_COMMAND, GET_OUTPUTS, GET_TREE = 0, 3, 4
 MAGIC = b"i3-ipc"
-SCROLLS = {4: (0, -1), 5: (0, 1), 6: (1, -1), 7: (1, 1)}  # Axis and way, by the numbers of X11.
+SCROLLS = {4: (0, -1), 5: (0, 1), 6: (1, -1), 7: (1, 1)}  # Axis and direction, by X11's button numbers.
 PROTOCOL = re.compile(r"^\[ *\d+\.\d{3}\] .*\n", re.MULTILINE)
 
 
 class Screen:
-    """The only one of this environment."""
+    """The only screen of this environment."""
 
-    ENVIRONMENT = {"WAYLAND_DEBUG": "client"}  # Has a program write down what it asks for, and what it is told.
-    ZOOMS = False  # Sway makes no window larger because its program asks for that.
+    ENVIRONMENT = {"WAYLAND_DEBUG": "client"}  # Makes a program log its requests and the events that it gets.
+    ZOOMS = False  # Sway does not enlarge a window when its program asks for that.
 
     def __init__(self):
         self.socket = socket.socket(socket.AF_UNIX, socket.SOCK_STREAM)
@@ -56,7 +56,7 @@ class Screen:
 
     @staticmethod
     def without_protocol(text):
-        """What a program has written of its own."""
+        """The program's own messages."""
         return PROTOCOL.sub("", text)
 
     def window_of(self, process):
@@ -64,7 +64,7 @@ class Screen:
         return next((node["id"] for node in self._windows() if node["pid"] == process), None)
 
     def follow(self, window, written):
-        """From now on it is known what the program of a window asks for, from the file that it writes to."""
+        """From now on follows the requests of a window's program in the file that it writes to."""
         self.window = window
         self.written, self.read = written.fileno(), 0
         self.is_held = self.is_button_down = False
@@ -72,7 +72,7 @@ class Screen:
         self.answers = 0
 
     def _heed(self):
-        """Goes through what the program has written since."""
+        """Reads what the program has written since the last call."""
         text = os.pread(self.written, os.fstat(self.written).st_size - self.read, self.read)
         text = text[:text.rfind(b"\n") + 1]
         self.read += len(text)
@@ -83,35 +83,35 @@ class Screen:
                 self.is_held = False
             elif "-> xdg_toplevel@" in line and ".set_minimized(" in line:
                 self.is_asked_to_minimise = True
-                self._run(f"[con_id={self.window}] move scratchpad")  # Where nobody sees it.
+                self._run(f"[con_id={self.window}] move scratchpad")  # Where it is not visible.
             elif "-> wl_data_offer@" in line and ".accept(" in line:
                 self.answers += 1
 
     @property
     def is_pointer_held(self):
-        """To the window beneath, it looks as if the pointer had gone elsewhere, until the button is let go."""
+        """Whether the pointer is grabbed: the window beneath sees it leave, until the button is released."""
         self._heed()
         return self.is_held and self.is_button_down
 
     @property
     def answers_to_drags(self):
-        """How often the window has said if it takes what is dragged over it."""
+        """How often the window has said whether it accepts the dragged data."""
         self._heed()
         return self.answers
 
     def is_minimised(self, _window):
-        """Sway leaves it where it is; what other compositors do is done here."""
+        """Whether it asked to be minimised. Sway ignores that, so _heed() hides the window as other compositors do."""
         self._heed()
         return self.is_asked_to_minimise
 
     def activate(self, window):
-        """As from a list of windows."""
+        """Focuses a window, as a task bar does."""
         self._run(f"[con_id={window}] focus")
         self._heed()
         self.is_asked_to_minimise = False
 
     def origin(self, window):
-        """Where on the screen the places begin that a program tells: it does not know where its window is."""
+        """The origin of the positions that a program reports: it does not know where its window is."""
         return self.geometry(window)[:2]
 
     def geometry(self, window):
@@ -121,22 +121,22 @@ class Screen:
         return frame["x"] + inside["x"], frame["y"] + inside["y"], inside["width"], inside["height"]
 
     def title(self, window):
-        """By which lists of windows name it."""
+        """The title that task bars show."""
         return self._node(window)["name"]
 
     def application(self, window):
-        """By which the desktop finds what it knows of the program."""
+        """The name by which the desktop finds the program's entry."""
         return self._node(window)["app_id"]
 
     def frame_extents(self, window):
-        """How far the frame of the compositor reaches beyond it: left, right, top and bottom."""
+        """The width of the compositor's frame around it: left, right, top and bottom."""
         node = self._node(window)
         frame, inside, title = node["rect"], node["window_rect"], node["deco_rect"]
         right, bottom = (frame[size] - inside[at] - inside[size] for at, size in (("x", "width"), ("y", "height")))
         return [inside["x"], right, inside["y"] + title["height"], bottom]
 
     def set_full_screen(self, window, on):
-        """As by a key of the compositor."""
+        """Sets or ends full screen, as a key of the compositor does."""
         self._run(f"[con_id={window}] fullscreen {'enable' if on else 'disable'}")
 
     def place(self, window, x, y):
@@ -149,15 +149,15 @@ class Screen:
 
     @staticmethod
     def clipboard():
-        """What another program is given to paste; nothing if there is nothing."""
+        """The clipboard as another program pastes it; empty if there is nothing."""
         return subprocess.run(["wl-paste", "--no-newline"], check=False, capture_output=True, text=True).stdout
 
     def move_to(self, x, y):
-        """The pointer."""
+        """Moves the pointer."""
         self.input.move_to(x, y, *self.size)
 
     def hold(self, button=1):
-        self.is_held = False  # The program may not have written yet that an earlier drag is over.
+        self.is_held = False  # The program may not have logged yet that an earlier drag is over.
         self.is_button_down = True
         self.input.set_button(button, True)
 
@@ -166,7 +166,7 @@ class Screen:
         self.is_button_down = False
 
     def click(self, button=1, times=1):
-        """At where the pointer is; 4 to 7 are the wheel: up, down, left and right."""
+        """Clicks at the pointer's position; 4 to 7 are the wheel: up, down, left and right."""
         for _ in range(times):
             if button in SCROLLS:
                 self.input.scroll(*SCROLLS[button])

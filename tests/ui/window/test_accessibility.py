@@ -1,4 +1,4 @@
-"""What those who hear the window are told, by the platform's accessibility tree."""
+"""What assistive technology reads from the platform's accessibility tree."""
 
 import sys
 import unittest
@@ -14,10 +14,10 @@ CONTROLS = {"push button", "check box", "radio button"}
 
 
 class Case(unittest.TestCase):
-    """Has a window."""
+    """Opens a window."""
 
     def check_all(self):
-        """Everything that is shown has a role and a name, a place, and if it can be pressed, a way to do so."""
+        """Checks that everything shown has a role, a name, a position and, if it can be pressed, an action."""
         elements = self.window.elements()
         self.assertGreater(len(elements), 20)
         for element in elements:

@@ -1,4 +1,4 @@
-"""The window without a frame of the system's: everything that a frame did is done in the window."""
+"""The window without a system frame: it does everything that a frame would do."""
 
 import sys
 import unittest
@@ -18,10 +18,10 @@ class Chrome(unittest.TestCase):
         self.window = self.enterContext(Window(PROGRAM))
 
     def drag(self, start, by):
-        """A real drag: the window manager takes over in the middle of it."""
+        """Makes a real drag: the window manager takes over in the middle of it."""
         x, y = start
         there = x + by[0], y + by[1]
-        begun = x + by[0] // 5, y + by[1] // 5  # Farther than a hand that only presses.
+        begun = x + by[0] // 5, y + by[1] // 5  # Farther than a hand moves during a click.
         screen = self.window.screen
         screen.move_to(x, y)
         screen.hold()
@@ -33,7 +33,7 @@ class Chrome(unittest.TestCase):
         eventually_seen("the window manager has let go of it", lambda: not screen.is_pointer_held)
 
     def check_let_go(self):
-        """After a drag the pointer goes its own way: by the time of the key the window has seen it pass."""
+        """Checks that the window no longer follows the pointer; it handles Tab after the pointer's moves."""
         there = self.window.geometry
         for way in (1, 2):
             self.window.screen.move_to(self.pointer[0] + 37 * way, self.pointer[1] + 23 * way)
@@ -42,7 +42,7 @@ class Chrome(unittest.TestCase):
         self.assertEqual(self.window.geometry, there)
 
     def check_bare(self):
-        """The system draws nothing around the content, which reaches the top edge."""
+        """Checks that the system draws nothing around the content, which reaches the top edge."""
         self.assertEqual(self.window.frame_extents, [0, 0, 0, 0])
         bar = self.window.wait("tool bar").extents
         left, top, width, _ = self.window.geometry
@@ -66,7 +66,7 @@ class Chrome(unittest.TestCase):
         self.check_bare()
 
     def check_drags(self, place):
-        """A drag of a place, given from the window's left and top, moves the window."""
+        """Checks that dragging at a position, relative to the window's top left corner, moves the window."""
         left, top, *size = self.window.geometry
 
         self.drag((left + place[0], top + place[1]), by=(60, 40))

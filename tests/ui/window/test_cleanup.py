@@ -1,4 +1,4 @@
-"""What the program is for, from the first press to the last: nothing but the selection is ever touched."""
+"""A cleanup from the first press to the last: nothing but the selection is ever touched."""
 
 import sys
 import unittest

@@ -1,4 +1,4 @@
-"""The window looks as the person told the desktop."""
+"""The window follows the settings of the desktop."""
 
 import sys
 import unittest

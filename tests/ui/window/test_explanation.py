@@ -1,4 +1,4 @@
-"""What the results show of an explanation, from a real service."""
+"""Explanations in the results, from a real service."""
 
 import json
 import sys
@@ -54,7 +54,7 @@ class Explanation(unittest.TestCase):
         self.assertIsNone(self.window.find("label", EXPLANATION))
 
     def choose_in_menu(self, label):
-        """What was sent, from the menu of a label; the sheet is there then."""
+        """Opens the sheet with what was sent, from the menu of a label."""
         self.window.click("label", label, button=3)
         self.window.click("menu item", "Show what was sent…")
         self.window.wait("check box", "Explain scans")

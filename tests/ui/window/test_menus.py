@@ -1,4 +1,4 @@
-"""Menus of what lies beneath the pointer, and what they copy for other programs."""
+"""Context menus, and what they copy for other programs."""
 
 import sys
 import unittest

@@ -1,4 +1,4 @@
-"""A folder of one's own is searched for projects as well, once that is asked for by dropping it."""
+"""A folder that is dropped on the window is searched for projects as well."""
 
 import sys
 import unittest

@@ -20,7 +20,7 @@ libc = ctypes.CDLL(None, use_errno=True)
 
 @contextmanager
 def hung(folder):
-    """A file system over a folder, of which every question waits for an answer that never comes."""
+    """Mounts a file system over a folder that never answers any request."""
     channel = os.open("/dev/fuse", os.O_RDWR | os.O_CLOEXEC)
     options = f"fd={channel},rootmode=40000,user_id={os.getuid()},group_id={os.getgid()}"
     try:
@@ -31,7 +31,7 @@ def hung(folder):
         finally:
             libc.umount2(os.fsencode(folder), DETACH)
     finally:
-        os.close(channel)  # Whoever still waits gets an error.
+        os.close(channel)  # Requests that still wait get an error.
 
 
 def scan(window):
@@ -61,7 +61,7 @@ class QuitAmidAnExplanation(unittest.TestCase):
             results(window)
             self.assertTrue(self.service.asked.wait(PATIENCE))
 
-        for _ in range(4):  # The thread that asks is somewhere else each time.
+        for _ in range(4):  # The asking thread is at another point each time.
             self.quit_when(results)
             self.quit_when(request, SSL_CERT_FILE=str(self.service.certificate))
 

@@ -1,4 +1,4 @@
-"""Endless animations pause while nobody can see them, or wants them."""
+"""Endless animations pause while nobody can see them, or while motion is reduced."""
 
 import sys
 import time
@@ -12,7 +12,7 @@ from portal import Portal
 from window import Window
 
 PROGRAM = sys.argv.pop()
-AT_REST = 2  # Seconds, in which the landing screen breathes many steps.
+AT_REST = 2  # Seconds, in which the landing screen's animation would make many steps.
 
 
 class Rest(unittest.TestCase):
@@ -23,7 +23,7 @@ class Rest(unittest.TestCase):
         eventually_seen("the window moves", self.moves())
 
     def processor_time(self):
-        """What the program has taken, in hundredths of a second."""
+        """The processor time of the program, in hundredths of a second."""
         fields = Path(f"/proc/{self.window.process.pid}/stat").read_text().rpartition(")")[2].split()
         return int(fields[11]) + int(fields[12])
 
@@ -32,7 +32,7 @@ class Rest(unittest.TestCase):
         return lambda: self.processor_time() > begun + 20
 
     def rests(self):
-        """For a while it has taken no time at all: nobody tells what a program does not do."""
+        """Whether it has taken no processor time for a while: there is no event for that."""
         taken, since = None, None
 
         def is_at_rest():

@@ -1,4 +1,4 @@
-"""On a screen smaller than the window's least size everything is drawn smaller, and all of it is there."""
+"""On a screen smaller than the window's minimum size everything is drawn smaller, and nothing is missing."""
 
 import sys
 import unittest
@@ -9,7 +9,7 @@ from window import Window
 
 PROGRAM = sys.argv.pop()
 SCREEN = (1024, 600)
-SCALE = SCREEN[0] / 1350  # Which Qt tells assistive technology of a place, but not of a size.
+SCALE = SCREEN[0] / 1350  # Qt reports it to assistive technology in positions, but not in sizes.
 
 
 class SmallScreen(unittest.TestCase):

@@ -1,4 +1,4 @@
-"""What somebody hears who uses the window with a screen reader, from the first screen to the report."""
+"""What a person hears who uses the window with a screen reader, from the first screen to the report."""
 
 import os
 import re
@@ -22,13 +22,13 @@ PROJECTS = ["Rebuildable project folders, 41 KB, Rebuildable check box checked."
 REPORT = ["Report panel.",
           "SPACE RECOVERED: 61 KB Disk now …% full PROJECT FILES: Zero KB WHATSAPP: 20 KB FILES REMOVED: 4 "
           "PROTECTED ITEMS: 0 Everything moved to Trash first. Nothing is permanently deleted until the Bin is emptied."]
-# How much of it is heard depends on how long things take.
+# How many of these are spoken depends on timing.
 MAY_BE_SAID = re.compile(r"Tidlo — AI Storage Cleaner frame\.|\d+% complete progress bar\.|"
                          r"Moving selected files to Trash\.")
 
 
 class ScreenReader:
-    """One that runs as long as it is needed, and what it has said."""
+    """A screen reader that runs until it is closed, and what it has said."""
 
     def __init__(self):
         self.folder = tempfile.TemporaryDirectory()
@@ -58,7 +58,7 @@ class ScreenReader:
         return bool(read) and tell()
 
     def fall_quiet(self):
-        """Waits until it has said what there is to say so far."""
+        """Waits until it has said everything so far."""
         self.is_quiet = False
         self.process.stdin.write("\n")
         self.process.stdin.flush()
@@ -73,7 +73,7 @@ class Spoken(unittest.TestCase):
         self.reader = self.enterContext(ScreenReader())
 
     def says(self, *expected):
-        """Nothing else, and in this order, since it was last asked."""
+        """Checks that it has said exactly this, in this order, since the last check."""
         with suppress(AssertionError):
             eventually("everything is said", lambda: len(self.heard()) >= len(expected))
         self.assertEqual(self.heard(), list(expected))
@@ -84,7 +84,7 @@ class Spoken(unittest.TestCase):
 
     def keys(self, *names):
         for name in names:
-            self.reader.fall_quiet()  # It hears of a key before the window does, unless it is busy.
+            self.reader.fall_quiet()  # It gets a key before the window does, unless it is busy.
             self.window.keys(name)
 
     def hears(self, key, *expected):

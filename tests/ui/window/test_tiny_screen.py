@@ -1,4 +1,4 @@
-"""On a screen where nothing could be read if everything were on it, the content scrolls in both directions."""
+"""On a screen too small to show everything readably, the content scrolls in both directions."""
 
 import sys
 import unittest
@@ -9,8 +9,8 @@ from window import Window
 
 PROGRAM = sys.argv.pop()
 SCREEN = (900, 500)
-DOWN, RIGHT = 5, 7  # The buttons that a wheel is.
-SCALE = 0.75  # Which Qt tells assistive technology of a place, but not of a size.
+DOWN, RIGHT = 5, 7  # The wheel's button numbers.
+SCALE = 0.75  # Qt reports it to assistive technology in positions, but not in sizes.
 
 
 class TinyScreen(unittest.TestCase):
@@ -24,7 +24,7 @@ class TinyScreen(unittest.TestCase):
         if not element:
             return False
         box = element.extents
-        right, bottom = box.x + int(box.width * SCALE), box.y + int(box.height * SCALE)  # Places are whole pixels.
+        right, bottom = box.x + int(box.width * SCALE), box.y + int(box.height * SCALE)  # Positions are whole pixels.
         return box.x >= 0 and box.y >= 0 and right <= SCREEN[0] and bottom <= SCREEN[1]
 
     def check_is_scrolled_to(self, name):

@@ -1,5 +1,5 @@
-"""A pointer and a keyboard that a Wayland compositor takes for real ones: a client of it that speaks the few requests
-which that takes. Everything has been done when a method is left."""
+"""A pointer and a keyboard that a Wayland compositor takes for real ones: a client that sends the few requests
+that this needs. When a method returns, the compositor has done everything."""
 
 import array
 import os
@@ -9,16 +9,16 @@ import tempfile
 import time
 from pathlib import Path
 
-# What is asked for, and the version of it.
+# The globals that are bound, with their versions.
 MANAGERS = {"wl_seat": 1, "zwlr_virtual_pointer_manager_v1": 1, "zwp_virtual_keyboard_manager_v1": 1}
-DISPLAY = 1  # The object that is there from the beginning.
+DISPLAY = 1  # The object that exists from the beginning.
 SYNC, GET_REGISTRY = 0, 1
 BIND, CREATE = 0, 0
 MOVE_TO, BUTTON, AXIS, FRAME, AXIS_SOURCE, AXIS_DISCRETE = 1, 2, 3, 4, 5, 7
 KEYMAP, KEY, MODIFIERS = 0, 1, 2
 ERROR, GLOBAL, DONE = 0, 0, 0
 XKB_V1, WHEEL = 1, 0
-BUTTONS = {1: 0x110, 2: 0x112, 3: 0x111}  # X11's numbers, Linux's codes.
+BUTTONS = {1: 0x110, 2: 0x112, 3: 0x111}  # Linux's codes by X11's numbers.
 STEP = 15  # How far a notch of a wheel scrolls.
 
 MASKS = {"shift": 1, "ctrl": 4}
@@ -58,7 +58,7 @@ def _now():
 
 
 class VirtualInput:
-    """Is there until it is closed."""
+    """Exists until it is closed."""
 
     def __init__(self):
         self.socket = socket.socket(socket.AF_UNIX, socket.SOCK_STREAM)
@@ -83,7 +83,7 @@ class VirtualInput:
         self.socket.close()
 
     def move_to(self, x, y, width, height):
-        """To a place on a screen of a size."""
+        """Moves the pointer to a position on a screen of this size."""
         self._send(self.pointer, MOVE_TO, _now(), *map(_word, (x, y, width, height)))
         self._end_of_frame()
 
@@ -92,13 +92,13 @@ class VirtualInput:
         self._end_of_frame()
 
     def scroll(self, axis, notches):
-        """Along 0, down, or 1, to the right."""
+        """Scrolls along axis 0, down, or 1, to the right."""
         self._send(self.pointer, AXIS_SOURCE, _word(WHEEL))
         self._send(self.pointer, AXIS_DISCRETE, _now(), _word(axis), _fixed(STEP * notches), struct.pack("=i", notches))
         self._end_of_frame()
 
     def key(self, chord):
-        """Presses keys and lets them go, given as “ctrl+z”."""
+        """Presses and releases keys, given as “ctrl+z”."""
         *held, symbol = chord.split("+")
         mask = sum(MASKS[name] for name in held)
         for name in held:
@@ -139,7 +139,7 @@ class VirtualInput:
                           _word(MANAGERS[interface]))
 
     def _wait(self):
-        """Until the compositor has done all that was asked of it."""
+        """Waits until the compositor has done all requests."""
         done = self._make(DISPLAY, SYNC), DONE
         happened = None
         while happened != done:

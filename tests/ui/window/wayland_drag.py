@@ -1,4 +1,4 @@
-"""What a file browser does when something is dragged from it onto a window: one of another toolkit's."""
+"""A drag from a file browser onto a window, made with another toolkit."""
 
 import itertools
 import os
@@ -17,7 +17,7 @@ INSIDE, FARTHER = 20, 45
 
 
 class Drag:
-    """Of files, named by URLs."""
+    """A drag of files, given by URLs."""
 
     def __init__(self, urls):
         self.urls = urls
@@ -49,7 +49,7 @@ class Drag:
         tell()
 
     def _end(self, *arguments):
-        """What has failed ends as well."""
+        """Ends a failed drag as well."""
         if self.is_taken is None:
             self.is_taken = arguments[-1]
         tell()
@@ -57,7 +57,7 @@ class Drag:
 
     @staticmethod
     def _pull(screen, x, y, what, condition):
-        """To and fro at a place until something happens: each side looks only while the pointer moves."""
+        """Moves to and fro at a position until something happens: both programs react only while the pointer moves."""
         ways = itertools.cycle((0, 1))
 
         def happens():
@@ -67,7 +67,7 @@ class Drag:
         eventually_seen(what, happens)
 
     def drop_on(self, window, x, y):
-        """At a place of the screen, once. Whether the window took it."""
+        """Drops once at a position on the screen; returns whether the window took it."""
         screen = window.screen
         own = eventually_seen("there is something to drag", lambda: screen.window_of(os.getpid()))
         screen.place(own, *PLACE)
@@ -80,6 +80,6 @@ class Drag:
         screen.let_go()
         eventually("the drag has ended", lambda: self.is_taken is not None)
         self.window.destroy()
-        # Else the next drag takes it for its own.
+        # Otherwise the next drag takes this window for its own.
         eventually_seen("what was dragged is gone", lambda: screen.window_of(os.getpid()) is None)
         return self.is_taken

@@ -8,14 +8,14 @@ import tempfile
 from events import Atspi, GLib, eventually, eventually_seen, listen, listen_for_end_of
 from screen import Screen
 
-# Qt writes it where what a service is asked with is loaded as the program ends.
+# Qt writes it if the objects for a network service are loaded while the program ends.
 AS_IT_ENDS = "qt.core.qobject.connect: QObject::connect(QObject, Unknown): invalid nullptr parameter\n"
-# Qt writes it where it has waited long enough for a screen reader to heed a key, and where that does so after all.
+# Qt writes it if a screen reader took too long to handle a key, and if it then handles it after all.
 BUSY_READER = re.compile(r'QSpiApplication::(keyEventError  ".*"|notifyKeyboardListenerCallback with no queued key called)\n')
 
 
 class Element:
-    """Something in the accessibility tree, as it is now."""
+    """An element of the accessibility tree, in its current state."""
 
     def __init__(self, accessible, origin):
         self.accessible, self.origin = accessible, origin
@@ -38,7 +38,7 @@ class Element:
 
     @property
     def extents(self):
-        """On the screen."""
+        """Its rectangle on the screen."""
         box, (left, top) = self.accessible.get_extents(Atspi.CoordType.SCREEN), self.origin()
         box.x, box.y = box.x + left, box.y + top
         return box
@@ -49,7 +49,7 @@ class Element:
         return box.x + box.width // 2, box.y + box.height // 2
 
     def press(self):
-        """As assistive technology does."""
+        """Presses it as assistive technology does."""
         actions = [self.accessible.get_action_name(i) for i in range(self.accessible.get_n_actions())]
         action = next(i for i, name in enumerate(actions) if name in ("Press", "Toggle"))
         assert self.accessible.do_action(action)
@@ -62,7 +62,7 @@ class Element:
 
 
 class Window:
-    """Of a program that writes nothing to standard error."""
+    """The window of a program that must write nothing to standard error."""
 
     def __init__(self, program, **environment):
         self.listener = listen()
@@ -74,11 +74,11 @@ class Window:
         try:
             self._find()
         except BaseException:
-            self.process.kill()  # Nobody leaves what was never entered.
+            self.process.kill()  # The "with" block was not entered, so it is not left either.
             raise
 
     def _find(self):
-        """Waits until the window is there."""
+        """Waits until the window exists."""
         desktop = Atspi.get_desktop(0)
         desktop.set_cache_mask(Atspi.Cache.NONE)
         self.application = eventually("the program is in the tree", lambda: self._application_of(desktop))
@@ -108,7 +108,7 @@ class Window:
         return self.screen.origin(self.native)
 
     def shown(self):
-        """What is shown, in the order of the tree. Each is asked for as it is reached, which takes a while."""
+        """The visible elements, in the order of the tree. Each is fetched when it is reached, which takes a while."""
         def below(accessible):
             for i in range(accessible.get_child_count()):
                 child = accessible.get_child_at_index(i)
@@ -122,7 +122,7 @@ class Window:
         return list(self.shown())
 
     def look(self, ask):
-        """What is asked of the tree, asked again where something went away meanwhile."""
+        """The result of a query on the tree, repeated if an element disappeared meanwhile."""
         while True:
             try:
                 return ask()
@@ -130,7 +130,7 @@ class Window:
                 assert self.process.poll() is None, "The program has ended."
 
     def matching(self, role, name):
-        """What is shown with a role and a name that match regular expressions as a whole."""
+        """The visible elements whose role and name match regular expressions completely."""
         return (one for one in self.shown() if re.fullmatch(role, one.role) and re.fullmatch(name, one.name))
 
     def all(self, role, name=".*"):
@@ -166,17 +166,17 @@ class Window:
         self.screen.keys(*names)
 
     def focused(self):
-        """What the keyboard reaches, if anything does."""
+        """The element with the keyboard focus, if there is one."""
         return self.look(lambda: next((one for one in self.shown() if "focused" in one.states), None))
 
     def tab(self):
-        """Sends the keyboard on to the next control; gives what it reaches then."""
+        """Moves the keyboard focus to the next control, and returns that."""
         before = repr(self.focused())
         self.keys("Tab")
         return eventually("the focus moves on", lambda: (now := self.focused()) and repr(now) != before and now)
 
     def ended(self):
-        """The status that the program ends with."""
+        """Waits for the program to end, and returns its exit status."""
         eventually("the program has ended", lambda: self.process.poll() is not None)
         return self.process.returncode
 
@@ -187,7 +187,7 @@ class Window:
 
     @property
     def frame_extents(self):
-        """How far the system's frame reaches beyond it: left, right, top and bottom."""
+        """The width of the system's frame around it: left, right, top and bottom."""
         return self.screen.frame_extents(self.native)
 
     @property
@@ -195,9 +195,9 @@ class Window:
         return self.screen.is_minimised(self.native)
 
     def activate(self):
-        """As from a list of windows."""
+        """Activates it as a task bar does."""
         self.screen.activate(self.native)
 
     def set_full_screen(self, on):
-        """As the person tells the system."""
+        """Sets or ends full screen through the system."""
         self.screen.set_full_screen(self.native, on)

@@ -1,4 +1,4 @@
-"""The X server: where a window is, what is known of it, and who holds the pointer over it."""
+"""The X server: the position and properties of a window, and grabs of the pointer over it."""
 
 import subprocess
 
@@ -8,7 +8,7 @@ from Xlib.protocol.event import ClientMessage
 
 from events import GLib, eventually, tell
 
-FROM_A_PAGER = 2  # Which may ask for what a program may not.
+FROM_A_PAGER = 2  # Tells the window manager that a task bar asks, which may do more than a program.
 
 
 def xdotool(*arguments):
@@ -16,7 +16,7 @@ def xdotool(*arguments):
 
 
 class _Events(GLib.Source):
-    """Those of one connection, also the ones that came along with an answer and lie read already."""
+    """The events of one connection, including those that arrived with a reply and are already buffered."""
 
     def __init__(self, display, take):
         super().__init__()
@@ -36,9 +36,9 @@ class _Events(GLib.Source):
 
 
 class Screen:
-    """The one of this environment, unless another is named."""
+    """The screen of this environment, unless another is named."""
 
-    ENVIRONMENT = {}  # What a program needs to be followed.
+    ENVIRONMENT = {}  # What a program needs so that its requests can be followed.
     ZOOMS = True  # A window becomes as large as the screen when its program asks for that.
 
     def __init__(self, name=None):
@@ -55,13 +55,13 @@ class Screen:
         self.display.close()
 
     def _take(self, event):
-        """To the window beneath, a grab of the pointer looks as if it had gone elsewhere."""
+        """Notes grabs of the pointer: the window beneath sees the pointer leave and come back."""
         if event.type in (X.EnterNotify, X.LeaveNotify) and event.mode in (X.NotifyGrab, X.NotifyUngrab):
             self.is_pointer_held = event.mode == X.NotifyGrab
 
     @staticmethod
     def without_protocol(text):
-        """What a program has written of its own: all of it."""
+        """The program's own messages: everything it has written."""
         return text
 
     def property(self, window, name):
@@ -70,13 +70,13 @@ class Screen:
         return list(found.value) if found else []
 
     def window_of(self, process):
-        """Which the window manager looks after; none if there is none yet."""
+        """The window of a process, as the window manager knows it; None if there is none yet."""
         windows = [self.display.create_resource_object("window", one)
                    for one in self.property(self.root, "_NET_CLIENT_LIST")]
         return next((one for one in windows if self.property(one, "_NET_WM_PID") == [process]), None)
 
     def follow(self, window, _written):
-        """From now on what happens to it is told, and whether the pointer over it is in another's hands."""
+        """From now on reports the window's events, and whether the pointer over it is grabbed."""
         window.change_attributes(event_mask=X.StructureNotifyMask | X.PropertyChangeMask | X.EnterWindowMask |
                                  X.LeaveWindowMask)
         self.display.sync()
@@ -92,30 +92,30 @@ class Screen:
         return red, green, blue
 
     def origin(self, _window):
-        """Where on the screen the places begin that a program tells."""
+        """The origin of the positions that a program reports."""
         return 0, 0
 
     def title(self, window):
-        """By which lists of windows name it."""
+        """The title that task bars show."""
         return bytes(self.property(window, "_NET_WM_NAME")).decode()
 
     def application(self, window):
-        """By which the desktop finds what it knows of the program."""
+        """The name by which the desktop finds the program's entry."""
         return bytes(self.property(window, "WM_CLASS")).decode().split("\0")[1]
 
     def frame_extents(self, window):
-        """How far the system's frame reaches beyond it: left, right, top and bottom."""
+        """The width of the system's frame around it: left, right, top and bottom."""
         return self.property(window, "_NET_FRAME_EXTENTS")
 
     def is_minimised(self, window):
         return self.property(window, "WM_STATE")[:1] == [Xutil.IconicState]
 
     def activate(self, window):
-        """As from a list of windows."""
+        """Activates a window as a task bar does."""
         self._ask_manager(window, "_NET_ACTIVE_WINDOW", FROM_A_PAGER)
 
     def set_full_screen(self, window, on):
-        """As from the window manager's menu."""
+        """Sets or ends full screen, as the window manager's menu does."""
         self._ask_manager(window, "_NET_WM_STATE", int(on), self.display.intern_atom("_NET_WM_STATE_FULLSCREEN"))
 
     def _ask_manager(self, window, message, *values):
@@ -126,7 +126,7 @@ class Screen:
         self.display.sync()
 
     def clipboard(self):
-        """What another program is given to paste."""
+        """The clipboard as another program pastes it."""
         asks = self.root.create_window(0, 0, 1, 1, 0, X.CopyFromParent, event_mask=X.PropertyChangeMask)
         clipboard, text = (self.display.intern_atom(name) for name in ("CLIPBOARD", "UTF8_STRING"))
         asks.convert_selection(clipboard, text, text, X.CurrentTime)
@@ -137,7 +137,7 @@ class Screen:
 
     @staticmethod
     def move_to(x, y):
-        """The pointer."""
+        """Moves the pointer."""
         xdotool("mousemove", x, y)
 
     @staticmethod
@@ -150,7 +150,7 @@ class Screen:
 
     @staticmethod
     def click(button=1, times=1):
-        """At where the pointer is; 4 to 7 are the wheel: up, down, left and right."""
+        """Clicks at the pointer's position; 4 to 7 are the wheel: up, down, left and right."""
         xdotool("click", "--repeat", times, button)
 
     @staticmethod

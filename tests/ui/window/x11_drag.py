@@ -1,4 +1,4 @@
-"""What a file browser does when something is dragged from it onto a window, by the XDND protocol, version 5."""
+"""A drag from a file browser onto a window, with version 5 of the XDND protocol."""
 
 from Xlib import X
 from Xlib.protocol.event import ClientMessage, SelectionNotify
@@ -10,7 +10,7 @@ VERSION = 5
 
 
 class Drag:
-    """Of files, named by URLs."""
+    """A drag of files, given by URLs."""
 
     def __init__(self, urls):
         self.content = "".join(f"{url}\r\n" for url in urls).encode()
@@ -50,7 +50,7 @@ class Drag:
         return self.answers[message]
 
     def drop_on(self, window, x, y):
-        """At a place of the screen. Whether the window took it."""
+        """Drops at a position on the screen; returns whether the window took it."""
         target = self.display.create_resource_object("window", window.native.id)
         assert self.screen.property(target, "XdndAware")[0] >= VERSION
         self._tell(target, "XdndEnter", VERSION << 24, self._atom("text/uri-list"))
