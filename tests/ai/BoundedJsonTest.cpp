@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::array<std::string_view, 2> keys{"a", "b"};
 
-/// What is kept, or why it is refused.
+/// The values that are kept, or why the input is refused.
 std::string read(const QByteArray &json)
 {
     const auto [document, refusal] = readBoundedJson(json, keys);
@@ -22,7 +22,7 @@ QByteArray nested(int levels, const QByteArray &open, const QByteArray &close)
     return open.repeated(levels) + close.repeated(levels);
 }
 
-/// A list of so many numbers.
+/// A list of this many numbers.
 QByteArray listOf(int count)
 {
     return '[' + QByteArray("0,").repeated(count - 1) + "0]";

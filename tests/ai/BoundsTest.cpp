@@ -37,7 +37,7 @@ QByteArray inChunks(const QByteArray &body, qsizetype size, const QByteArray &ex
     return reply + "0\r\n\r\n";
 }
 
-/// Sends \a beginning, and then \a bytes again and again for as long as the connection lasts.
+/// Sends \a beginning, and then \a bytes again and again until the connection ends.
 ScriptedServer::Script repeating(const QByteArray &beginning, const QByteArray &bytes)
 {
     return [=](QSslSocket &connection, const ScriptedServer::Request &) {
@@ -106,7 +106,7 @@ TEST_F(Bounds, OfSizeAllowAQuarterMegabyteAroundIt)
     const QByteArray body = answerOfSize(endpoint.replyLimit);
     const QByteArray headers = "X: " + QByteArray(60'000, 'x') + "\r\n";
     const qsizetype most = 256 * 1024;
-    const qsizetype encryption = 32 * 1024; // More than it takes.
+    const qsizetype encryption = 32 * 1024; // An upper limit of what it takes.
 
     EXPECT_EQ(explainAnswered("HTTP/1.1 103 Early Hints\r\n" + headers + "\r\n" + reply(200, body, headers)), "A");
     EXPECT_EQ(explainAnswered(inChunks(body, body.size(), ";" + QByteArray(most - encryption, 'x'))), "A");

@@ -8,7 +8,7 @@ namespace tidlo {
 
 namespace {
 
-/// Those that the environment names; the system's take longer to read than all the rest.
+/// The authorities in the file that the environment names; reading the system's takes longer than everything else.
 QByteArray namedAuthorities()
 {
     QFile file(QFile::decodeName(qgetenv("SSL_CERT_FILE")));

@@ -12,8 +12,8 @@ namespace tidlo {
 
 inline const std::string requestFailed = "\u26A0\uFE0F Request failed: ";
 
-/// A test that asks for an explanation over real connections. The environment names an authority of its own, and what
-/// it names is trusted, nothing else. Explanations are told as UTF-8, one that is absent as "absent".
+/// A test that asks for an explanation over real connections. The environment names a test authority, the only one that
+/// is trusted. Explanations are compared as UTF-8, an absent one as "absent".
 class ExplainTest : public testing::Test
 {
 protected:
@@ -23,13 +23,13 @@ protected:
     static const TestAuthority &authority();
     static const TestIdentity &localhost(); ///< Issued by the authority.
 
-    /// What explain() gives with the endpoint as it is.
+    /// The result of explain() with the current endpoint.
     std::string explain(const QList<CleanupCandidate> &candidates = {}) const;
 
-    /// What it gives when \a server is the proxy.
+    /// The same with \a server as the proxy.
     std::string explainBy(const ScriptedServer &server, const QList<CleanupCandidate> &candidates = {});
 
-    /// What it gives when the proxy answers with \a bytes and closes the connection.
+    /// The same if the proxy answers with \a bytes and closes the connection.
     std::string explainAnswered(const QByteArray &bytes);
 
     ExplainEndpoint endpoint;

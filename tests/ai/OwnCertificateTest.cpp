@@ -99,7 +99,7 @@ TEST_F(OwnCertificate, IsNotTrustedThroughLinks)
     states.link(ofTheFile, moved);
     EXPECT_EQ(trusted(), "");
 
-    keep(authority.certificate()); // Through the link.
+    keep(authority.certificate()); // Writes through the link.
     unlink((states / ofTheFile).constData());
     ASSERT_EQ(rename(moved.constData(), (states / ofTheFile).constData()), 0);
     EXPECT_EQ(trusted(), authority.certificate());

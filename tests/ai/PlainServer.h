@@ -7,8 +7,7 @@
 
 namespace tidlo {
 
-/// Answers what it receives without TLS: each time with the next of its answers, and closes the connection after the
-/// last.
+/// Answers without TLS: each request with the next of its answers, and closes the connection after the last.
 class PlainServer final
 {
 public:

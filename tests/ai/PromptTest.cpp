@@ -33,7 +33,7 @@ constexpr std::array kinds{
     Kind{CleanupCategory::caches, CleanupRisk::rebuildable, 2'000'000'000'000},
 };
 
-/// The first finding has twelve paths, the second none, any other as many as its number says.
+/// The first finding has twelve paths, the second none, each other as many as its number.
 int pathCount(int number)
 {
     return number == 0 ? 12 : number == 1 ? 0 : number;

@@ -17,7 +17,7 @@ QByteArray redirection(int status, const QByteArray &location, const QByteArray 
     return reply(status, "moved", "Location: " + location + "\r\n" + headers);
 }
 
-/// Redirects the first request, and answers whatever follows. The connection is kept.
+/// Redirects the first request, and answers the following ones. The connection is kept open.
 ScriptedServer::Script redirectingOnce(const QByteArray &first)
 {
     return [first](QSslSocket &connection, const ScriptedServer::Request &request) {

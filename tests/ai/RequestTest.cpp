@@ -20,7 +20,7 @@ const QByteArray goodAnswer = reply(200, R"({"candidates":[{"content":{"parts":[
 class Request : public ExplainTest
 {
 protected:
-    /// What the proxy receives when it is asked about \a candidates.
+    /// The request that the proxy receives about \a candidates.
     ScriptedServer::Request received(const QList<CleanupCandidate> &candidates = {})
     {
         const ScriptedServer server(localhost(), sending(goodAnswer));

@@ -27,7 +27,7 @@ namespace {
 
 const std::string timedOut = requestFailed + "The request timed out.";
 
-/// What the system says when it is asked for a proxy.
+/// Sets the proxy that the system reports.
 class SystemProxy final
 {
 public:
@@ -51,7 +51,7 @@ private:
     };
 };
 
-/// Holds whoever passes it until it is opened.
+/// Blocks each thread that passes it until it is opened.
 struct Gate
 {
     void pass()
@@ -81,7 +81,7 @@ qsizetype threads()
     return QDir(QStringLiteral("/proc/self/task")).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size();
 }
 
-/// Qt asks the system for its proxies on a thread that it keeps from then on.
+/// The number of threads after Qt has asked the system for proxies, on a thread that it keeps afterwards.
 qsizetype threadsOnceProxiesWereAsked()
 {
     QNetworkProxyFactory::systemProxyForQuery(QNetworkProxyQuery(QUrl(QStringLiteral("https://localhost"))));
@@ -91,7 +91,7 @@ qsizetype threadsOnceProxiesWereAsked()
 class Route : public ExplainTest
 {
 protected:
-    /// Until there are no more than when the test began, but for some that the system keeps.
+    /// Waits until there are no more threads than at the start of the test, apart from some that the system keeps.
     void waitForThreads(qsizetype ofTheSystem = 0) const
     {
         while (threads() > threadsBefore + ofTheSystem)
@@ -103,7 +103,7 @@ protected:
 
 } // namespace
 
-/// The system's resolver, which takes its time over one name.
+/// Replaces the system's resolver, and is slow for one name.
 extern "C" int getaddrinfo(const char *name, const char *service, const addrinfo *hints, addrinfo **result)
 {
     if (name != nullptr && std::string(name) == "slow.example") {

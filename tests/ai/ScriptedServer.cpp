@@ -8,7 +8,7 @@ namespace tidlo {
 
 namespace {
 
-/// Takes a whole request off the front of \a bytes, or nothing if it is not whole yet.
+/// Removes a complete request from the beginning of \a bytes; nothing if it is not complete yet.
 std::optional<ScriptedServer::Request> takeRequest(QByteArray &bytes)
 {
     const qsizetype headerEnd = bytes.indexOf("\r\n\r\n");

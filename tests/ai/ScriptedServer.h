@@ -11,8 +11,8 @@
 
 namespace tidlo {
 
-/// A TLS server on this machine that answers requests as it is told, byte by byte. It lives on the event loop of the
-/// test.
+/// A TLS server on this machine that answers requests with the exact bytes of a script. It runs on the event loop of
+/// the test.
 class ScriptedServer final
 {
 public:
@@ -20,21 +20,21 @@ public:
     {
         QByteArray method;
         QByteArray target;
-        std::map<QByteArray, QByteArray> headers; ///< By their names as they were written.
+        std::map<QByteArray, QByteArray> headers; ///< By name, as sent.
         QByteArray body;
     };
-    /// Called with each whole request; may keep the connection, which belongs to the server.
+    /// Called with each complete request; may keep the connection, which belongs to the server.
     using Script = std::function<void(QSslSocket &connection, const Request &request)>;
 
-    /// \a protocols are those that it offers to speak inside TLS, in words; it speaks HTTP/1.1 alone.
+    /// \a protocols are the names of those that it offers inside TLS; it speaks only HTTP/1.1.
     ScriptedServer(const TestIdentity &identity, Script script, const QList<QByteArray> &protocols = {});
 
     /// "localhost" and the port.
-    QString host() const; ///< Also of one that was closed.
+    QString host() const; ///< Also after the server was closed.
     const QList<Request> &requests() const { return received; }
     qsizetype connections() const { return accepted; }
 
-    /// No longer accepts anything.
+    /// Accepts no more connections.
     void close() { server.close(); }
 
 private:
@@ -51,7 +51,7 @@ private:
 /// Sends \a bytes and closes the connection.
 ScriptedServer::Script sending(const QByteArray &bytes);
 
-/// A whole reply with a length.
+/// A complete reply with its length.
 QByteArray reply(int status, const QByteArray &body, const QByteArray &headers = {});
 
 } // namespace tidlo

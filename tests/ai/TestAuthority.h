@@ -9,14 +9,14 @@
 
 namespace tidlo {
 
-/// What a server shows to prove its name.
+/// The certificate and key with which a server proves its name.
 struct TestIdentity
 {
     QSslCertificate certificate;
     QSslKey key;
 };
 
-/// A certificate authority made on the spot, which nobody trusts but who is given its certificate.
+/// A fresh certificate authority, trusted only by those who have its certificate.
 class TestAuthority final
 {
 public:

@@ -14,7 +14,7 @@
 
 namespace tidlo {
 
-/// A state owner with a real scanner on a real home, and an explainer that the test answers for.
+/// A state owner with a real scanner on a real home folder, and an explainer whose answers the test gives.
 class AppTest : public testing::Test
 {
 protected:
@@ -23,16 +23,16 @@ protected:
 
     AppEnvironment environment();
 
-    /// The state owner, made when it is first asked for, and its figures of the disk awaited.
+    /// The state owner, made on first use; the disk's figures have been read by then.
     OpenModel &model();
 
-    /// Lets go of it, as when the window closes.
+    /// Destroys the state owner, as closing the window does.
     void closeWindow() { owner.reset(); }
 
     /// Runs the event loop until \a condition holds.
     static void waitUntil(const std::function<bool()> &condition);
 
-    /// Lets everything that is under way come to its end, with the state owner gone.
+    /// Destroys the state owner and waits until all work has ended.
     void letAllEnd();
 
     /// Starts a scan and waits for its results and the request for an explanation.
@@ -48,7 +48,7 @@ protected:
     std::shared_ptr<UserDefaults> defaults =
         std::make_shared<UserDefaults>(QString::fromUtf8(home / "preferences.conf"));
     std::shared_ptr<testing::NiceMock<FakeWorkspace>> workspace = std::make_shared<testing::NiceMock<FakeWorkspace>>();
-    /// Where the application says it lies; nothing is there yet.
+    /// The path that the application reports; nothing exists there yet.
     Bundle bundle{.path = home / "from/Tidlo.app",
                   .executable = home / "from/Tidlo.app/Contents/MacOS/Tidlo",
                   .identifier = "com.tidlo.storagecleaner"};
@@ -59,7 +59,7 @@ private:
     std::unique_ptr<OpenModel> owner;
 };
 
-/// A candidate of that title, selected unless it is never to be touched.
+/// A candidate with that title, selected unless it is never to be touched.
 CleanupCandidate candidate(const char *title, CleanupRisk risk = CleanupRisk::safe, qint64 bytes = 1,
                            CleanupCategory category = CleanupCategory::caches);
 

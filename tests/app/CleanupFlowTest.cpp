@@ -105,7 +105,7 @@ TEST_F(CleanupFlow, IsNotBegunAgainWhileItIsUnderWay)
     EXPECT_FALSE(model().isMovingFiles());
     EXPECT_EQ(changes, 2);
     EXPECT_EQ(model().cleanupReport()->removedItems, 2);
-    // And another can begin.
+    // And another cleanup can begin.
     show({withFiles("C", {"c"})});
     model().moveSelectedToTrash();
     waitUntil([&] { return !model().isMovingFiles(); });
@@ -268,7 +268,7 @@ TEST_F(CleanupFlow, DoesNotCancelAScanAndMayFinishAfterIt)
     EXPECT_FALSE(exists(home / "a"));
     EXPECT_EQ(explainer.asked(), 1);
     EXPECT_EQ(model().phase(), ScanPhase::report);
-    // What the scan found is selected and was therefore taken off the list, though not moved.
+    // The scan's findings are selected and were therefore removed from the list, though nothing was moved.
     EXPECT_TRUE(model().candidates().isEmpty());
     EXPECT_TRUE(exists(home / "Library/Caches/pip/wheel"));
     EXPECT_EQ(model().cleanupReport()->removedItems, 1);
@@ -285,7 +285,7 @@ TEST_F(CleanupFlow, IsFollowedByAScanThatClearsTheReportAtOnce)
     EXPECT_EQ(model().cleanupReport(), std::nullopt);
 }
 
-// In this test and the one about the disk, it is for the sanitizers to judge that nothing is used that has gone away.
+// This test and the one about the disk rely on the sanitizers to find uses of destroyed objects.
 TEST_F(CleanupFlow, MayEndWithTheWindowBeforeItBegins)
 {
     show({withFiles("A", {"a"})});

@@ -8,11 +8,11 @@
 
 namespace tidlo {
 
-/// Keeps whoever asks for an explanation waiting until the test answers.
+/// Lets requests for an explanation wait until the test answers.
 class FakeExplainer final
 {
 public:
-    /// Answers nothing to those who still wait.
+    /// Answers all waiting requests with nothing.
     ~FakeExplainer()
     {
         for (size_t request = 0; request < requests.size(); ++request)
@@ -31,7 +31,7 @@ public:
 
     bool isCut(size_t request) const { return requests.at(request)->unwanted.stop_requested(); }
 
-    /// Resumes who asked, before it returns; does nothing if that request has been answered.
+    /// Answers a request and resumes its coroutine before returning; does nothing if it was answered already.
     void answer(size_t request, const std::optional<QString> &text)
     {
         Request &asking = *requests.at(request);
@@ -49,7 +49,7 @@ private:
         std::coroutine_handle<> waiting;
     };
 
-    /// To be awaited. g++ 12 awaits a copy even of what has a name, so nothing but a pointer is kept here.
+    /// The awaitable of a request. g++ 12 awaits a copy even of a named object, so this holds only a pointer.
     struct Answer
     {
         Request *request;

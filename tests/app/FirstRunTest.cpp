@@ -10,7 +10,7 @@ namespace {
 class FirstRun : public AppTest
 {
 protected:
-    /// What it assigns.
+    /// The properties that beginFirstRun() assigns.
     std::vector<std::string> begun()
     {
         NotificationLog log(model());

@@ -7,7 +7,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// Findings of paths that are as large as the number they end in.
+/// Findings whose paths have the size of the number at their end.
 class ItemTicksTest : public AppTest
 {
 protected:
@@ -103,7 +103,7 @@ TEST_F(ItemTicksTest, OfADeselectedFindingJustTheTickedItemsAreSelected)
     model().tickItems(former.id, {1}, true);
     EXPECT_TRUE(now(0).selected);
     EXPECT_THAT(now(0).paths, ElementsAre("/a/2"));
-    EXPECT_EQ(now(1), other); // Nobody has unticked what it lists.
+    EXPECT_EQ(now(1), other); // Nobody has unticked any of its items.
 
     model().tickItems(former.id, {0, 2}, true);
     EXPECT_THAT(now(0).paths, ElementsAre("/a/1", "/a/2", "/a/4"));

@@ -10,8 +10,8 @@
 
 namespace tidlo {
 
-/// Writes down every change of a state owner, in order, as "phase: results". A change that is not announced by
-/// objectWillChange() while the old value still stands, or that alters anything else, is a failure of the test.
+/// Records every change of a state owner, in order, as "phase: results". The test fails if a change is not announced by
+/// objectWillChange() while the old value still stands, or if a change alters anything else.
 class NotificationLog final : public QObject
 {
     Q_OBJECT
@@ -19,7 +19,7 @@ class NotificationLog final : public QObject
 public:
     explicit NotificationLog(AppViewModel &watched);
 
-    /// What was written since the last call.
+    /// The changes since the last call.
     std::vector<std::string> taken();
 
 private Q_SLOTS:

@@ -4,7 +4,7 @@
 
 namespace tidlo {
 
-/// A state owner that can be put into any state, whatever leads there.
+/// A state owner that can be put directly into any state.
 class OpenModel final : public AppViewModel
 {
 public:

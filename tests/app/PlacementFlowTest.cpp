@@ -26,7 +26,7 @@ protected:
 
     static std::string because(int error) { return std::strerror(error); }
 
-    /// What the failure steps assign, on a machine where setup has not been completed.
+    /// The assignments of a failure, on a machine where setup has not been completed.
     static auto failure(const std::string &message)
     {
         return ElementsAre("moveToApplicationsErrorMessage: " + message, "showMoveToApplicationsError: true",
@@ -36,7 +36,7 @@ protected:
     bool isCopied() const { return home.inventory().contains("Applications/Tidlo.app/Contents/MacOS/Tidlo"); }
     bool isSourceThere() const { return home.inventory().contains("from/Tidlo.app/Contents/MacOS/Tidlo"); }
 
-    /// Has the desktop tell how opening went, and waits until that has been dealt with.
+    /// Makes the desktop report the result of opening the copy, and waits until that was handled.
     void tellOpened(const std::optional<QString> &error)
     {
         workspace->opened(error);
@@ -120,7 +120,7 @@ TEST_F(PlacementFlow, DoesNotQuitBeforeTheCopyHasOpened)
 
     model().moveToApplicationsFolder();
     QCoreApplication::processEvents();
-    workspace->opened(std::nullopt); // Even then not from within.
+    workspace->opened(std::nullopt); // Even then not from within the call.
 }
 
 TEST_F(PlacementFlow, ReplacesAnyVersionThatIsThere)

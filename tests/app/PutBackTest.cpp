@@ -10,7 +10,7 @@ using testing::_;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// A cleanup of files of the home, to be taken back.
+/// A cleanup of files in the home folder, to be undone.
 class PutBack : public AppTest
 {
 protected:
@@ -26,7 +26,7 @@ protected:
             EXPECT_FALSE(exists(name));
     }
 
-    /// Until the scan that follows has shown its results.
+    /// Puts everything back and waits until the scan that follows has shown its results.
     void putBack()
     {
         model().putEverythingBack();
@@ -121,7 +121,7 @@ TEST_F(PutBack, WritesNothingWhenTheWindowIsGone)
 {
     cleanUp({"a"});
     model().putEverythingBack();
-    letAllEnd(); // The address sanitizer watches.
+    letAllEnd(); // The address sanitizer finds uses of destroyed objects.
 }
 
 } // namespace tidlo

@@ -12,13 +12,13 @@ using testing::IsEmpty;
 
 namespace {
 
-/// What a scan assigns before it waits.
+/// The assignments of a scan before it first suspends.
 const std::vector<std::string> beginning{
     "phase: scanning",   "section: scan",        "scanProgress: 0.05",    "scanLabel: Initialising Tidlo scanner...",
     "aiSummary: absent", "isGeneratingAI: true", "cleanupReport: absent",
 };
 
-/// What it assigns as its steps begin.
+/// Its assignments when its steps begin.
 const std::vector<std::string> steps{
     "scanProgress: 0.08", "scanLabel: Reading disk usage",
     "scanProgress: 0.18", "scanLabel: Finding project build & cache files",
@@ -32,7 +32,7 @@ const std::vector<std::string> steps{
 class ScanFlow : public AppTest
 {
 protected:
-    /// Has each deep search wait until it is asked to stop. \a meanwhile is called on the main thread.
+    /// Makes each deep search wait until it is asked to stop. \a meanwhile is called on the main thread.
     void holdUpSearches(const std::function<void()> &meanwhile)
     {
         ON_CALL(*files, enumerate).WillByDefault([meanwhile](const DeepEnumeration &, const std::stop_token &stop) {
@@ -135,7 +135,7 @@ TEST_F(ScanFlow, ShowsTheResultsOfTheLastScanAlone)
     model().startScan();
     model().startScan();
     waitUntil([&] { return explainer.asked() > 0; });
-    // What is moved is moved after all that was asked for before: each of the scans has come to its end.
+    // Items are moved after all earlier work: each of the scans has ended by then.
     model().moveSelectedToTrash();
     waitUntil([&] { return model().section() == AppSection::report; });
 
@@ -143,7 +143,7 @@ TEST_F(ScanFlow, ShowsTheResultsOfTheLastScanAlone)
     for (const std::string &line : log.taken())
         ++times[line];
     EXPECT_EQ(times["scanLabel: Initialising Tidlo scanner..."], 3);
-    EXPECT_EQ(times["scanLabel: Ready"], 3); // The others run to their end as well, and move the bar.
+    EXPECT_EQ(times["scanLabel: Ready"], 3); // The other scans run to their end as well, and move the progress bar.
     EXPECT_EQ(times["totals: 8192 bytes"], 1);
     EXPECT_EQ(times["candidates: [+User and developer caches]"], 1);
     EXPECT_EQ(times["phase: results"], 1);
@@ -276,7 +276,7 @@ TEST_F(ScanFlow, MayEndWithTheWindowWhileAnExplanationIsAwaited)
 
 TEST_F(ScanFlow, ExplainsTheFirstEightOfMoreFindings)
 {
-    scan(); // Brings the list into place that the next lines replace while the explanation is awaited.
+    scan(); // Fills the list that the next lines replace while the explanation is awaited.
     explainer.answer(0, std::nullopt);
     QList<CleanupCandidate> many;
     for (int number = 0; number < 20; ++number)
@@ -327,7 +327,7 @@ TEST_F(ScanFlow, CutsTheRequestAndDropsItsAnswerWhenExplanationsAreSwitchedOff)
 
     EXPECT_TRUE(explainer.isCut(0));
     EXPECT_FALSE(model().isExplanationAwaited());
-    defaults->set(UserDefaults::explanations, true); // It came too late all the same.
+    defaults->set(UserDefaults::explanations, true); // Too late for this scan.
     EXPECT_FALSE(model().isExplanationAwaited());
     NotificationLog log(model());
     explainer.answer(0, QStringLiteral("Late"));

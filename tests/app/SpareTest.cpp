@@ -7,7 +7,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// Results of which something is never to be suggested again.
+/// Results of which an item is never to be suggested again.
 class Spare : public AppTest
 {
 protected:
@@ -19,7 +19,7 @@ protected:
         return made;
     }
 
-    /// Of findings in which each path is ten bytes.
+    /// Shows findings in which each path has ten bytes.
     void showFound(const QList<CleanupCandidate> &findings)
     {
         ScanResult result{.snapshot = {.totals = {.totalBytes = 77}, .candidates = findings}, .sizes = {}};
@@ -28,7 +28,7 @@ protected:
         model().showResults(result);
     }
 
-    /// Makes the list one that cannot be read.
+    /// Makes the list unreadable.
     void damageList() { defaults->set(UserDefaults::spared, QStringLiteral("relative")); }
 };
 

@@ -172,7 +172,7 @@ TEST_F(State, TogglesASelectionInAnAnimatedChange)
     model().toggleCandidate(all[1]);
     EXPECT_THAT(log.taken(), ElementsAre("animated: 0.24 0.86 0", "candidates: [+A, -B, +C]"));
 
-    model().toggleCandidate(all[1]); // As it was drawn; only the identifier counts.
+    model().toggleCandidate(all[1]); // The candidate as it was drawn; only its identifier counts.
     EXPECT_THAT(log.taken(), ElementsAre("animated: 0.24 0.86 0", "candidates: [+A, +B, +C]"));
     EXPECT_EQ(model().candidates(), all);
 }
@@ -214,7 +214,7 @@ TEST_F(State, CopiesNoListOfPathsWhenItIsRead)
     EXPECT_EQ(model().selectedCandidates().constFirst().paths.constData(), paths);
 }
 
-// It is for the sanitizers to judge that nothing is used that has gone away.
+// This test relies on the sanitizers to find uses of destroyed objects.
 TEST_F(State, MayGoAwayBeforeTheDiskIsRead)
 {
     {
@@ -255,7 +255,8 @@ TEST_F(StateDeathTest, AnyUseOnAnotherThreadStopsTheProgram)
     };
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     const QByteArray formerly = qgetenv("TMPDIR");
-    qputenv("TMPDIR", home.path()); // Whoever dies leaves a home of its own, which goes away with this one.
+    qputenv("TMPDIR", home.path()); // A process that dies leaves a temporary home folder behind, which is removed with
+                                    // this one.
     for (const auto &use : uses)
         EXPECT_DEATH(std::thread(use).join(), "AppViewModel was used on another thread than the main one");
     formerly.isNull() ? qunsetenv("TMPDIR") : qputenv("TMPDIR", formerly);

@@ -20,11 +20,11 @@ using testing::StartsWith;
 
 namespace {
 
-/// A test in which the AI proxy says what it is told.
+/// A test with scripted replies of the AI proxy.
 class ExplainCommand : public testing::Test
 {
 protected:
-    /// Runs the program to its end, and \a server beside it.
+    /// Runs the program to its end while \a server answers.
     CliRun run(const TemporaryHome &home, const ScriptedServer &server, const QByteArrayList &arguments = {"explain"})
     {
         const FilePath trusted = files.file("authority.pem", 0);

@@ -18,7 +18,7 @@ namespace tidlo {
 
 namespace {
 
-/// Far more than a pipe holds, so that whoever writes must wait for the reader again and again.
+/// Far more than a pipe holds, so that the writer must wait for the reader again and again.
 const QByteArray text(1 << 20, 'x');
 
 struct Pipe
@@ -35,8 +35,8 @@ struct Pipe
     Descriptor writeEnd;
 };
 
-/// Writes the text into \a pipe while another thread reads it and calls \a between before each reading. Whether that
-/// one has read all of it.
+/// Writes the text into \a pipe while another thread reads it and calls \a between before each read. Returns whether
+/// that thread has read all of it.
 bool isWrittenWhole(Pipe &pipe, const std::function<void()> &between)
 {
     QByteArray received;
@@ -69,7 +69,7 @@ TEST(Output, IsWrittenWholeWhereTheReaderIsSlowAndWritingDoesNotWait)
 TEST(Output, IsWrittenWholeThoughSignalsInterruptIt)
 {
     struct sigaction former = {};
-    struct sigaction hearing = {}; // Without SA_RESTART: a call that waits is broken off.
+    struct sigaction hearing = {}; // Without SA_RESTART: a signal interrupts a waiting call.
     hearing.sa_handler = [](int) { ++signalsHeard; };
     ASSERT_EQ(sigaction(SIGUSR1, &hearing, &former), 0);
     const pthread_t writer = pthread_self();

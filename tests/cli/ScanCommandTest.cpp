@@ -81,7 +81,7 @@ TEST(ScanCommand, PrintsExactlyOneJsonObjectAndNothingElse)
     EXPECT_THAT(run.output.toStdString(), StartsWith("{"));
     EXPECT_THAT(run.output.toStdString(), EndsWith("}\n"));
 
-    const Json json = Json::parse(run.output.toStdString()); // Fails on anything behind the object.
+    const Json json = Json::parse(run.output.toStdString()); // Fails on anything after the object.
     EXPECT_THAT(keys(json), ElementsAre("totals", "candidates", "forecast"));
     EXPECT_THAT(keys(json["totals"]), ElementsAre("diskUsedPercent", "recoverablePercent", "totalBytes",
                                                   "recoverableBytes", "freeBytes", "volumeBytes"));
@@ -176,7 +176,7 @@ TEST(ScanCommand, ChangesNothing)
     EXPECT_EQ(home->inventory(), before);
 }
 
-/// A home with a project folder of two blocks, of which one is linked from elsewhere.
+/// A home folder with a project folder of two blocks, one of which is linked from elsewhere.
 static void linkFromElsewhere(TemporaryHome &home)
 {
     home.file("Sites/a/node_modules/own", 4096);

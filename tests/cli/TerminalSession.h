@@ -5,12 +5,12 @@
 
 namespace tidlo {
 
-/// tidlo-cli at a terminal of its own, where a test types and reads.
+/// tidlo-cli at a pseudo-terminal, where a test types and reads.
 class TerminalSession final
 {
 public:
-    /// Starts it at a terminal that is \a columns wide. What \a setup does in the child comes after the terminal has
-    /// taken the three standard streams.
+    /// Starts it at a terminal that is \a columns wide. In the child, \a setup runs after the terminal has become the
+    /// three standard streams.
     TerminalSession(const TemporaryHome &home, const QByteArrayList &arguments, int columns, CliSetup setup = {});
     ~TerminalSession();
     TerminalSession(const TerminalSession &) = delete;
@@ -21,7 +21,7 @@ public:
     void type(const QByteArray &keys);
     void send(int signal);
 
-    /// Waits for the end. The output is everything that was written to the terminal, errors too.
+    /// Waits for the end. The output is everything that was written to the terminal, including errors.
     CliRun end();
 
 private:
@@ -32,7 +32,7 @@ private:
     QByteArray written;
 };
 
-/// What a person sees of what was written to a terminal: lines rewritten, colours left out.
+/// The screen after \a written was sent to a terminal: rewritten lines only once, without colours.
 QByteArray screenOf(const QByteArray &written);
 
 } // namespace tidlo

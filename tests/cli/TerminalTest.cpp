@@ -17,7 +17,7 @@ static CliRun scanAtTerminal(const TemporaryHome &home, int columns, const QByte
     return TerminalSession(home, {"scan", "--paths"}, columns, {.environment = environment, .inChild = {}}).end();
 }
 
-/// Characters, not bytes; all that the tests write are one column wide.
+/// In characters, not bytes; all characters that the tests write are one column wide.
 static qsizetype widestLine(const QByteArray &screen)
 {
     qsizetype widest = 0;
@@ -89,7 +89,7 @@ TEST(Terminal, OneThatDoesNotTellItsWidthIsTakenToHave80Columns)
     const auto home = homeToClean();
     const auto findingsAt = [&home](int columns) {
         const QByteArray screen = screenOf(TerminalSession(*home, {"scan"}, columns).end().output);
-        return screen.left(screen.indexOf("\nFound ")); // What is free changes all the time.
+        return screen.left(screen.indexOf("\nFound ")); // The free space changes all the time.
     };
     EXPECT_EQ(findingsAt(0), findingsAt(80));
 }

@@ -90,7 +90,7 @@ TEST(AllocatedSizes, WhatIsNeitherFileNorFolderCountsNothingAndIsNotOpened)
 {
     const TemporaryHome home;
     home.file("folder/a", block);
-    ASSERT_EQ(mkfifo((home / "folder/fifo").constData(), 0600), 0); // Opening it would wait for a writer for ever.
+    ASSERT_EQ(mkfifo((home / "folder/fifo").constData(), 0600), 0); // Opening it would wait for a writer forever.
     const Descriptor socket(::socket(AF_UNIX, SOCK_STREAM, 0));
     sockaddr_un address{};
     address.sun_family = AF_UNIX;

@@ -4,10 +4,10 @@
 
 namespace tidlo {
 
-/// What a file of one byte takes on the disk, in bytes.
+/// The bytes that a file of one byte takes on the disk.
 inline constexpr qint64 block = 4096;
 
-/// The allocated size of what is at \a path, walked.
+/// The allocated size of \a path and everything in it.
 inline qint64 sizeOf(const FilePath &path)
 {
     return DirectoryWalker().allocatedSizes({path}, {}).value(0);

@@ -61,10 +61,10 @@ protected:
         chmod((destination + "/Contents/Resources").constData(), 0755);
     }
 
-    /// The running bundle must be as it was, whatever happened.
+    /// Whatever happened, the running bundle must be unchanged.
     void TearDown() override { EXPECT_EQ(inventoryOf("from/"), before); }
 
-    /// What a person can see change: everything but when it was read.
+    /// All properties of the entries except the access times.
     std::map<std::string, TemporaryHome::Entry> inventoryOf(const std::string &beginning) const
     {
         std::map<std::string, TemporaryHome::Entry> entries;
@@ -286,7 +286,7 @@ TEST_F(ApplicationCopier, CopiesNothingThatIsNeitherFolderNorFileNorLink)
 
 namespace {
 
-/// Replaces an old application by a new one while steps of it fail, or the program is killed.
+/// Replaces an old application by a new one while steps fail, or the program is killed.
 class Placement : public testing::Test
 {
 protected:
@@ -309,7 +309,7 @@ protected:
         return text;
     }
 
-    /// Puts the old one there, and nothing else.
+    /// Restores the old application, and nothing else.
     void begin() const
     {
         ASSERT_EQ(std::system(("rm -rf '" + home.path() + "/Applications'").constData()), 0);
@@ -318,7 +318,7 @@ protected:
 
     using Around = std::function<int(int number, const std::function<int()> &real)>;
 
-    /// The steps of the system, each given to \a around with its number from 0 on; with an exchange or without one.
+    /// The system's steps, each passed to \a around with its number from 0 on; with or without an atomic exchange.
     static PlacementSteps stepsThrough(const Around &around, bool canExchange)
     {
         const PlacementSteps real = livePlacementSteps();
@@ -338,7 +338,7 @@ protected:
         return steps;
     }
 
-    /// The folders beside the application, by their whole paths.
+    /// The working folders beside the application, as absolute paths.
     QList<FilePath> workshops() const
     {
         QList<FilePath> found;
@@ -373,7 +373,8 @@ constexpr int mostSteps = 6;
 TEST_F(Placement, LeavesTheOldOrTheNewOneWhicheverStepsFail)
 {
     for (const bool canExchange : {true, false}) {
-        for (const bool isDoneAllTheSame : {false, true}) { // As a network file system may report.
+        for (const bool isDoneAllTheSame : {false, true}) { // A network file system may report an error although the
+                                                            // step was done.
             for (int failing = 0; failing < 1 << mostSteps; ++failing) {
                 SCOPED_TRACE(testing::Message() << canExchange << isDoneAllTheSame << ' ' << failing);
                 begin();
@@ -456,7 +457,7 @@ TEST_F(Placement, KilledAfterAnyStepLeavesTheOldOrTheNewOneAndTheNextOneTidiesUp
             } else {
                 expectOldOrNew({});
             }
-            // One that fails removes nothing that others left.
+            // A failed placement removes nothing that others left behind.
             const auto failing = [](int number, const std::function<int()> &real) {
                 return number >= 1 && number <= 3 ? EIO : real();
             };

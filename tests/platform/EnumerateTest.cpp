@@ -36,7 +36,7 @@ QList<FilePath> targetsIn(const QList<FilePath> &roots)
     return pathsOf(DirectoryWalker().enumerate({.roots = roots, .visit = collectTargets}, {}));
 }
 
-/// The names that a visitor is shown.
+/// The names that a visitor gets.
 std::multiset<std::string> shownIn(const FilePath &root, DeepEnumeration::Shown shown)
 {
     std::mutex mutex;
@@ -218,7 +218,7 @@ TEST(Enumerate, AStopInTheMiddleEndsTheWalkWithWhatWasFound)
     const TemporaryHome home(TemporaryHome::parentInMemory());
     for (int folder = 0; folder < 2'000; ++folder)
         home.folder(QByteArray::number(folder) + "/a");
-    for (int turn = 0; turn < 100; ++turn) { // The listing is shared by several workers when the stop comes.
+    for (int turn = 0; turn < 100; ++turn) { // The stop comes while several workers share the listing.
         std::stop_source stop;
         std::atomic<int> shown = 0;
         const auto visit = [&](const EnumeratedEntry &) {

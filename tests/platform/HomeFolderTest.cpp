@@ -16,7 +16,7 @@ namespace tidlo {
 
 namespace {
 
-/// What \a work says in a process whose $HOME is \a home, or that has none.
+/// The result of \a work in a process whose $HOME is \a home, or unset.
 std::string inHome(const char *home, const std::function<FilePath()> &work)
 {
     const ChildResult result = inChild([&] {
@@ -38,7 +38,7 @@ std::string homeOfDatabase()
     return getpwuid(getuid())->pw_dir;
 }
 
-/// A database whose entry needs \a needed bytes.
+/// A user database whose entry needs \a needed bytes.
 template <size_t needed>
 int largeDatabase(uid_t, passwd *entry, char *texts, size_t size, passwd **found)
 {

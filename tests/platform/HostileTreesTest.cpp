@@ -1,4 +1,4 @@
-// Trees that break walkers: very deep, very wide, changing, or not to be entered.
+// Trees on which walkers can fail: very deep, very wide, changing, or without permission to enter.
 
 #include "platform/Allocation.h"
 #include "platform/ApplicationCopier.h"
@@ -35,7 +35,7 @@ QList<CollectedItem> targetsIn(const FilePath &root)
     return DirectoryWalker().enumerate({.roots = {root}, .visit = visit}, {});
 }
 
-/// A chain of folders in which each holds a file of one block; with teeth, also a folder with another such file.
+/// A chain of folders, each with a file of one block; with teeth, also with a folder that holds another such file.
 void makeComb(const FilePath &top, int levels, bool teeth)
 {
     makeChain(top, "d", levels, [teeth](int folder, int) {
@@ -48,7 +48,7 @@ void makeComb(const FilePath &top, int levels, bool teeth)
     });
 }
 
-/// Expects \a actual in a child, where there is no test framework to tell more.
+/// Checks \a actual in a child process, which has no test framework to report more.
 bool isExpected(qint64 actual, qint64 expected)
 {
     if (actual != expected)
@@ -104,7 +104,7 @@ TEST(HostileTrees, AFolderOfAHundredThousandEntriesIsCountedToTheLast)
     const TemporaryHome home(TemporaryHome::parentInMemory());
     const FilePath folder = home.folder("wide");
     constexpr int entries = 100'000; // More than a hundred batches of a listing.
-    constexpr int names = 50'000;    // For one file; some file systems allow no more than 65,000.
+    constexpr int names = 50'000;    // Of one file; some file systems allow at most 65,000.
     const Descriptor wide(open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     QByteArray file;
     for (int entry = 0; entry < entries; ++entry) {
@@ -162,7 +162,7 @@ TEST(HostileTrees, EntriesThatComeAndGoMeanwhileDoNoHarm)
     for (int walk = 0; walk < 50; ++walk) {
         const qint64 size = sizeOf(home / "tree");
         EXPECT_GT(size, 0);
-        EXPECT_LE(size, 400 * block); // A folder that moved may be met twice; never more than each under both names.
+        EXPECT_LE(size, 400 * block); // A folder that is moved may be met twice, but at most once under each name.
     }
     done = true;
     disturber.join();
@@ -224,7 +224,7 @@ TEST(HostileTrees, WalkingChangesNothingNotEvenAccessTimes)
     home.file("tree/target/file", block);
     home.file("tree/folder/.hidden/file", block);
     home.link("tree/link", "folder");
-    // An access time older than the modification is brought up to date by any plain reading.
+    // Any ordinary read updates an access time that is older than the modification time.
     const std::array<timespec, 2> times{timespec{.tv_sec = 1'000'000'000, .tv_nsec = 0},
                                         timespec{.tv_sec = 1'500'000'000, .tv_nsec = 0}};
     for (const char *path : {"tree/target/file", "tree/folder/.hidden/file", "tree/link", "tree/folder/.hidden",

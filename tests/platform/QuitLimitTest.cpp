@@ -52,7 +52,7 @@ TEST(QuitLimitDeathTest, EndsAProcessWhoseLeftThreadTheSystemHolds)
 
 TEST(QuitLimit, WaitsForAThreadThatWasLeft)
 {
-    bool hasEnded = false; // The thread sanitizer sees whether it is waited for.
+    bool hasEnded = false; // The thread sanitizer reports it if the thread was not waited for.
     std::promise<void> gate;
     leaveToSystem(std::thread([&] {
         gate.get_future().wait();

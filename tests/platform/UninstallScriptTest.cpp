@@ -16,7 +16,7 @@ namespace {
 class UninstallScriptTest : public testing::Test
 {
 protected:
-    /// Gives back the path.
+    /// Returns the path.
     static FilePath write(const FilePath &path, const QByteArray &content)
     {
         QFile file(QFile::decodeName(path));

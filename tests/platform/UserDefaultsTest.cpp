@@ -57,7 +57,7 @@ protected:
         EXPECT_FALSE(defaults.boolean(UserDefaults::setupCompleted));
     }
 
-    /// Sets both, which must hold from then on whether or not they could be written.
+    /// Sets both, which must be in force afterwards whether or not they could be written.
     static void set(UserDefaults &defaults)
     {
         defaults.set(UserDefaults::theme, QStringLiteral("light"));
@@ -71,7 +71,7 @@ protected:
         EXPECT_TRUE(defaults.boolean(UserDefaults::setupCompleted));
     }
 
-    /// Whether another program that starts now finds what was set.
+    /// Whether a newly started program finds the values that were set.
     bool isFoundByAnother() const
     {
         return inChild([this] {
@@ -186,7 +186,7 @@ TEST_F(UserDefaultsTest, HasItsDefaultsWhereTheFileIsOfNoUse)
         SCOPED_TRACE(damage.left(60).toStdString());
         QFile::remove(file);
         writeFile(damage);
-        const ChildResult result = inChild([this] { // What one program has read, it keeps.
+        const ChildResult result = inChild([this] { // In a child, since a program caches what it has read.
             UserDefaults defaults(file);
             expectDefaults(defaults);
             set(defaults);
@@ -249,7 +249,8 @@ TEST_F(UserDefaultsTest, WaitsForNoLockThatAKilledProgramLeft)
     set(defaults);
 
     EXPECT_TRUE(isFoundByAnother());
-    EXPECT_TRUE(home.inventory().contains("preferences.conf.lock")); // Waited for, it would be gone by now.
+    EXPECT_TRUE(home.inventory().contains("preferences.conf.lock")); // If it had been waited for, it would have been
+                                                                     // removed by now.
 }
 
 TEST_F(UserDefaultsTest, LeavesNothingButTheFile)
@@ -302,7 +303,7 @@ TEST_F(UserDefaultsTest, IsWholeWheneverTheProgramIsKilled)
             char byte = 0;
             ASSERT_EQ(read(told[0], &byte, 1), 1);
         }
-        kill(child, SIGKILL); // Somewhere in the next write.
+        kill(child, SIGKILL); // At any point of the next write.
         waitpid(child, nullptr, 0);
         close(told[0]);
         close(told[1]);
@@ -465,7 +466,7 @@ TEST_F(UserDefaultsTest, AListThatCannotBeReadIsNotLostWithASetting)
     UserDefaults defaults(file);
     set(defaults);
     EXPECT_EQ(content(), damaged);
-    EXPECT_EQ(theme(defaults), QStringLiteral("light")); // What was set holds until the program ends.
+    EXPECT_EQ(theme(defaults), QStringLiteral("light")); // A value that was set stays in force until the program ends.
 }
 
 TEST_F(UserDefaultsTest, AListIsNotTakenForThePathThatHasItsName)

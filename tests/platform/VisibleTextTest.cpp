@@ -31,11 +31,11 @@ TEST(VisibleText, WhatIsPrintableStaysAsItIs)
         " a  name with spaces ",
         "~!@#$%^&*()_+-=[]{}|;':\",./<>?`",
         "Grüße",
-        "Gru\u0308\u00dfe", // A combining mark is no escape.
+        "Gru\u0308\u00dfe", // A combining mark is not escaped.
         "日本語",
-        "עברית", // Letters that run from right to left are letters.
+        "עברית", // Right-to-left letters are not escaped.
         "😀",
-        "❤️", // With the selector that makes it an emoji.
+        "❤️", // With the variation selector that makes it an emoji.
         "\u00a0no-break space",
         "\ufffd",
     };
@@ -95,10 +95,10 @@ TEST(VisibleText, BytesThatAreNotValidUtf8AreShownOneByOne)
     constexpr VisibleRow rows[]{
         {"\xff", "\\xff"},
         {"caf\xe9", "caf\\xe9"},
-        {"\x80tail", "\\x80tail"},                    // A continuation without a beginning
+        {"\x80tail", "\\x80tail"},                    // A continuation byte without a beginning
         {"\xe2\x82", "\\xe2\\x82"},                   // Cut off at the end
         {"\xe2\x82z", "\\xe2\\x82z"},                 // Cut off in the middle
-        {"\xc0\xaf", "\\xc0\\xaf"},                   // A slash, longer than need be
+        {"\xc0\xaf", "\\xc0\\xaf"},                   // A slash in an overlong encoding
         {"\xed\xa0\x80", "\\xed\\xa0\\x80"},          // A surrogate
         {"\xf4\x90\x80\x80", "\\xf4\\x90\\x80\\x80"}, // Beyond Unicode
         {"\xf8\x88\x80\x80\x80", "\\xf8\\x88\\x80\\x80\\x80"},
@@ -113,7 +113,7 @@ TEST(VisibleText, NothingIsReadBeyondTheEndOfAPathThatCutsOffACharacter)
     for (const FilePath character : {"é", "€", "😀"}) {
         for (qsizetype size = 1; size < character.size(); ++size) {
             const FilePath path =
-                FilePath::fromRawData(character.constData(), size); // The rest lies in memory after it.
+                FilePath::fromRawData(character.constData(), size); // The rest of the character is in memory after it.
             EXPECT_EQ(shownPath(path), "\\x" + path.toHex(' ').replace(" ", "\\x").toStdString());
         }
     }
@@ -196,21 +196,22 @@ TEST(VisibleText, DifferentNamesAreShownDifferentlySinceEscapesCanBeUndone)
         }
         const QString shown = visibleText(name);
         ASSERT_EQ(unescaped(shown), name) << name.toHex().constData();
-        // Nothing is left to escape but the backslashes.
+        // Only the backslashes are left to escape.
         ASSERT_EQ(visibleText(shown), QString(shown).replace(u'\\', QStringLiteral("\\\\")));
     }
 }
 
 TEST(VisibleText, ReadsNothingBeyondACharacterThatIsCutOff)
 {
-    const QByteArray beyond("\xe2\x82\xac \xf0\x9f\x98\x80 \xc3\xa9"); // Its rest would make it whole.
+    const QByteArray beyond("\xe2\x82\xac \xf0\x9f\x98\x80 \xc3\xa9"); // With the bytes that follow, it would be
+                                                                       // complete.
     for (const qsizetype start : {0, 4, 9}) {
         const FilePath cut = FilePath::fromRawData(beyond.constData() + start, 1);
         EXPECT_EQ(unescaped(visibleText(cut)), cut);
         EXPECT_EQ(visibleText(cut).size(), 4);
     }
     for (const QByteArrayView cut : {"\xe2", "\xe2\x82", "\xf0\x9f\x98", "a\xc3"}) {
-        const std::vector<char> exact(cut.begin(), cut.end()); // Nothing lies beyond it, not even a NUL.
+        const std::vector<char> exact(cut.begin(), cut.end()); // Nothing follows in memory, not even a NUL.
         const FilePath name = FilePath::fromRawData(exact.data(), static_cast<qsizetype>(exact.size()));
         EXPECT_EQ(unescaped(visibleText(name)), name);
     }

@@ -25,7 +25,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// The links of each file that is told of \a item.
+/// The number of links of each noted file in \a item.
 QList<quint32> linksIn(const WalkNotes &notes, const FilePath &item)
 {
     QList<quint32> links;

@@ -15,7 +15,7 @@ const Clock::time_point never = Clock::time_point::max();
 class BodyBudgetTest : public testing::Test
 {
 protected:
-    /// Becomes whether \a share may hold \a bytes, when that is known.
+    /// Set, once it is known, to whether \a share may hold \a bytes.
     std::shared_ptr<std::optional<bool>> hold(BodyBudget::Share &share, size_t bytes,
                                               Clock::time_point deadline = never)
     {

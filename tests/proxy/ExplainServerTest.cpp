@@ -39,10 +39,10 @@ Task<Answer> fail(std::string)
     co_return Answer();
 }
 
-/// Headers of a client that sends its body when it is asked to.
+/// Headers of a client that sends its body only when it is asked to.
 const QByteArray waiting = "X-Device-UUID: A\r\nExpect: 100-continue\r\n";
 
-/// A server without TLS that runs as long as it lives.
+/// A server without TLS that runs while this object exists.
 class RunningServer final
 {
 public:
@@ -54,7 +54,7 @@ public:
     RunningServer(const RunningServer &) = delete;
     RunningServer &operator=(const RunningServer &) = delete;
 
-    /// Does \a before on the thread that serves, then stops it. Waits for both.
+    /// Runs \a before on the serving thread, then stops the server. Waits for both.
     void stop(const std::function<void()> &before = [] {})
     {
         std::promise<void> done;
@@ -66,7 +66,7 @@ public:
         if (thread.joinable())
             done.get_future().wait();
     }
-    /// Waits until it has ended by itself.
+    /// Waits until the server has ended by itself.
     void join() { thread.join(); }
     std::string say(const QByteArray &bytes) const { return RawConnection(port).send(bytes).toEnd().toStdString(); }
     bool isHealthy() const { return say("GET /healthz HTTP/1.1\r\n\r\n").ends_with(R"({"status":"ok"})"); }
@@ -86,7 +86,7 @@ private:
     std::jthread thread;
 };
 
-/// A reply with this status whose body is JSON with both keys of an error.
+/// A reply with this status whose body is a JSON error with both keys.
 auto isError(int status, const char *error)
 {
     return AllOf(StartsWith("HTTP/1.1 " + std::to_string(status) + ' '),
@@ -138,7 +138,7 @@ TEST(ExplainServer, TellsThatItRuns)
 
 TEST(ExplainServer, TellsWhatIsWrongAsJson)
 {
-    const RunningServer server(echo, {.toClose = 20ms}); // Some announce more than they send.
+    const RunningServer server(echo, {.toClose = 20ms}); // Some requests announce more than they send.
     const QByteArray json = "Content-Type: application/json\r\n";
     const QByteArray device = "X-Device-UUID: A\r\n";
     struct Row
@@ -373,7 +373,7 @@ TEST(ExplainServer, TurnsAwayAnAddressThatHasManyConnections)
         const RawConnection second(server.port);
         EXPECT_EQ(server.say("GET /healthz HTTP/1.1\r\n\r\n"), "");
     }
-    while (!server.isHealthy()) { // Until it has heard that the second has gone.
+    while (!server.isHealthy()) { // Until it has noticed that the second connection is closed.
     }
 }
 

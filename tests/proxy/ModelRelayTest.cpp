@@ -28,7 +28,7 @@ namespace {
 
 const std::string question = R"({"contents":[{"parts":[{"text":"Why \u00e9?"}]}]})";
 
-/// What the relay to \a upstream answers to \a body. Blocks the thread.
+/// The answer of the relay to \a upstream for \a body. Blocks the thread.
 Answer relayed(const std::string &body, const Upstream &upstream, std::chrono::milliseconds timeLimit)
 {
     asio::io_context loop{1};
@@ -43,7 +43,7 @@ Answer relayed(const std::string &body, const Upstream &upstream, std::chrono::m
     return given;
 }
 
-/// A test in which the model's server says what it is told, over TLS.
+/// A test with scripted replies of the model's server, over TLS.
 class ModelRelayTest : public testing::Test
 {
 protected:
@@ -70,7 +70,7 @@ protected:
         return identity;
     }
 
-    /// What the relay says when the model's server is at \a host.
+    /// The answer of the relay if the model's server is \a host.
     Answer ask(const QString &host, std::chrono::milliseconds timeLimit = 100s)
     {
         upstream.baseUrl = scheme + QStringLiteral("://") + host;
@@ -79,14 +79,14 @@ protected:
         QObject::connect(&watcher, &QFutureWatcher<Answer>::finished, &loop, &QEventLoop::quit);
         watcher.setFuture(QtConcurrent::run([=, this] {
             const Answer answer = relayed(question, upstream, timeLimit);
-            OPENSSL_thread_stop(); // The pool's thread may end after the library has.
+            OPENSSL_thread_stop(); // The pool's thread may end later than the library.
             return answer;
         }));
         loop.exec();
         return watcher.result();
     }
 
-    /// What it says when the model's server answers with \a bytes and closes the connection.
+    /// The answer of the relay if the model's server sends \a bytes and closes the connection.
     Answer askAnswered(const QByteArray &bytes)
     {
         const ScriptedServer server(localhost(), sending(bytes));
@@ -117,7 +117,7 @@ std::string told(const Answer &answer)
 
 constexpr int mostDrops = 500;
 
-/// Says \a start and then \a drop, again and again, for much longer than anybody here waits. Counts them in \a said.
+/// Sends \a start and then \a drop again and again, for much longer than any test waits. Counts them in \a said.
 ScriptedServer::Script dripping(const QByteArray &start, const QByteArray &drop, int &said)
 {
     return [=, &said](QSslSocket &connection, const ScriptedServer::Request &) {
@@ -317,7 +317,7 @@ TEST_F(ModelRelayTest, TellsThatTheTimeRanOut)
     });
     EXPECT_EQ(told(ask(slow.host(), 100ms)), late);
 
-    QTcpServer deaf; // Accepts, and never shakes hands.
+    QTcpServer deaf; // Accepts connections, but makes no TLS handshake.
     ASSERT_TRUE(deaf.listen(QHostAddress::LocalHost));
     EXPECT_EQ(told(ask(QStringLiteral("localhost:%1").arg(deaf.serverPort()), 100ms)), late);
 }
@@ -367,7 +367,7 @@ TEST_F(ModelRelayTest, TakesNoAnswerWithoutEnd)
         });
         const std::string said = told(ask(server.host()));
         EXPECT_TRUE(said == silent || said == unreachable) << said;
-        EXPECT_LT(sent, most / 2) << answer.first.constData(); // What the system takes by itself is a few MB.
+        EXPECT_LT(sent, most / 2) << answer.first.constData(); // The system's own buffers take a few MB.
     }
 }
 

@@ -34,7 +34,7 @@ CleanupCandidate finding(const char *title, CleanupCategory category, CleanupRis
             .aiExplanation = std::nullopt};
 }
 
-/// One of each that a scan can find.
+/// One finding of each kind.
 QList<CleanupCandidate> everyFinding()
 {
     using enum CleanupCategory;

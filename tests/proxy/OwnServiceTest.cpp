@@ -21,7 +21,7 @@ using testing::StartsWith;
 
 namespace {
 
-/// The program starts the real service for itself.
+/// A test in which the program starts the real service for itself.
 class OwnServiceTest : public ExplainTest
 {
 protected:
@@ -90,7 +90,7 @@ TEST_F(OwnServiceTest, ListensWhereOnlyThisMachineReachesIt)
     const auto service = start();
     ASSERT_TRUE(service);
 
-    QTcpSocket other; // Reaches what listens at every address of the machine.
+    QTcpSocket other; // Reaches only servers that listen at every address of the machine.
     other.connectToHost(QStringLiteral("127.0.0.2"), static_cast<quint16>(service->port()));
     EXPECT_FALSE(other.waitForConnected());
 }
@@ -121,7 +121,7 @@ TEST_F(OwnServiceTest, EndsWithTheProgramHoweverThatEnds)
 {
     const ChildResult result = inChild([] {
         const auto service = start();
-        const auto later = start(); // It must not hold open what the other one waits for.
+        const auto later = start(); // It must not inherit and hold open the pipe that the other one waits for.
         std::printf("%d\n", service && later ? service->port() : 0);
         std::fflush(stdout);
         raise(SIGKILL);

@@ -28,7 +28,7 @@ namespace {
 const std::string warning = "\u26A0\uFE0F ";
 const std::string offline = "Written without an AI model";
 
-/// The real client asks the real proxy, which asks a model that says what it is told.
+/// The real client asks the real proxy, which asks a model with scripted replies.
 class Proxy : public ExplainTest
 {
 protected:
@@ -37,7 +37,7 @@ protected:
         endpoint.identity = [] { return QStringLiteral("0A1B2C3D-SECRET-DEVICE"); };
     }
 
-    /// What the client gives when \a proxy is asked, whose certificate it trusts.
+    /// The result of the client if it asks \a proxy, whose certificate it trusts.
     std::string explainBy(const ProxyProcess &proxy, const QList<CleanupCandidate> &candidates = {})
     {
         qputenv("SSL_CERT_FILE", proxy.certificate());
@@ -72,7 +72,7 @@ QByteArray answer(const QByteArray &text)
                  R"({"candidates":[{"content":{"parts":[{"text":")" + text + R"("}],"role":"model"}}],"usage":1})");
 }
 
-/// Opens as many files as there may be; 1,000 connections take more than is usual.
+/// Allows as many open files as possible; 1,000 connections need more than the default.
 void allowManyFiles()
 {
     rlimit limit{};
@@ -240,7 +240,8 @@ TEST_F(Proxy, ServesTheSocketThatItIsHanded)
     ASSERT_TRUE(listening.listen(QHostAddress::LocalHost));
     QProcess process;
     process.setChildProcessModifier([&] { ::dup2(static_cast<int>(listening.socketDescriptor()), 3); });
-    const auto start = [&](const QString &arguments) { // By a shell that becomes the service: the number is its own.
+    const auto start = [&](const QString &arguments) { // Started by a shell that becomes the service, so that the
+                                                       // process number is the service's own.
         process.start(QStringLiteral("/bin/sh"),
                       {QStringLiteral("-c"),
                        QStringLiteral("LISTEN_FDS=1 LISTEN_PID=$$ exec " TIDLO_PROXY " --plain-http --idle-exit 1 ") +

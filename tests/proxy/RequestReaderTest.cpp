@@ -15,12 +15,12 @@ namespace {
 
 constexpr size_t longestBody = 256 * 1024;
 
-/// The lines of a good head by their names.
+/// The header lines of a valid request, by name.
 using Lines = std::map<std::string, std::string>;
 const Lines goodLines{
     {"X-Device-UUID", "mac-unknown"}, {"Content-Type", "application/json"}, {"Content-Length", "100"}};
 
-/// The status of the answer to a question with \a lines in front, 0 if its body is to be read.
+/// The status of the answer to a question with the header \a lines; 0 if its body is to be read.
 int statusFor(const Lines &lines)
 {
     std::string head = "POST /explain HTTP/1.1\r\n";
@@ -31,12 +31,12 @@ int statusFor(const Lines &lines)
     error_code error;
     parser.put(boost::asio::buffer(head + "\r\n"), error);
     if (error)
-        return 400; // As whoever reads requests says.
+        return 400; // The parser's own status.
     const std::optional<Answer> answer = answerToHead(parser, longestBody);
     return answer ? answer->status : 0;
 }
 
-/// The same with \a value in the line \a name.
+/// The same with \a value for the header \a name.
 int statusWith(const std::string &name, const std::string &value)
 {
     Lines lines = goodLines;
@@ -59,7 +59,7 @@ std::string outcome(const QByteArray &body)
 
 const QByteArray example = R"({"contents":[{"parts":[{"text":"What is this?"},{}]},{"parts":[]}]})";
 
-/// \a bytes with a few of them changed, taken away, doubled or put in.
+/// \a bytes with a few of them changed, removed, doubled or inserted.
 QByteArray damaged(QByteArray bytes, std::mt19937 &random)
 {
     static const QByteArray telling = R"({}[]",:\ut0-9e.)"

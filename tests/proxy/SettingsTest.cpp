@@ -30,7 +30,7 @@ Settings settings(const QString &arguments, Environment variables = {})
     return std::get<Settings>(result);
 }
 
-/// What is told about a mistake.
+/// The message about a mistake.
 std::string mistake(const QString &arguments, Environment variables = {})
 {
     const auto result = read(arguments.split(u' ', Qt::SkipEmptyParts), variables);

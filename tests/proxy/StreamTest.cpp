@@ -18,7 +18,7 @@ protected:
         : stream(connected())
     {}
 
-    /// With small buffers, so that it soon depends on one end what the other can do.
+    /// With small buffers, so that each end soon has to wait for the other.
     tcp::socket connected()
     {
         constexpr int small = 16'384;
@@ -43,7 +43,7 @@ Task<void> writeAll(Stream *stream, std::string text, bool *isWritten)
     *isWritten = co_await stream->write(text);
 }
 
-/// Reads a little again and again, until there is nothing more.
+/// Reads a little at a time until the end.
 Task<void> readSlowly(tcp::socket *socket, size_t *count)
 {
     co_await socket->async_send(asio::buffer("x", 1), asTuple());
@@ -68,7 +68,7 @@ Task<void> readWithin(Stream *stream, std::chrono::milliseconds time, size_t *co
         *count += read;
 }
 
-/// Writes a byte again and again, until that is no longer possible.
+/// Writes a byte at a time until that fails.
 Task<void> drip(tcp::socket *socket)
 {
     asio::steady_timer pause(co_await asio::this_coro::executor);

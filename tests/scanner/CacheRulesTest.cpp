@@ -58,7 +58,7 @@ TEST_F(CacheRules, LeaveAllOtherCachesAlone)
 {
     home.file("Library/Caches/com.example.Mail/x");
     home.file("Library/Caches/file");
-    home.file("Library/Caches/google/x"); // Another name where case counts.
+    home.file("Library/Caches/google/x"); // A different name on a case-sensitive file system.
     home.file(".gradle/daemon/x");
     EXPECT_THAT(found().paths, IsEmpty());
 }
@@ -77,7 +77,7 @@ TEST_F(CacheRules, CountNothingThatCannotBeReadOrLeadsElsewhere)
     home.file("elsewhere/x", 20'000);
     home.link("Library/Caches/pip", home / "elsewhere");
     home.link("Library/Caches/electron", "electron");
-    const qint64 bytes = onDisk(home.file(".cache", 2'000)); // A file in a folder's place.
+    const qint64 bytes = onDisk(home.file(".cache", 2'000)); // A file in the place of a folder.
     home.file(".gradle/caches/x");
     withoutAccessTo(home / ".gradle/caches", [&] {
         EXPECT_THAT(found().paths, ElementsAre(home / "Library/Caches/pip", home / ".cache", home / ".gradle/caches"));

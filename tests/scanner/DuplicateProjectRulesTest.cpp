@@ -17,7 +17,7 @@ namespace {
 class DuplicateProjectRules : public RuleTest
 {
 protected:
-    /// A folder of the local server, modified some days ago.
+    /// A folder of the local server, modified this many days ago.
     FilePath project(const FilePath &name, int days = 0) const
     {
         const FilePath path = home.folder("Sites/localhost/" + name);
@@ -55,7 +55,7 @@ TEST(NormalizedProjectName, LosesTheSuffixesOfCopies)
         Row{"shop_backup", "shop"},
         Row{"shop.backup", "shop.backup"},
         Row{"backup", "backup"},
-        Row{"shop backup backup", "shop"}, // The second and the third pattern each take one.
+        Row{"shop backup backup", "shop"}, // The second and the third pattern each remove one.
         Row{"shop 3 jan 2024", "shop"},
         Row{"shop 03 January", "shop"},
         Row{"shop 3 feb", "shop"},
@@ -81,8 +81,8 @@ TEST(NormalizedProjectName, LosesTheSuffixesOfCopies)
         Row{"2024", "2024"},
         Row{"", ""},
         Row{"BÄCKEREI copy", "bäckerei"},
-        Row{"shop copy \xd9\xa3", "shop"}, // An Arabic digit is a digit.
-        Row{"shop\xc2\xa0", "shop"},       // A space that does not break is white space.
+        Row{"shop copy \xd9\xa3", "shop"}, // An Arabic digit counts as a digit.
+        Row{"shop\xc2\xa0", "shop"},       // A no-break space counts as white space.
     };
     for (const Row &row : rows)
         EXPECT_EQ(normalizedProjectName(row.name).toStdString(), row.normalized) << row.name;
@@ -96,14 +96,14 @@ TEST(NormalizedProjectName, LosesSuffixesInTheOrderOfThePatternsAlone)
         const char *normalized;
     };
     constexpr std::array rows{
-        Row{"shop backup copy", "shop"},      // The copy goes first, then the backup.
-        Row{"shop copy backup", "shop copy"}, // Too late for the copy.
+        Row{"shop backup copy", "shop"},      // First the copy is removed, then the backup.
+        Row{"shop copy backup", "shop copy"}, // Too late for the copy pattern.
         Row{"shop-backup backup", "shop"},    // First the backup after a space, then the one after a hyphen.
         Row{"shop copy 3 jan", "shop copy"},
         Row{"shop backup 3 jan", "shop backup"},
         Row{"shop-backup 3 may", "shop-backup"},
         Row{"shop copy-2", "shop copy"},
-        Row{"shop-2 3 jan", "shop"}, // The number goes last, after the date.
+        Row{"shop-2 3 jan", "shop"}, // The number is removed last, after the date.
         Row{"shop-2 3 may", "shop"},
     };
     for (const Row &row : rows)

@@ -21,14 +21,14 @@ using testing::Return;
 
 namespace {
 
-/// What happened, in order, told from any thread.
+/// Records events in order, from any thread.
 class EventLog final
 {
 public:
     void add(const std::string &event)
     {
         const std::lock_guard lock(mutex);
-        if (events.empty() || events.back() != event) // One line for a run of calls.
+        if (events.empty() || events.back() != event) // One entry for a run of equal calls.
             events.push_back(event);
     }
     std::vector<std::string> all() const { return events; }
@@ -59,7 +59,7 @@ TEST_F(FileSizeScannerTest, BeginsEachStepWhenItsProgressHasReturned)
     watch([&log](const char *operation) { log.add(operation); });
     QCoro::waitFor(scanner->scan([&log](double fraction, const QString &) {
         log.add("begin " + std::to_string(std::lround(fraction * 100)));
-        QCoreApplication::processEvents(); // Whatever was under way may make itself known now.
+        QCoreApplication::processEvents(); // Handles events of any work that is still under way.
         log.add("end " + std::to_string(std::lround(fraction * 100)));
     }));
     EXPECT_THAT(log.all(), ElementsAre("begin 8", "end 8", "home", "capacity",                         //
@@ -72,7 +72,7 @@ TEST_F(FileSizeScannerTest, BeginsEachStepWhenItsProgressHasReturned)
                                        "home", "begin 100", "end 100"));
 }
 
-#ifndef Q_OS_MACOS // There a thread has another kind of priority.
+#ifndef Q_OS_MACOS // On macOS a thread has another kind of priority.
 TEST_F(FileSizeScannerTest, StandsBackBehindTheMainThread)
 {
     const int mine = getpriority(PRIO_PROCESS, 0);
@@ -131,8 +131,7 @@ TEST_F(FileSizeScannerTest, RunsToItsEndThoughNobodyWaits)
 
 TEST_F(FileSizeScannerTest, NeverRunsStepsOfTwoScansAtOnce)
 {
-    // Given a first search that is held up until the main thread gets to it: by then the other scan has work to do,
-    // too.
+    // Given a first search that waits until the main thread runs: then the other scan has work to do as well.
     std::mutex mutex;
     std::set<const QThread *> threads;
     watch([&](const char *) {
@@ -157,7 +156,7 @@ TEST_F(FileSizeScannerTest, NeverRunsStepsOfTwoScansAtOnce)
     QCoro::waitFor(first);
     QCoro::waitFor(second);
 
-    // Then all that was done was done on one thread, where nothing can be done at once.
+    // Then all work was done on one thread, which cannot do two things at once.
     EXPECT_EQ(steps, 14);
     EXPECT_EQ(threads.size(), 1);
 }

@@ -9,7 +9,7 @@ namespace tidlo {
 
 namespace {
 
-/// A result of findings of paths, each of 100 bytes and with no links unless told otherwise.
+/// A result with findings whose paths have 100 bytes each, and no links by default.
 class ForecastTest : public testing::Test
 {
 protected:
@@ -21,7 +21,7 @@ protected:
         result.snapshot.candidates.append(candidate);
     }
 
-    /// A name of \a inode with \a links names in all lies in the \a item, 10 bytes of it.
+    /// Adds a name in \a item, of 10 bytes, for \a inode, which has \a links names in total.
     void link(const FilePath &item, quint64 inode, quint32 links, quint64 device = 1)
     {
         result.linked[item].append({.device = device, .inode = inode, .bytes = 10, .links = links});

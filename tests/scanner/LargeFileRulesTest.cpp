@@ -19,7 +19,7 @@ constexpr qint64 large = 104'857'600;
 class LargeFileRules : public RuleTest
 {
 protected:
-    /// Sparse: long, but hardly any of it on the disk.
+    /// Sparse: a long file that takes hardly any space on the disk.
     FilePath oldFile(const FilePath &relative, qint64 bytes = large, int days = 61) const
     {
         const FilePath path = home.sparseFile(relative, bytes);
@@ -150,7 +150,7 @@ TEST_F(LargeFileRules, FindFilesWhereTheHomesPathMerelyResemblesAnExcludedOne)
 
 TEST_F(LargeFileRules, FindFilesBehindALinkThatIsTheFolderItself)
 {
-    oldFile("node_modules/elsewhere/file"); // Its path by way of the link holds no excluded name.
+    oldFile("node_modules/elsewhere/file"); // Its path through the link contains no excluded name.
     home.link("Movies", "node_modules/elsewhere");
     EXPECT_THAT(found().paths, ElementsAre(home / "Movies/file"));
 }

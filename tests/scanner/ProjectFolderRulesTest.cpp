@@ -22,7 +22,7 @@ protected:
     CleanupCandidate found(Group group) const { return developerCandidates({files, home.path()}).at(group).candidate; }
     QList<FilePath> pathsIn(Group group) const { return found(group).paths; }
 
-    /// The rule's own visitor, to be shown what no real walk shows.
+    /// The rule's own visitor, so that tests can show it entries which no real walk shows.
     std::function<Visit(const EnumeratedEntry &)> visitor()
     {
         DeepEnumeration asked;
@@ -125,7 +125,7 @@ TEST_F(ProjectFolderRules, CountAVendorFolderBesideAComposerFile)
 TEST_F(ProjectFolderRules, WalkOnIntoAVendorFolderWithoutComposerFile)
 {
     home.file("Sites/lib/package.json");
-    home.file("Sites/lib/vendor/composer.json"); // In it, not beside it.
+    home.file("Sites/lib/vendor/composer.json"); // Inside the folder, not beside it.
     home.file("Sites/lib/vendor/x/node_modules/a.js");
     EXPECT_THAT(pathsIn(composer), IsEmpty());
     EXPECT_THAT(pathsIn(outputs), IsEmpty());
@@ -248,7 +248,7 @@ TEST_F(ProjectFolderRules, SumWhatTheMatchesTakeOnTheDisk)
                             onDisk(home.file("Sites/a/node_modules/.bin/hidden", 5'000)) +
                             onDisk(home.sparseFile("Sites/a/node_modules/sparse", 1'000'000'000)) +
                             onDisk(home.file("Sites/b/coverage/y", 1));
-    home.file("Sites/a/node_modules/Tool.app/inside", 9'000); // A package is not entered.
+    home.file("Sites/a/node_modules/Tool.app/inside", 9'000); // Packages are not entered.
     home.link("Sites/a/node_modules/link", home.file("outside", 50'000));
     home.file("Sites/a/source.js", 30'000);
     EXPECT_EQ(found(rebuildable).bytes, expected);

@@ -4,7 +4,7 @@ namespace tidlo {
 
 RuleTest::RuleTest()
 {
-    chmod(home.path().constData(), 0755); // For withoutAccessTo.
+    chmod(home.path().constData(), 0755); // Undoes withoutAccessTo().
 }
 
 RuleTest::~RuleTest() = default;

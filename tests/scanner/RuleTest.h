@@ -12,7 +12,7 @@
 
 namespace tidlo {
 
-/// What is fixed of a candidate, to be compared at once.
+/// The fixed fields of a candidate, to be compared together.
 struct FixedFields
 {
     const char *title;
@@ -41,20 +41,20 @@ inline QList<CleanupCandidate> candidatesOf(const QList<Finding> &findings)
     return candidates;
 }
 
-/// Names that a file may have and that are easily mishandled. Each leaves room for four bytes more.
+/// Valid file names that are easily handled wrongly. Each leaves room for four more bytes.
 inline QList<FilePath> awkwardNames()
 {
     return {"new\nline", "%2F%n%s%1", "caf\xe9\xff", "-rf", " two  spaces ", "\xe2\x80\xaegnp", FilePath(251, 'x')};
 }
 
-/// A rule on real folders: a home of its own and a file manager whose calls can be made to fail.
+/// A rule on real folders: a private home folder, and a file manager whose calls can be made to fail.
 class RuleTest : public testing::Test
 {
 protected:
     RuleTest();
     ~RuleTest() override;
 
-    /// What deleting a file frees.
+    /// The bytes that deleting a file frees.
     static qint64 onDisk(const FilePath &path)
     {
         struct stat status;
@@ -62,7 +62,7 @@ protected:
         return status.st_blocks * 512;
     }
 
-    /// Runs \a check in a process without rights, to which \a closed is closed, and reports what it expects in vain.
+    /// Runs \a check in a process without rights, which cannot access \a closed, and reports its failed expectations.
     static void withoutAccessTo(const FilePath &closed, const std::function<void()> &check)
     {
         EXPECT_EQ(chmod(closed.constData(), 0), 0);

@@ -1,4 +1,4 @@
-// What a scan finds, from the rules to the snapshot.
+// The outcome of a scan, from the rules to the snapshot.
 
 #include "scanner/ScannerTest.h"
 #include "support/EveryFinding.h"
@@ -42,7 +42,7 @@ TEST_F(ScanOutcome, OfAVolumeWithoutCapacityTellsZeroPercent)
 
 TEST_F(ScanOutcome, MergesTheFindingsOfAllRulesInTheirOrder)
 {
-    // Given as many bytes for every rule, so that the order of the rules is what remains.
+    // Given the same number of bytes for every rule, so that the order of the rules decides.
     addEveryFinding(home);
 
     // When

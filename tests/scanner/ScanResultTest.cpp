@@ -11,7 +11,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// A result of findings, each of paths that are as large as the number they end in.
+/// A result with findings whose paths have the size of the number at their end.
 ScanResult resultOf(const QList<QList<FilePath>> &findings)
 {
     ScanResult result{.snapshot = {.totals = {.recoverableBytes = 99}, .candidates = {}}, .sizes = {}};

@@ -15,7 +15,7 @@ using ScanSteps = RuleTest;
 
 TEST_F(ScanSteps, HandTheStopOfTheScanToEverySearchAndEveryMeasurement)
 {
-    home.folder("Downloads"); // Without one there is nothing of it to measure.
+    home.folder("Downloads"); // Without this folder, there would be nothing to measure for it.
     std::stop_source scan;
     scan.request_stop();
     const auto isStopped = Property(&std::stop_token::stop_requested, true);

@@ -65,7 +65,7 @@ TEST(ScanSummary, KeepsTheMergedOrderOfEqualSizes)
 
 TEST(ScanSummary, KeepsTheMergedOrderOfAnyNumberOfEqualSizes)
 {
-    QList<CleanupCandidate> merged; // So many that a sort which is not stable disturbs them.
+    QList<CleanupCandidate> merged; // So many that an unstable sort would change their order.
     for (int number = 0; number < 100; ++number)
         merged.append(candidate("equal", 5));
     merged.append(candidate("larger", 7));

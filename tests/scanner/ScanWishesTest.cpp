@@ -108,7 +108,7 @@ TEST_F(ScanWishesTest, ASparedCopyStillTakesPartInTheComparison)
     home.setModified("Sites/localhost/shop", daysAgo(3));
     home.setModified("Sites/localhost/shop backup", daysAgo(2));
     home.setModified("Sites/localhost/shop copy", daysAgo(1));
-    spare("Sites/localhost/shop copy"); // The newest, and so the one that is kept anyway.
+    spare("Sites/localhost/shop copy"); // The newest, which is kept anyway.
     const Finding newest = duplicateProjectCandidates(context()).first();
     EXPECT_THAT(newest.candidate.paths,
                 ElementsAre(home / "Sites/localhost/shop backup", home / "Sites/localhost/shop"));

@@ -9,11 +9,11 @@
 
 namespace tidlo {
 
-/// A scanner on a real home, with the event loop that its coroutines need.
+/// A scanner on a real home folder, with the event loop that its coroutines need.
 class ScannerTest : public RuleTest
 {
 protected:
-    /// Lets what was left suspended come to its end.
+    /// Lets suspended coroutines end.
     void TearDown() override
     {
         scanner.reset();
@@ -30,7 +30,7 @@ protected:
 
     ScanSnapshot scanned() { return result().snapshot; }
 
-    /// \a before is called as each operation of the file manager begins, in the thread that it runs on.
+    /// \a before is called when each operation of the file manager begins, on the thread that runs it.
     void watch(const std::function<void(const char *operation)> &before)
     {
         ON_CALL(files, homeDirectoryForCurrentUser).WillByDefault([this, before] {
@@ -64,7 +64,7 @@ protected:
         });
     }
 
-    /// Has each deep search wait until it is asked to stop; \a meanwhile is called on the main thread.
+    /// Makes each deep search wait until it is asked to stop; \a meanwhile is called on the main thread.
     void holdUpSearches(const std::function<void()> &meanwhile)
     {
         ON_CALL(files, enumerate).WillByDefault([&, meanwhile](const DeepEnumeration &, const std::stop_token &stop) {

@@ -35,7 +35,7 @@ protected:
         return file.readAll().toStdString();
     }
 
-    /// What it prints.
+    /// Uninstalls, and returns what was printed.
     std::string uninstall()
     {
         AppViewModel &app = model();
@@ -46,7 +46,7 @@ protected:
         return testing::internal::GetCapturedStdout();
     }
 
-    /// Expects that nothing is written and nothing started, and that \a reason is told.
+    /// Expects that nothing is written or started, and that \a reason is printed.
     void expectRefused(const Bundle &refused, const std::string &reason)
     {
         SCOPED_TRACE(refused.path.toStdString() + " " + refused.executable.toStdString());

@@ -229,7 +229,7 @@ TEST(CleanCommand, SaysWhatCouldNotBeMoved)
 {
     const auto home = homeToClean();
     home->file(".cache/large", 8'192);
-    const FilePath trashInCache = "XDG_DATA_HOME=" + (*home / ".cache/data"); // What holds the Trash stays.
+    const FilePath trashInCache = "XDG_DATA_HOME=" + (*home / ".cache/data"); // A folder that holds the Trash stays.
     const CliRun run =
         runCli(*home, {"clean", "--yes", "--risk", "safe"}, {.environment = {trashInCache}, .inChild = {}});
     EXPECT_EQ(run.status, 1);

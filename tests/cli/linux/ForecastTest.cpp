@@ -17,7 +17,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// What is free on the file system of \a folder once all that was written has arrived there, in bytes.
+/// The free bytes on the file system of \a folder, after everything written has reached it.
 qint64 freeOn(const FilePath &folder)
 {
     sync();
@@ -26,7 +26,7 @@ qint64 freeOn(const FilePath &folder)
     return static_cast<qint64>(figures.f_bfree * figures.f_frsize);
 }
 
-/// The bytes of the folders at and beneath \a folder themselves, without what is in them.
+/// The bytes of \a folder and the folders beneath themselves, without their content.
 qint64 foldersIn(const FilePath &folder)
 {
     qint64 bytes = 0;
@@ -41,8 +41,8 @@ qint64 foldersIn(const FilePath &folder)
     return bytes;
 }
 
-/// Projects whose packages are hard links into a store, as some package managers make them: of \a packages each, the
-/// first half is in the store as well, and each is in all projects.
+/// Projects whose packages are hard links into a store, as some package managers make them: each project has \a
+/// packages packages, the same in all projects, and the first half of them is in the store as well.
 void fillLikeAPackageStore(const TemporaryHome &home, int packages)
 {
     for (int package = 0; package < packages; ++package) {

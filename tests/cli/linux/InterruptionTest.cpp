@@ -17,7 +17,7 @@ using testing::AnyOf;
 using testing::HasSubstr;
 using testing::Not;
 
-/// A home whose scan takes some time.
+/// A home folder whose scan takes some time.
 static std::unique_ptr<TemporaryHome> largeHome()
 {
     auto home = std::make_unique<TemporaryHome>(TemporaryHome::parentInMemory());
@@ -29,7 +29,7 @@ static std::unique_ptr<TemporaryHome> largeHome()
     return home;
 }
 
-/// A home with \a count small things to move.
+/// A home folder with \a count small items to move.
 static std::unique_ptr<TemporaryHome> homeWithItems(int count)
 {
     using namespace std::chrono_literals;
@@ -50,7 +50,7 @@ struct Signal
 
 constexpr Signal endings[]{{SIGINT, "SIGINT"}, {SIGTERM, "SIGTERM"}, {SIGHUP, "SIGHUP"}};
 
-/// Runs until a run was met in its course: the machine may be so busy that one is over before it hears of the signal.
+/// Repeats until a run was interrupted: on a busy machine, a run may end before the signal reaches it.
 static CliRun interrupted(const std::function<CliRun()> &run)
 {
     CliRun met = run();

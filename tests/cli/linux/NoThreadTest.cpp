@@ -13,7 +13,7 @@ TEST(CommandLineOnLinux, SaysSoWhereNoThreadCanBeStarted)
 {
     const TemporaryHome home;
     home.file("Sites/one/node_modules/a.js");
-    const CliSetup setup{.environment = {"ASAN_OPTIONS=detect_leaks=0"}, // That starts a process of its own.
+    const CliSetup setup{.environment = {"ASAN_OPTIONS=detect_leaks=0"}, // The leak check starts a process of its own.
                          .inChild = [] {
                              denySystemCall(SYS_clone, EAGAIN);
                              denySystemCall(SYS_clone3, EAGAIN);

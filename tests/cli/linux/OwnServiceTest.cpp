@@ -16,7 +16,7 @@ using testing::StartsWith;
 
 namespace {
 
-/// Runs "tidlo-cli explain" where nothing else takes connections. Its status is that of a skipped test where the system
+/// Runs "tidlo-cli explain" where nothing else takes connections. Returns the status of a skipped test if the system
 /// does not allow that.
 CliRun explainAlone(
     const TemporaryHome &home, const QByteArrayList &environment, void (*prepare)() = [] {})
@@ -28,7 +28,7 @@ CliRun explainAlone(
                                       }});
 }
 
-/// A service at the built-in address that ends each connection, as long as the program runs that is started next.
+/// Listens at the built-in address and ends each connection, while the program runs that is started next.
 void endEachConnection()
 {
     sockaddr_in name{};

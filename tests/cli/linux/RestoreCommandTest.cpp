@@ -21,7 +21,7 @@ using testing::Not;
 using testing::SizeIs;
 using testing::StartsWith;
 
-/// A home that was cleaned.
+/// A home folder after a cleanup.
 std::unique_ptr<TemporaryHome> cleanedHome()
 {
     auto home = homeToClean();
@@ -30,7 +30,7 @@ std::unique_ptr<TemporaryHome> cleanedHome()
     return home;
 }
 
-/// Something in the Trash that was moved so late that nothing else on this machine was.
+/// Puts an item into the Trash with a date later than that of any other item on this machine.
 void trashLate(const TemporaryHome &home, const FilePath &name, const FilePath &origin, const QByteArray &time)
 {
     home.file(".local/share/Trash/files/" + name, 4'096);

@@ -58,7 +58,7 @@ TEST(ScanOptions, WhatIsExceptedIsNotMovedToTheTrash)
     const FilePath spared = home.file("Sites/a/node_modules/caf\xe9");
     const FilePath moved = home.file("Sites/b/node_modules/x");
     const FilePath environment = "HOME=" + home.path();
-    const auto become = [&] { // Arguments that are no text cannot be given to a QProcess.
+    const auto become = [&] { // A QProcess cannot pass arguments that are no text.
         execle(TIDLO_CLI, "tidlo-cli", "clean", "--yes", "--except", spared.constData(), nullptr,
                std::array{environment.constData(), static_cast<const char *>(nullptr)}.data());
     };

@@ -103,7 +103,7 @@ TEST(SpareCommand, PreferencesThatCannotBeWrittenAreTold)
 {
     TemporaryHome home;
     const FilePath folder = home.folder("a");
-    home.file(".config"); // Where a folder should be.
+    home.file(".config"); // A file in the place of a folder.
     const CliRun run = runCli(home, {"spare", folder});
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(run.errors, "tidlo-cli: The preferences cannot be written.\n");

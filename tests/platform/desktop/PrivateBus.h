@@ -7,7 +7,7 @@
 
 namespace tidlo {
 
-/// A message bus of a test's own, on which nothing can be started. Ends with it.
+/// A message bus for one test, on which no service can be started. Ends with this object.
 class PrivateBus final
 {
 public:

@@ -36,7 +36,7 @@ protected:
             patience);
     }
 
-    /// Asks the portal something else, and waits until it has answered, or \a patience is over.
+    /// Asks the portal another question, and waits until it has answered, or \a patience is over.
     void waitForAnswer(std::chrono::milliseconds patience)
     {
         const QDBusMessage message = QDBusMessage::createMethodCall(
@@ -47,7 +47,7 @@ protected:
         QCoreApplication::processEvents();
     }
 
-    /// Waits until whatever the portal has sent so far has arrived.
+    /// Waits until everything that the portal has sent so far has arrived.
     void waitForAll() { waitForAnswer(10min); }
 
     QList<std::optional<bool>> toldOfDark() const
@@ -80,7 +80,7 @@ TEST_F(SettingsPortalTest, TellsOnceWhichSchemeIsWanted)
     portal.appear();
 
     follow();
-    EXPECT_THAT(toldOfDark(), ElementsAre()); // Nobody waits for it.
+    EXPECT_THAT(toldOfDark(), ElementsAre()); // The call does not wait for the answer.
     waitForAll();
     EXPECT_THAT(toldOfDark(), ElementsAre(Optional(true)));
 }
@@ -221,7 +221,7 @@ TEST_F(SettingsPortalTest, PassesOverWhoIsNotThePortal)
     waitForAll();
 
     stranger.tellChange(appearance, colorScheme, light);
-    waitForAll(); // What the stranger has sent has reached the bus before the question.
+    waitForAll(); // The signal of the stranger has reached the bus before the question.
 
     EXPECT_THAT(toldOfDark(), ElementsAre(Optional(true)));
 }
@@ -234,12 +234,12 @@ TEST_F(SettingsPortalTest, WhateverSettingSaysSoReducesMotionOrRaisesContrast)
         QString key;
         DesktopWishes wished;
         QVariantList wishing;
-        QVariantList others; // Or of another type.
+        QVariantList others; // Or with another type.
     };
     portal.appear();
     follow();
     waitUntil([this] { return portal.questions() > 0; });
-    portal.tellChange(appearance, colorScheme, dark); // From now on there is always something that was told.
+    portal.tellChange(appearance, colorScheme, dark); // From now on there is always at least one report.
     waitForAll();
     const DesktopWishes reduced{.isDark = true, .reducedMotion = true};
     const DesktopWishes contrasting{.isDark = true, .higherContrast = true};
@@ -344,14 +344,14 @@ TEST_F(SettingsPortalTest, WhatWasToldHoldsUntilAnotherPortalTellsOtherwise)
 
 TEST_F(SettingsPortalTest, AnAnswerThatTakesTooLongCountsAsNone)
 {
-    // Given a portal that does not answer, and a wait that is over
+    // Given a portal that does not answer, and an expired wait
     portal.set(appearance, colorScheme, dark);
     portal.hold(true);
     portal.appear();
     follow(1ms);
     waitForAnswer(100ms);
 
-    // When it answers after all
+    // When it does answer later
     portal.hold(false);
     waitForAll();
 
@@ -371,7 +371,7 @@ TEST_F(SettingsPortalTest, GoesWhileItsQuestionsAreStillOpen)
     follow();
     waitForTold(1);
 
-    EXPECT_THAT(toldOfDark(), ElementsAre(Optional(true))); // By the second alone.
+    EXPECT_THAT(toldOfDark(), ElementsAre(Optional(true))); // Only from the second one.
 }
 
 TEST_F(SettingsPortalTest, TellsNothingWhereThereIsNoBus)

@@ -9,8 +9,8 @@
 
 namespace tidlo {
 
-/// Stands in for the desktop's portal for settings, on a connection of its own. It answers what it is told to, of
-/// whatever type, and by an error otherwise.
+/// Replaces the desktop's settings portal, on a connection of its own. It answers with the values that a test sets, of
+/// any type, and otherwise with an error.
 class StandInPortal final : public QDBusVirtualObject
 {
 public:
@@ -18,25 +18,25 @@ public:
 
     explicit StandInPortal(const QDBusConnection &connection);
 
-    /// Its own name on the bus.
+    /// Its unique name on the bus.
     QString name() const { return bus.baseService(); }
 
-    /// Takes the portal's name on the bus, or gives it up.
+    /// Takes the portal's well-known name on the bus, or gives it up.
     void appear();
     void vanish();
 
-    /// What is answered from now on. It goes out in the box that the portal puts it in.
+    /// Sets an answer. It is sent in a variant, as the portal does.
     void set(const QString &group, const QString &key, const QVariant &value);
 
-    /// From now on every answer consists of these, whatever is asked.
+    /// From now on every answer consists of \a arguments, whatever the question.
     void setEveryAnswer(const QVariantList &arguments) { everyAnswer = arguments; }
 
-    /// Sends \a arguments as the signal that tells of a change.
+    /// Sends \a arguments as the signal for a change.
     void tellChange(const QVariantList &arguments);
-    /// The same in order: of one setting that is now \a value.
+    /// Sends a valid signal: one setting now has \a value.
     void tellChange(const QString &group, const QString &key, const QVariant &value);
 
-    /// Whether questions wait, from now on; those that do are answered once they need not.
+    /// Sets whether questions wait; when that ends, those that waited are answered.
     void hold(bool held);
 
     int questions() const { return asked; }

@@ -24,14 +24,14 @@ namespace {
 
 using Call = Bends::Call;
 
-/// The function that this one stands before.
+/// The original of the function that is replaced here.
 template <typename Function>
 Function *next(Function *, const char *name)
 {
     return reinterpret_cast<Function *>(dlsym(RTLD_NEXT, name));
 }
 
-/// Whether this call is to fail, with errno set.
+/// Whether this call must fail; errno is then set.
 bool isBent(Call call)
 {
     thread_local std::array<int, static_cast<size_t>(Call::count)> made{};
@@ -43,13 +43,13 @@ bool isBent(Call call)
     return true;
 }
 
-/// Takes one of what is left; false if nothing is.
+/// Counts \a left down; false if it was 0.
 bool take(std::atomic<int> &left)
 {
     return left == Bends::unlimited || left.fetch_sub(1) > 0;
 }
 
-struct ListedEntry // As the kernel writes it.
+struct ListedEntry // As the kernel lays it out.
 {
     ino64_t inode;
     off64_t offset;
@@ -103,7 +103,7 @@ void Bends::straighten()
 
 } // namespace tidlo
 
-void *operator new(size_t size) // NOLINT: it is ours alone here.
+void *operator new(size_t size) // NOLINT: replaced only in this program.
 {
     return tidlo::allocated(size);
 }
@@ -137,7 +137,7 @@ namespace tidlo {
 
 extern "C" {
 
-// Reads six arguments where fewer may be given, as the real one does, which the address sanitizer would object to.
+// Reads six arguments even if fewer are given, as the real function does; the address sanitizer would object.
 __attribute__((no_sanitize_address)) long syscall(long number, ...) noexcept
 {
     va_list list;

@@ -6,7 +6,7 @@
 
 namespace tidlo {
 
-/// How calls of the system, and of the C and C++ libraries, are bent in this program, for all of its threads.
+/// How system calls, and functions of the C and C++ libraries, are changed in this program, for all of its threads.
 struct Bends
 {
     enum class Call {
@@ -28,26 +28,26 @@ struct Bends
 
     static constexpr int unlimited = 1 << 30;
 
-    /// With what error calls of a kind fail, one of so many of each thread's; 0 where none does.
+    /// The error for each kind of call; it hits one of every few calls of each thread. 0: none fails.
     std::array<std::atomic<int>, static_cast<size_t>(Call::count)> errors{};
     std::atomic<int> period = 2;
 
-    std::atomic<int> batches = unlimited;     ///< How many more batches of a listing are read; then an error is told.
-    std::atomic<bool> hidesKinds = false;     ///< Listings do not tell what an entry is.
-    std::atomic<bool> hidesRoom = false;      ///< Of 2,000 free blocks of 4,096 bytes, half are free for root alone.
+    std::atomic<int> batches = unlimited;     ///< How many more batches of a listing are read; the next one fails.
+    std::atomic<bool> hidesKinds = false;     ///< Listings do not say what kind an entry is.
+    std::atomic<bool> hidesRoom = false;      ///< Of 2,000 free blocks of 4,096 bytes, half are free only for root.
     std::atomic<int> threads = unlimited;     ///< How many more threads can be started.
     std::atomic<int> allocations = unlimited; ///< How many more allocations with "new" succeed before one fails.
-    std::atomic<bool> staysFull = false;      ///< After that one, all others fail as well.
-    std::atomic<int> batchesRead = 0;         ///< Batches of listings that were asked for.
+    std::atomic<bool> staysFull = false;      ///< After the first failure, all others fail as well.
+    std::atomic<int> batchesRead = 0;         ///< Batches of listings that were requested.
 
     void bendEvery(std::initializer_list<Call> calls, int error);
-    /// As it was.
+    /// Undoes all changes.
     void straighten();
 };
 
 extern Bends bends;
 
-/// Straightens all when it goes.
+/// Undoes all changes when it is destroyed.
 struct Straightener
 {
     ~Straightener() { bends.straighten(); }

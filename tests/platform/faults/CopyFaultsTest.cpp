@@ -1,4 +1,4 @@
-// Copies and files that are written while signals interrupt the calls of the system.
+// Copying and writing files while signals interrupt system calls.
 
 #include "BentCalls.h"
 #include "platform/ApplicationCopier.h"

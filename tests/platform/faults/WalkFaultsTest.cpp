@@ -1,4 +1,4 @@
-// Walks on a system that is short of threads, memory or descriptors, that interrupts its calls, or tells less than
+// Walks on a system that lacks threads, memory or descriptors, that interrupts its calls, or that reports less than
 // others do.
 
 #include "BentCalls.h"
@@ -47,7 +47,7 @@ protected:
         home.file("tree/.hidden/file", block);
     }
 
-    /// What is collected, and what it measures: folders named "target" beside "other", and files named "large".
+    /// What the walk collects and measures: folders named "target" beside "other", and files named "large".
     std::vector<std::string> found(int workers = 8) const
     {
         const auto visit = [](const EnumeratedEntry &entry) {
@@ -100,7 +100,7 @@ TEST_F(WalkFaults, AListingThatGetsNoMemoryCountsAsUnreadableAndNothingEnds)
                 bends.allocations = allocations;
                 try {
                     measured = DirectoryWalker(workers).allocatedSizes({home / "small"}, {}).value(0);
-                } catch (const std::bad_alloc &) { // Before and after the walk itself there is nothing to fall back on.
+                } catch (const std::bad_alloc &) { // Before and after the walk itself there is no fallback.
                 }
                 isUnharmed = bends.allocations > 0;
                 bends.straighten();
@@ -141,7 +141,7 @@ TEST_F(WalkFaults, AListingThatIsSharedGoesOnWhereOneWorkerGotNoMemory)
     };
     for (const int workers : {1, 8}) {
         const auto items = DirectoryWalker(workers).enumerate({.roots = {wide}, .visit = visit}, {});
-        EXPECT_GT(items.size(), 4'000); // Each batch holds a thousand or so, and four of them are cut short.
+        EXPECT_GT(items.size(), 4'000); // Each batch holds about a thousand entries, and four of them are cut short.
         EXPECT_LT(items.size(), 9'997);
     }
 }
@@ -186,7 +186,7 @@ TEST_F(WalkFaults, DescriptorsThatRunShortAreFreedAndTheOpeningTriedAgain)
 {
     const std::vector<std::string> expected = found(1);
     for (const int error : {EMFILE, ENFILE}) {
-        bends.period = 4; // Closing and opening again takes more than one call.
+        bends.period = 4; // Closing and reopening takes more than one call.
         bends.bendEvery({Call::openat2}, error);
         EXPECT_EQ(found(1), expected);
         EXPECT_EQ(size(1), wholeSize);
@@ -222,7 +222,7 @@ TEST_F(WalkFaults, AStopLeavesTheRestOfAHugeListingUnread)
     const Descriptor folder(open(wide.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     for (int number = 0; number < 20'000; ++number)
         makeFile(folder.get(), FilePath::number(number).constData());
-    for (const int openFolders : {0, 16}) { // The listing is not to be shared, or is.
+    for (const int openFolders : {0, 16}) { // The listing is not shared, or it is.
         std::stop_source stop;
         const auto visit = [&](const EnumeratedEntry &) {
             stop.request_stop();

@@ -29,7 +29,7 @@ protected:
 
     static std::optional<QString> because(int error) { return QString::fromLocal8Bit(std::strerror(error)); }
 
-    /// All but when it was read.
+    /// All properties except the access time.
     std::map<std::string, TemporaryHome::Entry> inApplications() const
     {
         std::map<std::string, TemporaryHome::Entry> entries;
@@ -53,7 +53,7 @@ TEST_F(ApplicationCopierOnLinux, LeavesWhatWasThereWholeWhenTheSourceVanishesHal
     home.file("Applications/Tidlo.app/old");
     const auto former = inApplications();
     const ChildResult result = inChild([&] {
-        EXPECT_TRUE(denySystemCall(SYS_sendfile, ESTALE)); // By then the folders are made.
+        EXPECT_TRUE(denySystemCall(SYS_sendfile, ESTALE)); // The folders are made by then.
         EXPECT_EQ(copyApplication(source, destination), because(ESTALE));
         return !HasFailure();
     });

@@ -1,4 +1,4 @@
-// Trees that only this system has: with other mounts in them, on a kernel that lacks a call.
+// Trees that exist only on Linux: with other mounts in them, or on a kernel that lacks a system call.
 
 #include "platform/Allocation.h"
 #include "platform/Descriptor.h"

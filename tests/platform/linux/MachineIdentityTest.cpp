@@ -13,7 +13,7 @@ namespace tidlo {
 
 namespace {
 
-/// What systemd-id128 prints for the machine-id 0123456789abcdef0123456789abcdef and this application's identifier.
+/// The output of systemd-id128 for the machine-id 0123456789abcdef0123456789abcdef and this application's identifier.
 const QUuid derived(QStringLiteral("57bc3a52-16a0-43d1-a19b-17c315d3157e"));
 
 class MachineIdentity : public testing::Test
@@ -127,7 +127,7 @@ TEST_F(MachineIdentity, OfThisMachineIsAnUpperCaseHyphenatedUuidThatStays)
 TEST_F(MachineIdentity, OfThisMachineIsReadAfreshByEveryCallToo)
 {
     inOwnMounts([&] {
-        mountMemory("/etc"); // Nothing else of it is needed meanwhile.
+        mountMemory("/etc"); // Nothing else in it is needed during the test.
         const auto setId = [](const QByteArray &id) {
             QFile target(QStringLiteral("/etc/machine-id"));
             EXPECT_TRUE(target.open(QIODevice::WriteOnly) && target.write(id) == id.size());

@@ -13,7 +13,7 @@ namespace {
 
 constexpr int most = 19;
 
-/// Of the calling thread; the more, the more it stands back.
+/// The niceness of the calling thread; a higher value means a lower priority.
 int niceness()
 {
     return getpriority(PRIO_PROCESS, 0);

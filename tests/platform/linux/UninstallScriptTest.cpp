@@ -20,7 +20,7 @@ using testing::Not;
 
 namespace {
 
-/// What is made in an environment of its own, in a child; nothing if the paths are refused.
+/// The script made in a child process with this environment; nothing if the paths are refused.
 std::optional<QByteArray> madeWith(const std::map<const char *, FilePath> &environment,
                                    const FilePath &application = "/Applications/Tidlo.app",
                                    const QByteArray &identifier = "com.tidlo.storagecleaner")

@@ -1,4 +1,4 @@
-// Walks that may keep few folders open, and what reopens those that were closed.
+// Walks that may keep only few folders open, and how closed folders are reopened.
 
 #include "platform/Allocation.h"
 #include "platform/Descriptor.h"
@@ -30,8 +30,9 @@ qint64 sizeWithin(WalkLimits limits, const FilePath &path)
     return TreeWalk(limits, {}, nullptr).measure({path}).front().bytes;
 }
 
-/// A chain of folders, in which each has a file, and an empty folder beside the next that is listed before it or after
-/// it, so that it is to be opened when all below has been read, whatever the order of listings.
+/// A chain of folders, each with a file and with two empty folders: one that is listed before the next folder of the
+/// chain, and one after it. So, whatever the order of listings, one must be opened after everything below has been
+/// read.
 qint64 makeComb(const FilePath &top, int levels)
 {
     const auto withToothAndFile = [](int folder, const char *name) {
@@ -47,7 +48,7 @@ qint64 makeComb(const FilePath &top, int levels)
     return 2 * (levels + 1) * block;
 }
 
-/// Folders of \a entries folders each, in some of which lies a comb.
+/// Folders of \a entries folders each; some of these hold a comb.
 qint64 makeWideAndDeep(const FilePath &top, int folders, int entries)
 {
     qint64 bytes = 0;
@@ -66,7 +67,7 @@ qint64 makeWideAndDeep(const FilePath &top, int folders, int entries)
     return bytes;
 }
 
-/// So that, whatever the order of listings, the next folder is not in the last batch of one.
+/// Makes sure that, whatever the order of listings, the next folder is not in the last batch of a listing.
 void makeEntriesAfterTheNextFolder(const FilePath &top, int levels)
 {
     Descriptor folder(open(top.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
@@ -99,7 +100,7 @@ TEST_F(WalkLimitsTest, EveryFolderIsReadOnceHoweverFewMayStayOpen)
 TEST_F(WalkLimitsTest, AWalkKeepsNoMoreDescriptorsOpenThanItMay)
 {
     makeComb(home.folder("deep"), 100);
-    makeChain(home.folder("wide"), "d", 30, [](int folder, int) { // Each is read in several batches, and so shared.
+    makeChain(home.folder("wide"), "d", 30, [](int folder, int) { // Each is read in several batches, and so is shared.
         for (int number = 0; number < 1'500; ++number)
             makeFile(folder, FilePath::number(number).constData());
     });
@@ -116,7 +117,7 @@ TEST_F(WalkLimitsTest, AWalkKeepsNoMoreDescriptorsOpenThanItMay)
                     highest = std::max(highest, count() - before);
                     return Visit{};
                 };
-                if (!limitDescriptors(80)) // 24 are to be kept, besides what each worker has in hand.
+                if (!limitDescriptors(80)) // 24 are kept, besides those that each worker uses.
                     return false;
                 DirectoryWalker(workers).enumerate({.roots = {home / tree}, .visit = visit}, {});
                 std::printf("%td more than %td\n", highest, before);
@@ -130,7 +131,7 @@ TEST_F(WalkLimitsTest, AWalkKeepsNoMoreDescriptorsOpenThanItMay)
 TEST_F(WalkLimitsTest, AWayBackThatJustDoesNotFitIntoOnePathIsTakenInTwo)
 {
     constexpr int levels = 40;
-    const FilePath name(240, 'n'); // 17 of them with slashes between are 4,096 bytes.
+    const FilePath name(240, 'n'); // 17 of these with slashes between them are 4,096 bytes.
     makeChain(home.folder("tree"), name.constData(), levels, [](int folder, int) {
         makeFolder(folder, "tooth");
         const Descriptor tooth(openat(folder, "tooth", O_RDONLY | O_DIRECTORY | O_CLOEXEC));

@@ -51,7 +51,7 @@ protected:
         return path;
     }
 
-    /// A pipe by name; reading from it waits for what a program writes there.
+    /// A named pipe; reading from it waits until a program writes into it.
     FilePath pipe(const FilePath &name) const
     {
         const FilePath path = home / name;
@@ -156,7 +156,7 @@ TEST_F(WorkspaceTest, StartsAProgramThatOutlivesThisOneWithItsArguments)
     });
     ASSERT_TRUE(result.succeeded) << result.output;
 
-    QFile writing(QFile::decodeName(go)); // Only now that who started it is gone.
+    QFile writing(QFile::decodeName(go)); // Only now, after the starting process has ended.
     EXPECT_TRUE(writing.open(QIODevice::WriteOnly) && writing.write("on\n") == 3);
     writing.close();
 

@@ -1,4 +1,4 @@
-// Serves the calls of sys/attr.h beside this file.
+// Implements the calls of sys/attr.h beside this file.
 
 #include "platform/macos/sys/attr.h"
 #include "platform/macos/sys/vnode.h"
@@ -45,8 +45,8 @@ void append(std::string &record, const Value &value)
     record.append(reinterpret_cast<const char *>(&value), sizeof value);
 }
 
-/// A record that tells what \a told says: its length and that set, then the values in the order of the man page, then
-/// the name, which the value in its place refers to.
+/// A record with the attributes that \a told names: its length and that set, then the values in the order of the man
+/// page, then the name, to which the name's value refers.
 std::string recordOf(attrgroup_t told, std::string_view name, fsobj_type_t type)
 {
     std::string record(sizeof(std::uint32_t), '\0');
@@ -71,8 +71,8 @@ std::string recordOf(attrgroup_t told, std::string_view name, fsobj_type_t type)
     return record;
 }
 
-/// The records that an entry becomes. With TIDLO_LISTING_ERRORS in the environment every third entry becomes two
-/// errors: one without a name, as of an item that vanishes meanwhile, and one with its name but not its type.
+/// The records for one entry. With TIDLO_LISTING_ERRORS in the environment, every third entry becomes two errors: one
+/// without a name, as for an item that has just vanished, and one with a name but no type.
 std::string recordsOf(const dirent64 &entry, int &count)
 {
     static const bool hasErrors = std::getenv("TIDLO_LISTING_ERRORS") != nullptr;
@@ -102,7 +102,7 @@ int getattrlistbulk(int folder, void *, void *buffer, std::size_t size, std::uin
             const auto *entry = reinterpret_cast<const dirent64 *>(entries.data() + position);
             int countWithThese = count;
             const std::string records = recordsOf(*entry, countWithThese);
-            if (used + records.size() > size) { // For the next call.
+            if (used + records.size() > size) { // It is left for the next call.
                 lseek(folder, before, SEEK_SET);
                 return count;
             }

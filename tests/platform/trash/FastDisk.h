@@ -9,7 +9,7 @@
 
 namespace tidlo {
 
-/// A folder in which waiting for the disk takes no time, where the system has one: for tests of very many moves.
+/// A folder where fsync takes no time, if the system has one: for tests with very many moves.
 inline FilePath fastDisk()
 {
     const FilePath memory = "/dev/shm";

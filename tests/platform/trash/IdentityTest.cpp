@@ -20,7 +20,7 @@ protected:
         return identityAt(calls, held.get(), AT_FDCWD, path.constData()).error();
     }
 
-    /// Has the system tell something else of whatever is found by its path.
+    /// Makes the system report something else for every path.
     void changeAnswer(const std::function<int(struct statx *)> &change)
     {
         calls.statx = [real = calls.statx, change](int folder, const char *name, int flags, unsigned wanted,

@@ -6,8 +6,8 @@ namespace tidlo {
 
 namespace {
 
-/// A disk at "/", a second one at "/data" of which one folder is seen at "/home/u/films" as well, a stick beneath it
-/// whose name holds a space and a backslash, and a memory disk on a folder of the second one.
+/// A disk at "/", a second one at "/data" with one folder also mounted at "/home/u/films", a stick beneath it whose
+/// name contains a space and a backslash, and a memory file system on a folder of the second disk.
 const QByteArray mountinfo = R"(27 1 254:0 / / rw,relatime - ext4 /dev/vda rw
 30 27 8:1 / /data rw - ext4 /dev/sdb1 rw
 31 27 8:1 /films /home/u/films rw shared:1 - ext4 /dev/sdb1 rw

@@ -15,7 +15,7 @@ TEST(OpenFolder, IsOpenedWhateverTheLengthOfItsPathIs)
     const FilePath folder = home.folder("folder");
     for (qsizetype length = PATH_MAX - 3; length <= PATH_MAX + 3; ++length) {
         FilePath path = folder;
-        while (path.size() < length) // Adds what leads nowhere else.
+        while (path.size() < length) // Appends components that lead to the same place.
             path += path.endsWith('.') || path.size() + 1 == length ? "/" : "/.";
         path.truncate(length);
         const auto opened = openFolder({}, path);

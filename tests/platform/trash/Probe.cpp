@@ -14,7 +14,7 @@ namespace tidlo {
 
 namespace {
 
-/// Becomes the probe; returns only if that fails.
+/// Replaces this process by the probe; returns only if that fails.
 bool become(const ProbeRun &run)
 {
     setenv("HOME", run.home.constData(), 1);
@@ -52,7 +52,7 @@ ProbeResult probe(const ProbeRun &run)
 
 std::vector<ProbeResult> probeAtOnce(const std::vector<ProbeRun> &runs)
 {
-    // A thread for each would have the process fork while it has several: a process for each has not.
+    // A process for each run: threads would make this process fork while it has several.
     std::vector<FILE *> outputs(runs.size());
     std::ranges::generate(outputs, std::tmpfile);
     std::vector<pid_t> children;
@@ -82,7 +82,7 @@ void giveAway(const TemporaryHome &home)
 {
     constexpr uid_t nobody = 65534;
     if (geteuid() != 0)
-        return; // It runs as ourselves.
+        return; // It runs as the same user.
     for (const auto &[path, entry] : home.inventory()) {
         if (lchown((home / FilePath::fromStdString(path)).constData(), nobody, nobody) != 0)
             std::abort();

@@ -13,24 +13,24 @@ struct ProbeRun
 {
     std::vector<FilePath> paths;
     FilePath home;
-    FilePath dataHome{};        ///< Value of XDG_DATA_HOME; unset where empty.
-    bool withoutRights = false; ///< As a user whom folder permissions hold back.
+    FilePath dataHome{};        ///< The value of XDG_DATA_HOME; unset if empty.
+    bool withoutRights = false; ///< Whether to run as a user who is subject to folder permissions.
     FilePath workingFolder{};
 };
 
 struct ProbeResult
 {
-    bool allMoved = false;          ///< What the exit status says.
-    std::vector<std::string> lines; ///< All that was printed.
+    bool allMoved = false;          ///< From the exit status.
+    std::vector<std::string> lines; ///< Everything that was printed.
 };
 
 /// Runs the probe, and returns when it has ended.
 ProbeResult probe(const ProbeRun &run);
 
-/// Starts \a runs all at once, and returns when they have ended.
+/// Starts all \a runs at the same time, and returns when they have ended.
 std::vector<ProbeResult> probeAtOnce(const std::vector<ProbeRun> &runs);
 
-/// Gives a home, with all that is in it, to the user that a probe without rights runs as.
+/// Gives a home folder, with everything in it, to the user of probes without rights.
 void giveAway(const TemporaryHome &home);
 
 } // namespace tidlo

@@ -8,31 +8,32 @@
 
 namespace tidlo {
 
-/// What a move, or a restore, finds.
+/// The situation before a move or a restore.
 struct SceneSetup
 {
-    bool isFolder = false;    ///< The item.
-    bool isNameTaken = false; ///< By an item in the Trash and its record, and the next name by an item without one.
+    bool isFolder = false;    ///< Whether the item is a folder.
+    bool isNameTaken = false; ///< Its name is taken in the Trash by an item with a record, and the next name by an item
+                              ///< without one.
     bool canKeepFromReplacing = true; ///< Whether the file system knows RENAME_NOREPLACE.
-    bool isBack = false;              ///< The item is in the Trash, and is to be put back.
-    bool isParentMissing = false;     ///< The folders are gone that it was in.
+    bool isBack = false;              ///< The item is in the Trash and is to be put back.
+    bool isParentMissing = false;     ///< The folders that it was in are gone.
 };
 
-/// Where the Trash of \a home is.
+/// The Trash of \a home.
 inline FilePath trashOf(const TemporaryHome &home)
 {
     return home / ".local/share/Trash";
 }
 
-/// A small home with one item to be moved, and others nearby, made anew as often as a test wants.
+/// A small home folder with one item to be moved, and others nearby; can be made anew as often as needed.
 class Scene final
 {
 public:
-    /// In the folder \a top, which is emptied each time. It is the home, unless another \a home is given: then \a top
-    /// must be a mount, and its own Trash is used.
+    /// In the folder \a top, which is emptied each time. It is the home folder, unless another \a home is given: then
+    /// \a top must be a mount, and its own Trash is used.
     Scene(FilePath top, SceneSetup setup, FilePath home = {});
 
-    /// Makes all of it anew.
+    /// Makes everything anew.
     void setUp();
 
     /// Moves the item with \a calls.
@@ -40,22 +41,22 @@ public:
 
     /// Puts it back with \a calls.
     TrashOutcome restore(const SystemCalls &calls) const;
-    /// Does what the setup tells.
+    /// Moves or restores the item, as the setup says.
     TrashOutcome run(const SystemCalls &calls) const { return setup.isBack ? restore(calls) : move(calls); }
-    /// What a restore is told of it.
+    /// The item as it is passed to a restore.
     const TrashedItem &trashed() const { return *inTrash; }
 
     FilePath item() const { return top + (setup.isParentMissing ? "/in/old/folder/item" : "/in/item"); }
     FilePath parent() const { return top + "/in"; }
     FilePath trash() const;
 
-    bool isAtPlace() const; ///< The item is where it was, whole.
-    bool isInTrash() const; ///< The item is in the Trash, whole, with a whole record of where it was.
+    bool isAtPlace() const; ///< The item is where it was, complete.
+    bool isInTrash() const; ///< The item is in the Trash, complete, with a complete record of where it was.
     bool isWhereItGoes() const { return setup.isBack ? isAtPlace() : isInTrash(); }
     bool isWhereItWas() const { return setup.isBack ? isInTrash() : isAtPlace(); }
-    bool hasLitter() const; ///< Something is left of an attempt, or of a restore that went well.
+    bool hasLitter() const; ///< Something is left behind by a failed attempt or a successful restore.
     bool areOthersUnchanged() const;
-    size_t addedToTrash() const; ///< How many records, whole or not, and items without one are new.
+    size_t addedToTrash() const; ///< The number of new records, complete or not, and of new items without a record.
 
 private:
     struct State

@@ -50,7 +50,7 @@ int hexValue(char digit)
     return found == nullptr ? -1 : static_cast<int>(found - digits);
 }
 
-/// Nothing where it is not what a whole record holds: every byte but the unreserved ones and slashes is escaped.
+/// The decoded text; nothing if it breaks the rule that every byte but unreserved ones and slashes is escaped.
 std::optional<std::string> decoded(const std::string &text)
 {
     std::string bytes;

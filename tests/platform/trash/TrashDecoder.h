@@ -10,28 +10,28 @@
 
 namespace tidlo {
 
-/// One record of a Trash, read by nothing but what the freedesktop.org Trash specification says.
+/// One record of a Trash, read only by the rules of the freedesktop.org Trash specification.
 struct DecodedItem
 {
-    FilePath name;              ///< In the Trash's folder of items.
+    FilePath name;              ///< The name in the Trash's "files" folder.
     FilePath originalPath;      ///< Decoded; absolute.
-    std::string date;           ///< As it stands.
-    std::optional<ino_t> inode; ///< Of the item; nothing if only the record is there.
+    std::string date;           ///< As recorded.
+    std::optional<ino_t> inode; ///< The item's inode; nothing if only the record exists.
 };
 
-/// What a Trash folder holds.
+/// The content of a Trash folder.
 struct DecodedTrash
 {
     std::vector<DecodedItem> items;         ///< By name.
     std::vector<std::string> orphans;       ///< Names of items without a record.
-    std::vector<std::string> brokenRecords; ///< Names of records that are not whole.
+    std::vector<std::string> brokenRecords; ///< Names of incomplete records.
 };
 
-/// Reads the Trash in the folder \a trash; empty if there is none. Recorded paths that are relative are taken to be in
-/// \a top.
+/// Reads the Trash in the folder \a trash; empty if it does not exist. Relative paths in records are taken as relative
+/// to \a top.
 DecodedTrash decodeTrash(const FilePath &trash, const FilePath &top = {});
 
-/// Puts the item back to where its record says it was, as a desktop does. Returns whether that went well.
+/// Puts the item back to the recorded place, as a desktop does. Returns whether that succeeded.
 bool restore(const FilePath &trash, const DecodedItem &item);
 
 } // namespace tidlo

@@ -1,4 +1,4 @@
-// What the desktop's own tool makes of our Trash: it must find every item, and put it back.
+// Tests our Trash with the desktop's own tool: it must find every item, and put it back.
 
 #include "Probe.h"
 #include "Witness.h"
@@ -25,11 +25,11 @@ namespace {
 
 struct Listed
 {
-    std::string address; ///< What the tool calls it.
-    std::string path;    ///< Where it says the item was.
+    std::string address; ///< The tool's URL of the item.
+    std::string path;    ///< The former path according to the tool.
 };
 
-/// A desktop session without a screen, in which gio and the services it needs run for the time of one command.
+/// A desktop session without a screen, in which gio and its services run for the duration of one command.
 class DesktopSession final
 {
 public:
@@ -37,7 +37,7 @@ public:
         : home(std::move(home))
     {}
 
-    /// Whether there is one here at all. Nothing is in the Trash yet, so that this does not hide what is wrong with it.
+    /// Whether such a session can be started. The Trash is still empty, so this cannot hide an error in it.
     bool isAvailable() const { return run({"gio", "trash", "--list"}).succeeded; }
 
     std::vector<Listed> list() const
@@ -72,7 +72,7 @@ private:
             int status = 0;
             waitpid(session, &status, 0);
             while (wait(nullptr) > 0) {
-            } // They end by themselves, now that the session is over.
+            } // They end by themselves after the session.
             return WIFEXITED(status) && WEXITSTATUS(status) == 0;
         });
     }
@@ -129,7 +129,7 @@ TEST(TrashOnTheDesktop, GioListsAndRestoresWhatWasMoved)
     const DesktopSession desktop(home.path());
     if (!desktop.isAvailable())
         GTEST_SKIP() << noDesktop;
-    // Other names than these gio restores under escaped ones, even if it was gio that moved them.
+    // gio restores other names than these under escaped names, even if gio itself moved the items.
     std::vector<FilePath> paths{home.folder("in/empty folder"), home.link("in/dangling", "nowhere")};
     for (const char *name :
          {"a.txt", "100%", "%41", "-rf", "a=b;c#d&e?f", ".hidden", " spaces ", "[Trash Info]", "x.trashinfo"})

@@ -1,6 +1,6 @@
-// At each call of the system that a move or a restore makes the program is killed, and each error that the call may
-// tell is told. Whatever happens, the item is at its place or in the Trash with a whole record, and the outcome told is
-// true.
+// At each system call of a move or a restore, the program is killed, and each error is returned that the call may
+// report. Whatever happens, the item is at its place or in the Trash with a complete record, and the reported outcome
+// is true.
 
 #include "FastDisk.h"
 #include "InstrumentedCalls.h"
@@ -26,7 +26,7 @@ namespace {
 
 using Kind = TrashOutcome::Kind;
 
-/// The errors that are plausible for a call, after the manual and what file systems are known to do.
+/// The plausible errors of a call, from the manual and the known behaviour of file systems.
 const std::map<std::string, std::vector<int>> errorsOf{
     {"openat", {EACCES, EPERM, EIO, EMFILE, ENFILE, ENOMEM, EINTR, ELOOP, ENOENT, ENOTDIR, ENAMETOOLONG, ESTALE}},
     {"openat2",
@@ -53,7 +53,7 @@ struct Fault
         once,        ///< The call fails.
         fromThereOn, ///< It fails, and every later one of its kind.
         everything,  ///< It fails, and every later one of any kind.
-        afterwards,  ///< It does its work and tells an error, as network file systems may.
+        afterwards,  ///< It does its work but reports an error, as network file systems may.
     };
 
     int at = 0; ///< The number of the call.
@@ -61,14 +61,14 @@ struct Fault
     int error = 0;
 };
 
-/// Whether more than an answer comes of the call.
+/// Whether the call changes anything.
 bool hasEffect(const Call &call)
 {
     const std::set<std::string> effects{"create", "mkdirat", "pwrite", "fsync", "close", "renameat2", "unlinkat"};
     return effects.contains(call.name);
 }
 
-/// Counts what was done and what was found.
+/// Counts what was done and found.
 struct Tally
 {
     int injected = 0;
@@ -110,7 +110,8 @@ public:
         EXPECT_EQ(outcome.kind, Kind::moved) << outcome.reason.toStdString();
         EXPECT_TRUE(this->scene.isWhereItGoes());
         EXPECT_TRUE(this->scene.areOthersUnchanged());
-        if (!setup.canKeepFromReplacing) // Until then nothing differs from where it can, and that is tried as well.
+        if (!setup.canKeepFromReplacing) // Before that call nothing differs from the other case, which is tested as
+                                         // well.
             trace.erase(trace.begin(), std::ranges::find(trace, "renameat2", &Call::name));
     }
 
@@ -165,7 +166,7 @@ private:
                                                        (fault.way == Fault::Way::fromThereOn && now.name == call.name));
         if (!isHere && !isLater)
             return make();
-        // A descriptor that was to be closed is closed, whatever is told.
+        // close() always closes the descriptor, whatever it returns.
         if (fault.way == Fault::Way::afterwards || now.name == "close") {
             const long result = make();
             if (now.name == "openat" || now.name == "create")
@@ -178,13 +179,13 @@ private:
     {
         const bool told = outcome.kind == Kind::moved ? scene.isWhereItGoes() : scene.isWhereItWas();
         EXPECT_TRUE(told) << static_cast<int>(outcome.kind) << ' ' << outcome.reason.toStdString();
-        if (outcome.kind == Kind::gone) { // Only the system itself can have said so.
+        if (outcome.kind == Kind::gone) { // Only the system itself can have reported that.
             EXPECT_TRUE((FilePath(call.path.c_str()).startsWith("item") || scene.item().startsWith(call.path)) &&
                         (fault.error == ENOENT || fault.error == ENOTDIR));
         }
         EXPECT_EQ(outcome.reason.isEmpty(), outcome.kind == Kind::moved || outcome.kind == Kind::gone);
         EXPECT_EQ(outcome.error != 0, outcome.kind == Kind::failed);
-        // What cannot be removed stays, and so does what cannot be made out to be ours.
+        // What cannot be removed stays, and so does what cannot be proved to be ours.
         const bool mayLeaveLitter = call.name == "unlinkat" || fault.way == Fault::Way::everything ||
                                     fault.way == Fault::Way::afterwards ||
                                     (call.name == "statx" && (isBack || fault.way == Fault::Way::fromThereOn));
@@ -192,7 +193,7 @@ private:
             << "something is left of the attempt";
     }
 
-    /// Kills the program after a call. That is before the next one, too.
+    /// Kills the program after a call, which is the same as before the next one.
     void kill(const Call &call, Tally &tally)
     {
         SCOPED_TRACE(testing::Message() << "killed after call " << call.number << ' ' << call.name << ' ' << call.path);
@@ -229,7 +230,7 @@ private:
     std::vector<Call> trace;
 };
 
-/// All that a move may find, in each combination.
+/// All combinations of situations before a move.
 std::vector<SceneSetup> allSetups()
 {
     std::vector<SceneSetup> setups;
@@ -242,7 +243,7 @@ std::vector<SceneSetup> allSetups()
     return setups;
 }
 
-/// All that a restore may find.
+/// All situations before a restore.
 std::vector<SceneSetup> allSetupsOfRestores()
 {
     std::vector<SceneSetup> setups;

@@ -1,4 +1,4 @@
-// What kinds of item go to the Trash, and what the rights of their folders allow.
+// Which kinds of item go to the Trash, and what the permissions of their folders allow.
 
 #include "Probe.h"
 #include "TrashDecoder.h"
@@ -44,7 +44,7 @@ std::string targetOf(const FilePath &link)
     return {target.data(), static_cast<size_t>(std::max<ssize_t>(size, 0))};
 }
 
-/// Moves \a relative as a user without rights and expects that it is refused by the system and that nothing changes.
+/// Moves \a relative as a user without rights; expects that the system refuses it and that nothing changes.
 void expectFailure(const TemporaryHome &home, const FilePath &relative)
 {
     giveAway(home);

@@ -1,4 +1,4 @@
-// What is told of the Trashes, whoever wrote them.
+// What is listed of the Trashes, whoever wrote them.
 
 #include "FastDisk.h"
 #include "Scene.h"
@@ -31,7 +31,7 @@ namespace {
 class TrashListing : public testing::Test
 {
 protected:
-    /// Without what other disks of this machine may hold.
+    /// Without the items on other disks of this machine.
     TrashContents list(std::stop_token stop = {}) const
     {
         TrashContents contents = XdgTrash(home.path(), home / ".local/share").list(std::move(stop));
@@ -48,7 +48,7 @@ protected:
         return paths;
     }
 
-    /// An item and its record, in the Trash of the home.
+    /// Adds an item and its record to the Trash of the home folder.
     void trash(const FilePath &name, const QByteArray &record) const
     {
         home.file(ownTrash + "/files/" + name, 1);
@@ -151,7 +151,7 @@ TEST_F(TrashListing, DatesOfAnyKindDoNoHarm)
 
 TEST_F(TrashListing, PathsThatFillTheMemoryAreNotAllKept)
 {
-    constexpr int records = 1'150; // Of 64 KB each: 64 MiB are kept.
+    constexpr int records = 1'150; // With 64 KB each; 64 MiB are kept.
     const QByteArray text = "[Trash Info]\nPath=" + QByteArray("/" + FilePath(200, 'd')).repeated(300);
     home.folder(ownTrash + "/files");
     home.folder(ownTrash + "/info");

@@ -1,4 +1,4 @@
-// Which Trash an item goes to where several file systems are mounted. Each test mounts them for itself alone.
+// Which Trash an item goes to where several file systems are mounted. Each test has its own mounts.
 
 #include "InstrumentedCalls.h"
 #include "Probe.h"
@@ -93,7 +93,7 @@ TEST(TrashOnMounts, TheTrashOfTheHomeIsForItsMountAlone)
     const TemporaryHome home;
     const FilePath films = home.folder("films");
     inOwnMounts([&] {
-        // One file system and one device number, yet no rename leads from one mount to the other.
+        // One file system and one device number, but rename() does not work from one mount to the other.
         mountFolder(home.folder("disk/films"), films);
         home.file("films/item");
         const Witness witness(home, {"films/item", "disk/films/item"}, "films/" + ownTrash().toStdString());
@@ -145,7 +145,7 @@ TEST(TrashOnMounts, AFolderForAllThatIsNotOneIsNotUsed)
     const TemporaryHome home;
     const FilePath stick = home.folder("stick");
     const std::vector<std::function<void()>> wrongs{
-        [&] { chmod(home.folder("stick/.Trash").constData(), 0777); }, // Anybody could take the items away.
+        [&] { chmod(home.folder("stick/.Trash").constData(), 0777); }, // Any user could take the items away.
         [&] {
             chmod(home.folder("stick/real").constData(), 01777);
             home.link("stick/.Trash", "real");
@@ -369,7 +369,7 @@ TEST(TrashOnMounts, AVolumeThatAnotherOneCoversMeanwhileKeepsTheItem)
         mountMemory(stick);
         const FilePath item = home.file("stick/in/item");
         bool isCovered = false;
-        // When its top is about to be opened, after the mounts were read.
+        // When its top is about to be opened, after the mounts were read
         const SystemCalls covering = instrumented([&](const Call &call, const auto &real) {
             if (!isCovered && call.name == "openat" && call.path == stick.toStdString()) {
                 mountMemory(stick);

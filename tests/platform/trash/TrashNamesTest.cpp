@@ -1,4 +1,4 @@
-// Whatever an item is called, it comes back under that very name.
+// Whatever the name of an item is, it comes back under the same name.
 
 #include "FastDisk.h"
 #include "Probe.h"
@@ -24,7 +24,7 @@ using testing::SizeIs;
 
 namespace {
 
-/// Moves \a names, each a file in the home's folder "in", and puts them back.
+/// Moves \a names, all files in the folder "in", and puts them back.
 void expectAllComeBack(const TemporaryHome &home, const std::vector<FilePath> &names)
 {
     home.file("in/neighbour");

@@ -1,4 +1,4 @@
-// Others at work while items are moved: programs that move too, and folders or items that are swapped meanwhile.
+// Concurrent changes while items are moved: other programs that move too, and folders or items that are swapped.
 
 #include "FastDisk.h"
 #include "InstrumentedCalls.h"
@@ -36,7 +36,7 @@ std::string relativeTo(const TemporaryHome &home, const FilePath &path)
     return path.mid(home.path().size() + 1).toStdString();
 }
 
-/// Where a thing is that had the number \a inode, among the paths below.
+/// The paths below at which the inode \a inode is.
 std::vector<std::string> placesOf(const TemporaryHome &home, ino_t inode)
 {
     std::vector<std::string> places;
@@ -106,7 +106,7 @@ TEST(TrashRaces, FourProgramsThatMoveTheSameItemsMoveEachOnce)
 
 namespace {
 
-/// A folder with an item, and folders outside it that nobody selected, to which links are made to lead.
+/// A folder with an item, and folders outside of it that nobody selected, to which links are made to lead.
 class SwapScene final
 {
 public:
@@ -123,28 +123,28 @@ public:
         item = home.inventory().at("in/item").inode;
     }
 
-    /// Each puts something else where the item or its folder is looked for.
+    /// Each replaces the item or its folder by something else.
     static constexpr int ways = 5;
     void swap(int way) const
     {
         switch (way) {
-        case 0: // A link to a folder that nobody selected, for the item.
+        case 0: // The item becomes a link to a folder that nobody selected.
             moveAside("in/item", "aside/item");
             home.link("in/item", "../outside/item");
             break;
-        case 1: // A link to a file that nobody selected, for the item.
+        case 1: // The item becomes a link to a file that nobody selected.
             moveAside("in/item", "aside/item");
             home.link("in/item", home / "outside/file");
             break;
-        case 2: // Another folder of that name, for the item.
+        case 2: // The item becomes another folder of the same name.
             moveAside("in/item", "aside/item");
             home.file("in/item/other", 1);
             break;
-        case 3: // A link to a folder with another item of that name, for the folder.
+        case 3: // The folder becomes a link to a folder with another item of that name.
             moveAside("in", "aside/in");
             home.link("in", "outside");
             break;
-        default: // Nothing.
+        default: // The item disappears.
             moveAside("in/item", "aside/item");
         }
     }
@@ -157,7 +157,7 @@ public:
         EXPECT_EQ(after.count("outside"), 1U);
     }
 
-    /// The item, and whatever took its place, are where they were put or in the Trash with a whole record.
+    /// Checks that the item, and whatever replaced it, are where they were put or in the Trash with a complete record.
     void expectNothingLost() const
     {
         EXPECT_THAT(placesOf(home, item), SizeIs(1));
@@ -186,7 +186,7 @@ private:
     ino_t item = 0;
 };
 
-/// Moves the item, swapping in that \a way before call number \a at. Returns how many calls there were.
+/// Moves the item, and swaps it in that \a way before call number \a at. Returns how many calls there were.
 int moveWithSwap(const SwapScene &scene, int way, int at)
 {
     int calls = 0;
@@ -212,7 +212,7 @@ TEST(TrashRaces, WhatIsSwappedForALinkAtTheWorstMomentMovesNoVictim)
     constexpr int wanted = 1'000;
     int swaps = 0;
     const int calls = moveWithSwap(SwapScene(), 0, 0);
-    // From the second call on: before the first one, what stands there is what was asked for.
+    // From the second call on: before the first one, the swapped item is simply the requested one.
     for (int round = 0; swaps < wanted; ++round) {
         for (int way = 0; way < SwapScene::ways && swaps < wanted; ++way, ++swaps) {
             const int at = 2 + round % (calls - 1);
@@ -225,7 +225,7 @@ TEST(TrashRaces, WhatIsSwappedForALinkAtTheWorstMomentMovesNoVictim)
 
 TEST(TrashRaces, AnItemThatIsSwappedAfterItWasLookedAtIsNotMistakenForAnother)
 {
-    // Just before the rename: what is renamed then is not what was looked at.
+    // Just before the rename: what is then renamed is not what was checked.
     int renameCall = 0;
     const SwapScene first;
     const SystemCalls watching = instrumented([&](const Call &call, const auto &real) {
@@ -283,7 +283,7 @@ TEST(TrashRaces, WhatCannotBePutBackStaysInTheTrashWithItsRecord)
 
 TEST(TrashRaces, WhatIsPutBackReplacesNothingThatTookThePlaceMeanwhile)
 {
-    for (const int way : {0, 1}) { // A link, which a rename would put in place of a file.
+    for (const int way : {0, 1}) { // A link, which rename() would put in the place of a file.
         const SwapScene scene;
         const FilePath &home = scene.home.path();
         int renames = 0;

@@ -23,7 +23,7 @@ namespace {
 constexpr std::time_t moved = 1'700'000'000; // 2023-11-14 22:13:20 UTC
 constexpr qsizetype longest = 255;
 
-/// Sets the time zone for as long as it lives.
+/// Sets the time zone while this object exists.
 class TimeZone final
 {
 public:

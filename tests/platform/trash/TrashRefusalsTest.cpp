@@ -1,4 +1,4 @@
-// What is left alone on purpose, and where the Trash of the home is.
+// What is refused on purpose, and where the Trash of the home folder is.
 
 #include "Probe.h"
 #include "TrashDecoder.h"
@@ -23,7 +23,7 @@ namespace {
 
 constexpr mode_t permissions = 07777;
 
-/// Expects that none of \a paths is moved, for the reason that \a answer gives, and that nothing changes.
+/// Expects that none of \a paths is moved, for the reason in \a answer, and that nothing changes.
 void expectRefusals(const TemporaryHome &home, const ProbeRun &run, const std::string &answer)
 {
     const Witness witness(home);
@@ -230,7 +230,7 @@ TEST(TrashOfHome, IsNotUsedByOthersWhereItBelongsToRoot)
     home.folder(".local/share/Trash/files");
     home.folder(".local/share/Trash/info");
     giveAway(home);
-    for (const FilePath part : {"", "/files", "/info"}) { // Whoever may write there: it is not theirs.
+    for (const FilePath part : {"", "/files", "/info"}) { // Others can write there, but the folder is not theirs.
         ASSERT_EQ(chown((trash + part).constData(), 0, 0), 0);
         ASSERT_EQ(chmod((trash + part).constData(), 0777), 0);
     }

@@ -34,7 +34,7 @@ namespace {
 
 using Kind = TrashOutcome::Kind;
 
-/// A home, and a Trash in it that moves and puts back.
+/// A home folder, and its Trash, which moves and restores.
 class TrashRestoring : public testing::Test
 {
 protected:
@@ -52,7 +52,7 @@ protected:
         EXPECT_TRUE(home.inventory() == before) << "nothing changes";
     }
 
-    /// Writes the record of a file \a name in the folder of a \a trash as another program might.
+    /// Writes the record of a file \a name into \a trash as another program might.
     TrashedItem foreign(const FilePath &trash, const FilePath &name, const FilePath &recorded, const FilePath &origin)
     {
         home.file(trash + "/files/" + name, 3);
@@ -380,7 +380,7 @@ TEST(TrashRestoringOnMounts, WhatTheTrashOfTheHomeHoldsComesBackToItsOwnVolumeAl
 
 namespace {
 
-/// Puts one item back, and before call number \a at swaps something in that \a way. Returns how many calls there were.
+/// Puts one item back, with a swap in that \a way before call number \a at. Returns how many calls there were.
 int restoreWithSwap(int way, int at)
 {
     const TemporaryHome home(fastDisk());
@@ -397,20 +397,20 @@ int restoreWithSwap(int way, int at)
     };
     const auto swap = [&] {
         switch (way) {
-        case 0: // A link to another folder, for the folder that it goes back to.
+        case 0: // The folder that it goes back to becomes a link to another folder.
             home.link(aside(home / "in/folder"), home / "outside");
             break;
-        case 1: // A link, for a folder on the way.
+        case 1: // A parent of that folder becomes a link.
             home.link(aside(home / "in"), "outside");
             break;
-        case 2: // Another file, for the item in the Trash.
+        case 2: // The item in the Trash becomes another file.
             home.file(aside(trashed), 1);
             break;
-        case 3: // Something at its place.
+        case 3: // Its former place is taken.
             if (access((home / "in/folder/item").constData(), F_OK) != 0)
                 home.folder("in/folder/item");
             break;
-        default: // Nothing is there any more.
+        default: // The item in the Trash disappears.
             aside(trashed);
         }
     };

@@ -1,4 +1,4 @@
-// Systems that know less than the usual one.
+// Systems that support less than usual.
 
 #include "FastDisk.h"
 #include "InstrumentedCalls.h"
@@ -22,7 +22,7 @@ namespace {
 
 using Kind = TrashOutcome::Kind;
 
-/// A scene with an item of one kind, and the calls of a system that a test makes lesser.
+/// A scene with an item of one kind, and the calls of a system that a test restricts.
 class TrashSystems : public testing::TestWithParam<bool>
 {
 protected:
@@ -127,7 +127,7 @@ TEST_P(TrashSystems, ARecordThatMayNotReachTheDiskKeepsTheItem)
 
 TEST_P(TrashSystems, ARecordWhoseFileCannotBeClosedKeepsTheItem)
 {
-    calls.close = [](int file) { // A network file system may tell only now that it did not write.
+    calls.close = [](int file) { // A network file system may report a failed write only now.
         ::close(file);
         errno = EDQUOT;
         return -1;
@@ -222,7 +222,7 @@ TEST_P(TrashSystems, AnEmptyThingThatHoldsTheNameIsNotMistakenForAnother)
         errno = EINVAL;
         return -1;
     };
-    // As if somebody put another thing where the name was just taken: a program that ignores records may.
+    // As if another program, which ignores records, replaced the new empty item.
     calls.statx = [&](int folder, const char *name, int flags, unsigned wanted, struct statx *status) {
         const FilePath place = scene.trash() + "/files/" + name;
         if (intruder.isEmpty() && FilePath(name) == "item 3" &&
@@ -304,7 +304,7 @@ TEST_P(TrashSystems, WhatWasMovedThoughTheSystemToldAnErrorIsMoved)
 {
     calls.renameat2 = [this](int folder, const char *name, int newFolder, const char *newName, unsigned flags) {
         const int result = real.renameat2(folder, name, newFolder, newName, flags);
-        errno = result == 0 ? ENOENT : errno; // As when a network asked twice.
+        errno = result == 0 ? ENOENT : errno; // As if a network file system repeated the request.
         return -1;
     };
 

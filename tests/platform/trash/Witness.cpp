@@ -28,7 +28,7 @@ bool isUntouched(const TemporaryHome::Entry &one, const TemporaryHome::Entry &ot
            one.modified == other.modified && one.links == other.links;
 }
 
-/// That a link was followed on the way somewhere shows in its access time, whatever is done there.
+/// The access time of a link shows that it was followed, whatever the reason; so it is left out.
 TemporaryHome::Entry withoutFollowing(TemporaryHome::Entry entry)
 {
     if (S_ISLNK(entry.mode))

@@ -8,24 +8,24 @@
 
 namespace tidlo {
 
-/// Remembers everything beneath a home, and tells afterwards what changed although it was not meant to.
+/// Remembers everything beneath a home folder, and reports afterwards what changed without permission.
 class Witness final
 {
 public:
-    /// Nothing at all may change.
+    /// Allows no change at all.
     explicit Witness(const TemporaryHome &home);
 
-    /// Only what lies at or beneath \a selected may leave; \a trash is the Trash folder it may go to. Both are relative
-    /// to the home.
+    /// Allows only that paths at or beneath \a selected leave, to the Trash folder \a trash. Both are relative to the
+    /// home folder.
     Witness(const TemporaryHome &home, std::set<std::string> selected, std::string trash = ".local/share/Trash");
 
-    /// What is lost, changed or new outside the Trash, and what of the selection is neither at its place nor in the
-    /// Trash as it was. Folders that a move goes through may change their times and counts.
+    /// What is lost, changed or new outside of the Trash, and what of the selection is neither at its place nor
+    /// unchanged in the Trash. Folders that a move goes through may change their times and link counts.
     std::vector<std::string> complaints() const;
 
 private:
     using Inventory = std::map<std::string, TemporaryHome::Entry>;
-    using Moved = std::map<ino_t, TemporaryHome::Entry>; ///< What is in the Trash.
+    using Moved = std::map<ino_t, TemporaryHome::Entry>; ///< The content of the Trash.
 
     bool isSelected(const std::string &path) const;
     bool isThroughway(const std::string &path) const;
