@@ -3,6 +3,7 @@
 #include "cli/FindingsText.h"
 #include "model/CheckedSum.h"
 #include "platform/ByteCountFormatter.h"
+#include "platform/Paths.h"
 #include "platform/Places.h"
 
 #include <QRegularExpression>
@@ -13,11 +14,6 @@
 namespace tidlo {
 
 namespace {
-
-bool isAtOrBeneath(const FilePath &path, const FilePath &place)
-{
-    return path == place || place == "/" || path.startsWith(place + '/');
-}
 
 /// The seconds in one \a unit.
 qint64 secondsOf(const QString &unit)
@@ -55,7 +51,7 @@ RestoreSelection restoreSelection(const QList<ListedItem> &listed, const QList<F
     QSet<FilePath> taken;
     for (const ListedItem &each : listed) {
         const FilePath origin = finder.placeOf(each.item.origin);
-        const auto holdsIt = [&](const FilePath &place) { return isAtOrBeneath(origin, place); };
+        const auto holdsIt = [&](const FilePath &place) { return isAtOrBelow(origin, place); };
         if (!places.isEmpty() && std::ranges::none_of(places, holdsIt))
             continue;
         selection.missing.removeIf(holdsIt);

@@ -60,6 +60,11 @@ bool isPackageName(QByteArrayView name)
     return std::ranges::binary_search(packageExtensions, std::string_view(lower.data(), length));
 }
 
+bool isAtOrBelow(const FilePath &path, const FilePath &folder)
+{
+    return folder == "/" || path == folder || (path.startsWith(folder) && path.at(folder.size()) == '/');
+}
+
 namespace fs = std::filesystem;
 
 bool isSameOrWithin(const FilePath &path, const FilePath &container)

@@ -21,6 +21,10 @@ bool isHiddenName(QByteArrayView name);
 /// Whether a folder of this name is a package, which looks like one file to people: by its extension, without case.
 bool isPackageName(QByteArrayView name);
 
+/// Whether \a path is \a folder or lies beneath it, told by their names alone; both absolute, without links, doubled or
+/// trailing slashes.
+bool isAtOrBelow(const FilePath &path, const FilePath &folder);
+
 /// Whether the item at \a path is the one at \a container or lies beneath it, whatever links and spellings lead there:
 /// decided by where things are, not by their names. A link at the end of a path is followed. A folder of the container
 /// that is mounted a second time lies where it is reached. False if there is no container. True wherever else the

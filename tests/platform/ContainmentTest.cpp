@@ -6,6 +6,16 @@
 
 namespace tidlo {
 
+TEST(Containment, IsToldByNamesAloneWhereThoseAreTheTruth)
+{
+    EXPECT_TRUE(isAtOrBelow("/a/b", "/a/b"));
+    EXPECT_TRUE(isAtOrBelow("/a/b/c", "/a"));
+    EXPECT_TRUE(isAtOrBelow("/a", "/"));
+    EXPECT_TRUE(isAtOrBelow("/", "/"));
+    EXPECT_FALSE(isAtOrBelow("/a/bc", "/a/b"));
+    EXPECT_FALSE(isAtOrBelow("/a", "/a/b"));
+}
+
 TEST(Containment, IsToldByWhereThingsAre)
 {
     const TemporaryHome home;

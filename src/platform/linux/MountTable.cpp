@@ -1,5 +1,7 @@
 #include "platform/linux/MountTable.h"
 
+#include "platform/Paths.h"
+
 #include <algorithm>
 
 namespace tidlo {
@@ -29,11 +31,6 @@ FilePath rebased(const FilePath &path, const FilePath &from, const FilePath &to)
 }
 
 } // namespace
-
-bool isAtOrBelow(const FilePath &path, const FilePath &folder)
-{
-    return folder == "/" || path == folder || (path.startsWith(folder) && path.at(folder.size()) == '/');
-}
 
 bool FileSystemPlace::contains(const FileSystemPlace &other) const
 {

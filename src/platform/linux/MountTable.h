@@ -58,7 +58,4 @@ private:
     QList<Mount> mounts;
 };
 
-/// Whether \a path is \a folder or lies beneath it; both absolute, without links, doubled or trailing slashes.
-bool isAtOrBelow(const FilePath &path, const FilePath &folder);
-
 } // namespace tidlo

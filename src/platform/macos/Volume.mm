@@ -1,5 +1,7 @@
 #include "platform/Volume.h"
 
+#include "platform/Paths.h"
+
 #include <algorithm>
 #include <cerrno>
 #include <cstdlib>
@@ -61,8 +63,7 @@ int mountObstacle(const FilePath &path)
     const int errorOfListing = errno;
     const std::unique_ptr<struct statfs, decltype(&free)> owned(list, free);
     for (const struct statfs &mount : std::span(list, static_cast<size_t>(std::max(count, 0)))) {
-        const FilePath point(mount.f_mntonname);
-        if (point == item || point.startsWith(item + '/'))
+        if (isAtOrBelow(mount.f_mntonname, item))
             return EBUSY;
     }
     return count > 0 ? 0 : errorOfListing;
