@@ -1,6 +1,7 @@
 #include "platform/linux/MountTable.h"
 
 #include "platform/Paths.h"
+#include "platform/linux/OpenFolder.h"
 
 #include <algorithm>
 
@@ -84,6 +85,12 @@ bool MountTable::hasMountWithin(const FileSystemPlace &folder) const
         const std::optional<FileSystemPlace> point = place(inner.parent, inner.point);
         return point && folder.contains(*point);
     });
+}
+
+OrError<MountTable> readMounts(const SystemCalls &calls)
+{
+    const OrError<QByteArray> text = readSystemFile(calls, "/proc/self/mountinfo");
+    return text ? OrError(MountTable(*text)) : Errno{text.error()};
 }
 
 } // namespace tidlo

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "model/FilePath.h"
+#include "platform/OrError.h"
+#include "platform/linux/SystemCalls.h"
 
 #include <QList>
 
@@ -57,5 +59,8 @@ public:
 private:
     QList<Mount> mounts;
 };
+
+/// The mounts at this moment.
+OrError<MountTable> readMounts(const SystemCalls &calls);
 
 } // namespace tidlo

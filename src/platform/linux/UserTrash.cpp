@@ -111,16 +111,15 @@ std::optional<FilePath> UserTrash::originOf(const FilePath &recorded) const
 OrError<UserTrashes> openTrashes(const SystemCalls &calls, const FilePath &home, const FilePath &dataHome,
                                  const std::function<bool(const FilePath &path)> &isWanted)
 {
-    const OrError<QByteArray> mountinfo = readSystemFile(calls, "/proc/self/mountinfo");
-    if (!mountinfo)
-        return Errno{mountinfo.error()};
-    const MountTable mounts(*mountinfo);
-    const OrError<UserFolders> folders = findUserFolders(calls, mounts, home, dataHome);
+    const OrError<MountTable> mounts = readMounts(calls);
+    if (!mounts)
+        return Errno{mounts.error()};
+    const OrError<UserFolders> folders = findUserFolders(calls, *mounts, home, dataHome);
     if (!folders)
         return Errno{folders.error()};
     Search search(calls, isWanted);
-    search.lookInHome(*folders, mounts);
-    for (const Mount &mount : mounts.all()) {
+    search.lookInHome(*folders, *mounts);
+    for (const Mount &mount : mounts->all()) {
         if (mount.type != "autofs") // To look there would mount what nobody asked for.
             search.lookOn(mount);
     }

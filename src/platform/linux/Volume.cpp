@@ -31,9 +31,8 @@ FilePath numberText(dev_t device)
 /// btrfs; 0 if there is none.
 dev_t sourceDevice(dev_t anonymous)
 {
-    const auto mountinfo = readSystemFile(uninterrupted(SystemCalls()), "/proc/self/mountinfo");
-    for (const FilePath &source :
-         mountinfo ? MountTable(*mountinfo).sourcesOf(numberText(anonymous)) : QList<FilePath>()) {
+    const OrError<MountTable> mounts = readMounts(uninterrupted(SystemCalls()));
+    for (const FilePath &source : mounts ? mounts->sourcesOf(numberText(anonymous)) : QList<FilePath>()) {
         struct stat status;
         if (source.startsWith("/dev/") && stat(source.constData(), &status) == 0 && S_ISBLK(status.st_mode))
             return status.st_rdev;
@@ -117,12 +116,11 @@ int mountObstacle(const FilePath &path)
     const OrError<OpenFolder> folder = openFolder(calls, path.left(std::max<qsizetype>(slash, 1)));
     if (!folder)
         return folder.error();
-    const OrError<QByteArray> mountinfo = readSystemFile(calls, "/proc/self/mountinfo");
-    if (!mountinfo)
-        return mountinfo.error();
-    const MountTable mounts(*mountinfo);
-    const std::optional<FileSystemPlace> place = mounts.place(folder->mount, joined(folder->path, path.mid(slash + 1)));
-    return !place || mounts.hasMountWithin(*place) ? EBUSY : 0;
+    const OrError<MountTable> mounts = readMounts(calls);
+    if (!mounts)
+        return mounts.error();
+    const auto place = mounts->place(folder->mount, joined(folder->path, path.mid(slash + 1)));
+    return !place || mounts->hasMountWithin(*place) ? EBUSY : 0;
 }
 
 } // namespace tidlo

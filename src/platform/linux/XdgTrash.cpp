@@ -95,35 +95,34 @@ TrashOutcome XdgTrash::move(const FilePath &path, std::time_t now) const
     TrashItem item;
     if (const auto outcome = item.open(calls, path))
         return *outcome;
-    const OrError<QByteArray> mountinfo = readSystemFile(calls, "/proc/self/mountinfo");
-    if (!mountinfo)
-        return TrashOutcome::failed(QStringLiteral("The mounts cannot be read"), mountinfo.error());
-    const MountTable mounts(*mountinfo);
-    const OrError<UserFolders> folders = findUserFolders(calls, mounts, home, dataHome);
+    const OrError<MountTable> mounts = readMounts(calls);
+    if (!mounts)
+        return TrashOutcome::failed(QStringLiteral("The mounts cannot be read"), mounts.error());
+    const OrError<UserFolders> folders = findUserFolders(calls, *mounts, home, dataHome);
     if (!folders)
         return TrashOutcome::failed(QStringLiteral("The home folder or its Trash cannot be opened"), folders.error());
-    if (const auto outcome = refusal(calls, item, mounts, *folders))
+    if (const auto outcome = refusal(calls, item, *mounts, *folders))
         return *outcome;
 
     TrashFolder trash;
     const PlannedFolder &homeTrash = folders->trashes.front().folder;
     const bool isOnMountOfHome = item.mount() == homeTrash.nearest.mount;
-    if (const auto outcome =
-            isOnMountOfHome ? trash.openInHome(calls, homeTrash) : trash.openOnMount(calls, mounts.mount(item.mount())))
+    if (const auto outcome = isOnMountOfHome ? trash.openInHome(calls, homeTrash)
+                                             : trash.openOnMount(calls, mounts->mount(item.mount())))
         return *outcome;
     return TrashMove(calls, item, trash).run(trashRecord(trash.recordedPath(item.path()), now));
 }
 
 QList<bool> XdgTrash::leaves(const QList<FilePath> &paths) const
 {
-    const OrError<QByteArray> mountinfo = readSystemFile(calls, "/proc/self/mountinfo");
-    const MountTable mounts(mountinfo ? *mountinfo : QByteArray());
-    const OrError<UserFolders> folders = findUserFolders(calls, mounts, home, dataHome);
+    const OrError<MountTable> mounts = readMounts(calls);
+    const OrError<UserFolders> folders =
+        mounts ? findUserFolders(calls, *mounts, home, dataHome) : Errno{mounts.error()};
     const auto isLeft = [&](const FilePath &path) {
         TrashItem item;
-        if (!mountinfo || !folders || item.open(calls, path))
+        if (!folders || item.open(calls, path))
             return false;
-        const std::optional<TrashOutcome> outcome = refusal(calls, item, mounts, *folders);
+        const std::optional<TrashOutcome> outcome = refusal(calls, item, *mounts, *folders);
         return outcome && outcome->kind == TrashOutcome::Kind::refused;
     };
     QList<bool> left;
