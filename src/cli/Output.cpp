@@ -23,7 +23,7 @@ void holdStandardStreams()
     }
 }
 
-bool writeAll(int descriptor, const QByteArray &bytes)
+int writeAll(int descriptor, const QByteArray &bytes)
 {
     for (qsizetype done = 0; done < bytes.size();) {
         const ssize_t written = write(descriptor, bytes.constData() + done, bytes.size() - done);
@@ -33,18 +33,20 @@ bool writeAll(int descriptor, const QByteArray &bytes)
             pollfd writable{.fd = descriptor, .events = POLLOUT, .revents = 0};
             poll(&writable, 1, -1);
         } else if (errno != EINTR) {
-            return false;
+            return errno;
         }
     }
-    return true;
+    return 0;
 }
 
 ExitStatus print(const QString &text)
 {
-    if (writeAll(STDOUT_FILENO, text.toUtf8()))
-        return ExitStatus::succeeded;
-    complain(QStringLiteral("The output could not be written: %1.").arg(QString::fromLocal8Bit(std::strerror(errno))));
-    return ExitStatus::failed;
+    if (const int error = writeAll(STDOUT_FILENO, text.toUtf8())) {
+        complain(
+            QStringLiteral("The output could not be written: %1.").arg(QString::fromLocal8Bit(std::strerror(error))));
+        return ExitStatus::failed;
+    }
+    return ExitStatus::succeeded;
 }
 
 ExitStatus print(const nlohmann::ordered_json &json)

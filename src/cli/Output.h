@@ -19,8 +19,8 @@ enum class ExitStatus : int {
 /// reading from or writing to such a stand-in fails. To be called before anything else.
 void holdStandardStreams();
 
-/// Writes all of \a bytes and waits where it must. False, with errno set, if that fails.
-bool writeAll(int descriptor, const QByteArray &bytes);
+/// Writes all of \a bytes and waits where it must. Gives 0, or the errno of its failure.
+int writeAll(int descriptor, const QByteArray &bytes);
 
 /// Writes to standard output. Returns the exit status for it, having complained if it failed.
 ExitStatus print(const QString &text);

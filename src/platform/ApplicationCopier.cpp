@@ -19,7 +19,7 @@ namespace {
 
 int renameItem(const FilePath &from, const FilePath &to)
 {
-    return std::rename(from.constData(), to.constData()) == 0 ? 0 : errno;
+    return errorOf([&] { return std::rename(from.constData(), to.constData()); });
 }
 
 int removeItem(const FilePath &path)
@@ -33,6 +33,11 @@ namespace fs = std::filesystem;
 
 // Each gives the errno of what went wrong, or 0.
 
+int obstacleToAccess(const char *path, int mode)
+{
+    return errorOf([=] { return access(path, mode); });
+}
+
 /// What keeps the folder at \a path from losing its contents.
 int obstacleToEmptying(const fs::path &path)
 {
@@ -40,7 +45,7 @@ int obstacleToEmptying(const fs::path &path)
     const bool isEmpty = fs::is_empty(path, error);
     if (error || isEmpty)
         return error.value();
-    return uninterrupted([&] { return access(path.c_str(), W_OK | X_OK); }) == 0 ? 0 : errno;
+    return obstacleToAccess(path.c_str(), W_OK | X_OK);
 }
 
 /// What keeps the item at \a path from being removed with all it holds. The rights of the folder that it lies in are
@@ -65,24 +70,31 @@ int obstacleToRemoval(const FilePath &path)
 int obstacle(const FilePath &source, const FilePath &destination)
 {
     const FilePath parent = destination.left(destination.lastIndexOf('/') + 1);
-    if (uninterrupted([&] { return access(source.constData(), F_OK); }) != 0 ||
-        uninterrupted([&] { return access(parent.constData(), W_OK); }) != 0)
-        return errno;
+    if (const int error = obstacleToAccess(source.constData(), F_OK))
+        return error;
+    if (const int error = obstacleToAccess(parent.constData(), W_OK))
+        return error;
     std::error_code ignored;
     const bool isLink = fs::is_symlink(fs::symlink_status(destination.toStdString(), ignored));
     const bool holdsSource = !isLink && isSameOrWithin(source, destination);
     return holdsSource || isSameOrWithin(parent, source) ? EINVAL : obstacleToRemoval(destination);
 }
 
-bool isThere(const FilePath &path)
+/// Why the system does not tell what is at \a path: ENOENT where nothing is.
+int errorOfLookingAt(const FilePath &path)
 {
     struct stat status;
-    return lstat(path.constData(), &status) == 0;
+    return errorOf([&] { return lstat(path.constData(), &status); });
+}
+
+bool isThere(const FilePath &path)
+{
+    return errorOfLookingAt(path) == 0;
 }
 
 bool mayBeThere(const FilePath &path)
 {
-    return isThere(path) || errno != ENOENT;
+    return errorOfLookingAt(path) != ENOENT;
 }
 
 /// For file systems that cannot exchange two items in one step: first the old one goes, then the new one comes. When

@@ -24,7 +24,7 @@ int writeAll(int descriptor, const QByteArray &content)
             return errno;
         done += written;
     }
-    return uninterrupted([&] { return fsync(descriptor); }) == 0 ? 0 : errno;
+    return errorOf([&] { return fsync(descriptor); });
 }
 
 } // namespace
@@ -42,10 +42,11 @@ int writeAtomically(const FilePath &path, const QByteArray &content, mode_t perm
     }));
     if (!file.isValid())
         return file.error();
-    int error =
-        uninterrupted([&] { return fchmod(file.get(), permissions); }) == 0 ? writeAll(file.get(), content) : errno;
-    if (error == 0 && uninterrupted([&] { return std::rename(pending.constData(), path.constData()); }) != 0)
-        error = errno;
+    int error = errorOf([&] { return fchmod(file.get(), permissions); });
+    if (error == 0)
+        error = writeAll(file.get(), content);
+    if (error == 0)
+        error = errorOf([&] { return std::rename(pending.constData(), path.constData()); });
     if (error != 0)
         unlink(pending.constData());
     return error;

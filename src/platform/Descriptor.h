@@ -22,6 +22,14 @@ auto uninterrupted(Call call)
     return result;
 }
 
+/// Makes such a \a call in the same way, and gives 0 or the errno of its failure. What \a call makes for itself and
+/// destroys at its end could change that: paths are made before it.
+template <typename Call>
+int errorOf(Call call)
+{
+    return uninterrupted(call) < 0 ? errno : 0;
+}
+
 /// Owns one file descriptor, or none, and closes it.
 class Descriptor final
 {

@@ -1,4 +1,5 @@
 #include "platform/AtomicFile.h"
+#include "platform/Descriptor.h"
 #include "platform/FolderLock.h"
 #include "platform/PreferenceStore.h"
 #include "platform/UserDefaults.h"
@@ -72,9 +73,10 @@ private:
     {
         stored.sync();
         QFile file(stored.fileName());
+        const FilePath path = QFile::encodeName(file.fileName());
         struct stat status;
-        if (lstat(QFile::encodeName(file.fileName()).constData(), &status) != 0)
-            return errno == ENOENT || errno == ENOTDIR;
+        if (const int error = errorOf([&] { return lstat(path.constData(), &status); }))
+            return error == ENOENT || error == ENOTDIR;
         if (!file.open(QIODevice::ReadOnly))
             return false;
         const QList<QByteArray> lines = file.readAll().split('\n');

@@ -49,7 +49,7 @@ bool isWrittenWhole(Pipe &pipe, const std::function<void()> &between)
             received.append(part.data(), std::max<ssize_t>(count, 0));
         } while (count > 0);
     });
-    EXPECT_TRUE(writeAll(pipe.writeEnd.get(), text));
+    EXPECT_EQ(writeAll(pipe.writeEnd.get(), text), 0);
     pipe.writeEnd = Descriptor();
     reader.join();
     return received == text;

@@ -25,16 +25,17 @@ struct Pair
     fs::path destination;
 };
 
-std::error_code lastError()
+/// As the standard library tells it. No error if \a number, an errno, is 0.
+std::error_code asCode(int number)
 {
-    return {errno, std::generic_category()};
+    return {number, std::generic_category()};
 }
 
 /// What became of a \a call of the system.
 template <typename Call>
 std::error_code outcome(Call call)
 {
-    return uninterrupted(call) == 0 ? std::error_code() : lastError();
+    return asCode(errorOf(call));
 }
 
 std::error_code keepTimes(const Pair &item)
@@ -61,17 +62,19 @@ std::error_code copyFile(const Pair &file)
 {
     constexpr int exclusively = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
     const Descriptor from(uninterrupted([&] { return open(file.source.c_str(), O_RDONLY | O_NOFOLLOW | O_CLOEXEC); }));
+    if (!from.isValid())
+        return asCode(from.error());
     struct stat status;
-    if (!from.isValid() || uninterrupted([&] { return fstat(from.get(), &status); }) != 0)
-        return lastError();
+    if (const std::error_code error = outcome([&] { return fstat(from.get(), &status); }))
+        return error;
     const Descriptor to(uninterrupted([&] { return open(file.destination.c_str(), exclusively, 0600); }));
     if (!to.isValid())
-        return lastError();
+        return asCode(to.error());
     constexpr size_t most = 1 << 30;
     ssize_t copied = 1;
     while (copied > 0)
         copied = uninterrupted([&] { return sendfile(to.get(), from.get(), nullptr, most); });
-    return copied == 0 ? outcome([&] { return fchmod(to.get(), status.st_mode); }) : lastError();
+    return copied < 0 ? asCode(errno) : outcome([&] { return fchmod(to.get(), status.st_mode); });
 }
 
 std::error_code copyItem(const Pair &item, fs::file_type type)

@@ -46,7 +46,7 @@ void TrashList::read(const UserTrash &trash)
     while (!stop.stop_requested()) {
         const FolderReader::Batch batch = reader.readBatch(listing.get());
         if (batch == FolderReader::Batch::failed)
-            return fail(errno);
+            return fail(reader.error());
         if (batch == FolderReader::Batch::end)
             return;
         while (const std::optional<FolderReader::Entry> entry = reader.nextEntry()) {
