@@ -2,7 +2,7 @@
 
 #include "app/AppEnvironment.h"
 #include "app/AppState.h"
-#include "app/SpringAnimation.h"
+#include "model/SpringAnimation.h"
 #include "scanner/FileSizeScanner.h"
 #include "scanner/Forecast.h"
 
@@ -13,7 +13,7 @@
 namespace tidlo {
 
 /// The one owner of what the application shows, and the operations that screens call. This is its whole public
-/// interface; AppState.h explains the properties.
+/// interface; AppState.h explains the properties. A property that no screen reads is part of that interface too.
 ///
 /// Bound to the main thread: reading or writing a property on any other thread stops the program. The scanner and the
 /// network work while the coroutines here are suspended; if the object is gone when they resume, they write nothing. No

@@ -31,13 +31,12 @@ qint64 bytesWhere(const QList<CleanupCandidate> &candidates, Condition condition
 
 void AppViewModel::toggleCandidate(const CleanupCandidate &candidate)
 {
-    constexpr SpringAnimation spring{.response = 0.24, .dampingFraction = 0.86, .blendDuration = 0};
     const QList<CleanupCandidate> &candidates = read(state.candidates);
     const auto found = std::ranges::find(candidates, candidate.id, &CleanupCandidate::id);
     if (candidate.risk == CleanupRisk::never || found == candidates.end())
         return;
     const qsizetype index = found - candidates.begin();
-    Q_EMIT willAnimate(spring);
+    Q_EMIT willAnimate(toggleAnimation);
     publish(&AppViewModel::candidatesChanged, [&] {
         CleanupCandidate &toggled = state.candidates[index];
         toggled.selected = !toggled.selected;

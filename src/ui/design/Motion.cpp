@@ -1,5 +1,7 @@
 #include "ui/design/Motion.h"
 
+#include "model/SpringAnimation.h"
+
 #include <QPointF>
 
 #include <cmath>
@@ -45,7 +47,7 @@ double timeOfCreeping(const Spring &spring)
     return late;
 }
 
-constexpr Spring toggleSpring{.response = 0.24, .dampingFraction = 0.86};
+constexpr Spring toggleSpring{.response = toggleAnimation.response, .dampingFraction = toggleAnimation.dampingFraction};
 constexpr Spring gaugeSpring{.response = 0.8, .dampingFraction = 0.82};
 constexpr Spring themeSpring{.response = 0.3, .dampingFraction = 0.8};
 constexpr int shortFade = 100;
