@@ -98,7 +98,13 @@ Forecast forecastOf(const ScanResult &result, const QList<CleanupCandidate> &cho
     return forecast;
 }
 
-QString forecastText(const Forecast &forecast)
+QString freedText(const Forecast &forecast)
+{
+    return QStringLiteral("frees %1 %2")
+        .arg(forecast.isAtMost ? QStringLiteral("at most") : QStringLiteral("about"), byteCountText(forecast.freed));
+}
+
+QStringList unfreedTexts(const Forecast &forecast)
 {
     struct Part
     {
@@ -112,11 +118,14 @@ QString forecastText(const Forecast &forecast)
         if (part.bytes > 0)
             parts.append(byteCountText(part.bytes) + u' ' + QLatin1StringView(part.text));
     }
-    if (parts.isEmpty())
-        return {};
-    return QStringLiteral("frees %1 %2: %3")
-        .arg(forecast.isAtMost ? QStringLiteral("at most") : QStringLiteral("about"), byteCountText(forecast.freed),
-             parts.join(QStringLiteral(", ")));
+    return parts;
+}
+
+QString forecastText(const Forecast &forecast)
+{
+    const QStringList unfreed = unfreedTexts(forecast);
+    return unfreed.isEmpty() ? QString()
+                             : freedText(forecast) + QStringLiteral(": ") + unfreed.join(QStringLiteral(", "));
 }
 
 } // namespace tidlo

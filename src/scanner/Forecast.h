@@ -2,6 +2,8 @@
 
 #include "scanner/ScanResult.h"
 
+#include <QStringList>
+
 namespace tidlo {
 
 /// How many bytes of the findings emptying the Trash would free. The bytes shown as recoverable are always the sum of
@@ -21,7 +23,13 @@ struct Forecast
 /// The forecast for \a chosen, candidates of \a result with all of their paths or some of them.
 Forecast forecastOf(const ScanResult &result, const QList<CleanupCandidate> &chosen);
 
-/// "frees about 21.2 GB: 12.7 GB is linked from elsewhere"; empty if everything recoverable is freed.
+/// "frees about 21.2 GB".
+QString freedText(const Forecast &forecast);
+
+/// What is not freed and why, each as "12.7 GB is linked from elsewhere".
+QStringList unfreedTexts(const Forecast &forecast);
+
+/// Both: "frees about 21.2 GB: 12.7 GB is linked from elsewhere"; empty if everything recoverable is freed.
 QString forecastText(const Forecast &forecast);
 
 } // namespace tidlo

@@ -106,15 +106,10 @@ QString Findings::selectionText() const
 QString Findings::whatThisFrees() const
 {
     const Forecast forecast = app.forecastOfSelected();
-    const auto line = [](const char *text, qint64 bytes) {
-        return bytes > 0 ? QLatin1StringView(text).arg(byteCountText(bytes)) + u'\n' : QString();
-    };
-    QString text = QStringLiteral("%1 selected. Once it is in the Trash, emptying that frees %2 %3.\n")
-                       .arg(byteCountText(forecast.recoverable()),
-                            forecast.isAtMost ? QStringLiteral("at most") : QStringLiteral("about"),
-                            byteCountText(forecast.freed)) +
-                   line("%1 is linked from elsewhere.", forecast.heldByLinks) +
-                   line("%1 is listed twice.", forecast.listedTwice) + line("%1 cannot be moved.", forecast.refused);
+    QString text = QStringLiteral("%1 selected. Once it is in the Trash, emptying that %2.\n")
+                       .arg(byteCountText(forecast.recoverable()), freedText(forecast));
+    for (const QString &unfreed : unfreedTexts(forecast))
+        text += unfreed + QStringLiteral(".\n");
     const UnreadFolders unread = app.unread();
     if (unread.count > 0)
         text += QStringLiteral("\nFolders that could not be read: %1\n").arg(unread.count);
