@@ -1,3 +1,4 @@
+#include "cli/AskedMove.h"
 #include "cli/CleanupOutcome.h"
 #include "cli/CleanupSelection.h"
 #include "cli/CommandHelp.h"
@@ -8,13 +9,10 @@
 #include "cli/ScanOptions.h"
 #include "cli/StopOnSignal.h"
 #include "cli/Terminal.h"
-#include "model/ModelJson.h"
 
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
-
-#include <unistd.h>
 
 namespace tidlo {
 
@@ -37,9 +35,7 @@ struct CleanWishes
 {
     QList<CleanupRisk> risks;
     ListedPaths paths = ListedPaths::none;
-    bool dryRun = false;
-    bool question = true;
-    bool json = false;
+    MoveWishes move;
 };
 
 /// Nothing if a word names no risk.
@@ -47,9 +43,7 @@ std::optional<CleanWishes> cleanWishes(const QCommandLineParser &options)
 {
     CleanWishes wishes{.risks = {},
                        .paths = options.isSet(QStringLiteral("paths")) ? ListedPaths::all : ListedPaths::none,
-                       .dryRun = options.isSet(QStringLiteral("dry-run")),
-                       .question = !options.isSet(QStringLiteral("dry-run")) && !options.isSet(QStringLiteral("yes")),
-                       .json = options.isSet(QStringLiteral("json"))};
+                       .move = moveWishes(options)};
     for (const QString &word : options.values(QStringLiteral("risk"))) {
         const auto row = std::ranges::find(riskWords, word, &RiskWord::word);
         if (row == riskWords.end())
@@ -59,30 +53,20 @@ std::optional<CleanWishes> cleanWishes(const QCommandLineParser &options)
     return wishes;
 }
 
-QString selectionText(const CleanupSelection &selection, const QString &frees, const CleanWishes &wishes,
+QString selectionText(const CleanupSelection &selection, const ScanResult &result, const CleanWishes &wishes,
                       const Terminal &terminal)
-{
-    const QString findings = selection.candidates.isEmpty()
-                                 ? QStringLiteral("Nothing is selected.\n")
-                                 : findingsText(selection.candidates, wishes.paths, terminal) + frees + u'\n';
-    const QString dryRun = QStringLiteral("Dry run: %1 would be moved to the Trash.\n").arg(selection.text());
-    return wishes.dryRun ? findings + dryRun : findings;
-}
-
-/// Writes to standard error what belongs to a question, and all else that is not the report if that is JSON.
-ExitStatus showSelection(const CleanupSelection &selection, const ScanResult &result, const CleanWishes &wishes)
 {
     const QString forecast = forecastText(forecastOf(result, selection.candidates));
     const QString frees = (forecast.isEmpty() ? QString() : QStringLiteral("Emptying the Trash %1.\n").arg(forecast)) +
                           unreadText(result.unread);
-    if (!wishes.question && !wishes.json)
-        return print(selectionText(selection, frees, wishes, terminalAt(STDOUT_FILENO)));
-    if (wishes.question || wishes.dryRun)
-        writeAll(STDERR_FILENO, selectionText(selection, frees, wishes, terminalAt(STDERR_FILENO)).toUtf8());
-    return ExitStatus::succeeded;
+    const QString findings = selection.candidates.isEmpty()
+                                 ? QStringLiteral("Nothing is selected.\n")
+                                 : findingsText(selection.candidates, wishes.paths, terminal) + frees + u'\n';
+    const QString dryRun = QStringLiteral("Dry run: %1 would be moved to the Trash.\n").arg(selection.text());
+    return wishes.move.dryRun ? findings + dryRun : findings;
 }
 
-bool mayBeMoved(const CleanupSelection &selection, const CleanWishes &wishes)
+bool mayBeMoved(const CleanupSelection &selection, const MoveWishes &wishes)
 {
     if (wishes.dryRun || selection.paths.isEmpty())
         return false;
@@ -99,46 +83,27 @@ CleanupOutcome moveToTrash(const CleanupSelection &selection, const QList<FilePa
     return {.cleanup = cleanup, .items = selection.paths.size(), .signal = stop.signal()};
 }
 
-nlohmann::ordered_json jsonOf(const Cleanup &cleanup)
-{
-    nlohmann::ordered_json stayed = nlohmann::ordered_json::array();
-    for (const StayedItem &item : cleanup.stayed)
-        stayed.push_back({{"path", item.path.toStdString()}, {"reason", item.reason.toStdString()}});
-    nlohmann::ordered_json json;
-    json["report"] = toJson(cleanup.report);
-    json["stayed"] = std::move(stayed);
-    return json;
-}
-
-ExitStatus printOutcome(const CleanupOutcome &outcome, const CleanWishes &wishes)
-{
-    const ExitStatus printed = wishes.json ? print(jsonOf(outcome.cleanup)) : print(outcome.text());
-    writeAll(STDERR_FILENO, outcome.complaint().toUtf8());
-    return printed == ExitStatus::succeeded ? outcome.exitStatus() : printed;
-}
-
 ExitStatus runClean(const QCommandLineParser &options, CommandContext &context)
 {
     const std::optional<CleanWishes> wishes = cleanWishes(options);
     if (!wishes)
         return reportMisuse(cleanCommand(), QStringLiteral("A risk is safe, rebuildable or review."));
-    if (wishes->question && !canAsk()) {
-        complain(QStringLiteral("There is no terminal to ask on. Add --yes to move without a question, or --dry-run."));
+    if (!canAskAsWished(wishes->move, QStringLiteral("move")))
         return ExitStatus::misused;
-    }
     if (!sparedPaths(context))
         return ExitStatus::failed;
     const std::optional<ScanResult> result = scanAsWanted(options, context);
     if (!result)
         return ExitStatus::misused;
     const CleanupSelection selection = cleanupSelection(result->snapshot.candidates, wishes->risks);
-    if (const ExitStatus status = showSelection(selection, *result, *wishes); status != ExitStatus::succeeded)
+    const auto text = [&](const Terminal &terminal) { return selectionText(selection, *result, *wishes, terminal); };
+    if (const ExitStatus status = showSelection(wishes->move, text); status != ExitStatus::succeeded)
         return status;
-    const bool agreed = mayBeMoved(selection, *wishes);
+    const bool agreed = mayBeMoved(selection, wishes->move);
     const std::optional<QList<FilePath>> spared = sparedPaths(context); // It may have changed meanwhile.
     if (!spared)
         return ExitStatus::failed;
-    return printOutcome(moveToTrash(agreed ? selection : CleanupSelection(), *spared, context), *wishes);
+    return printOutcome(moveToTrash(agreed ? selection : CleanupSelection(), *spared, context), wishes->move);
 }
 
 } // namespace

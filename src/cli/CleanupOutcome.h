@@ -16,6 +16,7 @@ struct CleanupOutcome
     QString text() const;
     /// For a person, in whole lines: what stayed, and why. Empty if nothing did.
     QString complaint() const;
+    nlohmann::ordered_json json() const;
     ExitStatus exitStatus() const;
 };
 

@@ -1,3 +1,4 @@
+#include "cli/AskedMove.h"
 #include "cli/CommandHelp.h"
 #include "cli/Commands.h"
 #include "cli/FindingsText.h"
@@ -23,9 +24,7 @@ struct RestoreWishes
     QStringList paths;
     std::optional<FileTime> since;
     bool all = false;
-    bool dryRun = false;
-    bool question = true;
-    bool json = false;
+    MoveWishes move;
 
     bool isListing() const { return paths.isEmpty() && !all; }
 };
@@ -40,20 +39,17 @@ std::optional<QString> complaintAbout(const QCommandLineParser &options, const R
         return QStringLiteral("A path is empty.");
     if (wishes.all && (!hasSince || !wishes.paths.isEmpty()))
         return QStringLiteral("--all goes with --since, and without paths.");
-    if (wishes.isListing() && (wishes.dryRun || options.isSet(QStringLiteral("yes"))))
+    if (wishes.isListing() && (wishes.move.dryRun || options.isSet(QStringLiteral("yes"))))
         return QStringLiteral("Name what is to be put back, or add --since and --all.");
     return std::nullopt;
 }
 
 RestoreWishes restoreWishes(const QCommandLineParser &options)
 {
-    const bool dryRun = options.isSet(QStringLiteral("dry-run"));
     return {.paths = options.positionalArguments(),
             .since = momentOf(options.value(QStringLiteral("since")), QDateTime::currentDateTime()),
             .all = options.isSet(QStringLiteral("all")),
-            .dryRun = dryRun,
-            .question = !dryRun && !options.isSet(QStringLiteral("yes")),
-            .json = options.isSet(QStringLiteral("json"))};
+            .move = moveWishes(options)};
 }
 
 /// An interruption ends the program by its signal: reading changes nothing.
@@ -109,14 +105,14 @@ QString textOf(const TrashContents &contents, const RestoreWishes &wishes)
 
 ExitStatus list(const TrashContents &contents, const RestoreWishes &wishes)
 {
-    const ExitStatus printed = wishes.json ? print(jsonOf(contents)) : print(textOf(contents, wishes));
+    const ExitStatus printed = wishes.move.json ? print(jsonOf(contents)) : print(textOf(contents, wishes));
     complainOfUnread(contents);
     if (printed != ExitStatus::succeeded)
         return printed;
     return contents.unread.isEmpty() ? ExitStatus::succeeded : ExitStatus::failed;
 }
 
-QString selectionText(const RestoreSelection &selection, const RestoreWishes &wishes, const Terminal &terminal)
+QString selectionText(const RestoreSelection &selection, const MoveWishes &wishes, const Terminal &terminal)
 {
     QString text;
     if (!selection.items.isEmpty())
@@ -129,17 +125,7 @@ QString selectionText(const RestoreSelection &selection, const RestoreWishes &wi
     return text;
 }
 
-/// Writes to standard error what belongs to a question, and all else that is not the outcome if that is JSON.
-ExitStatus showSelection(const RestoreSelection &selection, const RestoreWishes &wishes)
-{
-    if (!wishes.question && !wishes.json)
-        return print(selectionText(selection, wishes, terminalAt(STDOUT_FILENO)));
-    if (wishes.question || wishes.dryRun)
-        writeAll(STDERR_FILENO, selectionText(selection, wishes, terminalAt(STDERR_FILENO)).toUtf8());
-    return ExitStatus::succeeded;
-}
-
-bool mayBeRestored(const RestoreSelection &selection, const RestoreWishes &wishes)
+bool mayBeRestored(const RestoreSelection &selection, const MoveWishes &wishes)
 {
     if (wishes.dryRun || selection.items.isEmpty())
         return false;
@@ -175,27 +161,21 @@ ExitStatus runRestore(const QCommandLineParser &options, CommandContext &context
     const RestoreWishes wishes = restoreWishes(options);
     if (const auto complaint = complaintAbout(options, wishes))
         return reportMisuse(restoreCommand(), *complaint);
-    if (!wishes.isListing() && wishes.question && !canAsk()) {
-        complain(QStringLiteral("There is no terminal to ask on. Add --yes to put back without a question, or "
-                                "--dry-run."));
+    if (!wishes.isListing() && !canAskAsWished(wishes.move, QStringLiteral("put back")))
         return ExitStatus::misused;
-    }
     const TrashContents contents = contentsOf(context.scanner, wishes);
     if (wishes.isListing())
         return list(contents, wishes);
 
     complainOfUnread(contents);
     const RestoreSelection selection = selectionFrom(contents, wishes);
-    if (const ExitStatus status = showSelection(selection, wishes); status != ExitStatus::succeeded)
+    const auto text = [&](const Terminal &terminal) { return selectionText(selection, wishes.move, terminal); };
+    if (const ExitStatus status = showSelection(wishes.move, text); status != ExitStatus::succeeded)
         return status;
-    const RestoreOutcome outcome = mayBeRestored(selection, wishes)
+    const RestoreOutcome outcome = mayBeRestored(selection, wishes.move)
                                        ? restore(selection, context)
                                        : RestoreOutcome{.selection = selection, .restoration = {}};
-    const ExitStatus printed = wishes.json ? print(outcome.json()) : print(outcome.text());
-    writeAll(STDERR_FILENO, outcome.complaint().toUtf8());
-    if (printed != ExitStatus::succeeded)
-        return printed;
-    const ExitStatus status = outcome.exitStatus();
+    const ExitStatus status = printOutcome(outcome, wishes.move);
     return status == ExitStatus::succeeded && !contents.unread.isEmpty() ? ExitStatus::failed : status;
 }
 

@@ -1,7 +1,6 @@
 #include "cli/RestoreOutcome.h"
 
-#include "cli/FindingsText.h"
-#include "platform/VisibleText.h"
+#include "cli/AskedMove.h"
 
 #include <nlohmann/json.hpp>
 
@@ -21,21 +20,12 @@ QString RestoreOutcome::text() const
     const qsizetype restored = restoration.restored.size();
     if (restored == 0)
         return interrupted + QStringLiteral("Nothing was put back.\n");
-    const QString all = countText(selection.items.size(), QStringLiteral("item"));
-    const bool restoredAll = restored == selection.items.size();
-    const QString count = restoredAll ? all : QStringLiteral("%1 of %2").arg(QString::number(restored), all);
-    return interrupted + QStringLiteral("Put back %1.\n").arg(count);
+    return interrupted + QStringLiteral("Put back %1.\n").arg(doneText(restored, selection.items.size()));
 }
 
 QString RestoreOutcome::complaint() const
 {
-    const QList<StayedItem> items = stayed();
-    if (items.isEmpty())
-        return {};
-    QString lines = QStringLiteral("tidlo-cli: %1 not put back:\n").arg(items.size());
-    for (const StayedItem &item : items)
-        lines += QStringLiteral("  %1\n    %2\n").arg(visibleText(item.path), visibleText(item.reason));
-    return lines;
+    return stayedText(stayed(), QStringLiteral("not put back"));
 }
 
 nlohmann::ordered_json RestoreOutcome::json() const
@@ -46,21 +36,16 @@ nlohmann::ordered_json RestoreOutcome::json() const
     nlohmann::ordered_json others = nlohmann::ordered_json::array();
     for (const ListedItem &item : selection.others)
         others.push_back(item.item.origin.toStdString());
-    nlohmann::ordered_json left = nlohmann::ordered_json::array();
-    for (const StayedItem &item : stayed())
-        left.push_back({{"path", item.path.toStdString()}, {"reason", item.reason.toStdString()}});
     nlohmann::ordered_json json;
     json["restored"] = std::move(restored);
-    json["stayed"] = std::move(left);
+    json["stayed"] = stayedJson(stayed());
     json["others"] = std::move(others);
     return json;
 }
 
 ExitStatus RestoreOutcome::exitStatus() const
 {
-    if (signal != 0)
-        return static_cast<ExitStatus>(128 + signal);
-    return stayed().isEmpty() ? ExitStatus::succeeded : ExitStatus::failed;
+    return moveStatus(stayed(), signal);
 }
 
 } // namespace tidlo
