@@ -1,12 +1,12 @@
 #include "proxy/Certificate.h"
 
-#include "proxy/SmallFile.h"
+#include "platform/AtomicFile.h"
+#include "platform/SmallFile.h"
 
-#include <QDir>
 #include <QFile>
-#include <QFileInfo>
 
 #include <cerrno>
+#include <filesystem>
 
 #include <fcntl.h>
 #include <openssl/err.h>
@@ -116,31 +116,64 @@ QByteArray written(const Memory &memory)
     return {data, static_cast<qsizetype>(size)};
 }
 
-/// For this user alone, whatever the umask: clients trust what is in it.
-bool makeFolder(const QString &folder)
+/// OpenSSL's words for the last failure.
+QString failure()
 {
-    return QDir().mkpath(QFileInfo(folder).path()) &&
-           (::mkdir(QFile::encodeName(folder).constData(), S_IRWXU) == 0 || errno == EEXIST);
+    const char *words = ERR_reason_error_string(ERR_peek_last_error());
+    ERR_clear_error();
+    return QString::fromUtf8(words ? words : "it is not valid");
 }
 
-bool makeFiles(const CertificateFiles &files, const QDateTime &now)
+QString cannotUse(const QString &file, const QString &why)
+{
+    return QStringLiteral("%1 cannot be used: %2.").arg(file, why);
+}
+
+/// The content of the regular file \a name, 64 KB at most; nothing, and no reason, if it does not exist.
+OrReason<std::optional<QByteArray>> contentOf(const QString &name, LinkAtEnd link)
+{
+    OrError<QByteArray> content = readSmallFile(QFile::encodeName(name), link);
+    switch (content.error()) {
+    case 0:
+        return {.value = std::move(*content), .reason = {}};
+    case ENOENT:
+    case ENOTDIR:
+        return {};
+    case ELOOP:
+        return {.value = {}, .reason = cannotUse(name, QStringLiteral("it is a link"))};
+    case EBADMSG:
+        return {.value = {}, .reason = cannotUse(name, QStringLiteral("it is no regular file"))};
+    case EFBIG:
+        return {.value = {}, .reason = cannotUse(name, QStringLiteral("it has more than 64 KB"))};
+    default:
+        return {.value = {}, .reason = cannotUse(name, qt_error_string(content.error()))};
+    }
+}
+
+/// For this user alone, whatever the umask: clients trust what is in it. Returns 0, or the errno of the failure.
+int makeFolder(const FilePath &folder)
+{
+    std::error_code error;
+    std::filesystem::create_directories(std::filesystem::path(folder.toStdString()).parent_path(), error);
+    const int made = error ? error.value() : errorOf([&] { return ::mkdir(folder.constData(), S_IRWXU); });
+    return made == EEXIST ? 0 : made;
+}
+
+/// Returns why they cannot be made, or nothing.
+QString makeFiles(const CertificateFiles &files, const QDateTime &now)
 {
     const Key key(EVP_EC_gen("P-256"));
     const Certificate certificate = key ? selfSigned(key.get(), now) : nullptr;
     const Memory keyText(BIO_new(BIO_s_mem()));
     const Memory certificateText(BIO_new(BIO_s_mem()));
-    return certificate &&
-           PEM_write_bio_PrivateKey(keyText.get(), key.get(), nullptr, nullptr, 0, nullptr, nullptr) == 1 &&
-           PEM_write_bio_X509(certificateText.get(), certificate.get()) == 1 &&
-           replaceFile(files.key, written(keyText)) && replaceFile(files.certificate, written(certificateText));
-}
-
-/// Why OpenSSL did not accept the content of \a file.
-QString reason(const QString &file)
-{
-    const char *words = ERR_reason_error_string(ERR_peek_last_error());
-    ERR_clear_error();
-    return QStringLiteral("%1 cannot be used: %2.").arg(file, QString::fromUtf8(words ? words : "it is not valid"));
+    if (!certificate ||
+        PEM_write_bio_PrivateKey(keyText.get(), key.get(), nullptr, nullptr, 0, nullptr, nullptr) != 1 ||
+        PEM_write_bio_X509(certificateText.get(), certificate.get()) != 1)
+        return failure();
+    int error = writeAtomically(QFile::encodeName(files.key), written(keyText));
+    if (error == 0)
+        error = writeAtomically(QFile::encodeName(files.certificate), written(certificateText));
+    return error == 0 ? QString() : qt_error_string(error);
 }
 
 /// Reads the server's certificate, then those of its issuers.
@@ -171,13 +204,13 @@ bool useKey(SSL_CTX *tls, const QByteArray &content)
 /// Passes the content of \a file to \a use. Returns why that failed, or nothing.
 QString take(const QString &file, SSL_CTX *tls, bool (*use)(SSL_CTX *tls, const QByteArray &content))
 {
-    const auto content = readSmallFile(file, Links::followed);
+    const auto content = contentOf(file, LinkAtEnd::followed);
     if (!content.reason.isEmpty())
         return content.reason;
     if (!content.value)
-        return QStringLiteral("%1 cannot be used: it does not exist.").arg(file);
+        return cannotUse(file, QStringLiteral("it does not exist"));
     ERR_clear_error();
-    return use(tls, *content.value) ? QString() : reason(file);
+    return use(tls, *content.value) ? QString() : cannotUse(file, failure());
 }
 
 } // namespace
@@ -186,8 +219,8 @@ OrReason<CertificateFiles> localhostCertificate(const QString &folder, const QDa
 {
     const CertificateFiles files{.certificate = folder + QStringLiteral("/certificate.pem"),
                                  .key = folder + QStringLiteral("/key.pem")};
-    const auto certificate = readSmallFile(files.certificate, Links::refused);
-    const auto key = readSmallFile(files.key, Links::refused);
+    const auto certificate = contentOf(files.certificate, LinkAtEnd::refused);
+    const auto key = contentOf(files.key, LinkAtEnd::refused);
     for (const auto &read : {certificate, key}) {
         if (!read.reason.isEmpty())
             return {.value = {}, .reason = read.reason};
@@ -197,8 +230,10 @@ OrReason<CertificateFiles> localhostCertificate(const QString &folder, const QDa
     ERR_clear_error();
     if (isFound)
         return {.value = files, .reason = {}};
-    if (!makeFolder(folder) || !makeFiles(files, now))
-        return {.value = {}, .reason = QStringLiteral("A certificate cannot be made in %1.").arg(folder)};
+    const int error = makeFolder(QFile::encodeName(folder));
+    const QString why = error == 0 ? makeFiles(files, now) : qt_error_string(error);
+    if (!why.isEmpty())
+        return {.value = {}, .reason = QStringLiteral("A certificate cannot be made in %1: %2.").arg(folder, why)};
     return {.value = files, .reason = {}};
 }
 

@@ -1,6 +1,6 @@
 #include "proxy/Certificate.h"
 
-#include "proxy/SmallFile.h"
+#include "platform/AtomicFile.h"
 #include "support/PrintQt.h"
 #include "support/TemporaryHome.h"
 
@@ -96,7 +96,7 @@ TEST_F(LocalhostCertificate, IsNeitherReadNorWrittenThroughALink)
     }
     const QString link = folder + QStringLiteral("/link");
     ASSERT_TRUE(QFile::link(target, link));
-    EXPECT_TRUE(replaceFile(link, "new"));
+    EXPECT_EQ(writeAtomically(QFile::encodeName(link), "new"), 0);
 
     EXPECT_FALSE(QFileInfo(link).isSymLink());
     EXPECT_EQ(QFileInfo(target).size(), 100);
@@ -173,12 +173,12 @@ TEST_F(LocalhostCertificate, IsMadeAnewWhenTheKeyIsAnother)
     EXPECT_TRUE(tlsFrom(make()).value);
 }
 
-TEST_F(LocalhostCertificate, ThatCannotBeMadeSaysWhere)
+TEST_F(LocalhostCertificate, ThatCannotBeMadeSaysWhereAndWhy)
 {
     const QString below = QString::fromUtf8(home.file("file")) + QStringLiteral("/folder");
 
     EXPECT_EQ(localhostCertificate(below, now).reason,
-              QStringLiteral("A certificate cannot be made in %1.").arg(below));
+              QStringLiteral("A certificate cannot be made in %1: Not a directory.").arg(below));
 }
 
 TEST_F(LocalhostCertificate, IsRefusedWithAKeyThatIsNotItsOwn)
@@ -201,7 +201,10 @@ TEST_F(LocalhostCertificate, MayBeGivenByLinksAndWithItsChain)
     const CertificateFiles given{.certificate = QString::fromUtf8(home / "chain"),
                                  .key = QString::fromUtf8(home / "key")};
     const QString chain = QString::fromUtf8(home / "chain.pem");
-    ASSERT_TRUE(replaceFile(chain, text + text + text));
+    const auto replace = [&](const QByteArray &content) {
+        return writeAtomically(QFile::encodeName(chain), content) == 0;
+    };
+    ASSERT_TRUE(replace(text + text + text));
     ASSERT_TRUE(QFile::link(chain, given.certificate) && QFile::link(files.key, given.key));
 
     const auto tls = tlsFrom(given);
@@ -210,9 +213,9 @@ TEST_F(LocalhostCertificate, MayBeGivenByLinksAndWithItsChain)
     SSL_CTX_get0_chain_certs(tls.value.get(), &issuers);
     EXPECT_EQ(sk_X509_num(issuers), 2);
 
-    ASSERT_TRUE(replaceFile(chain, text + QByteArray(64 * 1024 - text.size(), '\n')));
+    ASSERT_TRUE(replace(text + QByteArray(64 * 1024 - text.size(), '\n')));
     EXPECT_TRUE(tlsFrom(given).value);
-    ASSERT_TRUE(replaceFile(chain, text + QByteArray(64 * 1024 + 1 - text.size(), '\n')));
+    ASSERT_TRUE(replace(text + QByteArray(64 * 1024 + 1 - text.size(), '\n')));
     EXPECT_EQ(tlsFrom(given).reason,
               QStringLiteral("%1 cannot be used: it is larger than 64 KB.").arg(given.certificate));
 }
