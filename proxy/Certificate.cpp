@@ -1,5 +1,6 @@
 #include "proxy/Certificate.h"
 
+#include "ai/ServiceFolder.h"
 #include "platform/AtomicFile.h"
 #include "platform/SmallFile.h"
 
@@ -217,7 +218,7 @@ QString take(const QString &file, SSL_CTX *tls, bool (*use)(SSL_CTX *tls, const 
 
 OrReason<CertificateFiles> localhostCertificate(const QString &folder, const QDateTime &now)
 {
-    const CertificateFiles files{.certificate = folder + QStringLiteral("/certificate.pem"),
+    const CertificateFiles files{.certificate = folder + u'/' + QLatin1StringView(serviceCertificate),
                                  .key = folder + QStringLiteral("/key.pem")};
     const auto certificate = contentOf(files.certificate, LinkAtEnd::refused);
     const auto key = contentOf(files.key, LinkAtEnd::refused);

@@ -1,7 +1,10 @@
 #include "proxy/Settings.h"
 
+#include "ai/ServiceFolder.h"
+
 #include <QCommandLineParser>
 #include <QDir>
+#include <QFile>
 #include <QHostAddress>
 #include <QRegularExpression>
 
@@ -185,10 +188,9 @@ QString stateFolder(const QProcessEnvironment &environment)
     QString given = environment.value(QStringLiteral("STATE_DIRECTORY")).section(u':', 0, 0);
     if (QDir::isAbsolutePath(given))
         return given;
+    const QString home = QDir(environment.value(QStringLiteral("HOME"), QDir::homePath())).path();
     const QString states = environment.value(QStringLiteral("XDG_STATE_HOME"));
-    const QDir home(environment.value(QStringLiteral("HOME"), QDir::homePath()));
-    return (QDir::isAbsolutePath(states) ? states : home.filePath(QStringLiteral(".local/state"))) +
-           QStringLiteral("/tidlo-proxy");
+    return QFile::decodeName(serviceFolder(QFile::encodeName(home), QFile::encodeName(states)));
 }
 
 Settings settingsOf(const QCommandLineParser &parser, const QProcessEnvironment &environment)

@@ -1,7 +1,7 @@
 #include "ai/OwnCertificate.h"
 
+#include "ai/ServiceFolder.h"
 #include "platform/HomeFolder.h"
-#include "platform/Paths.h"
 #include "platform/SmallFile.h"
 
 #include <QSslCertificate>
@@ -29,8 +29,7 @@ bool isOwn(const Descriptor &opened)
 
 FilePath ownServiceFolder()
 {
-    const FilePath states = qgetenv("XDG_STATE_HOME");
-    return joined(states.startsWith('/') ? states : joined(homeFolder(), ".local/state"), "tidlo-proxy");
+    return serviceFolder(homeFolder(), qgetenv("XDG_STATE_HOME"));
 }
 
 QByteArray ownCertificateFor(const QString &host)
@@ -41,7 +40,7 @@ QByteArray ownCertificateFor(const QString &host)
     const Descriptor folder(open(ownServiceFolder().constData(), flags | O_DIRECTORY));
     if (!isOwn(folder))
         return {};
-    const Descriptor descriptor(openat(folder.get(), "certificate.pem", flags));
+    const Descriptor descriptor(openat(folder.get(), serviceCertificate, flags));
     const OrError<QByteArray> content = readSmallFile(descriptor);
     if (!isOwn(descriptor) || !content)
         return {};

@@ -33,6 +33,11 @@ FilePath joined(const FilePath &folder, const FilePath &name)
     return folder.endsWith('/') ? folder + name : folder + '/' + name;
 }
 
+FilePath folderInHome(const FilePath &home, const char *usual, const FilePath &configured)
+{
+    return configured.startsWith('/') ? configured : joined(home, usual);
+}
+
 QByteArrayView lastPathComponent(const FilePath &path)
 {
     return QByteArrayView(path).sliced(path.lastIndexOf('/') + 1);

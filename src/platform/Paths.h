@@ -9,6 +9,10 @@ namespace tidlo {
 /// \a folder and \a name as one path, with no slash too many where the folder is "/".
 FilePath joined(const FilePath &folder, const FilePath &name);
 
+/// A folder that programs keep something of the user in: \a configured, which is what a variable of the environment
+/// says, if that is absolute, or else the \a usual one, named from the \a home on.
+FilePath folderInHome(const FilePath &home, const char *usual, const FilePath &configured);
+
 /// The last component of a path.
 QByteArrayView lastPathComponent(const FilePath &path);
 

@@ -13,7 +13,7 @@ set(MAY_ui/design model platform)
 set(MAY_ui/screens model platform scanner ai app ui/design)
 set(MAY_ui/shell model platform scanner ai app ui/design ui/screens)
 set(MAY_cli model platform scanner ai)
-set(MAY_proxy model platform/AtomicFile.h platform/SmallFile.h ai/GeminiRecords.h)
+set(MAY_proxy model platform/AtomicFile.h platform/SmallFile.h ai/GeminiRecords.h ai/ServiceFolder.h)
 
 set(folders model platform scanner ai app ui/design ui/screens ui/shell cli proxy)
 set(wrong 0)

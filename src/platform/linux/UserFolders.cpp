@@ -26,11 +26,6 @@ OrError<UserFolders::Kept> find(const SystemCalls &calls, const MountTable &moun
 
 } // namespace
 
-FilePath folderInHome(const FilePath &home, const char *usual, const FilePath &configured)
-{
-    return configured.startsWith('/') ? configured : joined(home, usual);
-}
-
 FilePath dataHomeIn(const FilePath &home, const FilePath &configured)
 {
     return folderInHome(home, ".local/share", configured);

@@ -26,10 +26,6 @@ struct UserFolders
 OrError<UserFolders> findUserFolders(const SystemCalls &calls, const MountTable &mounts, const FilePath &home,
                                      const FilePath &dataHome);
 
-/// A folder that programs keep something of the user in: \a configured, which is what a variable of the environment
-/// says, if that is absolute, or else the \a usual one, named from the home on.
-FilePath folderInHome(const FilePath &home, const char *usual, const FilePath &configured);
-
 /// Where programs keep the user's data: \a configured, which is what XDG_DATA_HOME says, if that is absolute.
 FilePath dataHomeIn(const FilePath &home, const FilePath &configured);
 
