@@ -31,14 +31,14 @@ int removeItem(const FilePath &path)
 
 namespace fs = std::filesystem;
 
-// Each gives the errno of what went wrong, or 0.
+// Each returns 0, or the errno of what went wrong.
 
 int obstacleToAccess(const char *path, int mode)
 {
     return errorOf([=] { return access(path, mode); });
 }
 
-/// What keeps the folder at \a path from losing its contents.
+/// Why the folder at \a path could not be emptied.
 int obstacleToEmptying(const fs::path &path)
 {
     std::error_code error;
@@ -48,9 +48,9 @@ int obstacleToEmptying(const fs::path &path)
     return obstacleToAccess(path.c_str(), W_OK | X_OK);
 }
 
-/// What keeps the item at \a path from being removed with all it holds. The rights of the folder that it lies in are
-/// left out: they show when it is moved aside. Asked before anything is done, so that an item that cannot go as a whole
-/// does not lose a part.
+/// Why the item at \a path could not be removed with all its content. The permissions of its parent folder are not
+/// checked: they show when the item is moved aside. Called before anything is done, so that an item that cannot be
+/// removed completely does not lose a part.
 int obstacleToRemoval(const FilePath &path)
 {
     if (const int obstacle = mountObstacle(path))
@@ -97,14 +97,14 @@ bool mayBeThere(const FilePath &path)
     return errorOfLookingAt(path) != ENOENT;
 }
 
-/// For file systems that cannot exchange two items in one step: first the old one goes, then the new one comes. When
-/// this fails, what is at \a destination is the old one or the new one, or nothing, if the old one could not come back.
+/// For file systems that cannot exchange two items in one step: first the old one is moved away, then the new one takes
+/// its place. If this fails, \a destination is the old or the new one, or missing if the old one could not be put back.
 int replaceInTwoSteps(const Workshop &workshop, const FilePath &destination, const PlacementSteps &steps)
 {
     int error = steps.rename(destination, workshop.former());
     if (error == 0)
         error = steps.rename(workshop.copy(), destination);
-    if (error != 0 && !isThere(destination)) // Whichever of the two reported it, and whether or not that was true.
+    if (error != 0 && !isThere(destination)) // Whichever step reported it, and whether or not that was true.
         steps.rename(workshop.former(), destination);
     return error;
 }
@@ -115,12 +115,12 @@ int replaceFrom(const Workshop &workshop, const FilePath &source, const FilePath
     if (const int error = steps.copy(source, workshop.copy()))
         return error;
     const int error = steps.exchange(workshop.copy(), destination);
-    if (error == ENOENT) // Nothing is there to be replaced.
+    if (error == ENOENT) // There is nothing to replace.
         return steps.rename(workshop.copy(), destination);
     return isExchangeUnknown(error) ? replaceInTwoSteps(workshop, destination, steps) : error;
 }
 
-/// To be called when the new copy is in place, so that none of them holds the only one.
+/// Called after the new copy is in place, so that no leftover can be the only copy.
 void removeLeftOvers(const FilePath &destination, const PlacementSteps &steps)
 {
     for (const Workshop &left : Workshop::leftOver(destination)) {

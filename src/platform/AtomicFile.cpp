@@ -38,7 +38,7 @@ int writeAtomically(const FilePath &path, const QByteArray &content, mode_t perm
     FilePath pending;
     const Descriptor file(uninterrupted([&] {
         pending = path + ".XXXXXX";
-        return mkostemp(pending.data(), O_CLOEXEC); // Made for the user alone.
+        return mkostemp(pending.data(), O_CLOEXEC); // Readable only by the user.
     }));
     if (!file.isValid())
         return file.error();

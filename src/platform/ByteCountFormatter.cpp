@@ -11,7 +11,7 @@ namespace {
 struct Unit
 {
     quint64 bytes;
-    quint64 steps; ///< How many steps of one unit are told apart: 10 means one decimal.
+    quint64 steps; ///< The precision, in steps of one unit: 10 means one decimal.
     QLatin1StringView symbol;
 };
 

@@ -24,7 +24,7 @@ PathLocation::PathLocation(const FilePath &path)
     }
     while (rest.size() >= PATH_MAX) {
         const qsizetype end = rest.lastIndexOf('/', PATH_MAX - 2);
-        if (end <= 0) { // A single name that no file system could hold.
+        if (end <= 0) { // A single name that is too long for any file system.
             failure = ENAMETOOLONG;
             return;
         }
@@ -37,7 +37,7 @@ PathLocation::PathLocation(const FilePath &path)
         }
         holder = std::move(next);
         rest.remove(0, end + 1);
-        while (rest.startsWith('/')) // What follows is relative now.
+        while (rest.startsWith('/')) // The rest is a relative path now.
             rest.remove(0, 1);
     }
 }

@@ -11,7 +11,7 @@
 namespace tidlo {
 
 /// Makes a system \a call that reports a failure by a negative number and errno, and repeats it when a signal
-/// interrupted it: a hundred times at most, since a broken file system may report that for ever. Not meant for close(),
+/// interrupted it: a hundred times at most, since a broken file system may report that forever. Not meant for close(),
 /// which closes even when it is interrupted.
 template <typename Call>
 auto uninterrupted(Call call)
@@ -73,12 +73,13 @@ private:
     int failure = 0;
 };
 
-/// A path as the *at() calls take it, whatever its length: what is beyond PATH_MAX is reached through an open folder.
+/// A path in the form that the *at() calls take, of any length: the part beyond PATH_MAX is reached through an open
+/// folder.
 class PathLocation final
 {
 public:
-    /// Resolves as much of \a path as does not fit into one call, links followed as in any path. It is not
-    /// valid when that fails or the path holds a NUL.
+    /// Resolves the part of \a path that does not fit into one call, following links as usual. Not valid if that fails
+    /// or the path contains a NUL.
     explicit PathLocation(const FilePath &path);
 
     bool isValid() const { return failure == 0; }

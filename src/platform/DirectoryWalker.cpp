@@ -11,10 +11,10 @@ namespace tidlo {
 
 namespace {
 
-/// More than there are processors, since most of the time a worker waits for the disk. More than eight gained nothing.
+/// More than there are processors, since most of the time a worker waits for the disk. More than eight were no faster.
 constexpr int mostWorkers = 8;
 
-/// Fits into a process that may open 64 files, beside what else it has open.
+/// Fits into a process that may open 64 files, with the files that it opens elsewhere.
 WalkLimits limitsFor(int wantedWorkers, const QList<FilePath> &roots)
 {
     constexpr rlim_t leftToOthers = 32;
@@ -28,7 +28,7 @@ WalkLimits limitsFor(int wantedWorkers, const QList<FilePath> &roots)
             .openFolders = static_cast<int>(std::clamp<rlim_t>(open / 2, 4, 256))};
 }
 
-/// Depth first, each folder before its contents, names in byte order: the byte order of paths if a slash came before
+/// Depth first, each folder before its contents, names in byte order: the byte order of paths if the slash came before
 /// all other bytes.
 bool comesBefore(const CountedItem &left, const CountedItem &right)
 {

@@ -8,16 +8,16 @@
 
 namespace tidlo {
 
-/// Reads whole trees: finds items in them, and measures what they hold on the disk. Several workers read at once, since
-/// most disks answer many questions in the time of one; a disk that rotates does not, and gets one worker.
+/// Reads whole trees: finds items in them, and measures their size on the disk. Several workers read at once, since
+/// most disks handle many requests in the time of one; a rotating disk does not, and gets one worker.
 ///
-/// Everything below a root is reached through open folders, never by its path, so that no link, and no folder swapped
-/// for one, leads a walk outside. Nothing recurses, and the number of open folders is bounded, so that any depth will
-/// do. Memory grows with the folders that wait to be read, not with the size of the tree.
+/// Everything below a root is reached through open folders, never by its path, so that neither a link nor a folder
+/// swapped for one leads a walk outside. Nothing recurses, and the number of open folders is bounded, so that any depth
+/// works. Memory grows with the number of folders that wait to be read, not with the size of the tree.
 class DirectoryWalker final
 {
 public:
-    /// \a workers: how many read at once; 0 lets the disks decide.
+    /// \a workers: how many workers read at once; 0: depends on the disks.
     explicit DirectoryWalker(int workers = 0)
         : workers(workers)
     {}

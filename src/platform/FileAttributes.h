@@ -9,7 +9,7 @@
 
 namespace tidlo {
 
-/// A moment as file systems tell it.
+/// A time stamp of a file system.
 using FileTime = std::chrono::sys_time<std::chrono::nanoseconds>;
 
 enum class FileKind {
@@ -20,7 +20,8 @@ enum class FileKind {
     other,        ///< A FIFO, a socket, a device.
 };
 
-/// What a file system tells of one entry itself, links not followed. What it does not tell is absent.
+/// The attributes of one entry itself, without following links. An attribute that the file system does not report is
+/// absent.
 struct FileAttributes
 {
     FileKind kind = FileKind::unknown;
@@ -29,12 +30,13 @@ struct FileAttributes
     std::optional<FileTime> modified{};    ///< Content modification.
 };
 
-// A damaged disk may report any figure, so both stop at the largest and smallest that there are.
+// A damaged disk may report any number, so both are clamped to the largest and smallest representable values.
 
-/// The moment so long after the beginning of 1970, or the nearest one that FileTime can hold.
+/// The time this long after the beginning of 1970, or the nearest one that FileTime can hold.
 FileTime fileTime(qint64 seconds, qint64 nanoseconds);
 
-/// The bytes of so many blocks of 512, the unit in which systems count, whatever the file system's own block size is.
+/// The size of \a blocks blocks of 512 bytes, the unit in which systems count, whatever the file system's own block
+/// size is.
 qint64 bytesOnDisk(quint64 blocks);
 
 /// One entry of a folder's listing.
@@ -44,11 +46,11 @@ struct DirectoryEntry
     FileAttributes attributes;
 };
 
-/// Figures of a volume in bytes; what the system does not tell is absent.
+/// Figures of a volume in bytes; absent if the system does not report them.
 struct VolumeCapacity
 {
     std::optional<qint64> total{};
-    std::optional<qint64> available{}; ///< To the user, not to root.
+    std::optional<qint64> available{}; ///< For the user, not for root.
 };
 
 } // namespace tidlo

@@ -20,8 +20,8 @@ namespace {
 
 constexpr QSettings::Format format = QSettings::NativeFormat;
 
-/// The content of a file that says \a values, empty on failure. It is drafted elsewhere, since QSettings locks the file
-/// that it changes, and would wait for the lock of a program that was killed.
+/// The content of a file with \a values, empty on failure. It is written elsewhere first, since QSettings locks the
+/// file that it changes, and would wait for the lock of a program that was killed.
 QByteArray fileSaying(const QVariantMap &values)
 {
     const QTemporaryDir folder;
@@ -67,8 +67,8 @@ public:
 private:
     QString folder() const { return QFileInfo(stored.fileName()).absolutePath(); }
 
-    /// Reads the file again: another program may have written it. Returns whether it tells what is under \a key, or
-    /// that nothing is. A damaged file may have a line of that key from which nothing is read.
+    /// Reads the file again: another program may have written it. Returns whether it is known what is stored under \a
+    /// key, or that nothing is. A damaged file may contain a line with that key but no readable value.
     bool isReadable(QLatin1StringView key)
     {
         stored.sync();
@@ -85,7 +85,7 @@ private:
                });
     }
 
-    /// Replaces what is stored by the same with \a changes.
+    /// Replaces the stored values by the same ones with \a changes.
     bool store(const QVariantMap &changes)
     {
         QVariantMap values;
@@ -97,15 +97,14 @@ private:
         if (content.isEmpty() && !values.isEmpty())
             return false;
         const QFileInfo file(stored.fileName());
-        const QString place =
-            file.exists() ? file.canonicalFilePath() : file.filePath(); // Some people make links of them.
+        const QString place = file.exists() ? file.canonicalFilePath() : file.filePath(); // Some people make it a link.
         const bool isWritten = writeAtomically(QFile::encodeName(place), content) == 0;
         stored.sync();
         return isWritten;
     }
 
-    QSettings stored; ///< Only read from.
-    QVariantMap own;  ///< What was set here.
+    QSettings stored; ///< Only for reading.
+    QVariantMap own;  ///< Values that were set here.
 };
 
 } // namespace

@@ -11,15 +11,15 @@
 
 namespace tidlo {
 
-/// A lock on a folder. While it is held, no other program that asks for it changes what it guards there. If the program
-/// is killed, the system releases it.
+/// A lock on a folder. While it is held, no other program that uses this lock changes what it guards. If the program is
+/// killed, the system releases the lock.
 class FolderLock final
 {
 public:
     explicit FolderLock(const FilePath &folder)
         : descriptor(::open(folder.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC))
     {
-        constexpr int tries = 100; // One second: who holds it longer is stopped or broken.
+        constexpr int tries = 100; // One second: a program that holds it longer is stopped or broken.
         for (int left = tries; left > 0 && !isFree(); --left)
             std::this_thread::sleep_for(std::chrono::milliseconds(10));
     }

@@ -10,17 +10,17 @@
 
 namespace tidlo {
 
-/// What a file system tells of an entry in one question, links not followed.
+/// The attributes of an entry from one system call, without following links.
 struct EntryStatus
 {
     FileAttributes attributes;
-    quint64 mount = 0; ///< Identifies the mount it lies on.
+    quint64 mount = 0; ///< Identifies the mount that it is on.
     quint64 device = 0;
-    quint64 inode = 0; ///< Which file of the device.
-    quint32 links = 1; ///< How many names lead to it.
+    quint64 inode = 0; ///< Identifies the file on the device.
+    quint32 links = 1; ///< How many names it has.
 };
 
-/// What identifies a folder for as long as it exists.
+/// Identifies a folder while it exists.
 struct FolderIdentity
 {
     quint64 device = 0;
@@ -28,54 +28,54 @@ struct FolderIdentity
     bool operator==(const FolderIdentity &) const = default;
 };
 
-/// Opens folders to be listed, each relative to one that is open already, so that nothing that happens to the path
-/// meanwhile leads outside. Access times are left alone where the system allows. Thread-safe.
+/// Opens folders for listing, each relative to one that is open already, so that no change of the path leads outside.
+/// Access times are left alone where the system allows. Thread-safe.
 class FolderOpener final
 {
 public:
-    /// Asks the system once what it can do.
+    /// Asks the system once which calls it supports.
     FolderOpener();
 
-    /// A folder by its path, links on the way followed; with \a followsLink also one at its end.
+    /// Opens a folder by its path, following links on the way; with \a followsLink also one at its end.
     Descriptor openRoot(const FilePath &path, bool followsLink) const;
 
-    /// The folder \a name beneath \a parent, on the same mount; \a name may have several components. No link is
-    /// followed, wherever it stands. Not valid if there is none.
+    /// Opens the folder \a name beneath \a parent, on the same mount; \a name may have several components. No link in
+    /// it is followed. Not valid if there is no such folder.
     Descriptor openBeneath(int parent, const char *name) const;
 
 private:
     Descriptor openStepwise(int parent, const char *name) const;
 
-    bool confined; ///< The system resolves several components and checks them at once.
+    bool confined; ///< The system can resolve several components with these limits in one call.
 };
 
-/// Lists folders, a batch of entries at a time, into one buffer that it keeps.
+/// Lists folders in batches of entries, with one buffer for all of them.
 class FolderReader final
 {
 public:
     struct Entry
     {
         QByteArrayView name; ///< Ends with a NUL; valid until the next batch is read.
-        FileKind kind;       ///< Unknown where listings do not tell; ask statusOf.
+        FileKind kind;       ///< Unknown if the listing does not contain it; then use statusOf.
     };
 
     FolderReader();
     ~FolderReader();
 
     enum class Batch {
-        some, ///< There are entries, and this was perhaps all.
-        full, ///< There are entries, and most likely more to come.
+        some, ///< There are entries; they may be the last.
+        full, ///< There are entries, and very likely more will follow.
         end,  ///< The listing is complete.
         failed,
     };
-    /// Reads on in the listing of \a folder. The first call makes the buffer, and throws where there is no memory for
-    /// it.
+    /// Reads the next batch of the listing of \a folder. The first call allocates the buffer, and throws if there is no
+    /// memory.
     Batch readBatch(int folder);
 
-    /// The errno of a batch that failed.
+    /// The errno of the batch that failed.
     int error() const { return failure; }
 
-    /// The next entry of the batch, "." and ".." left out; nothing at its end.
+    /// The next entry of the batch, without "." and ".."; nothing at its end.
     std::optional<Entry> nextEntry();
 
 private:
@@ -87,10 +87,10 @@ private:
 /// Which attributes a caller needs: asking for less is cheaper on some file systems.
 enum class StatusDetail { sizeOnDisk, everything };
 
-/// Asks for an entry of \a folder, or for the folder itself with an empty \a name; nothing if the system does not tell.
+/// Reads the attributes of an entry of \a folder, or of the folder itself if \a name is empty; nothing if that fails.
 std::optional<EntryStatus> statusOf(int folder, const char *name, StatusDetail detail);
 
-/// The identity of an open folder; nothing if the system does not tell.
+/// The identity of an open folder; nothing if it cannot be read.
 std::optional<FolderIdentity> identityOf(int folder);
 
 } // namespace tidlo

@@ -8,17 +8,17 @@
 
 namespace tidlo {
 
-/// The home folder of the current user: $HOME where that is absolute, or what the user database says, or "/". Without
-/// slashes at its end. Each call that needs the database asks it, so a caller that needs the answer often should keep
-/// it.
+/// The home folder of the current user: $HOME if that is absolute, otherwise the one in the user database, otherwise
+/// "/". Without slashes at its end. Each call that needs the database queries it, so cache the result if you need it
+/// often.
 FilePath homeFolder();
 
-/// Makes homeFolder() the $HOME of this process, so that libraries and programs that it starts agree with it. Gives the
-/// $HOME that was ignored because it is no absolute path. To be called first, while there is one thread.
+/// Sets the $HOME of this process to homeFolder(), so that libraries and child processes agree with it. Returns the
+/// former $HOME if that was ignored because it is not absolute. Call it first, while there is only one thread.
 std::optional<FilePath> settleHome();
 
-/// What the user database says is the home folder of \a user; empty where it says nothing, or nothing of a sensible
-/// size. \a ask: getpwuid_r, or what stands for it in a test.
+/// The home folder of \a user in the user database; empty if there is none, or its entry is too large. \a ask:
+/// getpwuid_r, or its replacement in a test.
 FilePath homeInDatabase(uid_t user, decltype(getpwuid_r) *ask = getpwuid_r);
 
 } // namespace tidlo

@@ -32,7 +32,7 @@ public:
     TrashContents trashedItems(std::stop_token stop) const override;
 
 private:
-    const FilePath home = homeFolder(); ///< Asked for once: the user database may be far away.
+    const FilePath home = homeFolder(); ///< Read once: the user database may be on the network.
     DirectoryWalker walker;
 };
 

@@ -5,13 +5,14 @@
 
 namespace tidlo {
 
-/// Why a call of the system failed: an errno.
+/// Why a system call failed: an errno.
 struct Errno
 {
     int number = 0;
 };
 
-/// A value, or the errno of why there is none. What gives no value returns an errno as an int instead, 0 for success.
+/// A value, or the errno of why there is none. Functions without a value return an errno as an int instead, 0 for
+/// success.
 template <typename Value>
 class OrError final
 {

@@ -9,7 +9,7 @@ namespace tidlo {
 
 namespace {
 
-/// What macOS and its own programs declare as packages. Sorted, for the binary search.
+/// The extensions that macOS and its own programs declare as packages. Sorted, for the binary search.
 constexpr std::array<std::string_view, 40> packageExtensions{
     "action",       "aplibrary",     "app",       "appex",         "band",    "bundle",    "component",
     "download",     "dsym",          "fcpbundle", "imovielibrary", "kext",    "key",       "lbaction",

@@ -27,13 +27,13 @@ bool isLink(const FilePath &path)
     return readlink(path.constData(), &first, 1) >= 0;
 }
 
-/// What the places in a folder begin with.
+/// The common prefix of the places in a folder.
 FilePath beginningIn(const FilePath &folder)
 {
     return joined(folder, {});
 }
 
-/// As its folder lists the item at \a place, which may be another spelling of the same name.
+/// The spelling of \a place's name in its folder's listing, which may differ from the given one.
 FilePath asListed(const FilePath &place)
 {
     const fs::path item = place.toStdString();
@@ -101,7 +101,7 @@ std::optional<FilePath> placeOfGiven(const FilePath &path)
     if (path.isEmpty() || !fs::exists(fs::symlink_status(whole.toStdString(), error)))
         return std::nullopt;
     const QByteArrayView name = lastPathComponent(path);
-    if (name.isEmpty() || name == "." || name == "..") // "link/" is what the link leads to.
+    if (name.isEmpty() || name == "." || name == "..") // "link/" names the link's target.
         return canonical(whole);
     const std::optional<FilePath> folder = canonical(joined(whole.left(whole.lastIndexOf('/')), {}));
     return folder ? std::optional(asListed(joined(*folder, FilePath(lastPathComponent(whole).toByteArray()))))

@@ -19,7 +19,7 @@ namespace tidlo {
 
 namespace {
 
-/// The list of arguments as the system expects it, with its end marked. Points into what it was given.
+/// The list of arguments in the form that the system expects, with a null at its end. Points into the parameters.
 std::vector<char *> listOf(const FilePath &program, const QByteArrayList &arguments)
 {
     std::vector<char *> list{const_cast<char *>(program.constData())};
@@ -29,12 +29,13 @@ std::vector<char *> listOf(const FilePath &program, const QByteArrayList &argume
     return list;
 }
 
-/// Gives 0, or the errno of what failed.
+/// Returns 0, or the errno of what failed.
 int spawn(const FilePath &program, const QByteArrayList &arguments, pid_t &child)
 {
     posix_spawn_file_actions_t files;
     posix_spawn_file_actions_init(&files);
-    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) // Ours may be closed before it ends.
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) // The streams of this process may be closed
+                                                                          // before the child ends.
         posix_spawn_file_actions_addopen(&files, stream, "/dev/null", O_RDWR, 0);
     posix_spawnattr_t attributes;
     posix_spawnattr_init(&attributes);
@@ -59,7 +60,8 @@ std::optional<QString> startDetached(const FilePath &program, const QByteArrayLi
         return qt_error_string(error);
     try {
         std::thread([child] { uninterrupted([child] { return waitpid(child, nullptr, 0); }); }).detach();
-    } catch (const std::exception &) { // No thread, so the system keeps the child in its list until this program ends.
+    } catch (const std::exception &) { // No thread can be started, so the system keeps the child as a zombie until this
+                                       // program ends.
     }
     return std::nullopt;
 }

@@ -18,7 +18,7 @@ void endNow(int)
     _exit(statusAtLimit);
 }
 
-/// A timer that is set to zero never rings.
+/// A timer that is set to zero is off.
 void setTimer(std::chrono::milliseconds limit)
 {
     using namespace std::chrono;
@@ -29,7 +29,7 @@ void setTimer(std::chrono::milliseconds limit)
     setitimer(ITIMER_REAL, &timer, nullptr);
 }
 
-/// Threads that are waited for at the latest when the program ends.
+/// Threads that are joined when the program ends.
 class LeftThreads final
 {
 public:

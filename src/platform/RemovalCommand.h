@@ -6,9 +6,9 @@
 
 namespace tidlo {
 
-/// The command that removes the package which the program at \a executable was installed by: the first line of the
+/// The command that removes the package with which the program at \a executable was installed: the first line of the
 /// file share/tidlo/uninstall-command beside its folder, 200 bytes at most. Empty if there is no such regular file, or
-/// it holds anything else.
+/// its content is invalid.
 QString removalCommandBeside(const FilePath &executable);
 
 } // namespace tidlo

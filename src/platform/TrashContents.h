@@ -7,11 +7,11 @@
 
 namespace tidlo {
 
-/// What is told of an item in a Trash.
+/// The details of an item in a Trash.
 struct ListedItem
 {
     TrashedItem item;
-    std::optional<FileTime> moved{}; ///< When it was moved there, if its record tells it.
+    std::optional<FileTime> moved{}; ///< When it was moved there, if its record says so.
     qint64 bytes = 0;                ///< What deleting it would free, as FileManager::allocatedSizes counts.
 
     bool operator==(const ListedItem &) const = default;
@@ -21,22 +21,22 @@ struct ListedItem
 struct UnreadTrash
 {
     FilePath path;
-    QString reason; ///< For a person, a sentence or more.
+    QString reason; ///< For a person, one or more sentences.
 
     bool operator==(const UnreadTrash &) const = default;
 };
 
-/// What the Trashes of the user hold.
+/// The contents of the user's Trashes.
 struct TrashContents
 {
-    QList<ListedItem> items; ///< The last moved first, those without a time last.
-    qint64 unknown = 0;      ///< Further items with a record that does not tell where they were.
+    QList<ListedItem> items; ///< The last moved first, items without a time at the end.
+    qint64 unknown = 0;      ///< The number of further items with a record that does not say where they were.
     QList<UnreadTrash> unread;
 };
 
-/// Reads the records of the user's Trashes, that of the home and those of mounts; the sizes are left out. A record
-/// without an item, and an item without a record, are passed over. A requested stop ends it soon, with what was found
-/// until then. Throws where there is no memory for it.
+/// Reads the records of the user's Trashes, that of the home folder and those of mounts; sizes are not measured. A
+/// record without an item, and an item without a record, are skipped. A requested stop ends it soon, with what was
+/// found until then. Throws if there is no memory.
 TrashContents listTrashes(const FilePath &home, std::stop_token stop = {});
 
 } // namespace tidlo

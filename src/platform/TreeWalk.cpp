@@ -35,7 +35,7 @@ private:
     const FileAttributes &entryAttributes;
 };
 
-/// The path of an entry. Folders keep their names only, since few of them are ever asked.
+/// The path of an entry. Folders store only their names, since few paths are ever needed.
 FilePath pathOf(const WalkFolder &folder, QByteArrayView name)
 {
     std::vector<const WalkFolder *> upwards;
@@ -44,7 +44,7 @@ FilePath pathOf(const WalkFolder &folder, QByteArrayView name)
     FilePath path;
     for (auto ancestor = upwards.rbegin(); ancestor != upwards.rend(); ++ancestor) {
         path.append((*ancestor)->name.c_str());
-        if (!path.endsWith('/')) // As the root of all files does.
+        if (!path.endsWith('/')) // The root of all files ends with a slash already.
             path.append('/');
     }
     return path.append(name);
@@ -59,8 +59,8 @@ void addBytes(CountedItem &item, qint64 more)
 
 } // namespace
 
-/// Takes folder after folder from the queue and reads it. A listing that gets no memory is given up as one that cannot
-/// be read: what was met until then counts.
+/// Takes folder after folder from the queue and reads it. A listing for which there is no memory is given up like one
+/// that cannot be read: what was met until then counts.
 class TreeWalk::Worker final
 {
 public:
@@ -68,7 +68,7 @@ public:
         : walk(walk)
     {}
 
-    /// \a callHelpers is called when there is more to read than one worker can.
+    /// \a callHelpers is called if there is more to read than one worker can.
     template <typename CallHelpers>
     void work(CallHelpers callHelpers)
     {
@@ -103,8 +103,8 @@ private:
     TreeWalk &walk;
     FolderReader reader;
     std::vector<std::unique_ptr<WalkFolder>> children; ///< Found in the folder that is being read.
-    qint64 bytes = 0;                                  ///< Of the files met in it.
-    QList<LinkedFile> linked;                          ///< Those of them that have several names.
+    qint64 bytes = 0;                                  ///< The bytes of the files in it.
+    QList<LinkedFile> linked;                          ///< Those of these files that have several names.
 };
 
 bool TreeWalk::Worker::open(WalkFolder &folder, int parent)
@@ -133,7 +133,7 @@ bool TreeWalk::Worker::openBeneath(WalkFolder &folder, int parent)
     return folder.isOpen();
 }
 
-/// Measuring starts with the path itself, which may be a file and is not followed when it is a link.
+/// Measuring starts with the path itself, which may be a file; a link is not followed.
 bool TreeWalk::Worker::openRoot(WalkFolder &root)
 {
     const FilePath path = FilePath::fromStdString(root.name);
@@ -155,7 +155,7 @@ bool TreeWalk::Worker::openRoot(WalkFolder &root)
     return status.has_value();
 }
 
-/// False if another worker reads on in the listing.
+/// False if another worker continues the listing.
 template <typename CallHelpers>
 bool TreeWalk::Worker::read(WalkFolder &folder, CallHelpers callHelpers)
 {
@@ -181,7 +181,7 @@ bool TreeWalk::Worker::read(WalkFolder &folder, CallHelpers callHelpers)
     return listed;
 }
 
-/// The bytes of a regular file, whose links are kept where somebody wants to know of them.
+/// The bytes of a regular file; files with several links are recorded if notes are wanted.
 qint64 TreeWalk::Worker::counted(const EntryStatus &file)
 {
     const qint64 size = file.attributes.allocatedSize.value_or(0);
@@ -200,7 +200,7 @@ void TreeWalk::Worker::hand(CountedItem &item)
     try {
         const std::lock_guard lock(walk.itemsMutex);
         item.linked += linked;
-    } catch (const std::bad_alloc &) { // Their bytes count all the same.
+    } catch (const std::bad_alloc &) { // Their bytes are counted anyway.
     }
     linked.clear();
 }
@@ -231,7 +231,7 @@ void TreeWalk::Worker::measure(const WalkFolder &folder, const FolderReader::Ent
     if (kind == FileKind::regular || kind == FileKind::unknown) {
         const auto status = statusOf(folder.descriptor.get(), entry.name.data(), StatusDetail::sizeOnDisk);
         kind = status ? status->attributes.kind : FileKind::unknown;
-        if (kind == FileKind::regular && status->mount == folder.mount) // A single file can be a mount, too.
+        if (kind == FileKind::regular && status->mount == folder.mount) // A single file can be a mount point as well.
             bytes = checkedSum(bytes, counted(*status));
     }
     if (kind == FileKind::directory && !isPackageName(entry.name))
@@ -341,7 +341,7 @@ void TreeWalk::run()
             for (; more > 0; --more)
                 helpers.emplace_back([this] { Worker(*this).work([] {}); });
         } catch (const std::exception &) { // The system has no more threads, or no memory for one.
-            more = 0;                      // Those that there are do it all.
+            more = 0;                      // The existing workers do everything.
         }
     });
 }

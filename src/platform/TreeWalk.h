@@ -10,7 +10,7 @@
 
 namespace tidlo {
 
-/// An item that is measured; workers add to its bytes what they meet in it.
+/// An item that is measured; workers add the bytes that they find in it.
 struct CountedItem
 {
     FilePath path;
@@ -21,7 +21,7 @@ struct CountedItem
     QList<LinkedFile> linked{}; ///< Guarded by the walk's mutex while it runs.
 };
 
-/// How many folders are read at once, and how many may stay open besides those.
+/// How many folders are read at once, and how many more may stay open.
 struct WalkLimits
 {
     int workers = 1;
@@ -32,7 +32,7 @@ struct WalkLimits
 class TreeWalk final
 {
 public:
-    /// \a notes may be null; else they must outlive it.
+    /// \a notes may be null; otherwise they must outlive it.
     TreeWalk(WalkLimits limits, std::stop_token stop, WalkNotes *notes)
         : limits(limits)
         , stop(std::move(stop))
@@ -40,7 +40,7 @@ public:
         , queue(limits.openFolders)
     {}
 
-    /// Shows what lies beneath the roots to the visitor and measures what it collects. Returns when all has been read,
+    /// Shows everything beneath the roots to the visitor and measures what it collects. Returns when all has been read,
     /// or soon after a stop. The items come in no fixed order.
     std::deque<CountedItem> enumerate(const DeepEnumeration &enumeration);
 
@@ -59,8 +59,9 @@ private:
     WalkNotes *const notes;
     const FolderOpener opener;
     WalkQueue queue;
-    const DeepEnumeration *wanted = nullptr; ///< None when only sizes are.
-    std::mutex itemsMutex;                   ///< Guards the list and the linked files; an item counts for itself.
+    const DeepEnumeration *wanted = nullptr; ///< Null if only sizes are measured.
+    std::mutex itemsMutex;                   ///< Guards the list and the linked files; the bytes of an item need no
+                                             ///< lock.
     std::deque<CountedItem> items;
 };
 

@@ -4,9 +4,9 @@ namespace tidlo {
 
 namespace {
 
-constexpr qsizetype longestList = 1'000'000; ///< Characters; a longer one is neither kept nor read.
+constexpr qsizetype longestList = 1'000'000; ///< Characters; a longer list is neither stored nor read.
 
-/// A list is a text: its paths, percent-encoded, with spaces between. Nothing if the text is no such list.
+/// A list is stored as a text: its paths, percent-encoded, separated by spaces. Nothing if the text is no such list.
 std::optional<QList<FilePath>> pathsFrom(const QVariant &kept)
 {
     if (!kept.isValid())

@@ -10,22 +10,22 @@
 
 namespace tidlo {
 
-/// The preferences of the user, kept in the system's own place for them. What is set holds from then on, and is stored
-/// at once. What is missing or damaged means the defaults; where nothing can be read or written, what was set holds
-/// until the program ends. Main thread.
+/// The preferences of the user, in the system's usual storage. A value that is set is in force from then on, and stored
+/// at once. For missing or damaged values the defaults apply; if nothing can be read or written, set values are in
+/// force until the program ends. Main thread.
 class UserDefaults final : public QObject
 {
     Q_OBJECT
 
 public:
-    // The keys, and what holds while nothing usable is stored under them.
+    // The keys, and the values in force if nothing usable is stored under them.
     static constexpr QLatin1StringView theme{"tidloTheme"};                     ///< A text; "dark".
-    static constexpr QLatin1StringView setupCompleted{"tidlo.setup.completed"}; ///< A truth value; false.
+    static constexpr QLatin1StringView setupCompleted{"tidlo.setup.completed"}; ///< A boolean; false.
 
-    /// A truth value; true, but false while something is stored that cannot be read: then it may have been chosen.
+    /// A boolean; true, but false if something unreadable is stored: it may have been switched off.
     static constexpr QLatin1StringView explanations{"tidlo.explanations"};
 
-    // Those of lists of paths, absent until one is added.
+    // Lists of paths, absent until one is added.
     static constexpr QLatin1StringView spared{"tidlo.spared"}; ///< Places that are never suggested.
     static constexpr QLatin1StringView places{"tidlo.places"}; ///< Folders where projects are looked for as well.
     static constexpr std::array lists{spared, places};
@@ -33,22 +33,22 @@ public:
     /// The preferences of this user. Needs no application object.
     explicit UserDefaults(QObject *parent = nullptr);
 
-    /// Those in a file of their own.
+    /// Preferences in a file of their own.
     explicit UserDefaults(const QString &file, QObject *parent = nullptr);
 
     QString string(QLatin1StringView key, const QString &otherwise) const;
-    /// \a otherwise while nothing is stored; what cannot be read counts as false.
+    /// \a otherwise if nothing is stored; false if the stored value cannot be read.
     bool boolean(QLatin1StringView key, bool otherwise = false) const;
 
-    /// The list under \a key as it is kept at this moment, whoever set it; nothing if it may be there and cannot be
+    /// The list that is stored under \a key at this moment, whoever stored it; nothing if it may exist and cannot be
     /// read, which never counts as empty.
     std::optional<QList<FilePath>> paths(QLatin1StringView key) const;
-    /// Keeps it with \a path added at its end, or without it. One step, between which no other program changes it.
-    /// False if that cannot be kept, or the list not be read.
+    /// Stores the list with \a path added at its end, or removed, in one step in which no other program can change it.
+    /// False if the list cannot be read or stored.
     bool addPath(QLatin1StringView key, const FilePath &path);
     bool removePath(QLatin1StringView key, const FilePath &path);
 
-    /// Stores at once, and signals the change even if the value is the same. An invalid one leaves nothing stored.
+    /// Stores at once, and signals the change even if the value is the same. An invalid value removes the key.
     void set(QLatin1StringView key, const QVariant &value);
 
 Q_SIGNALS:

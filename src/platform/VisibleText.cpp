@@ -14,7 +14,7 @@ struct CodePointRange
     char32_t last;
 };
 
-// What Unicode counts as printable though it is drawn as nothing.
+// Characters that Unicode counts as printable but that are invisible.
 constexpr std::array drawnAsNothing{
     CodePointRange{0x034f, 0x034f},   // Combining grapheme joiner
     CodePointRange{0x115f, 0x1160},   // Hangul fillers
@@ -74,7 +74,7 @@ void append(QString &text, char32_t character)
         text += QChar::fromUcs4(character);
 }
 
-/// The bytes of the character that \a bytes, which is not empty, begins with; none if it begins with no valid one.
+/// The bytes of the first character of \a bytes, which are not empty; none if it is not valid.
 QByteArrayView firstCharacter(QByteArrayView bytes)
 {
     const int ones = std::countl_one(static_cast<unsigned char>(bytes.front()));

@@ -8,7 +8,7 @@ namespace tidlo {
 
 namespace {
 
-/// A figure that does not fit is as good as none.
+/// A figure that overflows counts as unknown.
 std::optional<qint64> product(quint64 count, quint64 unit)
 {
     qint64 bytes = 0;

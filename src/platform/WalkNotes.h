@@ -12,28 +12,28 @@
 
 namespace tidlo {
 
-/// A regular file that more than one name leads to, by one of them. Kept small: a home may hold very many.
+/// A regular file with more than one name, found under one of them. Kept small, since a home folder may hold very many.
 struct LinkedFile
 {
     quint64 device = 0;
     quint64 inode = 0;
     qint64 bytes = 0;  ///< On the disk.
-    quint32 links = 0; ///< How many names lead to it, wherever they are.
+    quint32 links = 0; ///< How many names it has, wherever they are.
 
     bool operator==(const LinkedFile &) const = default;
 };
 static_assert(sizeof(LinkedFile) <= 40);
 
-/// A folder that is there and could not be read.
+/// A folder that exists but could not be read.
 struct UnreadFolder
 {
     FilePath path;
-    QString reason; ///< In the system's own words.
+    QString reason; ///< The system's own message.
 
     bool operator==(const UnreadFolder &) const = default;
 };
 
-/// The folders that could not be read: how many, and the first of them in byte order of their paths.
+/// The folders that could not be read: their number, and the first of them in byte order of their paths.
 struct UnreadFolders
 {
     static constexpr size_t told = 3;
@@ -44,14 +44,14 @@ struct UnreadFolders
     bool operator==(const UnreadFolders &) const = default;
 };
 
-/// What walks tell beside what they were asked for. Of several walks, each folder and each item is told once.
+/// Further findings of walks, beside their results. If several walks find the same folder or item, it is noted once.
 /// Thread-safe.
 class WalkNotes final
 {
 public:
-    /// The files with several links that \a item was measured with, in place of what was told of it before.
+    /// Sets the files with several links that were met in \a item, in place of those noted for it before.
     void setLinked(const FilePath &item, const QList<LinkedFile> &files);
-    /// Nothing if \a error tells that there is no such folder, or none that a walk enters.
+    /// Does nothing if \a error means that the folder does not exist, or is one that no walk enters.
     void addUnread(const FilePath &folder, int error);
 
     QHash<FilePath, QList<LinkedFile>> linked() const;
@@ -59,8 +59,9 @@ public:
 
 private:
     mutable std::mutex mutex;
-    QHash<FilePath, QList<LinkedFile>> linkedFiles; ///< Of the items that have some.
-    QSet<size_t> unreadKnown;                       ///< Hashes of paths: their number has no bound, their names would.
+    QHash<FilePath, QList<LinkedFile>> linkedFiles; ///< Only for items that have some.
+    QSet<size_t> unreadKnown;                       ///< Hashes of paths, which take little memory however many there
+                                                    ///< are.
     std::map<FilePath, int> unreadFirst;
 };
 

@@ -13,10 +13,10 @@ namespace tidlo {
 
 namespace {
 
-/// A way back of more levels than this gets a folder half-way that stays open for the next ones to start from.
+/// A way back of more levels than this opens a folder half-way, which stays open as a start for the next ones.
 constexpr size_t levelsBetweenStops = 64;
 
-/// False if there is no memory for it; then \a value is where it was.
+/// Moves \a value to the end of \a list; false if there is no memory for it, and then \a value is unchanged.
 template <typename Value>
 bool isAppended(std::vector<Value> &list, std::type_identity_t<Value> &&value)
 {
@@ -28,8 +28,7 @@ bool isAppended(std::vector<Value> &list, std::type_identity_t<Value> &&value)
     }
 }
 
-/// Opens folder after folder beneath \a start, as many levels at a time as one path can name. Not valid if
-/// that fails.
+/// Opens folder after folder beneath \a start, as many levels at a time as one path can hold. Not valid if that fails.
 Descriptor openLevels(int start, std::span<WalkFolder *const> downwards, const FolderOpener &opener)
 try {
     Descriptor folder;
@@ -63,7 +62,7 @@ struct WalkQueue::Route
 
 WalkQueue::~WalkQueue()
 {
-    // A walk that is over has emptied the queue; one that never ran has left its roots.
+    // A finished walk has emptied the queue; one that never ran has left its roots in it.
     for (const WalkFolder *folder : waiting)
         delete folder;
 }
@@ -168,10 +167,10 @@ bool WalkQueue::shareListing(WalkFolder &folder)
 
 void WalkQueue::finish(WalkFolder &folder, bool listed, std::vector<std::unique_ptr<WalkFolder>> children)
 {
-    std::vector<Descriptor> closing; // Without the lock, since that takes its time.
+    std::vector<Descriptor> closing; // Closed without the lock, since closing takes time.
     std::unique_lock lock(mutex);
     int found = 0;
-    for (auto child = children.rbegin(); child != children.rend(); ++child) // The first is to be taken first.
+    for (auto child = children.rbegin(); child != children.rend(); ++child) // The first child is to be taken first.
         found += add(std::move(*child)) ? 1 : 0;
 
     releaseParent(folder);
@@ -196,11 +195,11 @@ void WalkQueue::closeSpare()
     }
 }
 
-/// Each worker that takes a folder and leaves others wakes one worker more.
+/// Each worker that takes a folder and leaves others wakes one more worker.
 void WalkQueue::wakeAnother(std::unique_lock<std::mutex> lock)
 {
     const bool wanted = idleWorkers > 0 && !waiting.empty();
-    lock.unlock(); // Or it would wake up only to wait for the lock.
+    lock.unlock(); // Otherwise it would wake up only to wait for the lock.
     if (wanted)
         changed.notify_one();
 }
@@ -210,7 +209,8 @@ void WalkQueue::keep(WalkFolder &folder)
     folder.counts.lastUse = ++uses;
     if (folder.counts.kept)
         return;
-    folder.counts.kept = isAppended(kept, &folder); // If not, it stays open until all beneath it is opened.
+    folder.counts.kept = isAppended(kept, &folder); // If not, it stays open until everything beneath it has been
+                                                    // opened.
     if (std::cmp_greater(kept.size(), mostKept))
         closeLeastRecent();
 }
@@ -237,7 +237,7 @@ bool WalkQueue::closeLeastRecent()
     return true;
 }
 
-/// A folder that was taken to be opened through its parent has been, or will never be.
+/// A taken folder that was to be opened through its parent has been opened, or never will be.
 void WalkQueue::releaseParent(WalkFolder &folder)
 {
     if (!std::exchange(folder.counts.usesParent, false))
@@ -247,8 +247,8 @@ void WalkQueue::releaseParent(WalkFolder &folder)
     settle(folder.parent);
 }
 
-/// Closes the folder if nothing is to be opened through it any more, and removes it, and then perhaps those above it,
-/// when nothing beneath it is left.
+/// Closes the folder if nothing will be opened through it any more, and removes it once nothing beneath it is left, and
+/// then perhaps its parents.
 void WalkQueue::settle(WalkFolder *folder)
 {
     while (folder != nullptr && folder->counts.users == 0 && folder->counts.listed) {

@@ -15,9 +15,9 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr QByteArrayView placeholder("XXXXXX"); ///< What mkdtemp replaces.
+constexpr QByteArrayView placeholder("XXXXXX"); ///< Replaced by mkdtemp.
 
-/// What the names of all workshops for \a destination begin with.
+/// The common prefix of the names of all workshops for \a destination.
 FilePath beginning(const FilePath &destination)
 {
     const qsizetype name = destination.lastIndexOf('/') + 1;

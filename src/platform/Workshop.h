@@ -9,15 +9,15 @@
 namespace tidlo {
 
 /// A hidden folder beside a destination, in which a placement makes its copy and keeps what it replaces. It is locked
-/// for as long as this object exists, so that no other placement takes it for one that was left over.
+/// while this object exists, so that no other placement takes it for a leftover.
 class Workshop final
 {
 public:
-    /// Makes an empty one.
+    /// Makes an empty workshop.
     static OrError<Workshop> make(const FilePath &destination);
 
-    /// Those that earlier placements left beside \a destination: named as ours are, folders and no links, owned by this
-    /// user, and in use by nobody.
+    /// Workshops that earlier placements left beside \a destination: with our kind of name, folders and not links,
+    /// owned by this user, and not in use.
     static std::vector<Workshop> leftOver(const FilePath &destination);
 
     const FilePath &path() const { return folder; }

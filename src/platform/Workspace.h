@@ -11,30 +11,30 @@
 
 namespace tidlo {
 
-/// What the application asks of the desktop. Called on the main thread. Errors are in the system's own words.
+/// Requests of the application to the desktop. Called on the main thread. Errors are the system's own messages.
 class Workspace
 {
 public:
     virtual ~Workspace() = default;
 
-    /// Told how opening went; an error if the application could not be started. On any thread, at any time.
+    /// Called with the result of opening: an error if the application could not be started. On any thread, at any time.
     using Opened = std::function<void(const std::optional<QString> &error)>;
 
-    /// Makes the application at \a application known to the user's desktop, in place of what was known of it before.
-    /// What cannot be told to the desktop is left out.
+    /// Registers the application at \a application with the user's desktop, in place of an earlier registration.
+    /// Properties that the desktop cannot hold are left out.
     virtual void registerApplication(const FilePath &application) = 0;
 
     /// Starts the application at \a application, which outlives this one.
     virtual void openApplication(const FilePath &application, Opened opened) = 0;
 
-    /// Shows \a item, chosen, in the window of a file browser; where none can do that, the folder it lies in. Returns
-    /// at once. Does nothing on a desktop that has no file browser.
+    /// Shows \a item, selected, in a window of the file browser; if no file browser can do that, the folder that it is
+    /// in. Returns at once. Does nothing on a desktop without a file browser.
     virtual void showInFiles(const FilePath &item) = 0;
 
     /// Starts a program that outlives this one and is not waited for.
     virtual std::optional<QString> start(const FilePath &program, const QByteArrayList &arguments) = 0;
 
-    /// Ends this application as a person would who quits it, once control is back in the event loop.
+    /// Ends this application as if a person quit it, once control is back in the event loop.
     virtual void terminateApplication() = 0;
 };
 

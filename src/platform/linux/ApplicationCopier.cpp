@@ -18,7 +18,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// An item and where its copy goes.
+/// An item and the path of its copy.
 struct Pair
 {
     fs::path source;
@@ -31,7 +31,7 @@ std::error_code asCode(int number)
     return {number, std::generic_category()};
 }
 
-/// What became of a \a call of the system.
+/// The result of a system \a call.
 template <typename Call>
 std::error_code outcome(Call call)
 {
@@ -47,7 +47,8 @@ std::error_code keepTimes(const Pair &item)
     return outcome([&] { return utimensat(AT_FDCWD, item.destination.c_str(), times.data(), AT_SYMLINK_NOFOLLOW); });
 }
 
-/// Once its contents are there, which its permissions may forbid to change and which change its time.
+/// Sets the folder's permissions and time after its contents were copied: its permissions may forbid changes, and
+/// changes set its time.
 std::error_code finishFolder(const Pair &folder)
 {
     std::error_code error;
@@ -57,7 +58,7 @@ std::error_code finishFolder(const Pair &folder)
     return error ? error : keepTimes(folder);
 }
 
-/// The standard library's own tells every failure to write as a failure of input and output.
+/// The standard library's function reports every failure to write as an input/output error.
 std::error_code copyFile(const Pair &file)
 {
     constexpr int exclusively = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
@@ -89,7 +90,7 @@ std::error_code copyItem(const Pair &item, fs::file_type type)
     return error ? error : keepTimes(item);
 }
 
-/// Adds the folders in \a top that it made to \a folders, each after the one that holds it.
+/// Copies the contents of \a top, and adds the folders that it made to \a folders, each after its parent.
 std::error_code copyContents(const Pair &top, std::vector<Pair> &folders)
 {
     std::error_code error;

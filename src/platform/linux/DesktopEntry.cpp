@@ -4,7 +4,7 @@ namespace tidlo {
 
 namespace {
 
-/// As one argument of a command line: quoted, and "%" doubled, since it begins a field.
+/// As one argument of a command line: quoted, and with "%" doubled, since it begins a field code.
 QByteArray asArgument(const FilePath &path)
 {
     QByteArray argument;

@@ -22,7 +22,7 @@ int renamed(const SystemCalls &calls, const NameInFolder &from, const NameInFold
     return result == 0 ? 0 : errno;
 }
 
-/// Takes the name for an empty thing, and holds that open.
+/// Takes the name with an empty item, and holds that open.
 Descriptor reserve(const SystemCalls &calls, const NameInFolder &to, bool isFolder)
 {
     constexpr int exclusively = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;

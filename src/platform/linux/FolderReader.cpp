@@ -23,7 +23,7 @@ namespace {
 
 constexpr int listingFlags = O_RDONLY | O_DIRECTORY | O_CLOEXEC | O_NONBLOCK;
 
-/// Only a file's owner may ask for O_NOATIME; anybody else lists without it.
+/// Only a file's owner may use O_NOATIME; everybody else lists without it.
 template <typename Open>
 Descriptor withoutAccessTime(Open open)
 {
@@ -31,7 +31,7 @@ Descriptor withoutAccessTime(Open open)
     return opened.error() == EPERM ? Descriptor(uninterrupted([&] { return open(0); })) : std::move(opened);
 }
 
-/// Names come from listings, so none climbs with "..". RESOLVE_BENEATH would only ask that again, under a lock that the
+/// Names come from listings, so none contains "..". RESOLVE_BENEATH would only check that again, under a lock that the
 /// whole system shares.
 int openConfined(int parent, const char *name, int flags)
 {
@@ -112,7 +112,7 @@ Descriptor FolderOpener::openStepwise(int parent, const char *name) const
 
 struct FolderReader::Buffer
 {
-    struct Record // As the kernel writes it.
+    struct Record // As the kernel lays it out.
     {
         quint64 inode;
         qint64 offset;
@@ -183,7 +183,7 @@ std::optional<EntryStatus> statusOf(int folder, const char *name, StatusDetail d
         result.inode = status.stx_ino;
     if (told(STATX_NLINK))
         result.links = status.stx_nlink;
-    // Before Linux 5.8 the device has to do, which two mounts may share.
+    // Before Linux 5.8 the device must serve instead, which two mounts may share.
     result.mount = told(STATX_MNT_ID) ? status.stx_mnt_id : result.device;
     return result;
 }

@@ -9,7 +9,7 @@
 
 namespace tidlo {
 
-/// An identifier of this machine for this application alone, derived from the first of \a files that holds a
+/// An identifier of this machine, only for this application, derived from the first of \a files that holds a
 /// well-formed machine-id: 32 hexadecimal digits, not all zero, and at most one line feed. Nothing if none of them
 /// does.
 ///

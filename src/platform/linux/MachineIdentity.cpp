@@ -28,7 +28,7 @@ QByteArray machineId(const FilePath &file)
     QFile source(QFile::decodeName(file));
     if (!source.open(QIODevice::ReadOnly))
         return {};
-    QByteArray text = source.read(digits + 2); // One more than may be there, so that what is too long shows.
+    QByteArray text = source.read(digits + 2); // One more than allowed, so that a longer text is noticed.
     if (text.endsWith('\n'))
         text.chop(1);
     if (text.size() != digits || !std::ranges::all_of(text, isHexDigit))

@@ -22,7 +22,7 @@ FilePath unescaped(const QByteArray &field)
     return path;
 }
 
-/// \a path, that lies at or below \a from, as it is called where \a from is called \a to.
+/// \a path, which is at or below \a from, with \a from replaced by \a to.
 FilePath rebased(const FilePath &path, const FilePath &from, const FilePath &to)
 {
     const FilePath relative = from == "/" ? path : path.mid(from.size());
@@ -42,7 +42,7 @@ MountTable::MountTable(const QByteArray &mountinfo)
 {
     for (const QByteArray &line : mountinfo.split('\n')) {
         const QList<QByteArray> fields = line.split(' ');
-        const qsizetype end = fields.indexOf("-", 5); // Of the optional fields: see proc(5).
+        const qsizetype end = fields.indexOf("-", 5); // The end of the optional fields: see proc(5).
         if (fields.size() < 5)
             continue;
         mounts.append({.id = fields[0].toULongLong(),

@@ -13,14 +13,14 @@ namespace tidlo {
 
 namespace {
 
-/// As much of the path as one call takes, up to a slash; the whole of it where that fits.
+/// The beginning of the path that fits into one call, up to a slash; all of it if it fits.
 FilePath firstStretch(const FilePath &path)
 {
     return path.size() < PATH_MAX ? path : path.left(path.lastIndexOf('/', PATH_MAX - 1));
 }
 
-/// The path that the kernel tells for a descriptor. It is believed only if the folder is found there again: for a
-/// removed folder the kernel tells a path that never existed.
+/// The path that the kernel reports for a descriptor. It is trusted only if it leads to the same folder: for a removed
+/// folder the kernel reports a path that never existed.
 OrError<FilePath> truePath(const SystemCalls &calls, int folder)
 {
     FilePath path(PATH_MAX, '\0');
@@ -35,13 +35,13 @@ OrError<FilePath> truePath(const SystemCalls &calls, int folder)
     return *there == Identity::same ? OrError(path) : Errno{ESTALE};
 }
 
-/// Once a folder has been opened, it exists: an \a error that says otherwise becomes another one.
+/// A folder that was opened exists: an \a error that says otherwise is replaced.
 int thoughItExists(int error)
 {
     return error == ENOENT || error == ENOTDIR ? ESTALE : error;
 }
 
-/// Opens what \a names lead to from \a folder on, one after another, so that the path stays known. Gives 0 or the
+/// Opens the folders \a names from \a folder on, one after another, so that the path stays known. Returns 0 or the
 /// errno.
 int stepDown(const SystemCalls &calls, OpenFolder &folder, const FilePath &names)
 {
@@ -50,7 +50,7 @@ int stepDown(const SystemCalls &calls, OpenFolder &folder, const FilePath &names
             continue;
         Descriptor next(calls.openat(folder.descriptor.get(), name.constData(), asFolder | O_NOFOLLOW, 0));
         if (next.isValid() ? name == ".." : next.error() == ENOTDIR)
-            return ELOOP; // A link or ".." may lead out of what is known.
+            return ELOOP; // A link or ".." may lead away from the known path.
         if (!next.isValid())
             return next.error();
         folder.descriptor = std::move(next);
@@ -76,7 +76,7 @@ OrError<ItemIdentity> identityOf(const SystemCalls &calls, int descriptor)
 
 OrError<Identity> identityAt(const SystemCalls &calls, int held, int folder, const char *name)
 {
-    // Both are asked anew: on layered file systems a number may change when a thing is moved.
+    // Both are read anew: on layered file systems a number may change when an item is moved.
     struct statx one;
     struct statx other;
     if (calls.statx(held, "", AT_EMPTY_PATH, STATX_INO, &one) != 0)
@@ -135,7 +135,7 @@ OrError<quint64> mountOf(const SystemCalls &calls, int descriptor)
         return Errno{errno};
     if ((status.stx_mask & STATX_MNT_ID) != 0)
         return quint64(status.stx_mnt_id);
-    // Kernels before 5.8 tell it here alone.
+    // Kernels before 5.8 report it only here.
     const auto text = readSystemFile(calls, "/proc/self/fdinfo/" + QByteArray::number(descriptor));
     if (!text)
         return Errno{text.error()};

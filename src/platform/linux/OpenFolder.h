@@ -12,28 +12,28 @@
 
 namespace tidlo {
 
-/// What is found under a name, compared with something that is held open.
+/// The item under a name, compared with one that is held open.
 enum class Identity {
     same,
     different, ///< Something else has the name.
     absent,    ///< Nothing has it.
 };
 
-/// What \a status tells.
+/// The identity in \a status.
 ItemIdentity identityIn(const struct statx &status);
 
-/// What the open \a descriptor holds. An error if the system does not tell.
+/// The identity of the open \a descriptor; an error if it cannot be read.
 OrError<ItemIdentity> identityOf(const SystemCalls &calls, int descriptor);
 
-/// Whether what is called \a name in \a folder, a link not followed, is the very thing that \a held holds open. As long
-/// as it is held, nothing else can have its number. An error if the system does not tell.
+/// Whether \a name in \a folder, without following a link, is the item that \a held holds open. While it is held, no
+/// other item can have its number. An error if that cannot be found out.
 OrError<Identity> identityAt(const SystemCalls &calls, int held, int folder, const char *name);
 
-/// A folder that is held open, so that it stays the same one whatever becomes of its path.
+/// A folder that is held open, so that it stays the same whatever happens to its path.
 struct OpenFolder
 {
     Descriptor descriptor; ///< For the *at() calls only (O_PATH).
-    FilePath path;         ///< Where it truly is: absolute, without links.
+    FilePath path;         ///< Its real path: absolute, without links.
     quint64 mount = 0;     ///< The number of the mount it is on.
 };
 
@@ -44,20 +44,20 @@ OrError<OpenFolder> openFolder(const SystemCalls &calls, const FilePath &path);
 /// A folder that need not exist yet.
 struct PlannedFolder
 {
-    OpenFolder nearest;      ///< Itself, or the nearest folder above it that exists.
-    QList<FilePath> missing; ///< The names from there on, outermost first.
+    OpenFolder nearest;      ///< The folder itself, or its nearest parent that exists.
+    QList<FilePath> missing; ///< The names below that, outermost first.
 
-    /// Where it is or will be, as far as that is known.
+    /// The path of the folder now or later, as far as it is known.
     FilePath path() const;
 };
 
-/// Finds where the absolute \a path leads, as far as it exists.
+/// Finds the folder to which the absolute \a path leads, as far as it exists.
 OrError<PlannedFolder> planFolder(const SystemCalls &calls, FilePath path);
 
 /// The number of the mount that an open file or folder is on.
 OrError<quint64> mountOf(const SystemCalls &calls, int descriptor);
 
-/// All that a file holds, such as one of /proc.
+/// The whole content of a file, such as one of /proc.
 OrError<QByteArray> readSystemFile(const SystemCalls &calls, const QByteArray &path);
 
 } // namespace tidlo

@@ -12,10 +12,11 @@ namespace {
 
 bool stepBack()
 {
-    // Half of the way to the lowest priority: a tenth of the share of others that want a processor at the same time.
+    // Half of the way to the lowest priority: a tenth of the processor time of other threads that need it at the same
+    // time.
     constexpr int steps = 10;
     constexpr int most = 19;
-    const auto thread = static_cast<id_t>(gettid()); // On Linux niceness is of one thread.
+    const auto thread = static_cast<id_t>(gettid()); // On Linux each thread has its own niceness.
     setpriority(PRIO_PROCESS, thread, std::min(getpriority(PRIO_PROCESS, thread) + steps, most));
     return true;
 }
@@ -30,7 +31,7 @@ FilePath executablePath()
 
 void standBack()
 {
-    thread_local const bool isDone = stepBack(); // Further from where it was started, and so only once.
+    thread_local const bool isDone = stepBack(); // Relative to the niceness at its start, and so only once.
     static_cast<void>(isDone);
 }
 

@@ -20,7 +20,7 @@ bool isNumber(const QVariant &value, uint number)
     return value.typeId() == QMetaType::UInt && value.toUInt() == number;
 }
 
-/// KDE gives its numbers as texts.
+/// KDE sends its numbers as texts.
 bool isNothing(const QVariant &value)
 {
     constexpr qsizetype longest = 32;
@@ -47,11 +47,11 @@ struct Setting
 {
     QLatin1StringView group;
     QLatin1StringView key;
-    /// Adds what a value says.
+    /// Applies a value to the wishes.
     void (*add)(const QVariant &value, DesktopWishes &wishes);
 };
 
-/// Of several that say the same, it is enough if one does.
+/// Several settings may say the same; one of them is enough.
 constexpr std::array settings{
     Setting{QLatin1StringView("org.freedesktop.appearance"), QLatin1StringView("color-scheme"),
             [](const QVariant &value, DesktopWishes &wishes) {
@@ -74,7 +74,7 @@ constexpr std::array settings{
             [](const QVariant &value, DesktopWishes &wishes) { wishes.textScale = textScaleOf(value); }},
 };
 
-/// A value may come in a box within a box.
+/// A value may be wrapped in a variant twice.
 QVariant unboxed(QVariant value)
 {
     while (value.canConvert<QDBusVariant>())
@@ -92,7 +92,7 @@ SettingsPortal::SettingsPortal(const QDBusConnection &bus, std::function<void(co
     , presence(service, bus, QDBusServiceWatcher::WatchForOwnerChange)
 {
     static_assert(settings.size() == settingCount);
-    // Of anybody: to have the bus tell it of the portal alone, Qt would wait for the bus to say who that is.
+    // From every sender: to subscribe to the portal alone, Qt would block until the bus has said who owns that name.
     this->bus.connect(QString(), path, interface, QStringLiteral("SettingChanged"), this,
                       SLOT(takeChange(QDBusMessage)));
     connect(&presence, &QDBusServiceWatcher::serviceOwnerChanged, this,
@@ -105,7 +105,7 @@ SettingsPortal::SettingsPortal(const QDBusConnection &bus, std::function<void(co
 
 SettingsPortal::~SettingsPortal() = default;
 
-/// Whom an earlier question went to may be gone; its answer does not matter any more.
+/// The service that was asked before may be gone; its answer no longer matters.
 void SettingsPortal::ask()
 {
     for (size_t i = 0; i < settings.size(); ++i) {
@@ -115,7 +115,7 @@ void SettingsPortal::ask()
         questions.at(i) = std::make_unique<QDBusPendingCallWatcher>(call);
         connect(questions.at(i).get(), &QDBusPendingCallWatcher::finished, this, [this, i](auto *question) {
             const QDBusMessage answer = question->reply();
-            if (!answer.service().isEmpty()) // Else nobody answered in time.
+            if (!answer.service().isEmpty()) // Otherwise nobody answered in time.
                 portal = answer.service();
             if (answer.type() == QDBusMessage::ReplyMessage && answer.signature() == QLatin1StringView("v"))
                 take(i, answer.arguments().constFirst());

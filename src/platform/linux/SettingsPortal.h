@@ -15,9 +15,9 @@ class QDBusPendingCallWatcher;
 
 namespace tidlo {
 
-/// What the desktop's portal for settings tells over D-Bus, as xdg-desktop-portal specifies it:
-/// org.freedesktop.portal.Settings. What was told holds until something else is. Whatever is not of the type that a
-/// setting has counts as no wish, and who never answered the questions cannot tell of a change. Main thread.
+/// Reads the desktop's settings from its portal over D-Bus, as xdg-desktop-portal specifies:
+/// org.freedesktop.portal.Settings. A value stays in force until another one comes. A value of the wrong type counts as
+/// no wish, and only the service that answered the questions may report a change. Main thread.
 class SettingsPortal final : public QObject, public DesktopSettings
 {
     Q_OBJECT
@@ -26,7 +26,7 @@ public:
     /// How long an answer may take; the portal may have to be started for it.
     static constexpr std::chrono::milliseconds usualPatience{10'000};
 
-    /// \a bus may be connected to nothing.
+    /// \a bus need not be connected.
     SettingsPortal(const QDBusConnection &bus, std::function<void(const DesktopWishes &)> told,
                    std::chrono::milliseconds patience = usualPatience);
     ~SettingsPortal() override;
@@ -45,7 +45,7 @@ private: // NOLINT(readability-redundant-access-specifiers): these are no slots.
     const std::chrono::milliseconds patience;
     QDBusServiceWatcher presence;
     std::array<std::unique_ptr<QDBusPendingCallWatcher>, settingCount> questions;
-    QString portal; ///< Who answered: its own name on the bus.
+    QString portal; ///< The unique bus name of the service that answered.
     std::array<QVariant, settingCount> values;
     DesktopWishes wishes;
 };

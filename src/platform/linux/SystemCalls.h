@@ -12,8 +12,8 @@
 
 namespace tidlo {
 
-/// Every call of the system that a move to the Trash, or back, makes, so that a test can make each of them fail. They
-/// are named and used as in the manual: what fails returns a negative number and sets errno.
+/// Every system call of a move to the Trash, or back, so that a test can make each of them fail. They have the names
+/// and behaviour of the manual: on failure they return a negative number and set errno.
 struct SystemCalls
 {
     std::function<int(int folder, const char *name, int flags, mode_t mode)> openat =
@@ -35,10 +35,10 @@ struct SystemCalls
     std::function<int(int folder, const char *name, int flags)> unlinkat = ::unlinkat;
 };
 
-/// How a folder is opened that is held, and not read.
+/// The flags to open a folder that is held but not read.
 constexpr int asFolder = O_PATH | O_DIRECTORY | O_CLOEXEC;
 
-/// The same \a calls, each made again when a signal interrupted it, but for close, which closes even so.
+/// The same \a calls, each repeated when a signal interrupted it, except close, which closes even then.
 SystemCalls uninterrupted(SystemCalls calls);
 
 } // namespace tidlo

@@ -23,7 +23,7 @@ std::optional<TrashOutcome> checkOwner(const SystemCalls &calls, int folder)
     return std::nullopt;
 }
 
-/// What is wrong with \a opened, which must be a real folder and the user's own.
+/// The problem with \a opened, which must be a real folder and the user's own; nothing if there is none.
 std::optional<TrashOutcome> problemOf(const SystemCalls &calls, const Descriptor &opened)
 {
     if (opened.error() == ENOTDIR)
@@ -53,16 +53,16 @@ bool isTrashName(const FilePath &name)
                                 std::ranges::all_of(name.mid(prefix.size()), isdigit));
 }
 
-constexpr qsizetype longestExtension = 32; ///< A longer one tells no kind of file: it is just a dot in a name.
+constexpr qsizetype longestExtension = 32; ///< A longer one is not a file type, just a dot in a name.
 
-/// Where the extension begins, dot included: at the end when there is none.
+/// Where the extension begins, including the dot; the end of the name if there is none.
 qsizetype extensionStart(const FilePath &name)
 {
     const qsizetype dot = name.lastIndexOf('.');
     return dot <= 0 || name.size() - dot > longestExtension ? name.size() : dot;
 }
 
-/// At most \a size bytes of \a text, that do not end within a character of UTF-8.
+/// At most \a size bytes of \a text, without cutting a UTF-8 character.
 FilePath cut(const FilePath &text, qsizetype size)
 {
     if (text.size() <= size)
@@ -73,7 +73,7 @@ FilePath cut(const FilePath &text, qsizetype size)
         if (!continuesCharacter)
             return text.left(end);
     }
-    return text.left(size); // No UTF-8 at all.
+    return text.left(size); // Not UTF-8.
 }
 
 } // namespace

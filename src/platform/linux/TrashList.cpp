@@ -13,10 +13,10 @@ namespace tidlo {
 
 namespace {
 
-/// For all paths together. No person's Trash has more, but a strange disk may.
+/// The limit for all paths together. No real Trash needs more, but a hostile disk may.
 constexpr qint64 mostBytesOfPaths = 64 << 20;
 
-/// The local time that a record tells.
+/// The local time in a record.
 std::optional<FileTime> timeOf(const QByteArray &date)
 {
     constexpr qsizetype longest = 40; // With fractions of a second and a time zone.

@@ -5,7 +5,7 @@
 
 namespace tidlo {
 
-/// Reads the records of one Trash after another. What it keeps in memory is bounded, whatever they hold.
+/// Reads the records of one Trash after another. Its memory is bounded, whatever the records contain.
 class TrashList final
 {
 public:
@@ -18,17 +18,18 @@ public:
     void read(const UserTrash &trash);
     void addUnread(const FilePath &path, const QString &reason) { unread.append({.path = path, .reason = reason}); }
 
-    /// All that was found, in its order.
+    /// Everything that was found, in order.
     TrashContents contents() &&;
 
 private:
     struct Found
     {
         ListedItem listed;
-        FileTime written; ///< Its record: many items may be moved within the second that records tell.
+        FileTime written; ///< The time of its record's file: records only have seconds, in which many items may be
+                          ///< moved.
     };
 
-    /// Gives 0, or the errno where it is not told whether the item of the record is there.
+    /// Returns 0, or the errno if it is unknown whether the record's item exists.
     int readRecord(const UserTrash &trash, const FilePath &recordName);
 
     const SystemCalls &calls;

@@ -16,7 +16,7 @@ namespace {
 constexpr int mostNames = 50;
 constexpr int exclusively = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
 
-/// Counts at first; where many items have one name, counting on would take longer with each of them.
+/// Counts up at first; if many items have the same name, counting further would take longer for each of them.
 quint32 numberOfTry(int attempt)
 {
     constexpr int counted = 9;
@@ -82,7 +82,7 @@ int TrashMove::writeRecord(const FilePath &recordName, const QByteArray &record)
 
 void TrashMove::removeRecord(const FilePath &recordName) const
 {
-    calls.unlinkat(trash.info(), recordName.constData(), 0); // A record that stays without an item does no harm.
+    calls.unlinkat(trash.info(), recordName.constData(), 0); // A leftover record without an item is harmless.
 }
 
 bool TrashMove::hasLeft() const
@@ -99,7 +99,8 @@ bool TrashMove::hasArrived(const FilePath &name) const
 TrashOutcome TrashMove::checked(const FilePath &name) const
 {
     const OrError<Identity> arrived = identityAt(calls, item.held(), trash.files(), name.constData());
-    if (arrived && *arrived != Identity::different) // If it was taken out again, whoever did so knows where it is.
+    if (arrived && *arrived != Identity::different) // If the item has been taken out again, whoever did that knows
+                                                    // where it is.
         return movedAs(name);
     const bool isBack =
         calls.renameat2(trash.files(), name.constData(), item.folder(), item.name().constData(), RENAME_NOREPLACE) == 0;
@@ -120,7 +121,7 @@ TrashOutcome TrashMove::checked(const FilePath &name) const
 
 TrashOutcome TrashMove::movedAs(const FilePath &name) const
 {
-    // Asked for now: on layered file systems the move may have changed it.
+    // Read again: on layered file systems the move may have changed it.
     const OrError<ItemIdentity> identity = identityOf(calls, item.held());
     return TrashOutcome::moved({.trash = trash.path(),
                                 .name = name,

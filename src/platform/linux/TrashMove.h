@@ -5,7 +5,7 @@
 
 namespace tidlo {
 
-/// Moves one item into one Trash: first its record, whole and on the disk, then the item itself, by one rename.
+/// Moves one item into one Trash: first its record is written to the disk completely, then the item is renamed.
 class TrashMove final
 {
 public:
@@ -16,22 +16,22 @@ public:
         , trash(trash)
     {}
 
-    /// Does it, with \a record as the text of the record. It ends in bounded time, whatever the system answers.
+    /// Moves the item, with \a record as the text of the record. It ends in bounded time, whatever the system answers.
     TrashOutcome run(const QByteArray &record) const;
 
 private:
-    /// Nothing when \a name is taken.
+    /// Returns nothing if \a name is taken.
     std::optional<TrashOutcome> moveAs(const FilePath &name, const QByteArray &record) const;
 
     /// Returns 0 or the errno.
     int writeRecord(const FilePath &recordName, const QByteArray &record) const;
     void removeRecord(const FilePath &recordName) const;
     bool hasLeft() const;
-    /// A network file system may report an error for what it did.
+    /// A network file system may report an error although the move succeeded.
     bool hasArrived(const FilePath &name) const;
-    /// Makes sure that what was renamed is what was meant; if not, it goes back.
+    /// Checks that the right item was renamed; if not, it is moved back.
     TrashOutcome checked(const FilePath &name) const;
-    /// That it is in the Trash as \a name.
+    /// The outcome for an item that is in the Trash as \a name.
     TrashOutcome movedAs(const FilePath &name) const;
 
     const SystemCalls &calls;

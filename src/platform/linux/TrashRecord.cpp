@@ -13,7 +13,7 @@ namespace tidlo {
 
 namespace {
 
-/// Nothing where a percent sign is not followed by two digits.
+/// Nothing if a percent sign is not followed by two hexadecimal digits.
 std::optional<QByteArray> percentDecoded(const QByteArray &text)
 {
     for (qsizetype at = text.indexOf('%'); at >= 0; at = text.indexOf('%', at + 1)) {
@@ -24,7 +24,7 @@ std::optional<QByteArray> percentDecoded(const QByteArray &text)
     return QByteArray::fromPercentEncoding(text);
 }
 
-/// Whether each part of it is a name, so that it leads nowhere else than it says.
+/// Whether each component is a plain name, so that the path leads exactly where it says.
 bool isPlain(const FilePath &path)
 {
     const QList<FilePath> names = (path.startsWith('/') ? path.mid(1) : path).split('/');
@@ -33,7 +33,7 @@ bool isPlain(const FilePath &path)
     });
 }
 
-/// All of \a file, which should have \a size bytes.
+/// The whole content of \a file, which should have \a size bytes.
 OrError<QByteArray> textOf(const SystemCalls &calls, int file, quint64 size)
 {
     QByteArray text;
@@ -68,7 +68,7 @@ std::optional<TrashRecord> parsedTrashRecord(const QByteArray &text)
     QByteArray path;
     QByteArray date;
     const auto keep = [](QByteArray &value, const QByteArray &line, QByteArrayView key) {
-        if (value.isEmpty() && line.startsWith(key)) // The first of several counts.
+        if (value.isEmpty() && line.startsWith(key)) // The first of several lines counts.
             value = line.mid(key.size());
     };
     bool isFirst = true;
@@ -92,7 +92,7 @@ OrError<TrashRecord> readTrashRecord(const SystemCalls &calls, int info, const F
 {
     constexpr int flags = O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
     Descriptor file(calls.openat(info, name.constData(), flags | O_NOATIME, 0));
-    if (file.error() == EPERM) // Only its owner may ask for that.
+    if (file.error() == EPERM) // Only the owner may use O_NOATIME.
         file = Descriptor(calls.openat(info, name.constData(), flags, 0));
     if (!file.isValid())
         return Errno{file.error()};

@@ -13,29 +13,30 @@ namespace tidlo {
 /// absolute, or relative to the top folder of the mount.
 QByteArray trashRecord(const FilePath &path, std::time_t moved);
 
-/// What records are called, beyond the names of their items.
+/// The suffix of records, after the names of their items.
 constexpr QByteArrayView trashRecordSuffix(".trashinfo");
 
-/// The name that the record of \a trashName has.
+/// The name of the record for \a trashName.
 FilePath trashRecordName(const FilePath &trashName);
 
-/// Longer records are not read. In bytes.
+/// In bytes; longer records are not read.
 constexpr qsizetype longestTrashRecord = 1 << 16;
 
-/// What a record says, whichever program wrote it.
+/// The content of a record, whichever program wrote it.
 struct TrashRecord
 {
-    FilePath path;         ///< Where the item was: each part of it a name. Absolute, or relative to the top folder.
-    QByteArray date;       ///< When it was moved, as it stands; empty if that is not told.
+    FilePath path;         ///< Where the item was; each component is a plain name. Absolute, or relative to the top
+                           ///< folder.
+    QByteArray date;       ///< When it was moved, unchanged; empty if missing.
     FileTime written{};    ///< When the record was written.
     ItemIdentity identity; ///< Of the record itself.
 };
 
-/// Reads the text of a record. Nothing if it is none, or its path is not one that an item can have had.
+/// Parses the text of a record. Nothing if it is no record, or its path is not one that an item can have had.
 std::optional<TrashRecord> parsedTrashRecord(const QByteArray &text);
 
-/// Reads the record \a name in the folder \a info; its access time stays where the system allows. The error is EBADMSG
-/// if that is no regular file or no record, EFBIG if it is too long.
+/// Reads the record \a name in the folder \a info, without changing its access time where the system allows that. The
+/// error is EBADMSG if it is no regular file or no record, EFBIG if it is too long.
 OrError<TrashRecord> readTrashRecord(const SystemCalls &calls, int info, const FilePath &name);
 
 } // namespace tidlo

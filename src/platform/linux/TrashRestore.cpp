@@ -24,7 +24,7 @@ bool isElsewhere(const OrError<Identity> &identity)
 
 TrashOutcome TrashRestore::run(const TrashedItem &item) const
 {
-    // The item is held before its record is read: what arrives is what is held, and so the record was its own.
+    // The item is held before its record is read: the held item is the one that will arrive, so the record was its own.
     Held held;
     if (const auto outcome = hold(item, held))
         return *outcome;
@@ -86,7 +86,8 @@ TrashOutcome TrashRestore::moveTo(const NameInFolder &place, const TrashedItem &
         return checked(place, item, held);
     const bool hasLeft = isElsewhere(find(held, inTrash(item)));
     const OrError<Identity> there = find(held, place);
-    if (hasLeft && there && *there == Identity::same) // A network file system may report an error for what it did.
+    if (hasLeft && there && *there == Identity::same) // A network file system may report an error although the move
+                                                      // succeeded.
         return TrashOutcome{.kind = TrashOutcome::Kind::moved};
     if (error == EEXIST)
         return TrashOutcome::refused(QStringLiteral("Something else is at its place by now."));
@@ -97,7 +98,8 @@ TrashOutcome TrashRestore::moveTo(const NameInFolder &place, const TrashedItem &
 TrashOutcome TrashRestore::checked(const NameInFolder &place, const TrashedItem &item, const Held &held) const
 {
     const OrError<Identity> arrived = find(held, place);
-    if (arrived && *arrived != Identity::different) // If it was taken away again, whoever did so knows where it is.
+    if (arrived && *arrived != Identity::different) // If the item has been taken away again, whoever did that knows
+                                                    // where it is.
         return TrashOutcome{.kind = TrashOutcome::Kind::moved};
     const NameInFolder trashed = inTrash(item);
     const bool isBack = calls.renameat2(place.folder, place.name.constData(), trashed.folder, trashed.name.constData(),
@@ -126,7 +128,7 @@ void TrashRestore::removeRecord(const FilePath &name, const ItemIdentity &record
     const int info = trash.folder.info();
     if (calls.statx(info, name.constData(), AT_SYMLINK_NOFOLLOW, STATX_INO, &status) == 0 &&
         identityIn(status) == record)
-        calls.unlinkat(info, name.constData(), 0); // A record that stays without an item does no harm.
+        calls.unlinkat(info, name.constData(), 0); // A leftover record without an item is harmless.
 }
 
 } // namespace tidlo

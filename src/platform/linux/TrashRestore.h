@@ -5,7 +5,7 @@
 
 namespace tidlo {
 
-/// Puts items of one Trash back where they were: each by one rename, after which its record goes.
+/// Puts items of one Trash back where they were: each by one rename, after which its record is removed.
 class TrashRestore final
 {
 public:
@@ -15,7 +15,7 @@ public:
         , trash(trash)
     {}
 
-    /// Does it with \a item, which is in this Trash. It ends in bounded time, whatever the system answers.
+    /// Puts back \a item, which is in this Trash. It ends in bounded time, whatever the system answers.
     TrashOutcome run(const TrashedItem &item) const;
 
 private:
@@ -27,14 +27,14 @@ private:
     };
     std::optional<TrashOutcome> hold(const TrashedItem &item, Held &held) const;
 
-    /// Opens the \a folder that it goes back to.
+    /// Opens the \a folder to which it goes back.
     std::optional<TrashOutcome> openFolderOf(const FilePath &origin, Descriptor &folder) const;
     TrashOutcome moveTo(const NameInFolder &place, const TrashedItem &item, const Held &held) const;
-    /// Makes sure that what was renamed is what is held; if not, it goes back into the Trash.
+    /// Checks that the held item was renamed; if not, it is moved back into the Trash.
     TrashOutcome checked(const NameInFolder &place, const TrashedItem &item, const Held &held) const;
     OrError<Identity> find(const Held &held, const NameInFolder &place) const;
     NameInFolder inTrash(const TrashedItem &item) const { return {.folder = trash.folder.files(), .name = item.name}; }
-    /// Unless another one has its name by now.
+    /// Does nothing if another record has its name now.
     void removeRecord(const FilePath &name, const ItemIdentity &record) const;
 
     const SystemCalls &calls;

@@ -11,8 +11,8 @@ QByteArray quoted(const FilePath &path)
     return '"' + path + '"';
 }
 
-/// Has the bundle move itself to the Trash. It is deleted where the system failed to do that, or even to start it; what
-/// the Trash left alone on purpose stays, which other statuses tell.
+/// Lets the bundle move itself to the Trash. It is deleted if the system fails to do that, or even to start it; other
+/// exit statuses mean that the Trash refused it on purpose, and then it stays.
 QByteArray removal(const FilePath &application)
 {
     if (application.isEmpty())

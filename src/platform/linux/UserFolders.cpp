@@ -20,7 +20,7 @@ OrError<UserFolders::Kept> find(const SystemCalls &calls, const MountTable &moun
         return Errno{folder.error()};
     const std::optional<FileSystemPlace> place = mounts.place(folder->nearest.mount, folder->path());
     if (!place)
-        return Errno{ESTALE}; // Mounted or unmounted meanwhile.
+        return Errno{ESTALE}; // Something was mounted or unmounted meanwhile.
     return UserFolders::Kept{.path = path, .folder = std::move(*folder), .place = *place};
 }
 

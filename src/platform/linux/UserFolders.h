@@ -8,28 +8,29 @@
 
 namespace tidlo {
 
-/// The folders of the user that no move may touch.
+/// The folders of the user that must never be moved.
 struct UserFolders
 {
     struct Kept
     {
-        FilePath path;         ///< As it was given: it may lead through links.
-        PlannedFolder folder;  ///< Where that truly ends.
+        FilePath path;         ///< As given: it may lead through links.
+        PlannedFolder folder;  ///< Where the path really ends.
         FileSystemPlace place; ///< The same, whichever mount it is reached through.
     };
 
     Kept home;
-    std::vector<Kept> trashes; ///< The home's Trash first; where that is not the usual one, the usual one too.
+    std::vector<Kept> trashes; ///< The home's Trash first; if that is not at the usual place, the one at the usual
+                               ///< place too.
 };
 
-/// Finds the user's folders; \a dataHome is where programs keep their data.
+/// Finds these folders; \a dataHome is the folder for programs' data.
 OrError<UserFolders> findUserFolders(const SystemCalls &calls, const MountTable &mounts, const FilePath &home,
                                      const FilePath &dataHome);
 
-/// Where programs keep the user's data: \a configured, which is what XDG_DATA_HOME says, if that is absolute.
+/// The folder for programs' data: \a configured, the value of XDG_DATA_HOME, if that is absolute.
 FilePath dataHomeIn(const FilePath &home, const FilePath &configured);
 
-/// Where files of the application lie in the folders of the user. All absolute.
+/// The files of the application in the user's folders. All paths are absolute.
 struct UserFiles
 {
     FilePath desktopEntry;
@@ -38,7 +39,7 @@ struct UserFiles
     FilePath cacheFolder;
 };
 
-/// Those of the application known by \a identifier. Read from the environment each time.
+/// The files of the application with that \a identifier. Reads the environment each time.
 UserFiles userFilesOf(const QByteArray &identifier);
 
 } // namespace tidlo

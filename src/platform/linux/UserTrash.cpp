@@ -56,7 +56,7 @@ private:
     {
         OrError<OpenFolder> top = openFolder(calls, mount.point);
         if (!top || top->mount != mount.id)
-            return; // It may not be entered, or another one covers it.
+            return; // It must not be entered, or another mount covers it.
         const Descriptor trash = openTrash(top->descriptor);
         if (trash.isValid())
             add(trash, {.folder = {}, .top = std::move(*top), .home = {}}, path);
@@ -120,7 +120,7 @@ OrError<UserTrashes> openTrashes(const SystemCalls &calls, const FilePath &home,
     Search search(calls, isWanted);
     search.lookInHome(*folders, *mounts);
     for (const Mount &mount : mounts->all()) {
-        if (mount.type != "autofs") // To look there would mount what nobody asked for.
+        if (mount.type != "autofs") // Looking there would mount a file system that nobody asked for.
             search.lookOn(mount);
     }
     return std::move(search.found);

@@ -27,8 +27,8 @@ FilePath numberText(dev_t device)
     return QByteArray::number(major(device)) + ':' + QByteArray::number(minor(device));
 }
 
-/// The block device a file system of this number was mounted from, for those that have a number of their own, such as
-/// btrfs; 0 if there is none.
+/// The block device from which a file system was mounted, for file systems such as btrfs that have a device number of
+/// their own; 0 if there is none.
 dev_t sourceDevice(dev_t anonymous)
 {
     const OrError<MountTable> mounts = readMounts(uninterrupted(SystemCalls()));
@@ -42,7 +42,7 @@ dev_t sourceDevice(dev_t anonymous)
 
 bool saysItRotates(const fs::path &device)
 {
-    // A partition has no queue of its own.
+    // A partition has no queue folder of its own.
     for (const fs::path &queue : {device / "queue", device / ".." / "queue"}) {
         int rotational = 0;
         if (std::ifstream(queue / "rotational") >> rotational)
@@ -51,7 +51,7 @@ bool saysItRotates(const fs::path &device)
     return false;
 }
 
-/// The driver of virtual disks says of each that it rotates, because it cannot know.
+/// The driver of virtual disks reports each as rotating, because it does not know.
 bool isVirtual(const fs::path &device)
 {
     std::error_code error;
@@ -61,7 +61,7 @@ bool isVirtual(const fs::path &device)
     return false;
 }
 
-/// \a device is a folder of sysfs. A device made of others rotates if one of those does.
+/// \a device is a folder of sysfs. A device that consists of others rotates if one of those does.
 bool rotates(const fs::path &device)
 {
     std::error_code error;
@@ -78,12 +78,12 @@ bool rotates(const fs::path &device)
 
 std::optional<VolumeCapacity> volumeCapacityOf(const FilePath &path)
 {
-    return fileSystemCapacityOf(path); // Nothing here would be cleared for the user's sake.
+    return fileSystemCapacityOf(path); // The system here does not free any space on demand.
 }
 
 bool mayShareBlocks(const FilePath &path)
 {
-    // Btrfs, XFS (unless told otherwise when it is made), ZFS and bcachefs; the last two are in no header here.
+    // Btrfs, XFS (unless created without it), ZFS and bcachefs; no header here defines the last two.
     constexpr std::array<quint32, 4> kinds{BTRFS_SUPER_MAGIC, XFS_SUPER_MAGIC, 0x2FC12FC1, 0xCA451A4E};
     struct statfs status;
     return uninterrupted([&] { return statfs(path.constData(), &status); }) == 0 &&

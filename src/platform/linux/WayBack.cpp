@@ -39,7 +39,7 @@ std::optional<TrashOutcome> openWayBack(const SystemCalls &calls, const OpenFold
     if (opened.isValid())
         return std::nullopt;
 
-    // Something is missing or in the way, or the system does not know this call: step by step then.
+    // Something is missing or in the way, or the system lacks this call: then go step by step.
     opened = Descriptor(calls.openat(top.descriptor.get(), ".", asFolder, 0));
     if (!opened.isValid())
         return TrashOutcome::failed(QStringLiteral("The top of its volume cannot be opened"), opened.error());

@@ -5,9 +5,9 @@
 
 namespace tidlo {
 
-/// Opens the folder at \a path, which is relative to \a top and each part of which is a name, as \a opened, and makes
-/// what is missing of it, for the user alone. On the way no link is followed, and no other mount entered. Nothing when
-/// that went well, or what to tell.
+/// Opens the folder at \a path, which is relative to \a top and consists of plain names, as \a opened. Missing folders
+/// are made, for the user alone. No link is followed, and no other mount entered. Returns nothing on success, or the
+/// outcome to report.
 std::optional<TrashOutcome> openWayBack(const SystemCalls &calls, const OpenFolder &top, const FilePath &path,
                                         Descriptor &opened);
 

@@ -48,8 +48,8 @@ public:
         opened(startDetached(bundleAt(application).executable, {}));
     }
 
-    /// Over the session bus, as the freedesktop.org interface org.freedesktop.FileManager1 describes; if no file
-    /// browser answers, the folder is opened with xdg-open.
+    /// Over the session bus, by the freedesktop.org interface org.freedesktop.FileManager1; if no file browser answers,
+    /// the folder is opened with xdg-open.
     void showInFiles(const FilePath &item) override
     {
         QDBusMessage show = QDBusMessage::createMethodCall(

@@ -27,7 +27,7 @@ bool hasTrashAtTop(const SystemCalls &calls, const TrashItem &item)
     return item.isFolder() && (has(".Trash") || has(trashNameAtTop()));
 }
 
-/// Whether \a path is followed through \a item, a link. A folder on the way is found by its place.
+/// Whether \a path goes through the link \a item. A folder on the path is found by its place.
 bool isFollowedBy(const SystemCalls &calls, const TrashItem &item, const FilePath &path)
 {
     for (qsizetype end = path.size(); end > 0; end = path.lastIndexOf('/', end - 1)) {
@@ -38,8 +38,8 @@ bool isFollowedBy(const SystemCalls &calls, const TrashItem &item, const FilePat
     return false;
 }
 
-/// What to tell instead of moving \a item: that it is the home folder or holds it, lies in a Trash or holds one, is a
-/// mount point or holds one. Nothing when it may be moved.
+/// The refusal to move \a item: it is the home folder or holds it, lies in a Trash or holds one, is a mount point or
+/// holds one. Nothing if it may be moved.
 std::optional<TrashOutcome> refusal(const SystemCalls &calls, const TrashItem &item, const MountTable &mounts,
                                     const UserFolders &folders)
 {

@@ -8,20 +8,20 @@
 
 namespace tidlo {
 
-/// The Trash of the freedesktop.org Trash specification 1.0: that of the home for what is on the home's mount, and else
-/// the one at the top of the item's own mount. Keeps nothing between calls, so any thread may use it.
+/// The Trash of the freedesktop.org Trash specification 1.0: that of the home folder for items on the same mount, and
+/// otherwise the one at the top of the item's own mount. Has no state, so any thread may use it.
 class XdgTrash final
 {
 public:
-    /// \a dataHome is the folder where programs keep their data, usually "~/.local/share".
+    /// \a dataHome is the folder for programs' data, usually "~/.local/share".
     XdgTrash(FilePath home, FilePath dataHome, SystemCalls calls = {})
         : home(std::move(home))
         , dataHome(std::move(dataHome))
         , calls(uninterrupted(std::move(calls)))
     {}
 
-    /// Moves the item at \a path itself, a link not followed, and records \a now as the time of it. At every moment,
-    /// whatever fails or is killed, the item is at its place, or in the Trash with a whole record of where it was.
+    /// Moves the item at \a path itself, without following a link, and records \a now as its time. At every moment,
+    /// whatever fails or is killed, the item is at its place, or in the Trash with a complete record of where it was.
     TrashOutcome move(const FilePath &path, std::time_t now) const;
 
     /// As leftByTrash.

@@ -13,8 +13,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Removes from the copy the mark that says it was downloaded: the person has already been asked about the original. If
-/// a mark stays, the system asks once more.
+/// Removes the quarantine attribute from the copy: the person has already been asked about the original. If an
+/// attribute stays, the system asks once more.
 void releaseFromQuarantine(const FilePath &copy)
 {
     const auto release = [](const fs::path &item) {

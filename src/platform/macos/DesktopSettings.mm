@@ -19,7 +19,7 @@ DesktopWishes wishesNow()
             .higherContrast = workspace.accessibilityDisplayShouldIncreaseContrast == YES};
 }
 
-/// What is chosen in the system's settings for accessibility.
+/// The choices in the accessibility settings of the system.
 class AccessibilitySettings final : public QObject, public DesktopSettings
 {
 public:

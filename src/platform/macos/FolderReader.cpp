@@ -50,7 +50,7 @@ FileKind kindOfObject(fsobj_type_t type)
     }
 }
 
-/// Takes the next value out of a record, which packs them without regard to alignment.
+/// Reads the next value of a record, in which values are not aligned.
 template <typename Value>
 Value taken(const char *&position)
 {
@@ -91,13 +91,13 @@ struct FolderReader::Buffer
     static constexpr size_t longestRecord = 2'048;
 
     alignas(8) std::array<char, 64 * 1024> bytes;
-    int left = 0; ///< Records not taken yet.
+    int left = 0; ///< Records that were not read yet.
     const char *position = nullptr;
 };
 
 FolderReader::FolderReader()
 {
-    // For this thread: listing leaves access times alone, and fetches nothing that lies in a cloud.
+    // For this thread: listing leaves access times alone, and downloads nothing from iCloud.
     setiopolicy_np(IOPOL_TYPE_VFS_ATIME_UPDATES, IOPOL_SCOPE_THREAD, IOPOL_ATIME_UPDATES_OFF);
     setiopolicy_np(IOPOL_TYPE_VFS_MATERIALIZE_DATALESS_FILES, IOPOL_SCOPE_THREAD, IOPOL_MATERIALIZE_DATALESS_FILES_OFF);
 }
@@ -135,7 +135,7 @@ std::optional<FolderReader::Entry> FolderReader::nextEntry()
         if ((told & ATTR_CMN_ERROR) != 0)
             position += sizeof(uint32_t);
         if ((told & ATTR_CMN_NAME) == 0)
-            continue; // It went while it was listed.
+            continue; // It was removed during the listing.
         const char *reference = position;
         const auto name = taken<attrreference_t>(position);
         const bool isTyped = (told & ATTR_CMN_OBJTYPE) != 0;

@@ -17,7 +17,7 @@ namespace tidlo {
 
 namespace {
 
-/// Whether the item is the home folder or one above it, or a link that the home is reached through.
+/// Whether the item is the home folder or one above it, or a link on the path to the home folder.
 bool isOnTheWayTo(const FilePath &home, const struct stat &item)
 {
     std::array<char, PATH_MAX> truth{};
@@ -48,7 +48,7 @@ ItemIdentity identityIn(const struct stat &item)
     return {.device = static_cast<quint64>(item.st_dev), .inode = item.st_ino};
 }
 
-/// What arrived in the Trash at \a place.
+/// The item that is in the Trash at \a place.
 TrashedItem trashedAt(const FilePath &place, const FilePath &origin)
 {
     const qsizetype slash = place.lastIndexOf('/');
@@ -133,7 +133,7 @@ QList<bool> leftByTrash(const QList<FilePath> &paths, const FilePath &home)
     return left;
 }
 
-/// Programs may not read where the items in the Trash were: only what this run moved is known, and goes back.
+/// Programs must not read where the items in the Trash were: only items that this run moved are known and can go back.
 QList<TrashOutcome> restoreFromTrash(const QList<TrashedItem> &items, const FilePath &,
                                      const std::function<bool()> &stopRequested)
 {

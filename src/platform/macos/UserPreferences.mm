@@ -8,7 +8,7 @@ namespace tidlo {
 
 namespace {
 
-/// The system keeps them, under the identifier of the bundle: whoever writes its file behind its back is not heard.
+/// The system stores them under the bundle's identifier; it does not notice direct changes of its file.
 class MacPreferences final : public PreferenceStore
 {
 public:

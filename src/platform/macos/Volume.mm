@@ -37,8 +37,8 @@ std::optional<VolumeCapacity> volumeCapacityOf(const FilePath &path)
     }
 }
 
-// The machines that this runs on have had only solid-state disks for years, and to find out about an external disk
-// takes a walk through the device tree.
+// The Macs that run this program have had only solid-state disks for years, and finding out about an external disk
+// would need a walk through the device tree.
 bool anyDiskRotates(const QList<FilePath> &)
 {
     return false;

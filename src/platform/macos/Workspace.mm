@@ -11,7 +11,7 @@ namespace tidlo {
 
 namespace {
 
-/// A link is an item of its own, whatever it leads to.
+/// A link stands for itself, whatever its target.
 NSURL *urlOf(const FilePath &path)
 {
     struct stat item;
@@ -27,8 +27,8 @@ public:
         LSRegisterURL((__bridge CFURLRef)urlOf(application), true);
     }
 
-    /// This program has the same identifier as the copy of it that is opened: without asking for a new instance, it
-    /// would only be brought to the front itself.
+    /// The copy that is opened has the same identifier as this program: without asking for a new instance, this program
+    /// would only be brought to the front.
     void openApplication(const FilePath &application, Opened opened) override
     {
         NSWorkspaceOpenConfiguration *configuration = [NSWorkspaceOpenConfiguration configuration];
