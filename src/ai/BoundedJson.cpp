@@ -29,7 +29,7 @@ public:
     bool number_unsigned(number_unsigned_t value) override { return add(value); }
     bool number_float(number_float_t value, const string_t &) override { return add(value); }
     bool string(string_t &value) override { return add(std::move(value)); }
-    bool binary(binary_t &) override { return false; } // Not in JSON.
+    bool binary(binary_t &) override { return false; } // JSON has no such values.
     bool start_object(std::size_t) override { return open(Json::object()); }
     bool start_array(std::size_t) override { return open(Json::array()); }
     bool end_object() override { return close(); }
@@ -69,7 +69,7 @@ private:
         return true;
     }
 
-    /// Asked once for each value.
+    /// Called once for each value.
     bool isWithinBounds()
     {
         if (levels.size() > mostLevels)
@@ -77,7 +77,7 @@ private:
         return ++values <= mostValues || refuse("The data holds too many values.");
     }
 
-    /// Where the value is kept; null if it is dropped.
+    /// The place where the value is stored; null if it is dropped.
     Json *keep(Json value)
     {
         if (levels.empty())
@@ -94,7 +94,7 @@ private:
     std::span<const std::string_view> keys;
     Json document;
     const char *refusal = nullptr;
-    std::vector<Json *> levels; ///< The lists and objects around the next value; null where they are dropped.
+    std::vector<Json *> levels; ///< The lists and objects around the next value; null for those that are dropped.
     std::string lastKey;
     int values = 0;
 };

@@ -14,12 +14,12 @@ namespace tidlo {
 struct BoundedJson
 {
     nlohmann::json document;
-    QString refusal; ///< A sentence for a person; empty if nothing is refused.
+    QString refusal; ///< A sentence for a person; empty if the document is not refused.
 };
 
-/// Reads \a bytes, which must be one JSON document in UTF-8. Of its objects only the values of \a keys are kept; of a
-/// key that comes twice, the last value. Any input is safe: one that is nested more than 64 levels deep, or holds more
-/// than 10,000 values, kept or not, is refused, so time and memory grow only with its size. Any thread.
+/// Reads \a bytes, which must be one JSON document in UTF-8. Only the values of \a keys are kept of its objects; if a
+/// key occurs twice, the last value. Any input is safe: a document with more than 64 levels, or with more than 10,000
+/// values, kept or not, is refused, so time and memory grow only with its size. Any thread.
 BoundedJson readBoundedJson(const QByteArray &bytes, std::span<const std::string_view> keys);
 
 } // namespace tidlo

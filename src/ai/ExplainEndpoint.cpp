@@ -18,7 +18,7 @@ QString hostOfEnvironment()
     const QString named = qEnvironmentVariable(variable);
     const std::optional<QString> host = ExplainEndpoint::hostFrom(named);
     if (!host)
-        std::fprintf(stderr, "%s names no host, so nobody is asked: %s\n", variable,
+        std::fprintf(stderr, "%s is not a host, so nobody is asked: %s\n", variable,
                      qUtf8Printable(visibleText(named)));
     return host.value_or(QString());
 }

@@ -14,7 +14,7 @@ namespace {
 
 using Explanation = std::optional<QString>;
 
-/// A warning sign in its colourful form, and a space.
+/// A warning sign with the emoji variation selector, and a space.
 constexpr QStringView warning = u"\u26A0\uFE0F ";
 
 QString withWarning(const QString &text)
@@ -27,7 +27,7 @@ QString requestFailed(const QString &reason)
     return withWarning(QStringLiteral("Request failed: ") + reason);
 }
 
-/// The text of the first candidate's parts, one to a line.
+/// The texts of the first candidate's parts, one per line.
 Explanation answer(const QByteArray &body)
 {
     const auto [response, error] = decode<GeminiGenerateResponse>(body);
@@ -72,7 +72,7 @@ HttpsRequest httpsRequest(const ExplainRequest &request, const ExplainEndpoint &
             .replyLimit = endpoint.replyLimit};
 }
 
-/// Asks from a thread that may wait. Where a service is started for it, that lasts as long as the question.
+/// Asks on a thread that may block. A service that is started for the question ends with it.
 Explanation ask(HttpsRequest request, const ExplainEndpoint &endpoint, HttpsExchange &exchange)
 {
     const bool isAlone = endpoint.isOwn() && !isAnswered(request.url);

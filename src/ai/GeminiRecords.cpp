@@ -13,7 +13,7 @@ using Json = nlohmann::json;
 constexpr std::array<std::string_view, 7> keys{"candidates", "content", "contents", "error",
                                                "message",    "parts",   "text"};
 
-/// Thrown inside this file alone; the reason is a sentence for a person.
+/// Thrown only within this file; the reason is a sentence for a person.
 struct DecodingError
 {
     QString reason;
@@ -24,7 +24,7 @@ struct DecodingError
     throw DecodingError{QStringLiteral("The key \"%1\" %2.").arg(QLatin1StringView(key), QLatin1StringView(reason))};
 }
 
-/// The value of \a key, or null when it is missing. \a object must be an object.
+/// The value of \a key, or null if it is missing. \a object must be an object.
 const Json *find(const Json &object, const char *key)
 {
     if (!object.is_object())

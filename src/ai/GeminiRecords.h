@@ -8,8 +8,8 @@
 
 namespace tidlo {
 
-/// The messages exchanged with the AI proxy. Keys are the field names; unknown keys are ignored, and a record that
-/// lacks a key fails to decode as a whole. Only a text part may be missing or null.
+/// The messages exchanged with the AI proxy. Keys are the field names; unknown keys are ignored, and a record fails to
+/// decode if a key is missing. Only a text part may be missing or null.
 
 struct GeminiPart
 {
@@ -48,7 +48,7 @@ struct ProxyErrorResponse
     bool operator==(const ProxyErrorResponse &) const = default;
 };
 
-/// A record read from JSON, or a sentence for a person that says why it cannot be.
+/// A record read from JSON, or a sentence for a person that says why there is none.
 template <typename Record>
 struct Decoded
 {
@@ -56,12 +56,12 @@ struct Decoded
     QString error; ///< Empty when there is a record.
 };
 
-/// Compact JSON. These cannot fail: text becomes valid UTF-8 whatever it holds.
+/// Compact JSON. Encoding cannot fail: any text becomes valid UTF-8.
 QByteArray encode(const GeminiGenerateRequest &request);
 QByteArray encode(const GeminiGenerateResponse &response);
 QByteArray encode(const ProxyErrorResponse &response);
 
-/// Reads \a json, which must be UTF-8 and hold nothing besides the record. Any input is safe, however deep or full: see
+/// Reads \a json, which must be UTF-8 and contain only the record. Any input is safe, however deep or large: see
 /// BoundedJson.h. From any thread.
 template <typename Record>
 Decoded<Record> decode(const QByteArray &json);

@@ -18,9 +18,9 @@ constexpr std::array settings{
     Setting{CURLOPT_HTTP_VERSION, CURL_HTTP_VERSION_1_1},
     Setting{CURLOPT_HTTPAUTH, CURLAUTH_NONE},
     Setting{CURLOPT_SSLVERSION, CURL_SSLVERSION_TLSv1_2},
-    Setting{CURLOPT_FORBID_REUSE, 1}, // A request is sent again when a connection that was kept turns out to be closed.
+    Setting{CURLOPT_FORBID_REUSE, 1}, // libcurl repeats a request if a reused connection turns out to be closed.
     Setting{CURLOPT_NOSIGNAL, 1},
-    Setting{CURLOPT_QUICK_EXIT, 1}, // A resolver that takes its time is not waited for.
+    Setting{CURLOPT_QUICK_EXIT, 1}, // A slow resolver is not waited for.
     Setting{CURLOPT_VERBOSE, 1},    // Reports every byte.
 };
 
@@ -33,14 +33,14 @@ struct Release
 using Transfer = std::unique_ptr<CURL, Release<curl_easy_cleanup>>;
 using HeaderLines = std::unique_ptr<curl_slist, Release<curl_slist_free_all>>;
 
-/// What arrives of a reply, until it is refused.
+/// The part of a reply that has arrived, until it is refused.
 struct Arrival
 {
     qint64 limit;
     QByteArray body{};
-    qint64 received = 0; ///< Bytes, whatever they are for.
+    qint64 received = 0; ///< All bytes, whatever their purpose.
     const char *refusal = nullptr;
-    std::array<char, CURL_ERROR_SIZE> words{}; ///< libcurl's own words for a failure.
+    std::array<char, CURL_ERROR_SIZE> words{}; ///< libcurl's message for a failure.
 
     void refuseIf(bool condition, const char *reason)
     {
@@ -51,7 +51,7 @@ struct Arrival
     {
         refuseIf(body.size() > limit || received > limit + mostAroundTheBody, "The reply is too large.");
     }
-    /// What libcurl expects in return for \a size bytes.
+    /// The result that libcurl expects for \a size bytes.
     std::size_t taken(std::size_t size) const { return refusal == nullptr ? size : CURL_WRITEFUNC_ERROR; }
 };
 
@@ -73,7 +73,7 @@ std::size_t takeBody(char *data, std::size_t, std::size_t size, void *user)
     return arrival->taken(size);
 }
 
-/// Sees all that comes, be it encrypted or not; cannot end it by itself.
+/// Sees all data, encrypted or not; cannot end the transfer by itself.
 int count(CURL *, curl_infotype type, char *, std::size_t size, void *user)
 {
     auto *arrival = static_cast<Arrival *>(user);
@@ -91,7 +91,7 @@ HeaderLines headerLines(const QList<HttpHeader> &headers)
     };
     for (const auto &[name, value] : headers)
         append(name + ": " + value);
-    append("Accept:"); // Without a value: not sent.
+    append("Accept:"); // Without a value, the header is not sent.
     append("Expect:");
     return lines;
 }
@@ -101,7 +101,7 @@ void set(const Transfer &transfer, CURLoption option, auto value)
     curl_easy_setopt(transfer.get(), option, value);
 }
 
-/// What is sent, and to whom. The request and the lines must last as long as the transfer.
+/// Sets what is sent, and to whom. The request and the header lines must exist as long as the transfer.
 void describe(const Transfer &transfer, const HttpsRequest &request, const HeaderLines &headers)
 {
     for (const auto &[option, value] : settings)
@@ -114,7 +114,7 @@ void describe(const Transfer &transfer, const HttpsRequest &request, const Heade
         set(transfer, CURLOPT_POSTFIELDS, request.body->constData());
     }
     set(transfer, CURLOPT_PROXY, request.proxy.constData());
-    set(transfer, CURLOPT_NOPROXY, ""); // Whoever chose the proxy knew the exceptions.
+    set(transfer, CURLOPT_NOPROXY, ""); // The chosen proxy already takes the exceptions into account.
     curl_blob authorities{.data = const_cast<char *>(request.authorities.constData()),
                           .len = static_cast<std::size_t>(request.authorities.size()),
                           .flags = CURL_BLOB_NOCOPY};
@@ -148,7 +148,7 @@ QUrl redirectOf(const Transfer &transfer, const QUrl &url)
     return target.isEmpty() ? QUrl() : url.resolved(target);
 }
 
-/// Empty if the reply is complete, or if it is an interim one that no other followed.
+/// Empty if the reply is complete, or is an interim one that no other followed.
 QString failureOf(const Arrival &arrival, CURLcode outcome, int status)
 {
     const bool isInterim = status >= 100 && status <= 199;
@@ -171,7 +171,7 @@ HttpsReply HttpsExchange::perform(const HttpsRequest &request)
 
     curl_multi_add_handle(multi.get(), transfer.get());
     for (int running = 1; running > 0 && arrival.refusal == nullptr && !stopped;) {
-        curl_multi_poll(multi.get(), nullptr, 0, 60'000, nullptr); // The first time it returns at once.
+        curl_multi_poll(multi.get(), nullptr, 0, 60'000, nullptr); // The first call returns at once.
         curl_multi_perform(multi.get(), &running);
     }
     int others = 0;

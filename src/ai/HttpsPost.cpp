@@ -12,7 +12,7 @@ namespace {
 constexpr int mostRedirects = 20;
 constexpr std::array redirects{301, 302, 303, 307, 308};
 
-/// Empty for none, as Qt has it for this machine whatever the system says.
+/// Empty for no proxy, which Qt always returns for this machine, whatever the system's settings.
 QByteArray proxyTo(const QUrl &url)
 {
     const QNetworkProxy proxy = QNetworkProxyFactory::proxyForQuery(QNetworkProxyQuery(url)).value(0);
@@ -43,7 +43,7 @@ bool isToBeFollowed(const HttpsReply &reply, const QUrl &url)
            isSameOrigin(reply.redirect, url);
 }
 
-/// The request that follows a redirect. Like everywhere, only 307 and 308 send the body again.
+/// The request that follows a redirect. As usual, only 307 and 308 send the body again.
 HttpsRequest redirected(HttpsRequest request, const HttpsReply &reply)
 {
     request.url = reply.redirect;

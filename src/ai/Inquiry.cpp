@@ -27,7 +27,7 @@ public:
 
     QFuture<Answer> answer() { return promise.future(); }
 
-    /// To be called once.
+    /// Must be called only once.
     void ask() { settle(inquiry.ask(exchange)); }
 
     void giveUp(const QString &reason)
@@ -78,7 +78,7 @@ void end(std::thread thread, const Asking &asking)
 QCoro::Task<Answer> inquire(Inquiry inquiry)
 {
     const auto asking = std::make_shared<Asking>(inquiry);
-    QTimer limit; // Whatever is connected here ends with it.
+    QTimer limit; // Its connections end with it.
     QObject::connect(&limit, &QTimer::timeout, &limit,
                      [asking] { asking->giveUp(QStringLiteral("The request timed out.")); });
     QObject::connect(qApp, &QCoreApplication::aboutToQuit, &limit,

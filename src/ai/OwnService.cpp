@@ -22,10 +22,10 @@ namespace tidlo {
 
 namespace {
 
-constexpr int handedOver = 3; ///< Where the service expects its socket.
+constexpr int handedOver = 3; ///< The descriptor where the service expects its socket.
 constexpr int patience = 10'000;
 
-/// The same file under a number that is none of those which the service is given.
+/// A duplicate whose number is not one of those that the service gets.
 Descriptor outOfTheWay(const Descriptor &descriptor)
 {
     return Descriptor(fcntl(descriptor.get(), F_DUPFD_CLOEXEC, handedOver + 1));
@@ -40,7 +40,8 @@ struct Pipe
 Pipe makePipe()
 {
     std::array<int, 2> ends{-1, -1};
-#ifdef __APPLE__ // A program that another thread starts at this moment would keep the service alive.
+#ifdef __APPLE__ // A program that another thread starts at this moment would inherit the pipe and keep the service
+                 // alive.
     if (pipe(ends.data()) != 0)
         return {};
 #else
@@ -52,7 +53,7 @@ Pipe makePipe()
     return {.output = outOfTheWay(output), .input = outOfTheWay(input)};
 }
 
-/// \a address with \a port, as calls of the system take it.
+/// Passes the loopback address of \a family, with \a port, to \a call.
 template <typename Call>
 int withLoopback(int family, int port, Call call)
 {
@@ -86,7 +87,7 @@ int portOf(const Descriptor &listener)
     return isKnown ? ntohs(name.sin_port) : 0;
 }
 
-/// All that the service gets: no key, no address of a model, no proxy.
+/// The whole environment of the service: no key, no address of a model, no proxy.
 QByteArrayList environment()
 {
     QByteArrayList list{"LC_ALL=C.UTF-8", "LISTEN_FDS=1", "HOME=" + homeFolder()};
@@ -95,7 +96,7 @@ QByteArrayList environment()
     return list;
 }
 
-/// As the system expects a list, with its end marked. Points into what it was given.
+/// A list in the form that the system expects, with a null at its end. Points into \a texts.
 std::vector<char *> pointers(const QByteArrayList &texts)
 {
     std::vector<char *> list;
@@ -105,10 +106,10 @@ std::vector<char *> pointers(const QByteArrayList &texts)
     return list;
 }
 
-/// The process, or -1.
+/// The process number, or -1.
 pid_t spawn(const FilePath &program, const Descriptor &input, const Descriptor &output, const Descriptor &listener)
 {
-    // Only in the new process is its number known, which tells it that the socket is meant for it.
+    // The process number, which shows the service that the socket is meant for it, is known only in the new process.
     const QByteArrayList arguments{
         "/bin/sh", "-c", "LISTEN_PID=$$; export LISTEN_PID; exec \"$@\"", "sh", program, "--offline", "--until-eof"};
     const QByteArrayList variables = environment();
@@ -125,7 +126,7 @@ pid_t spawn(const FilePath &program, const Descriptor &input, const Descriptor &
     return error == 0 ? process : -1;
 }
 
-/// Waits for the line by which the service tells that it is ready.
+/// Waits for the line with which the service reports that it is ready.
 bool isReady(const Descriptor &output)
 {
     pollfd waiting{.fd = output.get(), .events = POLLIN, .revents = 0};
@@ -146,7 +147,7 @@ std::optional<OwnService> OwnService::start(const FilePath &program)
     service.process = spawn(program, life.output, words.input, listener);
     service.life = std::move(life.input);
     service.listening = portOf(listener);
-    words.input = Descriptor(); // Else its end would never be read.
+    words.input = Descriptor(); // Otherwise its end could never be read.
     if (service.process == -1 || !isReady(words.output))
         return std::nullopt;
     return service;
@@ -162,7 +163,7 @@ OwnService::~OwnService()
 {
     if (process == -1)
         return;
-    kill(process, SIGKILL); // It keeps nothing that is not whole at every moment.
+    kill(process, SIGKILL); // All its files are complete at every moment.
     uninterrupted([this] { return waitpid(process, nullptr, 0); });
 }
 

@@ -11,13 +11,13 @@
 
 namespace tidlo {
 
-/// A tidlo-proxy that this program started for itself: on a free port of the loopback address, with --offline and an
-/// environment without keys. It ends with this object, and with the program, however that ends. For a thread that may
-/// wait.
+/// A tidlo-proxy that this program has started for itself: on a free port of the loopback address, with --offline and
+/// an environment without keys. It ends with this object, and with the program, however that ends. For a thread that
+/// may block.
 class OwnService final
 {
 public:
-    /// Starts the one at \a program, and waits until it listens, ten seconds at most. Nothing if that fails.
+    /// Starts the service \a program, and waits until it listens, ten seconds at most. Nothing if that fails.
     static std::optional<OwnService> start(const FilePath &program);
 
     OwnService(OwnService &&other) noexcept;
@@ -29,18 +29,19 @@ public:
 private:
     OwnService() = default;
 
-    Descriptor life; ///< The service ends when the other end of this pipe is read to its end.
+    Descriptor life; ///< The service ends when it reads the end of this pipe.
     pid_t process = -1;
     int listening = 0;
 };
 
-/// Where the tidlo-proxy lies that came with this program: beside it, or where packages put it. Empty if there is none.
+/// The path of the tidlo-proxy that came with this program: beside it, or where packages put it. Empty if there is
+/// none.
 FilePath ownServiceProgram();
 
-/// Whether \a host, which may have a port, names this machine: "localhost" or an address of the loopback.
+/// Whether \a host, which may have a port, names this machine: "localhost" or a loopback address.
 bool isThisMachine(const QString &host);
 
-/// Whether anybody takes connections at \a url, whose host is this machine. A loopback address answers at once.
+/// Whether a server accepts connections at \a url, whose host is this machine. A loopback address answers at once.
 bool isAnswered(const QUrl &url);
 
 } // namespace tidlo

@@ -22,7 +22,7 @@ bool canAskAsWished(const MoveWishes &wishes, const QString &act)
     if (!wishes.question || canAsk())
         return true;
     complain(
-        QStringLiteral("There is no terminal to ask on. Add --yes to %1 without a question, or --dry-run.").arg(act));
+        QStringLiteral("There is no terminal to ask at. Add --yes to %1 without a question, or --dry-run.").arg(act));
     return false;
 }
 

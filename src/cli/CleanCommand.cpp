@@ -30,7 +30,7 @@ constexpr std::array riskWords{
     RiskWord{QLatin1StringView("review"), CleanupRisk::review},
 };
 
-/// What the person asked for.
+/// The request of the person.
 struct CleanWishes
 {
     QList<CleanupRisk> risks;
@@ -38,7 +38,7 @@ struct CleanWishes
     MoveWishes move;
 };
 
-/// Nothing if a word names no risk.
+/// Nothing if a word is not a risk.
 std::optional<CleanWishes> cleanWishes(const QCommandLineParser &options)
 {
     CleanWishes wishes{.risks = {},
@@ -76,7 +76,7 @@ bool mayBeMoved(const CleanupSelection &selection, const MoveWishes &wishes)
 CleanupOutcome moveToTrash(const CleanupSelection &selection, const QList<FilePath> &spared, CommandContext &context)
 {
     ProgressLine line;
-    const StopOnSignal stop([&line] { line.show(QStringLiteral("Stopping after the item at hand")); });
+    const StopOnSignal stop([&line] { line.show(QStringLiteral("Stopping after the current item")); });
     if (!selection.paths.isEmpty())
         line.show(QStringLiteral("Moving %1 to the Trash").arg(selection.text()));
     const Cleanup cleanup = QCoro::waitFor(context.scanner.moveToTrash(selection.candidates, spared, stop.token()));
@@ -116,8 +116,8 @@ Command cleanCommand()
                            "Trash. Nothing is deleted: the space returns when the Trash is emptied. Ctrl-C\n"
                            "stops between two items.\n"
                            "\n"
-                           "The exit status is 0 if nothing stayed that was to be moved, 1 if something\n"
-                           "stayed, 2 if there is no terminal to ask on, 130 after Ctrl-C.\n",
+                           "The exit status is 0 if everything was moved, 1 if something stayed, 2 if there\n"
+                           "is no terminal to ask at, 130 after Ctrl-C.\n",
             .options =
                 QList<CommandOption>{{"yes", "Move without a question."},
                                      {"dry-run", "Show what would be moved, and move nothing."},

@@ -5,16 +5,16 @@
 
 namespace tidlo {
 
-/// What came of moving a selection to the Trash.
+/// The result of moving a selection to the Trash.
 struct CleanupOutcome
 {
     Cleanup cleanup;
-    qint64 items = 0; ///< How many were to be moved.
-    int signal = 0;   ///< The signal that interrupted it, 0 if none did.
+    qint64 items = 0; ///< How many items were to be moved.
+    int signal = 0;   ///< The signal that interrupted it; 0 if none did.
 
-    /// For a person, in whole lines: how many were moved, and when the space returns.
+    /// Complete lines for a person: how many were moved, and when the space returns.
     QString text() const;
-    /// For a person, in whole lines: what stayed, and why. Empty if nothing did.
+    /// Complete lines for a person: what stayed, and why. Empty if nothing stayed.
     QString complaint() const;
     nlohmann::ordered_json json() const;
     ExitStatus exitStatus() const;

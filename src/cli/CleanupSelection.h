@@ -4,18 +4,18 @@
 
 namespace tidlo {
 
-/// The findings that are to be moved to the Trash.
+/// The findings to move to the Trash.
 struct CleanupSelection
 {
     QList<CleanupCandidate> candidates;
-    QList<FilePath> paths; ///< Each once, even where two candidates list it.
+    QList<FilePath> paths; ///< Each path once, even if two candidates list it.
     qint64 bytes = 0;      ///< Of all candidates.
 
     /// "14 items (3.2 GB)".
     QString text() const;
 };
 
-/// Of \a candidates those that are selected, may be touched and have one of \a risks; any risk if none is given.
+/// Those of \a candidates that are selected, may be touched and have one of \a risks; any risk if there are none.
 CleanupSelection cleanupSelection(const QList<CleanupCandidate> &candidates, const QList<CleanupRisk> &risks);
 
 } // namespace tidlo

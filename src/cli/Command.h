@@ -9,7 +9,7 @@
 
 namespace tidlo {
 
-/// What main makes and commands use.
+/// Made by main and used by commands.
 struct CommandContext
 {
     FileManager &files;
@@ -22,11 +22,11 @@ struct CommandOption
 {
     const char *name;        ///< Without the dashes.
     const char *meaning;     ///< A sentence for the help.
-    const char *value = "";  ///< What its value is called; empty if it takes none.
+    const char *value = "";  ///< The name of its value; empty if it takes none.
     const char *letter = ""; ///< Its short form, if it has one.
 };
 
-/// What every command understands besides its own options.
+/// The options of every command besides its own.
 inline QList<CommandOption> commonOptions()
 {
     return {{"help", "Show this help.", "", "h"}, {"version", "Show the version."}};
@@ -37,11 +37,11 @@ struct Command
 {
     const char *name;
     const char *summary;     ///< A sentence for the list of commands.
-    const char *description; ///< What it does and what its exit status tells, in lines of 80 columns at most.
+    const char *description; ///< What it does and what its exit status means, in lines of 80 columns at most.
     QList<CommandOption> options;
     ExitStatus (*run)(const QCommandLineParser &options, CommandContext &context);
-    const char *arguments = ""; ///< What it takes besides options, as usage shows it; empty if nothing.
-    bool needsThread = true;    ///< It scans, and so can do nothing where the system starts no thread.
+    const char *arguments = ""; ///< Its arguments besides options, for the usage line; empty if there are none.
+    bool needsThread = true;    ///< It scans, so it can do nothing if the system cannot start a thread.
 };
 
 } // namespace tidlo

@@ -7,13 +7,13 @@ namespace tidlo {
 /// The names of an option without dashes, the short one first.
 QStringList optionNames(const CommandOption &option);
 
-/// "Usage: tidlo-cli scan [--paths] [--json]" and a line feed; further lines of 80 columns at most where it needs them.
+/// "Usage: tidlo-cli scan [--paths] [--json]" and a line feed; wrapped at 80 columns if necessary.
 QString usageLine(const Command &command);
 
-/// Complains about an option's value and shows how the command is used; returns the exit status for that.
+/// Prints \a complaint about an option's value and the usage line; returns the exit status for that.
 ExitStatus reportMisuse(const Command &command, const QString &complaint);
 
-/// Usage, description and options of a command; of the program itself also the \a commands it has.
+/// Usage, description and options of a command; for the program itself also its \a commands.
 QString helpText(const Command &command, const QList<Command> &commands = {});
 
 } // namespace tidlo

@@ -14,13 +14,13 @@ namespace tidlo {
 
 namespace {
 
-/// Those that the help lists.
+/// The commands that the help lists.
 QList<Command> commands()
 {
     return {scanCommand(), cleanCommand(), restoreCommand(), spareCommand(), explainCommand()};
 }
 
-/// Why the system starts no thread, in its own words; nothing if it does.
+/// Why the system cannot start a thread, in its own words; nothing if it can.
 std::optional<QString> threadObstacle()
 {
     try {
@@ -40,7 +40,7 @@ ExitStatus run(const Command &command, const QCommandLineParser &options, Comman
     return command.run(options, context);
 }
 
-/// The program without a command, as far as help and usage go.
+/// The program without a command, for help and usage.
 Command programItself()
 {
     return {.name = "<command> [options]",
@@ -48,12 +48,12 @@ Command programItself()
             .description = "Finds files in the home folder that you can safely remove, and moves what you\n"
                            "choose to the Trash. Reads names, sizes and dates, never what is in a file.\n"
                            "\n"
-                           "\"tidlo-cli <command> --help\" tells more about a command.\n",
+                           "\"tidlo-cli <command> --help\" says more about a command.\n",
             .options = {},
             .run = nullptr};
 }
 
-/// The exit status of a command line that needs no command to run; nothing if one is to be run.
+/// The exit status if the command line needs no command; nothing if one must be run.
 std::optional<ExitStatus> answered(QCommandLineParser &parser, const Command &command, const QString &help,
                                    const QStringList &arguments)
 {

@@ -11,7 +11,7 @@ namespace tidlo {
 
 namespace {
 
-/// Shown whole, with what could act on the terminal escaped, and ending with its line.
+/// Prints the whole text, with characters that could act on the terminal escaped, and with a line feed at its end.
 ExitStatus printText(const QString &text)
 {
     const QString visible = visibleText(text);
@@ -34,7 +34,7 @@ ExitStatus runExplain(const QCommandLineParser &options, CommandContext &context
     if (options.isSet(QStringLiteral("prompt")))
         return printText(promptFor(candidates));
     if (!context.defaults.boolean(UserDefaults::explanations, true))
-        complain(QStringLiteral("Explanations are switched off in the window; this command asks all the same."));
+        complain(QStringLiteral("Explanations are switched off in the window; this command asks anyway."));
     const std::optional<QString> explanation = explanationOf(candidates);
     if (explanation && !GeminiClient::isError(*explanation))
         return printText(*explanation);
@@ -48,12 +48,12 @@ Command explainCommand()
 {
     return {.name = "explain",
             .summary = "Explain what could be cleaned, with the help of an AI service.",
-            .description = "Scans the home folder ($HOME), sends what it tells of the eight largest\n"
-                           "findings to an AI service, and shows what that answers. Sent are titles,\n"
-                           "categories, risks, sizes, the explanations that a scan gives itself, up to\n"
-                           "eight paths of each, and an identifier of this machine. No file is opened or\n"
-                           "sent. It asks even where the window's explanations are switched off, and says\n"
-                           "so. The exit status is 1 if no explanation came back.\n",
+            .description = "Scans the home folder ($HOME), sends a description of the eight largest\n"
+                           "findings to an AI service, and shows its answer. This is what it sends: titles,\n"
+                           "categories, risks, sizes, the scan's own explanations, up to eight paths of\n"
+                           "each, and an identifier of this machine. No file is opened or sent. It asks\n"
+                           "even if explanations are switched off in the window, and then says so. The\n"
+                           "exit status is 1 if no explanation came back.\n",
             .options = QList<CommandOption>{{"prompt", "Show what would be sent, and send nothing."}} + scanOptions(),
             .run = runExplain};
 }

@@ -55,7 +55,7 @@ QString pathLines(const CleanupCandidate &candidate, const QString &indent, bool
     return lines;
 }
 
-/// \a pieces beside each other as far as \a width goes, then on the next line.
+/// \a pieces beside each other up to \a width, then on further lines.
 QStringList filled(const QList<TableCell> &pieces, const QString &separator, qsizetype width, bool colour)
 {
     QStringList lines;

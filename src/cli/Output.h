@@ -7,28 +7,28 @@
 
 namespace tidlo {
 
-/// How a command ended, besides 128 and the number of the signal that interrupted it.
+/// The exit status of a command; after a signal it is 128 plus the signal's number instead.
 enum class ExitStatus : int {
     succeeded = 0,
-    failed = 1,  ///< Output could not be written, or something that was asked for was not done.
+    failed = 1,  ///< Output could not be written, or a request was not carried out.
     misused = 2, ///< The command line is wrong; nothing was done.
-    refused = 3, ///< What was asked for was left undone on purpose.
+    refused = 3, ///< The request was refused on purpose.
 };
 
-/// Opens what the caller left closed among the three standard descriptors so that no file opened later takes its place;
-/// reading from or writing to such a stand-in fails. To be called before anything else.
+/// If the caller closed any of the three standard descriptors, opens it with a placeholder, so that no file opened
+/// later gets its number; reading from or writing to the placeholder fails. Call this before anything else.
 void holdStandardStreams();
 
-/// Writes all of \a bytes and waits where it must. Gives 0, or the errno of its failure.
+/// Writes all of \a bytes, and waits if necessary. Returns 0, or the errno of the failure.
 int writeAll(int descriptor, const QByteArray &bytes);
 
-/// Writes to standard output. Returns the exit status for it, having complained if it failed.
+/// Writes to standard output. Returns the exit status; if it failed, an error message was written.
 ExitStatus print(const QString &text);
 
-/// The same for a JSON object. It is written in ASCII alone, so that no name in it can act on a terminal.
+/// The same for a JSON object. It is written as ASCII only, so that no name in it can act on a terminal.
 ExitStatus print(const nlohmann::ordered_json &json);
 
-/// Writes a line to standard error, with the program's name in front and control characters shown as escapes.
+/// Writes a line to standard error, with the program's name before it and control characters escaped.
 void complain(const QString &text);
 
 } // namespace tidlo

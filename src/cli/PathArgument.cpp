@@ -6,7 +6,7 @@ namespace tidlo {
 
 namespace {
 
-constexpr char16_t firstByte = 0xdc00; ///< Plus the byte, stands for a byte that is not UTF-8.
+constexpr char16_t firstByte = 0xdc00; ///< Added to a byte that is not UTF-8, it gives the surrogate for it.
 
 } // namespace
 
@@ -14,7 +14,7 @@ QString argumentText(QByteArrayView argument)
 {
     QString text;
     while (!argument.isEmpty()) {
-        qsizetype length = 1; // The first valid character, at most four bytes long.
+        qsizetype length = 1; // The length of the first valid character, at most four bytes.
         while (length < 4 && length < argument.size() && !argument.first(length).isValidUtf8())
             ++length;
         if (argument.first(length).isValidUtf8()) {

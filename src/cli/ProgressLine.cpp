@@ -21,10 +21,10 @@ std::atomic<bool> isShown = false;
 void erase()
 {
     if (isShown.exchange(false) && write(STDERR_FILENO, erasure, sizeof erasure - 1) < 0)
-        return; // The terminal is gone, and the line with it.
+        return; // The terminal is gone.
 }
 
-/// The default action is restored by now, and runs when this returns.
+/// The default action is restored already, and is taken when this returns.
 void eraseAndEnd(int signal)
 {
     erase();

@@ -18,7 +18,7 @@ namespace tidlo {
 
 namespace {
 
-/// What the person asked for.
+/// The request of the person.
 struct RestoreWishes
 {
     QStringList paths;
@@ -29,18 +29,18 @@ struct RestoreWishes
     bool isListing() const { return paths.isEmpty() && !all; }
 };
 
-/// What is wrong with \a options; nothing if they can be done.
+/// What is wrong with \a options; nothing if they are valid.
 std::optional<QString> complaintAbout(const QCommandLineParser &options, const RestoreWishes &wishes)
 {
     const bool hasSince = options.isSet(QStringLiteral("since"));
     if (hasSince && !wishes.since)
-        return QStringLiteral("A time is so many minutes (10min), hours (2h) or days (3d) ago, today, or a date.");
+        return QStringLiteral("A time is a number of minutes (10min), hours (2h) or days (3d) ago, today, or a date.");
     if (wishes.paths.contains(QString()))
         return QStringLiteral("A path is empty.");
     if (wishes.all && (!hasSince || !wishes.paths.isEmpty()))
-        return QStringLiteral("--all goes with --since, and without paths.");
+        return QStringLiteral("--all needs --since, and takes no paths.");
     if (wishes.isListing() && (wishes.move.dryRun || options.isSet(QStringLiteral("yes"))))
-        return QStringLiteral("Name what is to be put back, or add --since and --all.");
+        return QStringLiteral("Name what to put back, or add --since and --all.");
     return std::nullopt;
 }
 
@@ -96,7 +96,7 @@ QString textOf(const TrashContents &contents, const RestoreWishes &wishes)
     const QString nothing = !contents.unread.isEmpty() ? QStringLiteral("Nothing was found in the Trash.\n")
                             : wishes.since             ? QStringLiteral("Nothing was moved to the Trash since then.\n")
                                                        : QStringLiteral("The Trash is empty.\n");
-    const QString unknown = QStringLiteral("%1 more: the Trash does not tell where they were.\n");
+    const QString unknown = QStringLiteral("%1 more: the Trash does not say where they were.\n");
     return (contents.items.isEmpty() && (contents.unknown == 0 || wishes.since)
                 ? nothing
                 : trashText(contents.items, terminalAt(STDOUT_FILENO))) +
@@ -131,13 +131,13 @@ bool mayBeRestored(const RestoreSelection &selection, const MoveWishes &wishes)
         return false;
     return !wishes.question ||
            agreesTo(
-               QStringLiteral("Put back %1? The Trash does not tell which program moved them.").arg(selection.text()));
+               QStringLiteral("Put back %1? The Trash does not say which program moved them.").arg(selection.text()));
 }
 
 RestoreOutcome restore(const RestoreSelection &selection, CommandContext &context)
 {
     ProgressLine line;
-    const StopOnSignal stop([&line] { line.show(QStringLiteral("Stopping after the item at hand")); });
+    const StopOnSignal stop([&line] { line.show(QStringLiteral("Stopping after the current item")); });
     line.show(QStringLiteral("Putting back %1").arg(selection.text()));
     QList<TrashedItem> items;
     for (const ListedItem &each : selection.items)
@@ -186,14 +186,12 @@ Command restoreCommand()
     return {.name = "restore",
             .summary = "Show what the Trash holds, and put back what you name.",
             .description = "Shows what your Trashes hold, the last moved first, whichever program moved it.\n"
-                           "With paths it puts back what was at or beneath them, after a question; of\n"
-                           "several items of one place the one that was moved last. Nothing is ever\n"
-                           "replaced, and folders that are missing are made. Ctrl-C stops between two\n"
-                           "items.\n"
+                           "With paths it puts back what was at or beneath them, after a question; if\n"
+                           "several items were at one place, the one that was moved last. Nothing is ever\n"
+                           "replaced, and missing folders are made. Ctrl-C stops between two items.\n"
                            "\n"
-                           "The exit status is 0 if nothing stayed that was to be put back, 1 if something\n"
-                           "stayed or a Trash could not be read, 2 if there is no terminal to ask on, 130\n"
-                           "after Ctrl-C.\n",
+                           "The exit status is 0 if everything was put back, 1 if something stayed or a\n"
+                           "Trash could not be read, 2 if there is no terminal to ask at, 130 after Ctrl-C.\n",
             .options = {{"since", "Only what was moved since then: 10min, 2h, 3d, today, a date.", "time"},
                         {"all", "Put back all that was moved since then."},
                         {"yes", "Put back without a question."},

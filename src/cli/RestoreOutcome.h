@@ -6,18 +6,19 @@
 
 namespace tidlo {
 
-/// What came of putting a selection back.
+/// The result of putting a selection back.
 struct RestoreOutcome
 {
     RestoreSelection selection;
     Restoration restoration;
-    int signal = 0; ///< The signal that interrupted it, 0 if none did.
+    int signal = 0; ///< The signal that interrupted it; 0 if none did.
 
-    /// What was named and is not at its place: what stayed in the Trash and why, and where nothing was.
+    /// Requested items that are not at their places: those that stayed in the Trash, with the reason, and places where
+    /// nothing was.
     QList<StayedItem> stayed() const;
-    /// For a person, in whole lines: how many were put back.
+    /// Complete lines for a person: how many were put back.
     QString text() const;
-    /// For a person, in whole lines: what stayed, and why. Empty if nothing did.
+    /// Complete lines for a person: what stayed, and why. Empty if nothing stayed.
     QString complaint() const;
     nlohmann::ordered_json json() const;
     ExitStatus exitStatus() const;

@@ -15,7 +15,7 @@ namespace tidlo {
 
 namespace {
 
-/// The seconds in one \a unit.
+/// The number of seconds in one \a unit.
 qint64 secondsOf(const QString &unit)
 {
     constexpr qint64 minute = 60;

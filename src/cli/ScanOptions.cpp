@@ -14,10 +14,10 @@ namespace tidlo {
 
 namespace {
 
-/// Nothing, having complained, if they name what does not exist or cannot be looked into.
+/// Nothing, after an error message, if a path does not exist or cannot be searched.
 std::optional<ScanWishes> wishesFrom(const QCommandLineParser &options, const CommandContext &context)
 {
-    // If the list cannot be read, the person is told, and the scan goes on: it moves nothing.
+    // If the list cannot be read, the person sees a message, and the scan goes on: it moves nothing.
     ScanWishes wishes{.spared = sparedPaths(context).value_or(QList<FilePath>()), .also = {}};
     for (const QString &argument : options.values(QStringLiteral("except"))) {
         const std::optional<FilePath> place = placeOfGiven(pathOfArgument(argument));
@@ -57,7 +57,7 @@ void nameWhatWasLeftOut(const ScanResult &result)
 QList<CommandOption> scanOptions()
 {
     return {{"except", "Leave out what is, lies in or holds this. Repeatable.", "path"},
-            {"also", "Look for project folders in this one, too. Repeatable.", "folder"}};
+            {"also", "Look for projects in this folder as well. Repeatable.", "folder"}};
 }
 
 std::optional<QList<FilePath>> sparedPaths(const CommandContext &context)

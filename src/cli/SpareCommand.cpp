@@ -9,14 +9,14 @@ namespace tidlo {
 
 namespace {
 
-/// How the list is to be changed.
+/// The requested change of the list.
 struct Change
 {
     QList<FilePath> added;
     QList<FilePath> removed;
 };
 
-/// Nothing, having complained, if what is to be added does not exist, or what is to be removed is not among \a spared.
+/// Nothing, after an error message, if a path to add does not exist, or a path to remove is not among \a spared.
 std::optional<Change> changeFrom(const QCommandLineParser &options, const QList<FilePath> &spared)
 {
     Change change;
@@ -87,11 +87,11 @@ Command spareCommand()
 {
     return {.name = "spare",
             .summary = "Show and change what is never suggested.",
-            .description = "Keeps paths that are never suggested again, by tidlo-cli and in the window: what\n"
-                           "is, lies in or holds one of them is left out of every scan, and is not moved to\n"
-                           "the Trash. Shows the list as it is then, with what no longer exists marked.\n"
-                           "Nothing is scanned. The exit status is 1 if the list cannot be read or kept, 2 if\n"
-                           "a path does not exist, or is not in the list; then nothing changes.\n",
+            .description = "Stores paths that are never suggested again, by tidlo-cli and in the window:\n"
+                           "what is, lies in or holds one of them is left out of every scan, and is not\n"
+                           "moved to the Trash. Shows the resulting list; missing paths are marked.\n"
+                           "Nothing is scanned. The exit status is 1 if the list cannot be read or stored, 2\n"
+                           "if a path does not exist, or is not in the list; then nothing changes.\n",
             .options = {{"remove", "Take this out of the list. Repeatable.", "path"}},
             .run = runSpare,
             .arguments = "path...",

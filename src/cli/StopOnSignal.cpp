@@ -18,7 +18,7 @@ void passOn(int signal)
     const int formerError = errno;
     const auto byte = static_cast<unsigned char>(signal);
     if (write(wakeUp, &byte, 1) != 1)
-        raise(signal); // Nobody would notice it, so the program ends.
+        raise(signal); // Nobody would notice the signal, so it ends the program.
     errno = formerError;
 }
 

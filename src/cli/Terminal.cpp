@@ -20,7 +20,7 @@ struct InkRow
     const char *code;
 };
 
-// The terminal's own sixteen colours, which its user has chosen.
+// The sixteen colours of the terminal, which its user can choose.
 constexpr std::array inks{
     InkRow{Ink::strong, "1"}, InkRow{Ink::faint, "2"},   InkRow{Ink::green, "32"},
     InkRow{Ink::blue, "34"},  InkRow{Ink::yellow, "33"}, InkRow{Ink::red, "31"},

@@ -23,7 +23,8 @@ ExitStatus runTrashBundle(const QCommandLineParser &options, CommandContext &con
     case TrashOutcome::Kind::gone:
         return ExitStatus::succeeded;
     case TrashOutcome::Kind::refused:
-    case TrashOutcome::Kind::anotherMoved: // The bundle has left its place; what lies there now is not to be deleted.
+    case TrashOutcome::Kind::anotherMoved: // The bundle has left its place; another item that is there now must not be
+                                           // deleted.
         return ExitStatus::refused;
     case TrashOutcome::Kind::failed:
         return ExitStatus::failed;
@@ -41,8 +42,8 @@ Command trashBundleCommand()
                            "script that uninstalls the application uses it.\n"
                            "\n"
                            "The exit status is 0 if it is gone from its place, 1 if the system failed, 2 if the\n"
-                           "path is not that of the bundle, 3 if the Trash does not take it on purpose.\n",
-            .options = {{"at", "Where the bundle lies, so that nothing else is meant.", "path"}},
+                           "path is not that of the bundle, 3 if the Trash refuses it on purpose.\n",
+            .options = {{"at", "The path of the bundle, so that nothing else is moved.", "path"}},
             .run = runTrashBundle,
             .needsThread = false};
 }

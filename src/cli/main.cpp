@@ -13,7 +13,7 @@
 
 namespace tidlo {
 
-/// Qt wants a locale with UTF-8 and says so on standard error where there is none, as in many containers.
+/// Qt needs a UTF-8 locale, and otherwise writes a warning to standard error, as in many containers.
 static void chooseUtf8()
 {
     std::setlocale(LC_ALL, "");
@@ -29,12 +29,12 @@ int main(int argc, char *argv[])
     holdStandardStreams();
     chooseUtf8();
     if (const auto ignored = settleHome())
-        complain(QStringLiteral("$HOME is no absolute path and is ignored: ") + QString::fromLocal8Bit(*ignored));
+        complain(QStringLiteral("$HOME is not an absolute path and is ignored: ") + QString::fromLocal8Bit(*ignored));
     QStringList arguments;
     for (int i = 1; i < argc; ++i)
         arguments.append(argumentText(argv[i]));
 
-    QuitLimit limit; // Destroyed after the application, whose end it limits too.
+    QuitLimit limit; // Destroyed after the application, so that it limits the application's end too.
     const QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationVersion(QStringLiteral(TIDLO_VERSION));
 
@@ -44,6 +44,6 @@ int main(int argc, char *argv[])
     CommandContext context{.files = *files, .scanner = scanner, .defaults = defaults};
     const int status = static_cast<int>(runCommandLine(arguments, context));
     limit.begin(quitLimit, status);
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // No event loop is left to do it.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete); // No event loop will do it any more.
     return status;
 }

@@ -51,7 +51,7 @@ TEST(CommandLine, TheHelpTellsAllThatIsSentForAnExplanation)
     const TemporaryHome home;
     const std::string help = runCli(home, {"explain", "--help"}).output.simplified().toStdString();
 
-    EXPECT_THAT(help, HasSubstr("Sent are titles, categories, risks, sizes, the explanations that a scan gives itself, "
+    EXPECT_THAT(help, HasSubstr("This is what it sends: titles, categories, risks, sizes, the scan's own explanations, "
                                 "up to eight paths of each, and an identifier of this machine."));
 }
 
@@ -93,14 +93,12 @@ TEST(CommandLine, WhatIsWrongIsSaidOnStandardErrorWithAUsageLine)
         Misuse{{"scan", "--", "--json"}, "Unexpected argument '--json'.", scan},
         Misuse{{"scan", "--json=yes"}, "Unexpected value after '--json'.", scan},
         Misuse{{"scan", "--yes"}, "Unknown option 'yes'.", scan},
-        Misuse{{"restore", "--all"}, "--all goes with --since, and without paths.", restore},
-        Misuse{{"restore", "--all", "--since", "1h", "x"}, "--all goes with --since, and without paths.", restore},
-        Misuse{{"restore", "--yes"}, "Name what is to be put back, or add --since and --all.", restore},
-        Misuse{{"restore", "--dry-run", "--since", "1h"},
-               "Name what is to be put back, or add --since and --all.",
-               restore},
+        Misuse{{"restore", "--all"}, "--all needs --since, and takes no paths.", restore},
+        Misuse{{"restore", "--all", "--since", "1h", "x"}, "--all needs --since, and takes no paths.", restore},
+        Misuse{{"restore", "--yes"}, "Name what to put back, or add --since and --all.", restore},
+        Misuse{{"restore", "--dry-run", "--since", "1h"}, "Name what to put back, or add --since and --all.", restore},
         Misuse{{"restore", "--since", "1w"},
-               "A time is so many minutes (10min), hours (2h) or days (3d) ago, today, or a date.",
+               "A time is a number of minutes (10min), hours (2h) or days (3d) ago, today, or a date.",
                restore},
         Misuse{{"clean", "--all"}, "Unknown option 'all'.", clean},
         Misuse{{"clean", "here"}, "Unexpected argument 'here'.", clean},
@@ -187,8 +185,8 @@ TEST(CommandLine, IgnoresAHomeThatIsNoAbsolutePathAndSaysSo)
     const auto told = [&](const QByteArray &variable) {
         return runCli(home, {"--version"}, {.environment = {variable}, .inChild = {}}).errors;
     };
-    EXPECT_EQ(told("HOME=here"), "tidlo-cli: $HOME is no absolute path and is ignored: here\n");
-    EXPECT_EQ(told("HOME=./a\x1b"), "tidlo-cli: $HOME is no absolute path and is ignored: ./a\\x1b\n");
+    EXPECT_EQ(told("HOME=here"), "tidlo-cli: $HOME is not an absolute path and is ignored: here\n");
+    EXPECT_EQ(told("HOME=./a\x1b"), "tidlo-cli: $HOME is not an absolute path and is ignored: ./a\\x1b\n");
     for (const QByteArray &fine : {"HOME=" + home.path(), "HOME=" + home.path() + '/', QByteArray("HOME=/"),
                                    QByteArray("HOME="), QByteArray("HOME")})
         EXPECT_EQ(told(fine), "") << fine.constData();

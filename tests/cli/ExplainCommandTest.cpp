@@ -196,7 +196,7 @@ TEST_F(ExplainCommand, AsksAlsoWhereTheWindowDoesNotAndSaysSo)
 
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.output, "A\n");
-    EXPECT_EQ(run.errors, "tidlo-cli: Explanations are switched off in the window; this command asks all the same.\n");
+    EXPECT_EQ(run.errors, "tidlo-cli: Explanations are switched off in the window; this command asks anyway.\n");
     EXPECT_EQ(server.requests().size(), 1);
     EXPECT_EQ(this->run(home, server, {"explain", "--prompt"}).errors, "");
 }
@@ -204,7 +204,7 @@ TEST_F(ExplainCommand, AsksAlsoWhereTheWindowDoesNotAndSaysSo)
 TEST_F(ExplainCommand, AsksNobodyWhereTheEnvironmentNamesNoHost)
 {
     const TemporaryHome home;
-    const QByteArray told = "TIDLO_AI_PROXY_HOST names no host, so nobody is asked: ";
+    const QByteArray told = "TIDLO_AI_PROXY_HOST is not a host, so nobody is asked: ";
     const QByteArray failed = "tidlo-cli: No explanation came back.\n";
     for (const auto &[named, errors] : {std::pair<QByteArray, QByteArray>{"", failed},
                                         {"https://explain.example", told + "https://explain.example\n" + failed},

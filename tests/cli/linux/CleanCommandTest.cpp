@@ -103,7 +103,7 @@ TEST(CleanCommand, WithoutATerminalItRefusesUnlessToldYes)
         const CliRun run = runCli(*home, arguments);
         EXPECT_EQ(run.status, 2);
         EXPECT_EQ(run.output, "");
-        EXPECT_THAT(run.errors.toStdString(), StartsWith("tidlo-cli: There is no terminal to ask on."));
+        EXPECT_THAT(run.errors.toStdString(), StartsWith("tidlo-cli: There is no terminal to ask at."));
         EXPECT_THAT(run.errors.toStdString(), HasSubstr("--yes"));
     }
     EXPECT_EQ(home->inventory(), before);
@@ -115,7 +115,7 @@ TEST(CleanCommand, AQuestionThatCouldNotBeSeenIsNotAsked)
     const FilePath errors = *home / "errors";
     const CliRun run = TerminalSession(*home, {"clean"}, 120, redirected(STDERR_FILENO, errors)).end();
     EXPECT_EQ(run.status, 2);
-    EXPECT_THAT(contentOf(errors).toStdString(), StartsWith("tidlo-cli: There is no terminal to ask on."));
+    EXPECT_THAT(contentOf(errors).toStdString(), StartsWith("tidlo-cli: There is no terminal to ask at."));
     EXPECT_EQ(existing(selectedPaths(*home)), selectedPaths(*home));
 }
 

@@ -115,8 +115,7 @@ TEST(RestoreCommand, AsksAndSaysThatItCannotKnowWhoMovedThem)
     const auto home = cleanedHome();
     for (const QByteArray answer : {"n\n", "y\n"}) {
         TerminalSession session(*home, {"restore", *home / "Sites"}, 120);
-        ASSERT_TRUE(
-            session.shows("Put back 2 items (41 KB)? The Trash does not tell which program moved them. [y/N] "));
+        ASSERT_TRUE(session.shows("Put back 2 items (41 KB)? The Trash does not say which program moved them. [y/N] "));
         EXPECT_FALSE(existing({*home / "Sites/one/node_modules"}).size());
         session.type(answer);
         const CliRun run = session.end();
@@ -133,7 +132,7 @@ TEST(RestoreCommand, WithoutATerminalItRefusesUnlessToldYes)
     const CliRun run = runCli(*home, {"restore", *home / "Sites"});
     EXPECT_EQ(run.status, 2);
     EXPECT_EQ(run.output, "");
-    EXPECT_THAT(run.errors.toStdString(), StartsWith("tidlo-cli: There is no terminal to ask on."));
+    EXPECT_THAT(run.errors.toStdString(), StartsWith("tidlo-cli: There is no terminal to ask at."));
     const CliRun dry = runCli(*home, {"restore", "--dry-run", *home / "Sites"});
     EXPECT_EQ(dry.status, 0);
     EXPECT_THAT(dry.output.toStdString(), HasSubstr("\nDry run: 2 items (41 KB) would be put back.\n"));
@@ -226,7 +225,7 @@ TEST(RestoreCommand, SaysHowManyRecordsTellNothing)
     const TemporaryHome home;
     trashLate(home, "a", "relative", "2199-01-01T00:00:01");
     EXPECT_THAT(runCli(home, {"restore"}).output.toStdString(),
-                HasSubstr("1 more: the Trash does not tell where they were.\n"));
+                HasSubstr("1 more: the Trash does not say where they were.\n"));
 }
 
 TEST(RestoreCommand, ATrashThatCannotBeReadIsAFailure)
