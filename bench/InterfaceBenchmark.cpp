@@ -1,5 +1,5 @@
-// What a person waits for while looking into a finding of 100,000 items: to see it, to search it and to sort it. Each
-// happens on the thread that draws, so each has to fit into one frame of 16 ms.
+// How long a person waits with a finding of 100,000 items: to open the list, to search it and to sort it. Each of these
+// runs on the thread that draws, so it must fit into one frame of 16 ms.
 
 #include "ui/screens/FoundItems.h"
 
@@ -25,7 +25,7 @@ CleanupCandidate finding(const FilePath &folder)
     return candidate;
 }
 
-/// The items of one finding, of any sizes.
+/// The items of one finding, with any sizes.
 class Items final
 {
 public:
@@ -103,7 +103,7 @@ void LargestFirst(benchmark::State &state)
 }
 BENCHMARK(LargestFirst)->Unit(benchmark::kMillisecond);
 
-/// The whole of one row, as often as a screen shows rows.
+/// All data of one row, for as many rows as a screen shows.
 void ScreenOfRows(benchmark::State &state)
 {
     Items items;

@@ -1,5 +1,5 @@
-// What the state owner's figures and operations cost with a hundred candidates of ten thousand paths each, with a view
-// that follows. No path may be copied, so nothing here may grow with the paths.
+// The cost of the state owner's figures and operations with a hundred candidates of ten thousand paths each, with a
+// view that follows. No path may be copied, so nothing here may grow with the number of paths.
 
 #include "app/AppViewModel.h"
 
@@ -28,7 +28,7 @@ CleanupCandidate candidate(int number)
     return candidate;
 }
 
-/// A state owner that shows the same candidates to each benchmark.
+/// A state owner with the same candidates for each benchmark.
 class Model final
 {
 public:
@@ -108,7 +108,7 @@ void CandidatesByName(benchmark::State &state)
 }
 BENCHMARK(CandidatesByName);
 
-/// The last of the list, while somebody holds the list as it was before: the dearest case.
+/// The last candidate, while a view holds the former list: the most expensive case.
 void Toggle(benchmark::State &state)
 {
     Model model;

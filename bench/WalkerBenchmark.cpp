@@ -1,4 +1,4 @@
-// What the walker's parts cost by themselves.
+// The cost of the walker's parts.
 
 #include "platform/DirectoryWalker.h"
 #include "platform/Paths.h"

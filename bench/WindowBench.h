@@ -1,6 +1,6 @@
 #pragma once
 
-// What the programs that measure the window share.
+// Common parts of the programs that measure the window.
 
 #include "ui/DemoState.h"
 #include "ui/shell/TidloApp.h"
@@ -17,16 +17,16 @@
 
 namespace tidlo {
 
-/// Times the events that the main thread works on, in milliseconds.
+/// Times the events that the main thread handles, in milliseconds.
 ///
-/// What counts as work of ours is what the main thread does for one event, less what the renderer draws: how long that
-/// takes depends on the machine's graphics.
+/// Only our own work counts: what the main thread does for one event, without the renderer's drawing, whose time
+/// depends on the machine's graphics.
 class MeteredApplication final : public QGuiApplication
 {
 public:
     using QGuiApplication::QGuiApplication;
 
-    /// Leaves out what is drawn in \a window.
+    /// Leaves out the drawing of \a window.
     void watch(QQuickWindow &window)
     {
         connect(
@@ -78,7 +78,7 @@ private:
     bool isWithin = false;
 };
 
-/// Lets the window go on for so long.
+/// Runs the event loop for this time.
 inline void waitFor(int milliseconds)
 {
     QEventLoop loop;
@@ -86,7 +86,7 @@ inline void waitFor(int milliseconds)
     loop.exec();
 }
 
-/// The live one, but without explanations.
+/// The live environment, but without explanations.
 inline AppEnvironment quietEnvironment()
 {
     AppEnvironment environment;
@@ -94,7 +94,7 @@ inline AppEnvironment quietEnvironment()
     return environment;
 }
 
-/// Opens the window as on a later run.
+/// Opens the window as on any run after the first.
 inline bool openQuietly(TidloApp &tidlo)
 {
     if (!tidlo.open())

@@ -1,8 +1,8 @@
-// The bare system calls of a scan and nothing else, as the limit of what a scan can reach.
+// The bare system calls of a scan and nothing else, as a limit for the speed of a scan.
 //
-// bare_calls <plan>: the plan names the home, "H path", and then each folder that a scan reads, parents first: "L path"
-// for folders that are listed only, "S path" for those whose files are asked for their size. Two threads share the
-// parts of the plan. Prints the seconds that the calls took, without the reading of the plan.
+// bare_calls <plan>: the plan names the home folder, "H path", and then each folder that a scan reads, parents first:
+// "L path" for folders that are only listed, "S path" for those where the sizes of files are read too. Two threads
+// share the parts of the plan. Prints the seconds that the calls took, without reading the plan.
 
 #include "platform/Descriptor.h"
 
@@ -71,7 +71,7 @@ int main(int count, char **arguments)
     std::ifstream plan(arguments[1]);
     std::vector<std::unique_ptr<Folder>> folders;
     std::unordered_map<std::string, Folder *> known;
-    std::vector<Folder *> parts; // Each read from the beginning of its path.
+    std::vector<Folder *> parts; // Each is read from the beginning of its path.
     constexpr long levelsOfParts = 3;
     std::string home;
     for (std::string line; std::getline(plan, line);) {

@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """Times whole processes against each other.
 
-Each round runs every command once, so that whatever else the machine does meets all of them alike; what is compared are
-the medians. Usage: see scripts/bench.
+Each round runs every command once, so that other load on the machine affects all of them equally; the medians are
+compared. Usage: see scripts/bench.
 """
 
 import argparse
@@ -18,7 +18,7 @@ import time
 class Command:
     def __init__(self, text):
         self.name, line = text.split("=", 1)
-        # A command that begins with "self:" prints the seconds that count.
+        # A command that begins with "self:" prints its own measured seconds.
         self.times_itself = line.startswith("self:")
         self.line = line.removeprefix("self:")
         self.seconds = []
@@ -26,7 +26,7 @@ class Command:
 
     def run(self):
         with tempfile.NamedTemporaryFile("r", encoding="ascii") as peak:
-            # Through time, because the peak of a process counts from before it became the command.
+            # Run through time, because the peak memory of a process includes that from before the command was executed.
             begin = time.perf_counter()
             process = subprocess.run(["time", "--quiet", "--format=%M", f"--output={peak.name}", *shlex.split(self.line)],
                                      stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,

@@ -1,4 +1,4 @@
--- What wrk asks the proxy: the question about eight findings that the client would send, each time by a new device.
+-- The request that wrk sends to the proxy: the client's question about eight findings, from a new device each time.
 local file = assert(io.open("tests/data/prompt/eight.txt"))
 local prompt = file:read("a"):gsub('[%c"\\]', function(character)
     return string.format("\\u%04x", character:byte())

@@ -1,5 +1,5 @@
-// Measures what replies made to hurt cost the client: the time that decoding them takes, and the memory while they are
-// decoded or received. Prints a line for each.
+// Measures the cost of hostile replies for the client: the time of decoding them, and the memory while they are decoded
+// or received. Prints a line for each.
 
 #include "ai/GeminiClient.h"
 #include "ai/GeminiRecords.h"
@@ -30,7 +30,7 @@ double millisecondsSince(Clock::time_point begin)
     return std::chrono::duration<double, std::milli>(Clock::now() - begin).count();
 }
 
-/// A figure of this process in kilobytes, such as "VmHWM", the most memory it has had.
+/// A figure of this process in kilobytes, such as "VmHWM", its peak memory.
 double kilobytes(const QByteArray &figure)
 {
     QFile status(QStringLiteral("/proc/self/status"));
@@ -42,21 +42,21 @@ double kilobytes(const QByteArray &figure)
     return 0;
 }
 
-/// The megabytes that \a act takes at most, beyond what there was before.
+/// The most megabytes that \a act takes, beyond those in use before.
 template <typename Act>
 double megabytesFor(Act act)
 {
-    malloc_trim(0); // What was there before and is free would be used again.
+    malloc_trim(0); // Otherwise free memory from before would be used again and not counted.
     QFile peak(QStringLiteral("/proc/self/clear_refs"));
     peak.open(QIODevice::WriteOnly);
-    peak.write("5"); // The peak is what there is now.
+    peak.write("5"); // Resets the peak to the current value.
     peak.close();
     const double before = kilobytes("VmRSS");
     act();
     return (kilobytes("VmHWM") - before) / 1024;
 }
 
-/// As much of \a middle as makes a megabyte between the others.
+/// As many copies of \a middle as make a megabyte with the others.
 QByteArray filled(const QByteArray &beginning, const QByteArray &middle, const QByteArray &end)
 {
     return beginning + middle.repeated((megabyte - beginning.size() - end.size()) / middle.size()) + end;
@@ -76,7 +76,7 @@ QByteArray manyKeys()
     return json + "\"candidates\":[]}";
 }
 
-/// An answer that is a text of that alone.
+/// An answer whose text consists of copies of \a unit.
 QByteArray textOf(const QByteArray &unit)
 {
     return filled(R"({"candidates":[{"content":{"parts":[{"text":")", unit, R"("}]}}]})");
@@ -134,7 +134,7 @@ void measureDecoding()
     }
 }
 
-/// What a server sends first, and then for ever.
+/// The bytes that a server sends first, and then those that it repeats endlessly.
 struct Endless
 {
     const char *what;
@@ -166,7 +166,8 @@ QList<Endless> streams()
     };
 }
 
-/// Serves the stream of that number, after its port and the certificate to trust. Ends with its standard input.
+/// Serves the stream with that number, after printing its port and the certificate to trust. Ends when its standard
+/// input ends.
 int serve(int number)
 {
     const Endless stream = streams().at(number);

@@ -1,5 +1,5 @@
-// Checks, at a size that is too large for every test run, that the walker counts hostile trees to the last byte and
-// never leaves them. Prints what was checked; exits with 1 when a count is wrong.
+// Checks, with trees too large for every test run, that the walker counts hostile trees to the last byte and never
+// leaves them. Prints what was checked; exits with 1 if a count is wrong.
 
 #include "platform/Descriptor.h"
 #include "platform/DirectoryWalker.h"

@@ -30,7 +30,7 @@ void require(bool succeeded, const char *what, const std::string &name)
     std::exit(EXIT_FAILURE);
 }
 
-/// An open folder in which things are made.
+/// An open folder in which entries are made.
 class Folder final
 {
 public:
@@ -63,7 +63,7 @@ public:
         require(symlinkat(target.c_str(), descriptor.get(), name.c_str()) == 0, "link", name);
     }
 
-    /// \a count files, most of one block, spread over folders as packages spread theirs.
+    /// Makes \a count files, most of them of one block, in folders as in real packages.
     void files(int count) const
     {
         constexpr int inOneFolder = 8;

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# The folders that a scan of a benchmark's home reads, as bare_calls takes them: make_plan.sh <home>
+# Prints the folders that a scan of a benchmark's home folder reads, in the format of bare_calls: make_plan.sh <home>
 set -euo pipefail
 home=$1
 # Each line of find's output gets a letter in front: L for folders that are listed, S for those whose files are sized.

@@ -1,4 +1,4 @@
-// Prints the allocated bytes of each path: measure <workers> <path>...  With 0 workers the disks decide.
+// Prints the allocated bytes of each path: measure <workers> <path>...  With 0 workers the number depends on the disks.
 
 #include "platform/DirectoryWalker.h"
 

@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 """Measures explanation services beside each other: bench/proxy.py name=command...
 
-Each is started anew for each row, on a port of its own. Clients come from this machine, over TLS, and take their share of the same processors.
+Each is started anew for each row, on a port of its own. Clients run on this machine, over TLS, and share its
+processors.
 """
 
 import asyncio
@@ -32,7 +33,7 @@ def head(length, device=b"A"):
 
 
 class Service:
-    """One that runs while it is used in a "with"."""
+    """A service that runs during a "with" block."""
 
     def __init__(self, command):
         self.command = command
@@ -64,7 +65,7 @@ class Service:
 
 
 async def connections(port, count):
-    """As many of count TLS connections as come about: a service may limit those of one address."""
+    """Opens up to count TLS connections: a service may limit those of one address."""
     gate = asyncio.Semaphore(100)
 
     async def one():
@@ -77,7 +78,7 @@ async def connections(port, count):
 
 
 async def answer(reader, seconds=90):
-    """The status that is read, or what happens instead."""
+    """The status of the reply, or the error instead."""
     try:
         said = await asyncio.wait_for(reader.read(), seconds)
     except (OSError, asyncio.TimeoutError) as failure:
@@ -143,7 +144,7 @@ def held_bodies(command):
 
 
 def honest(port, seconds, results):
-    """Asks ten times a second."""
+    """Asks ten times per second."""
     times, answers, end = [], [], time.monotonic() + seconds
     while time.monotonic() < end:
         begin = time.monotonic()
@@ -195,7 +196,7 @@ def stopped(command):
         answers = []
         while not ended.is_set():
             try:
-                # A client that finds nobody there is not one that was broken.
+                # A client that cannot connect any more does not count as cut off.
                 reader, writer = await asyncio.open_connection("127.0.0.1", port)
             except OSError:
                 break

@@ -1,5 +1,5 @@
-// Quits in the middle of a scan of the home folder, at each of its steps and some way into it, and prints how long it
-// takes from there until nothing of the application is left: quit_scan
+// Quits in the middle of a scan of the home folder, at each of its steps and some time into it, and prints how long it
+// takes until the application has ended completely: quit_scan
 
 #include "app/AppViewModel.h"
 
@@ -16,7 +16,7 @@ namespace tidlo {
 
 namespace {
 
-/// Milliseconds that quitting takes, so long after the scan has begun.
+/// How many milliseconds quitting takes if the scan has run for \a delay.
 double quitAfter(std::chrono::milliseconds delay)
 {
     auto model = std::make_unique<AppViewModel>();
@@ -46,7 +46,7 @@ int main(int count, char **arguments)
     for (std::chrono::milliseconds delay{0};; delay += std::chrono::milliseconds(10)) {
         const double elapsed = quitAfter(delay);
         if (elapsed < 0)
-            break; // The scan was over before.
+            break; // The scan has ended before.
         times.push_back(elapsed);
     }
     if (times.empty()) {

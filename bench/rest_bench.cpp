@@ -1,5 +1,6 @@
-// What the window costs before anything is done in it: how soon its first frame is there, and what share of a processor
-// it takes while the landing screen breathes, while it shows a screen on which nothing moves, and while nobody sees it.
+// The cost of the window before anything is done in it: how soon its first frame appears, and how much processor time
+// it takes while the landing screen is animated, while it shows a screen on which nothing moves, and while it cannot be
+// seen.
 
 #include "WindowBench.h"
 
@@ -25,10 +26,10 @@ double secondsOf(clockid_t clock)
     return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) / 1e9;
 }
 
-/// Since the system was started; the system tells it in hundredths.
+/// In seconds since the system was started; the system reports it in hundredths.
 double secondOfStart()
 {
-    constexpr int startTime = 19; // Of the fields behind the program's name.
+    constexpr int startTime = 19; // Counted from the field after the program's name.
     QFile status(QStringLiteral("/proc/self/stat"));
     if (!status.open(QIODevice::ReadOnly))
         return 0;
@@ -37,10 +38,10 @@ double secondOfStart()
     return fields.at(startTime).toDouble() / static_cast<double>(sysconf(_SC_CLK_TCK));
 }
 
-/// Waits, and prints the share of a processor that all threads took meanwhile.
+/// Waits, and prints the share of a processor that all threads took during that time.
 void printShare(const char *what)
 {
-    waitFor(500); // What led here is over by then.
+    waitFor(500); // By now, the change to this state is over.
     const double before = secondsOf(CLOCK_PROCESS_CPUTIME_ID);
     const double begun = secondsOf(CLOCK_MONOTONIC);
     waitFor(restMilliseconds);

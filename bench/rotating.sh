@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Reading a disk that rotates, emulated: rotating.sh <folder of the built benchmarks>. Needs root, FUSE and loop devices.
+# Reads from an emulated rotating disk: rotating.sh <folder of the built benchmarks>. Needs root, FUSE and loop devices.
 set -euo pipefail
 programs=$1
 here=$(cd "$(dirname "$0")" && pwd)

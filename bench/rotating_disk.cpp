@@ -1,8 +1,8 @@
-// A disk that rotates, for a machine that has none: rotating_disk <image> <empty folder>
+// Emulates a rotating disk: rotating_disk <image> <empty folder>
 //
 // Shows the image as the file "disk" in the folder, through FUSE, and answers one request at a time, each after the
-// time that a head needs to get there: none to read on, else half a turn at 7,200 turns a minute and up to 8 ms for the
-// way. Mounted through a loop device it is a block device with the habits of a real one.
+// time that a disk head would need: none for sequential reads, otherwise half a turn at 7,200 turns per minute and up
+// to 8 ms for the movement. Mounted through a loop device it is a block device that behaves like a real one.
 
 #define FUSE_USE_VERSION 31
 

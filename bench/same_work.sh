@@ -1,13 +1,14 @@
 #!/usr/bin/env bash
-# What a scan does, done with find and du: same_work.sh <home>. Prints one sum of allocated bytes for each finding.
+# The same work as a scan, done with find and du: same_work.sh <home>. Prints one sum of allocated bytes for each
+# finding.
 set -euo pipefail
 export LC_ALL=C
 home=$1
 
-# Sums the allocated bytes of the paths on its input, which end with NULs.
+# Sums the allocated bytes of the paths on its standard input, which are separated by NULs.
 measure() { du -s --block-size=1 --files0-from=- | awk '{ sum += $1 } END { print sum + 0 }'; }
 
-# Passes on the folders on its input that have one of the given files beside them.
+# Passes on the folders on its standard input that have one of the given files beside them.
 beside() {
     local path name
     while IFS= read -r -d '' path; do

@@ -1,4 +1,4 @@
-// Scans the home folder once with so many workers: scan_once <workers>. For comparing numbers of workers.
+// Scans the home folder once with the given number of workers: scan_once <workers>. To compare numbers of workers.
 
 #include "platform/LiveFileManager.h"
 #include "scanner/FileSizeScanner.h"

@@ -1,7 +1,8 @@
-// Moves 1,000 folders of one name, each in a folder of its own, to the Trash, and makes the bare calls without which no
-// move that survives a power cut can do: mkdir, open, write, fsync, close and rename. The two take turns item by item,
-// so that a busy disk slows both. Then puts 10,000 back, and makes the bare calls for that: open, read, close, rename
-// and unlink; the two take turns every 1,000 items. Prints the median of the rounds for each, and their ratios.
+// Moves 1,000 folders with the same name, each from a separate folder, to the Trash, and makes the bare calls that
+// every move needs if it must survive a power cut: mkdir, open, write, fsync, close and rename. The two alternate item
+// by item, so that a busy disk slows both. Then puts 10,000 items back, and makes the bare calls for that: open, read,
+// close, rename and unlink; the two alternate every 1,000 items. Prints the median of the rounds for each, and their
+// ratios.
 //
 // trash_bench [folder to work in, on the disk to be measured]
 
@@ -43,7 +44,7 @@ Milliseconds timeOf(const Work &work)
     return std::chrono::steady_clock::now() - begin;
 }
 
-/// The least that a move must do: the place for records is there, the record is on the disk, the item is renamed.
+/// The least that a move must do if the Trash exists: write the record to the disk and rename the item.
 bool moveBarely(const FilePath &trash, const FilePath &item, int number)
 {
     constexpr std::string_view record = "[Trash Info]\nPath=/home/somebody/project/node_modules\n"
@@ -73,7 +74,7 @@ Round measure(const FilePath &disk)
         const FilePath number = FilePath::number(item);
         pairs.push_back({home.folder("a/" + number + "/node_modules"), home.folder("b/" + number + "/node_modules")});
     }
-    sync(); // What was made so far is no part of the first record's way to the disk.
+    sync(); // So that earlier writes do not count for the first record.
     Round round;
     const auto bare = [&](int item) {
         round.bare += timeOf([&] { return moveBarely(bareTrash, pairs[item][0], item); });
@@ -93,7 +94,7 @@ Round measure(const FilePath &disk)
 constexpr int restored = 10'000;
 constexpr int together = 1'000;
 
-/// Puts so many items and their records into the \a trash that were in the folder \a from, each in one of its own.
+/// Puts items and their records into the \a trash, as if each had been in a separate folder in \a from.
 QList<TrashedItem> filledTrash(const TemporaryHome &home, const FilePath &trash, const FilePath &from)
 {
     QList<TrashedItem> items;

@@ -1,5 +1,5 @@
-// Scans the home folder with the window open, scrolls a hundred findings, looks into one of 100,000 items, and tells
-// what that costs: window_bench [--seconds]. With --seconds it prints those that the scan took and nothing else.
+// Scans the home folder with the window open, scrolls a hundred findings, opens the list of 100,000 items, and prints
+// the cost: window_bench [--seconds]. With --seconds it prints only the seconds that the scan took.
 
 #include "WindowBench.h"
 

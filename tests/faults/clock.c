@@ -1,4 +1,4 @@
-// Loaded before a program's own libraries, tells it another time: CLOCK_SHIFT seconds from the true one.
+// Loaded before a program's own libraries, gives it another time: CLOCK_SHIFT seconds from the real one.
 
 #define _GNU_SOURCE
 #include <stdlib.h>

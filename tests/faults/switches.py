@@ -1,4 +1,4 @@
-"""Kills the window amid changes of its preferences: switches.py PROGRAM SEED TIMES, inside desktop.py.
+"""Kills the window while it changes its preferences: switches.py PROGRAM SEED TIMES, inside desktop.py.
 
 The theme button is pressed again and again, each press writes the preferences, and SIGKILL comes at a random moment."""
 

@@ -1,5 +1,5 @@
 // Tells the thread sanitizer about Qt, which is not built for it. These functions replace functions of Qt that our code
-// calls: each calls Qt's own, and tells the sanitizer which synchronisation that one does.
+// calls: each calls Qt's own, and reports the synchronisation that it does to the sanitizer.
 
 #include <QFutureInterface>
 #include <QRunnable>

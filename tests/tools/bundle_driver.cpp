@@ -1,4 +1,4 @@
-// Does what a person does with the bundle that it lies in: bundle_driver uninstall | place <destination>
+// Does what a person does with the bundle that contains it: bundle_driver uninstall | place <destination>
 
 #include "app/AppViewModel.h"
 
