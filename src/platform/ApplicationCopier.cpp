@@ -145,7 +145,7 @@ std::optional<QString> copyApplication(const FilePath &source, const FilePath &d
         return qt_error_string(workshop.error());
     const int error = replaceFrom(*workshop, source, destination, steps);
     if (error != 0 && !isThere(destination) && mayBeThere(workshop->former())) {
-        return qt_error_string(error) + QStringLiteral("\nWhat was there before lies in ") +
+        return qt_error_string(error) + QStringLiteral("\nWhat was there before is now in ") +
                visibleText(workshop->former());
     }
     const int errorOfRemoval = steps.remove(workshop->path());

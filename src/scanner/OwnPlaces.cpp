@@ -11,10 +11,10 @@ namespace tidlo {
 OwnPlace ownPlaceAt(const FileManager &files, const FilePath &given)
 {
     if (given.isEmpty())
-        return {.folder = given, .obstacle = QStringLiteral("is no folder")};
+        return {.folder = given, .obstacle = QStringLiteral("is not a folder")};
     const std::optional<FilePath> folder = placeOfGiven(joined(given, {})); // With the slash, a link is followed.
     if (!folder)
-        return {.folder = given, .obstacle = QStringLiteral("is no folder")};
+        return {.folder = given, .obstacle = QStringLiteral("is not a folder")};
     return {.folder = *folder, .obstacle = ownPlaceObstacle(files, *folder).value_or(QString())};
 }
 
@@ -23,7 +23,7 @@ std::optional<QString> ownPlaceObstacle(const FileManager &files, const FilePath
     const FilePath home = files.homeDirectoryForCurrentUser();
     const std::optional<FileAttributes> attributes = files.attributesOfItem(folder);
     if (!attributes || attributes->kind != FileKind::directory)
-        return QStringLiteral("is no folder");
+        return QStringLiteral("is not a folder");
     if (isSameOrWithin(home, folder))
         return QStringLiteral("is the home folder, or holds it");
     if (isSameOrWithin(folder, joined(home, "Library")))

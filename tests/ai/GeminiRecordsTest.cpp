@@ -73,7 +73,7 @@ TEST(GeminiRecords, TakeTheLastOfAKeyThatComesTwice)
     EXPECT_EQ(decoded.record->message, QStringLiteral("last"));
 }
 
-TEST(GeminiRecords, ForgetWhatWasWrongWithAKeyThatComesAgain)
+TEST(GeminiRecords, IgnoreAnErrorInAKeyThatOccursAgain)
 {
     const auto decoded = decode<GeminiGenerateRequest>(
         R"({"contents":"text","contents":[{"parts":[{"text":1}],"parts":[{"text":[{"text":"deep"}],"text":"last"}]}]})");

@@ -194,7 +194,7 @@ TEST_F(CleanupFlow, LeavesAloneWhatIsNeverToBeTouched)
     EXPECT_TRUE(exists(home / "a"));
 }
 
-TEST_F(CleanupFlow, TakesOffTheListWhatHasVanishedOrIsRefused)
+TEST_F(CleanupFlow, RemovesVanishedAndRefusedFindingsFromTheList)
 {
     CleanupCandidate vanished = candidate("A", CleanupRisk::safe, 4'096);
     vanished.paths = {home / "missing"};
@@ -221,7 +221,7 @@ TEST_F(CleanupFlow, KeepsTheOrderOfWhatRemains)
     EXPECT_EQ(inWords(QVariant::fromValue(model().candidates())), "[-A, -C, -E, -F]");
 }
 
-TEST_F(CleanupFlow, MovesWhatWasSelectedAndTakesOffTheListWhatIsSelectedInTheEnd)
+TEST_F(CleanupFlow, MovesWhatWasSelectedAndRemovesFromTheListWhatIsSelectedAtTheEnd)
 {
     const CleanupCandidate first = withFiles("A", {"a"});
     const CleanupCandidate second = unselected(withFiles("B", {"b"}));

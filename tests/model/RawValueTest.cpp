@@ -59,7 +59,7 @@ TEST(RawValue, IsComparedExactlyAndWithCase)
     EXPECT_EQ(fromRawValue<CleanupRisk>(u"Safe to delete"), CleanupRisk::safe);
 }
 
-TEST(RawValue, OfWhatIsNoCaseIsEmpty)
+TEST(RawValue, OfAValueThatIsNoCaseIsEmpty)
 {
     EXPECT_EQ(rawValue(static_cast<CleanupRisk>(4)), QString());
 }

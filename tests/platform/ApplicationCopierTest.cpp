@@ -407,7 +407,7 @@ TEST_F(Placement, TellsWhereTheOldOneLiesWhenItCannotComeBack)
     const auto told = copyApplication(source, destination, stepsThrough(around, false));
 
     ASSERT_EQ(workshops().size(), 1);
-    EXPECT_EQ(told, *because(EIO) + QStringLiteral("\nWhat was there before lies in ") +
+    EXPECT_EQ(told, *because(EIO) + QStringLiteral("\nWhat was there before is now in ") +
                         QString::fromUtf8(workshops().front() + "/old"));
     EXPECT_EQ(which(workshops().front() + "/old"), "old");
 }

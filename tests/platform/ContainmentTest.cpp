@@ -6,7 +6,7 @@
 
 namespace tidlo {
 
-TEST(Containment, IsToldByNamesAloneWhereThoseAreTheTruth)
+TEST(Containment, IsDecidedByNamesAloneWhereTheyAreSimple)
 {
     EXPECT_TRUE(isAtOrBelow("/a/b", "/a/b"));
     EXPECT_TRUE(isAtOrBelow("/a/b/c", "/a"));
@@ -16,7 +16,7 @@ TEST(Containment, IsToldByNamesAloneWhereThoseAreTheTruth)
     EXPECT_FALSE(isAtOrBelow("/a", "/a/b"));
 }
 
-TEST(Containment, IsToldByWhereThingsAre)
+TEST(Containment, IsDecidedByRealPlaces)
 {
     const TemporaryHome home;
     home.file("a/b/c");

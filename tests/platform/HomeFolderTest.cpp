@@ -117,7 +117,7 @@ TEST(HomeFolder, IsAskedForOnceByAFileManager)
     EXPECT_EQ(home, "/home/me");
 }
 
-TEST(HomeFolder, HasNoSlashTooManyInFrontOfWhatLiesInIt)
+TEST(HomeFolder, JoinsNamesWithoutADoubledSlash)
 {
     const auto itemInIt = [] { return joined(homeFolder(), "a"); };
     EXPECT_EQ(inHome("/", itemInIt), "/a");

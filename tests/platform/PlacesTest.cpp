@@ -49,7 +49,7 @@ TEST(PlaceFinder, ResolvesTheBeginningOfAPathOfAnyLength)
     EXPECT_EQ(PlaceFinder().placeOf(home / "link" + long_), home / "real" + long_);
 }
 
-TEST(PlaceOfGiven, IsThatOfWhatExists)
+TEST(PlaceOfGiven, IsThePlaceOfAnExistingItem)
 {
     const TemporaryHome home;
     home.file("real/file");

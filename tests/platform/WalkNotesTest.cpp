@@ -56,7 +56,7 @@ TEST(WalkNotes, TellTheFilesWithSeveralNamesOfEachMeasuredItem)
     EXPECT_EQ(file, (LinkedFile{.device = quint64(status.st_dev), .inode = status.st_ino, .bytes = block, .links = 2}));
 }
 
-TEST(WalkNotes, TellTheSameOfWhatAnEnumerationCollects)
+TEST(WalkNotes, AreTheSameForItemsThatAnEnumerationCollects)
 {
     TemporaryHome home;
     home.hardLink("tree/folder/again", home.file("tree/folder/file"));

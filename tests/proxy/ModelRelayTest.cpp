@@ -153,7 +153,7 @@ TEST_F(ModelRelayTest, AsksTheModelWithTheKeyInAHeaderAlone)
     EXPECT_EQ(request.headers.at("x-goog-api-key"), "secret-key");
 }
 
-TEST_F(ModelRelayTest, AsksWhereAndWhomItIsTold)
+TEST_F(ModelRelayTest, AsksTheModelAndServerOfItsSettings)
 {
     upstream.model = QStringLiteral("other-2");
     const ScriptedServer server(localhost(), sending(reply(200, "{}")));

@@ -17,7 +17,7 @@ std::optional<TrashOutcome> checkOwner(const SystemCalls &calls, int folder)
 {
     struct statx status;
     if (calls.statx(folder, "", AT_EMPTY_PATH, STATX_UID, &status) != 0)
-        return TrashOutcome::failed(QStringLiteral("The system does not tell whose Trash it is"), errno);
+        return TrashOutcome::failed(QStringLiteral("The system does not say whose Trash it is"), errno);
     if (status.stx_uid != geteuid())
         return TrashOutcome::refused(QStringLiteral("The Trash there belongs to somebody else."));
     return std::nullopt;

@@ -42,7 +42,7 @@ std::optional<TrashOutcome> TrashItem::learn(const SystemCalls &calls)
     const int error = calls.statx(held(), "", AT_EMPTY_PATH, STATX_TYPE, &status) == 0 ? 0 : errno;
     const OrError<quint64> found = error == 0 ? mountOf(calls, held()) : Errno{error};
     if (!found)
-        return TrashOutcome::failed(QStringLiteral("The system does not tell what it is"), found.error());
+        return TrashOutcome::failed(QStringLiteral("The system does not say what it is"), found.error());
     kind = status.stx_mode & S_IFMT;
     ownMount = *found;
     return std::nullopt;

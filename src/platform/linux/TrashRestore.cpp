@@ -36,9 +36,9 @@ TrashOutcome TrashRestore::run(const TrashedItem &item) const
     const std::optional<FilePath> origin = trash.originOf(record->path);
     if (!origin)
         return TrashOutcome::refused(
-            QStringLiteral("Its record tells a place that is not on the volume of its Trash."));
+            QStringLiteral("Its record names a place that is not on the volume of its Trash."));
     if (*origin != item.origin)
-        return TrashOutcome::refused(QStringLiteral("Its record tells another place by now."));
+        return TrashOutcome::refused(QStringLiteral("Its record now names another place."));
 
     Descriptor folder;
     if (const auto outcome = openFolderOf(*origin, folder))
@@ -62,9 +62,9 @@ std::optional<TrashOutcome> TrashRestore::hold(const TrashedItem &item, Held &he
         return TrashOutcome::failed(QStringLiteral("It cannot be opened"), held.descriptor.error());
     struct statx status;
     if (calls.statx(held.descriptor.get(), "", AT_EMPTY_PATH, STATX_TYPE | STATX_INO, &status) != 0)
-        return TrashOutcome::failed(QStringLiteral("The system does not tell what it is"), errno);
+        return TrashOutcome::failed(QStringLiteral("The system does not say what it is"), errno);
     if (item.identity && *item.identity != identityIn(status))
-        return TrashOutcome::refused(QStringLiteral("Something else has its name in the Trash by now."));
+        return TrashOutcome::refused(QStringLiteral("Something else now has its name in the Trash."));
     held.isFolder = S_ISDIR(status.stx_mode);
     return std::nullopt;
 }

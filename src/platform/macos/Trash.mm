@@ -69,7 +69,7 @@ TrashOutcome movedBack(const TrashedItem &item)
         return errno == ENOENT ? TrashOutcome::gone()
                                : TrashOutcome::failed(QStringLiteral("It cannot be opened"), errno);
     if (identityIn(status) != *item.identity)
-        return TrashOutcome::refused(QStringLiteral("Something else has its name in the Trash by now."));
+        return TrashOutcome::refused(QStringLiteral("Something else now has its name in the Trash."));
     if (renamex_np(place.constData(), item.origin.constData(), RENAME_EXCL) == 0)
         return {.kind = TrashOutcome::Kind::moved};
     return errno == EEXIST ? TrashOutcome::refused(QStringLiteral("Something else is at its place by now."))

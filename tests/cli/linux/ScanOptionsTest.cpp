@@ -120,8 +120,8 @@ TEST(ScanOptions, SomePlacesAreNotLookedInto)
         EXPECT_EQ(run.output, "");
         EXPECT_EQ(run.errors, "tidlo-cli: '" + folder + "' " + reason + ".\n");
     };
-    refused(home / "file", "is no folder");
-    refused(home / "gone", "is no folder");
+    refused(home / "file", "is not a folder");
+    refused(home / "gone", "is not a folder");
     refused("/", "is the home folder, or holds it");
     refused(home.path(), "is the home folder, or holds it");
     refused(home / "up", "is the home folder, or holds it");

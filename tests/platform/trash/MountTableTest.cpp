@@ -23,7 +23,7 @@ FileSystemPlace secondDisk(const FilePath &path)
 
 } // namespace
 
-TEST(MountTable, TellsAMountByItsNumber)
+TEST(MountTable, FindsAMountByItsNumber)
 {
     const MountTable table(mountinfo);
 

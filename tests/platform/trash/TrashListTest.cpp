@@ -72,7 +72,7 @@ protected:
 
 } // namespace
 
-TEST_F(TrashListing, TellsWhereFromWhenAndHowMuch)
+TEST_F(TrashListing, ListsOriginTimeAndSize)
 {
     const XdgTrash trash(home.path(), home / ".local/share");
     trash.move(home.file("in/first", 5000), 1'700'000'000);
@@ -96,7 +96,7 @@ TEST_F(TrashListing, TellsWhereFromWhenAndHowMuch)
     EXPECT_THAT(ours, ElementsAre(listed("folder", 1'700'000'001, 12'288), listed("first", 1'700'000'000, 8'192)));
 }
 
-TEST_F(TrashListing, OrdersByTimeThenByTheRecordsOwnAndPutsWhatHasNoneLast)
+TEST_F(TrashListing, OrdersByTimeThenByTheTimeOfTheRecordAndPutsItemsWithoutTimeLast)
 {
     trash("b", record("/b", "2026-01-01T00:00:01"));
     trash("none", record("/none", "soon"));

@@ -196,13 +196,13 @@ TEST_F(TrashRestoring, LinksThatLeadToTheHomeAreFollowed)
     EXPECT_TRUE(exists(home / "disk/u/in/other"));
 }
 
-TEST_F(TrashRestoring, WhatThisProgramMovedIsToldFromWhatTookItsName)
+TEST_F(TrashRestoring, AnItemOfThisRunIsDistinguishedFromOneThatTookItsName)
 {
     const TrashedItem item = moved(home.file("in/item"));
     ASSERT_EQ(rename((home / ownTrash + "/files/item").constData(), (home / "aside").constData()), 0);
     home.file(ownTrash + "/files/item", 1);
 
-    expectRefused(item, "Something else has its name in the Trash by now.");
+    expectRefused(item, "Something else now has its name in the Trash.");
 
     TrashedItem unknown = item;
     unknown.identity.reset();
@@ -220,13 +220,13 @@ TEST_F(TrashRestoring, WhatIsNoLongerInTheTrashIsGone)
     EXPECT_TRUE(exists(item.origin));
 }
 
-TEST_F(TrashRestoring, ARecordThatDoesNotTellWhatWasAskedForRefuses)
+TEST_F(TrashRestoring, ARecordOfAnotherPlaceThanTheRequestedOneRefuses)
 {
     const TrashedItem item = foreign(ownTrash, "item", home / "in/item", home / "in/other");
-    expectRefused(item, "Its record tells another place by now.");
+    expectRefused(item, "Its record now names another place.");
     expectRefused(foreign(ownTrash, "up", home / "in/../up", home / "up"), "There is no record of where it was.");
     expectRefused(foreign(ownTrash, "relative", "in/relative", home / "in/relative"),
-                  "Its record tells a place that is not on the volume of its Trash.");
+                  "Its record names a place that is not on the volume of its Trash.");
     home.file(ownTrash + "/files/bare");
     expectRefused({.trash = home / ownTrash, .name = "bare", .origin = home / "bare"},
                   "There is no record of where it was.");

@@ -300,7 +300,7 @@ TEST_P(TrashSystems, AFileSystemThatDoesNotTellItsLongestNameIsTakenToBeUsual)
     expectMoved();
 }
 
-TEST_P(TrashSystems, WhatWasMovedThoughTheSystemToldAnErrorIsMoved)
+TEST_P(TrashSystems, AMoveThatSucceedsDespiteAReportedErrorCountsAsMoved)
 {
     calls.renameat2 = [this](int folder, const char *name, int newFolder, const char *newName, unsigned flags) {
         const int result = real.renameat2(folder, name, newFolder, newName, flags);
@@ -311,7 +311,7 @@ TEST_P(TrashSystems, WhatWasMovedThoughTheSystemToldAnErrorIsMoved)
     expectMoved();
 }
 
-TEST_P(TrashSystems, WhatWasMovedThoughTheSystemToldAnErrorIsMovedWhateverTookItsPlace)
+TEST_P(TrashSystems, AMoveThatSucceedsDespiteAReportedErrorCountsAsMovedEvenIfItsPlaceIsTakenAgain)
 {
     calls.renameat2 = [this](int folder, const char *name, int newFolder, const char *newName, unsigned flags) {
         if (real.renameat2(folder, name, newFolder, newName, flags) == 0) {

@@ -27,7 +27,7 @@ TEST(Contrast, IsFromOneToTwentyOneWhicheverIsNamedFirst)
     EXPECT_NEAR(contrastBetween(QColor(0xff, 0, 0), lightest), 4.0, 0.01);
 }
 
-TEST(Contrast, OfATranslucentColorIsThatOfWhatIsSeen)
+TEST(Contrast, OfATranslucentColorIsThatOfTheBlendedColor)
 {
     EXPECT_EQ(laidOver(QColor(0, 0, 0, 0), lightest), lightest);
     EXPECT_NEAR(laidOver(QColor::fromRgbF(0, 0, 0, 0.5F), lightest).redF(), 0.5, 1e-4);
@@ -41,7 +41,7 @@ TEST(Contrast, IsTheLeastOnAnyGroundAndOnATintOfItsOwn)
     EXPECT_LT(leastContrast(gray, on(lightest, 0.2)), 4);
 }
 
-TEST(Contrast, OfWhatHasEnoughStaysAsItIs)
+TEST(Contrast, OfAColorWithEnoughContrastStaysAsItIs)
 {
     EXPECT_EQ(withContrast(darkest, on(lightest, 0.2), 4.5), darkest);
 }

@@ -77,7 +77,7 @@ TEST_F(SightTest, AMinimisedWindowIsNotSeen)
     waitUntil([&] { return sight.isSeen(); });
 }
 
-TEST_F(SightTest, AnItemIsSeenAsTheWindowIsThatItIsPutInto)
+TEST_F(SightTest, AnItemIsSeenIfItsWindowIs)
 {
     show(window);
     putInto(other);

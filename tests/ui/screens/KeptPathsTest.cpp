@@ -112,7 +112,7 @@ TEST_F(KeptPathsTest, WhatCannotBeLookedIntoIsRefusedWithTheReason)
     EXPECT_EQ(paths->refusal(), QString());
     EXPECT_THAT(kept(UserDefaults::places), IsEmpty());
     propose(home.file("file"));
-    EXPECT_EQ(paths->refusal(), QStringLiteral("“%1” is no folder.").arg(QString::fromUtf8(home / "file")));
+    EXPECT_EQ(paths->refusal(), QStringLiteral("“%1” is not a folder.").arg(QString::fromUtf8(home / "file")));
 }
 
 TEST_F(KeptPathsTest, WhatIsNoLocalFileIsRefused)
