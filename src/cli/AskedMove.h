@@ -12,9 +12,9 @@
 
 namespace tidlo {
 
-// What the commands that move something have in common: they show it, ask, move it, and tell what came of that.
+// The common parts of the commands that move items: they show the items, ask, move them, and print the outcome.
 
-/// How a move is to be gone about.
+/// How a move should be done.
 struct MoveWishes
 {
     bool dryRun = false;
@@ -22,29 +22,29 @@ struct MoveWishes
     bool json = false;
 };
 
-/// As --dry-run, --yes and --json say.
+/// The wishes of --dry-run, --yes and --json.
 MoveWishes moveWishes(const QCommandLineParser &options);
 
-/// Whether somebody can be asked who is to be; complains if not. \a act is what is done without a question then:
-/// "move".
+/// False if a question is wished and no terminal is there to ask at; then writes a line to standard error that offers
+/// to \a act without a question: "move".
 bool canAskAsWished(const MoveWishes &wishes, const QString &act);
 
-/// Shows the selection, as \a textFor tells it at a terminal. What belongs to a question goes to standard error, and so
-/// does all that is not the outcome if that is JSON.
+/// Shows the selection as \a textFor formats it for a terminal. Text that belongs to a question goes to standard error,
+/// and with JSON everything except the outcome.
 ExitStatus showSelection(const MoveWishes &wishes, const std::function<QString(const Terminal &)> &textFor);
 
 /// "3 items" if all are done, else "2 of 3 items".
 QString doneText(qint64 done, qint64 all);
 
-/// For a person, in whole lines: that so many are \a what, and each with its reason. Empty if there are none.
+/// For people, in whole lines: how many items are \a what, then each with its reason. Empty if there are none.
 QString stayedText(const QList<StayedItem> &stayed, const QString &what);
 
 nlohmann::ordered_json stayedJson(const QList<StayedItem> &stayed);
 
-/// How a move ended that left \a stayed and that \a signal interrupted, 0 for none.
+/// The exit status of a move after which \a stayed were left; \a signal interrupted it, 0 for none.
 ExitStatus moveStatus(const QList<StayedItem> &stayed, int signal);
 
-/// Prints the \a outcome of a move, complains of what stayed, and gives the exit status.
+/// Prints the \a outcome of a move, writes to standard error what stayed, and returns the exit status.
 template <typename Outcome>
 ExitStatus printOutcome(const Outcome &outcome, const MoveWishes &wishes)
 {
