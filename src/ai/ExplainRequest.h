@@ -1,22 +1,19 @@
 #pragma once
 
 #include "ai/ExplainEndpoint.h"
+#include "ai/HttpHeader.h"
 #include "model/CleanupCandidate.h"
 
 #include <QByteArray>
-
-#include <utility>
 
 namespace tidlo {
 
 /// The complete request for an explanation: everything that the service gets.
 struct ExplainRequest
 {
-    using Header = std::pair<QByteArray, QByteArray>; ///< Its name and its value.
-
     QString host; ///< From ExplainEndpoint; empty: nothing is sent.
     QByteArray path;
-    QList<Header> headers; ///< Without those that HTTP needs: the host, and the length of the body.
+    QList<HttpHeader> headers; ///< Without those that HTTP needs: the host, and the length of the body.
     QByteArray body;
 
     bool operator==(const ExplainRequest &) const = default;

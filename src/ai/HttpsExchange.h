@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ai/HttpHeader.h"
+
 #include <QByteArray>
 #include <QList>
 #include <QString>
@@ -8,14 +10,10 @@
 #include <atomic>
 #include <memory>
 #include <optional>
-#include <utility>
 
 #include <curl/curl.h>
 
 namespace tidlo {
-
-/// A header of a request: name and value.
-using HttpHeader = std::pair<QByteArray, QByteArray>;
 
 /// One request and the bounds of its reply.
 struct HttpsRequest

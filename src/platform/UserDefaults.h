@@ -19,7 +19,7 @@ class UserDefaults final : public QObject
 
 public:
     // The keys, and the values in force if nothing usable is stored under them.
-    static constexpr QLatin1StringView theme{"tidloTheme"};                     ///< A text; "dark".
+    static constexpr QLatin1StringView theme{"tidloTheme"}; ///< A text; ThemePreference knows the default.
     static constexpr QLatin1StringView setupCompleted{"tidlo.setup.completed"}; ///< A boolean; false.
 
     /// A boolean; true, but false if something unreadable is stored: it may have been switched off.

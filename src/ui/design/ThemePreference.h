@@ -9,6 +9,9 @@ namespace tidlo {
 /// The two colour schemes of the interface.
 enum class ColorScheme { dark, light };
 
+/// The preference in force if none is stored.
+inline constexpr QLatin1StringView defaultTheme("dark");
+
 // What a stored theme preference means. "dark" and "light" are recognised, case-sensitively; any other text, "system"
 // among them, follows the system.
 

@@ -154,7 +154,7 @@ private:
     void changeScheme(ColorScheme before);
     void finishChange() { change.setCurrentTime(change.duration()); }
 
-    QString storedPreference = QStringLiteral("dark");
+    QString storedPreference = defaultTheme;
     std::optional<ColorScheme> desktopScheme;
     ColorScheme platformScheme = ColorScheme::light;
     double currentDarkness = 1;

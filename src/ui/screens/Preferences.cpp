@@ -1,5 +1,7 @@
 #include "ui/screens/Preferences.h"
 
+#include "ui/design/ThemePreference.h"
+
 namespace tidlo {
 
 Preferences::Preferences(UserDefaults &given, QObject *parent)
@@ -18,7 +20,7 @@ Preferences::Preferences(UserDefaults &given, QObject *parent)
 
 QString Preferences::theme() const
 {
-    return defaults.string(UserDefaults::theme, QStringLiteral("dark"));
+    return defaults.string(UserDefaults::theme, defaultTheme);
 }
 
 void Preferences::setTheme(const QString &theme)

@@ -20,7 +20,7 @@ public:
     /// \a given must outlive it.
     explicit Preferences(UserDefaults &given, QObject *parent = nullptr);
 
-    QString theme() const; ///< As ThemePreference.h explains it; "dark" if none is stored.
+    QString theme() const; ///< As ThemePreference.h explains it; the default if none is stored.
     void setTheme(const QString &theme);
 
     bool setupCompleted() const; ///< Whether the wizard of the first run was completed.

@@ -8,7 +8,11 @@ namespace tidlo {
 
 namespace {
 
-enum Item { scanItem, resultsItem, reportItem, settingsItem };
+/// Places in the rail.
+constexpr int scanItem = 0;
+constexpr int resultsItem = 1;
+constexpr int reportItem = 2;
+constexpr int settingsItem = 3;
 
 constexpr std::array allPhases{ScanPhase::ready, ScanPhase::scanning, ScanPhase::results, ScanPhase::report};
 
@@ -16,7 +20,7 @@ class NavigationTest : public UiTest
 {
 protected:
     /// The phase after the button is pressed in the phase \a before.
-    ScanPhase phaseAfter(Item item, ScanPhase before)
+    ScanPhase phaseAfter(int item, ScanPhase before)
     {
         app().setPhase(before);
         navigation.press(item);
@@ -31,7 +35,7 @@ protected:
 TEST_F(NavigationTest, EachButtonLeadsToItsSectionAndIsActiveThere)
 {
     constexpr std::array sections{AppSection::scan, AppSection::results, AppSection::report, AppSection::settings};
-    for (const Item item : {settingsItem, reportItem, resultsItem, scanItem}) {
+    for (const int item : {settingsItem, reportItem, resultsItem, scanItem}) {
         EXPECT_NE(navigation.activeItem(), item);
         navigation.press(item);
         EXPECT_EQ(app().section(), sections.at(item));
