@@ -76,13 +76,18 @@ HttpsRequest httpsRequest(const ExplainRequest &request, const ExplainEndpoint &
 Explanation ask(HttpsRequest request, const ExplainEndpoint &endpoint, HttpsExchange &exchange)
 {
     const bool isAlone = endpoint.isOwn() && !isAnswered(request.url);
-    const std::optional<OwnService> service = isAlone ? OwnService::start(ownServiceProgram()) : std::nullopt;
+    const FilePath program = isAlone ? ownServiceProgram() : FilePath();
+    QString obstacle;
+    const auto service = program.isEmpty() ? std::nullopt : OwnService::start(program, obstacle);
     if (service) {
         request.url.setHost(QStringLiteral("127.0.0.1"));
         request.url.setPort(service->port());
     }
     request.authorities = endpoint.authorities() + ownCertificateFor(request.url.host());
-    return explanation(httpsPost(request, exchange));
+    HttpsReply reply = httpsPost(request, exchange);
+    if (!reply.failure.isEmpty() && !obstacle.isEmpty())
+        reply.failure += QStringLiteral(" (and the program's own service could not be started: %1)").arg(obstacle);
+    return explanation(reply);
 }
 
 } // namespace

@@ -1,13 +1,11 @@
 #pragma once
 
 #include "model/FilePath.h"
-#include "platform/Descriptor.h"
+#include "platform/Process.h"
 
 #include <QUrl>
 
 #include <optional>
-
-#include <sys/types.h>
 
 namespace tidlo {
 
@@ -17,21 +15,22 @@ namespace tidlo {
 class OwnService final
 {
 public:
-    /// Starts the service \a program, and waits until it listens, ten seconds at most. Nothing if that fails.
-    static std::optional<OwnService> start(const FilePath &program);
-
-    OwnService(OwnService &&other) noexcept;
-    OwnService &operator=(OwnService &&) = delete;
-    ~OwnService();
+    /// Starts the service \a program, and waits until it listens, ten seconds at most. Nothing if that fails; then
+    /// \a obstacle says why, as the end of a sentence.
+    static std::optional<OwnService> start(const FilePath &program, QString &obstacle);
 
     int port() const { return listening; }
 
 private:
-    OwnService() = default;
+    OwnService(Descriptor life, ChildProcess process, int port)
+        : life(std::move(life))
+        , process(std::move(process))
+        , listening(port)
+    {}
 
-    Descriptor life; ///< The service ends when it reads the end of this pipe.
-    pid_t process = -1;
-    int listening = 0;
+    Descriptor life;      ///< The service ends when it reads the end of this pipe.
+    ChildProcess process; ///< Killed first: all its files are complete at every moment.
+    int listening;
 };
 
 /// The path of the tidlo-proxy that came with this program: beside it, or where packages put it. Empty if there is

@@ -3,7 +3,6 @@
 #include <atomic>
 #include <cerrno>
 
-#include <fcntl.h>
 #include <unistd.h>
 
 namespace tidlo {
@@ -40,16 +39,6 @@ SignalActions::~SignalActions()
 {
     for (size_t i = 0; i < signals.size(); ++i)
         sigaction(signals[i], &former[i], nullptr);
-}
-
-StopOnSignal::Pipe StopOnSignal::openPipe()
-{
-    std::array<int, 2> ends{-1, -1};
-    if (::pipe(ends.data()) != 0)
-        return {};
-    for (const int end : ends)
-        fcntl(end, F_SETFD, FD_CLOEXEC);
-    return {Descriptor(ends[0]), Descriptor(ends[1])};
 }
 
 StopOnSignal::StopOnSignal(std::function<void()> whenRequested)

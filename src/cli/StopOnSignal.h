@@ -46,13 +46,6 @@ public:
     int signal() const { return received; }
 
 private:
-    struct Pipe
-    {
-        Descriptor readEnd;
-        Descriptor writeEnd;
-    };
-    static Pipe openPipe();
-
     void receive();
 
     Pipe pipe = openPipe();

@@ -1,5 +1,6 @@
 #include "platform/Descriptor.h"
 
+#include <array>
 #include <cerrno>
 #include <climits>
 
@@ -14,6 +15,21 @@ constexpr int searchOnly = O_SEARCH;
 #endif
 
 } // namespace
+
+Pipe openPipe()
+{
+    std::array<int, 2> ends{-1, -1};
+#ifdef __APPLE__ // A program that another thread starts in between gets them.
+    const int error = errorOf([&] { return pipe(ends.data()); });
+    for (const int end : ends)
+        fcntl(end, F_SETFD, FD_CLOEXEC);
+#else
+    const int error = errorOf([&] { return pipe2(ends.data(), O_CLOEXEC); });
+#endif
+    if (error != 0)
+        return {.readEnd = Descriptor::failed(error), .writeEnd = Descriptor::failed(error)};
+    return {.readEnd = Descriptor(ends[0]), .writeEnd = Descriptor(ends[1])};
+}
 
 PathLocation::PathLocation(const FilePath &path)
     : rest(path)

@@ -73,6 +73,16 @@ private:
     int failure = 0;
 };
 
+/// Both ends of a pipe. Child processes do not inherit them.
+struct Pipe
+{
+    Descriptor readEnd;
+    Descriptor writeEnd;
+};
+
+/// If the system refuses, neither end is valid, and both hold the reason.
+Pipe openPipe();
+
 /// A path in the form that the *at() calls take, of any length: the part beyond PATH_MAX is reached through an open
 /// folder.
 class PathLocation final

@@ -1,12 +1,10 @@
 #include "platform/Process.h"
 
-#include "platform/Descriptor.h"
-
-#include <array>
+#include <algorithm>
 #include <csignal>
 #include <exception>
 #include <thread>
-#include <vector>
+#include <utility>
 
 #include <fcntl.h>
 #include <spawn.h>
@@ -19,18 +17,18 @@ namespace tidlo {
 
 namespace {
 
-/// The list of arguments in the form that the system expects, with a null at its end. Points into the parameters.
-std::vector<char *> listOf(const FilePath &program, const QByteArrayList &arguments)
+/// A list of texts in the form that the system expects, with a null at its end. Points into \a texts.
+std::vector<char *> listOf(const QByteArrayList &texts)
 {
-    std::vector<char *> list{const_cast<char *>(program.constData())};
-    for (const QByteArray &argument : arguments)
-        list.push_back(const_cast<char *>(argument.constData()));
+    std::vector<char *> list;
+    for (const QByteArray &text : texts)
+        list.push_back(const_cast<char *>(text.constData()));
     list.push_back(nullptr);
     return list;
 }
 
 /// Returns 0, or the errno of what failed.
-int spawn(const FilePath &program, const QByteArrayList &arguments, pid_t &child)
+int spawnDetached(const FilePath &program, const QByteArrayList &arguments, pid_t &child)
 {
     posix_spawn_file_actions_t files;
     posix_spawn_file_actions_init(&files);
@@ -44,8 +42,8 @@ int spawn(const FilePath &program, const QByteArrayList &arguments, pid_t &child
     sigemptyset(&ignoredByUs);
     sigaddset(&ignoredByUs, SIGPIPE);
     posix_spawnattr_setsigdefault(&attributes, &ignoredByUs);
-    const int error =
-        posix_spawn(&child, program.constData(), &files, &attributes, listOf(program, arguments).data(), environ);
+    const QByteArrayList words = QByteArrayList{program} + arguments;
+    const int error = posix_spawn(&child, program.constData(), &files, &attributes, listOf(words).data(), environ);
     posix_spawnattr_destroy(&attributes);
     posix_spawn_file_actions_destroy(&files);
     return error;
@@ -56,7 +54,7 @@ int spawn(const FilePath &program, const QByteArrayList &arguments, pid_t &child
 std::optional<QString> startDetached(const FilePath &program, const QByteArrayList &arguments)
 {
     pid_t child = 0;
-    if (const int error = spawn(program, arguments, child))
+    if (const int error = spawnDetached(program, arguments, child))
         return qt_error_string(error);
     try {
         std::thread([child] { uninterrupted([child] { return waitpid(child, nullptr, 0); }); }).detach();
@@ -64,6 +62,41 @@ std::optional<QString> startDetached(const FilePath &program, const QByteArrayLi
                                        // program ends.
     }
     return std::nullopt;
+}
+
+OrError<ChildProcess> ChildProcess::start(const QByteArrayList &arguments, const QByteArrayList &environment,
+                                          const std::vector<File> &files)
+{
+    // Each is dup'ed to its number, so none may have one of those before.
+    const int firstFree = std::ranges::max(files, {}, &File::number).number + 1;
+    std::vector<Descriptor> moved;
+    for (const File &file : files) {
+        moved.emplace_back(fcntl(file.ours, F_DUPFD_CLOEXEC, firstFree));
+        if (!moved.back().isValid())
+            return Errno{moved.back().error()};
+    }
+    posix_spawn_file_actions_t actions;
+    posix_spawn_file_actions_init(&actions);
+    posix_spawn_file_actions_addopen(&actions, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+    for (size_t i = 0; i < files.size(); ++i)
+        posix_spawn_file_actions_adddup2(&actions, moved[i].get(), files[i].number);
+    pid_t child = -1;
+    const int error = posix_spawn(&child, arguments.first().constData(), &actions, nullptr, listOf(arguments).data(),
+                                  listOf(environment).data());
+    posix_spawn_file_actions_destroy(&actions);
+    return error == 0 ? OrError(ChildProcess(child)) : Errno{error};
+}
+
+ChildProcess::ChildProcess(ChildProcess &&other) noexcept
+    : number(std::exchange(other.number, -1))
+{}
+
+ChildProcess::~ChildProcess()
+{
+    if (number == -1)
+        return;
+    kill(number, SIGKILL);
+    uninterrupted([this] { return waitpid(number, nullptr, 0); });
 }
 
 } // namespace tidlo

@@ -1,11 +1,16 @@
 #pragma once
 
 #include "model/FilePath.h"
+#include "platform/Descriptor.h"
+#include "platform/OrError.h"
 
 #include <QByteArrayList>
 #include <QString>
 
 #include <optional>
+#include <vector>
+
+#include <sys/types.h>
 
 namespace tidlo {
 
@@ -21,5 +26,33 @@ void standBack();
 /// and discarded output; it is not waited for. Returns the system's message for why it could not be started, or
 /// nothing.
 std::optional<QString> startDetached(const FilePath &program, const QByteArrayList &arguments);
+
+/// A program that is killed, and waited for, where this object ends.
+class ChildProcess final
+{
+public:
+    /// A descriptor that is handed over, and the number that it has there.
+    struct File
+    {
+        int ours;
+        int number;
+    };
+
+    /// Starts the program whose path is the first of \a arguments, with \a environment and \a files alone. What it
+    /// writes to standard error is thrown away.
+    static OrError<ChildProcess> start(const QByteArrayList &arguments, const QByteArrayList &environment,
+                                       const std::vector<File> &files);
+
+    ChildProcess(ChildProcess &&other) noexcept;
+    ChildProcess &operator=(ChildProcess &&) = delete;
+    ~ChildProcess();
+
+private:
+    explicit ChildProcess(pid_t number)
+        : number(number)
+    {}
+
+    pid_t number = -1;
+};
 
 } // namespace tidlo

@@ -33,7 +33,11 @@ protected:
             qunsetenv(variable);
     }
 
-    static std::optional<OwnService> start() { return OwnService::start(TIDLO_PROXY); }
+    static std::optional<OwnService> start(const FilePath &program = TIDLO_PROXY)
+    {
+        QString obstacle;
+        return OwnService::start(program, obstacle);
+    }
 
     static bool isListening(int port) { return isAnswered(QUrl(QStringLiteral("https://localhost:%1").arg(port))); }
 };
@@ -62,7 +66,7 @@ TEST_F(OwnServiceTest, IsToldToStayOfflineAndNothingOfTheEnvironment)
     program.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
     program.close();
 
-    const auto service = OwnService::start(folder / "service");
+    const auto service = start(folder / "service");
 
     ASSERT_TRUE(service);
     QFile given(QFile::decodeName(folder / "state"));
@@ -145,11 +149,13 @@ TEST_F(OwnServiceTest, SeveralGoOnBesideEachOther)
     EXPECT_THAT(explain(), StartsWith("Written without an AI model"));
 }
 
-TEST_F(OwnServiceTest, IsNoneWhereItCannotBeStarted)
+TEST_F(OwnServiceTest, IsNoneWhereItCannotBeStartedAndSaysWhy)
 {
-    EXPECT_FALSE(OwnService::start({}));
-    EXPECT_FALSE(OwnService::start(folder / "missing"));
-    EXPECT_FALSE(OwnService::start("/bin/false"));
+    for (const FilePath &program : {FilePath(), folder / "missing", FilePath("/bin/false")}) {
+        QString obstacle;
+        EXPECT_FALSE(OwnService::start(program, obstacle));
+        EXPECT_EQ(obstacle, QStringLiteral("it ended"));
+    }
 }
 
 } // namespace tidlo

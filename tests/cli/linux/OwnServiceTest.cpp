@@ -12,6 +12,7 @@
 
 namespace tidlo {
 
+using testing::HasSubstr;
 using testing::StartsWith;
 
 namespace {
@@ -70,6 +71,18 @@ TEST(ExplainCommandAlone, AsksItsOwnServiceThroughNoProxy)
     if (run.status == 125)
         GTEST_SKIP() << "The kernel gives no network of its own here.";
     EXPECT_EQ(run.status, 0) << run.errors.toStdString();
+}
+
+TEST(ExplainCommandAlone, TellsWhyItsOwnServiceDoesNotStart)
+{
+    const TemporaryHome home;
+
+    const CliRun run = explainAlone(home, {"XDG_STATE_HOME=" + home.file("file")});
+
+    if (run.status == 125)
+        GTEST_SKIP() << "The kernel gives no network of its own here.";
+    EXPECT_EQ(run.status, 1) << run.output.toStdString();
+    EXPECT_THAT(run.errors.toStdString(), HasSubstr(" (and the program's own service could not be started: it ended)"));
 }
 
 TEST(ExplainCommandAlone, StartsNothingWhereSomebodyAnswers)
