@@ -62,7 +62,7 @@ std::optional<OwnService> OwnService::start(const FilePath &program, QString &ob
         }
     }
     OrError<ChildProcess> process = spawn(program, life, words, listener);
-    words.writeEnd = Descriptor(); // Else its end would never be read.
+    words.writeEnd = Descriptor(); // Otherwise its end could never be read.
     obstacle = process ? obstacleAt(words.readEnd) : qt_error_string(process.error());
     if (!obstacle.isEmpty())
         return std::nullopt;

@@ -27,19 +27,19 @@ void standBack();
 /// nothing.
 std::optional<QString> startDetached(const FilePath &program, const QByteArrayList &arguments);
 
-/// A program that is killed, and waited for, where this object ends.
+/// A child process that is killed and waited for when this object is destroyed.
 class ChildProcess final
 {
 public:
-    /// A descriptor that is handed over, and the number that it has there.
+    /// A descriptor that the child inherits, and its number there.
     struct File
     {
         int ours;
         int number;
     };
 
-    /// Starts the program whose path is the first of \a arguments, with \a environment and \a files alone. What it
-    /// writes to standard error is thrown away.
+    /// Starts the program whose path is the first of \a arguments, with only this \a environment and these \a files.
+    /// Its standard error is discarded.
     static OrError<ChildProcess> start(const QByteArrayList &arguments, const QByteArrayList &environment,
                                        const std::vector<File> &files);
 

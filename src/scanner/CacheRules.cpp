@@ -1,4 +1,3 @@
-#include "scanner/ExistingPaths.h"
 #include "scanner/Finding.h"
 #include "scanner/FindingRules.h"
 
@@ -25,7 +24,7 @@ constexpr std::array userCaches{
 
 QList<Finding> cacheCandidates(const ScanContext &context)
 {
-    return {measuredFinding(context, FindingKind::userCaches, existingPaths(context, userCaches))};
+    return {existingFinding(context, FindingKind::userCaches, userCaches)};
 }
 
 } // namespace tidlo

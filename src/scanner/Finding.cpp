@@ -1,6 +1,7 @@
 #include "scanner/Finding.h"
 
 #include "model/CheckedSum.h"
+#include "platform/Paths.h"
 
 #include <numeric>
 
@@ -29,6 +30,17 @@ Finding measuredFinding(const ScanContext &context, FindingKind kind, const QLis
     Finding finding = makeFinding(kind, proposed, context.files.allocatedSizes(proposed, context.stop, context.notes));
     finding.leftOut = leftOut;
     return finding;
+}
+
+Finding existingFinding(const ScanContext &context, FindingKind kind, std::span<const char *const> relative)
+{
+    QList<FilePath> paths;
+    for (const char *path : relative) {
+        const FilePath absolute = joined(context.home, path);
+        if (context.files.fileExists(absolute))
+            paths.append(absolute);
+    }
+    return measuredFinding(context, kind, paths);
 }
 
 Finding makeFinding(FindingKind kind, const QList<CollectedItem> &items)

@@ -5,6 +5,8 @@
 
 #include <QLatin1StringView>
 
+#include <span>
+
 namespace tidlo {
 
 /// What a rule found: the record, and beside it details for a closer look at the record.
@@ -20,6 +22,9 @@ Finding makeFinding(FindingKind kind, const QList<FilePath> &paths, const QList<
 
 /// The finding of those \a paths that are not spared, which are measured here.
 Finding measuredFinding(const ScanContext &context, FindingKind kind, const QList<FilePath> &paths);
+
+/// The finding of those \a relative paths that exist in the home folder, in their order; measured here too.
+Finding existingFinding(const ScanContext &context, FindingKind kind, std::span<const char *const> relative);
 
 /// The finding of those \a items whose group is the number of \a kind, in their order.
 Finding makeFinding(FindingKind kind, const QList<CollectedItem> &items);

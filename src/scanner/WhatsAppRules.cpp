@@ -1,4 +1,3 @@
-#include "scanner/ExistingPaths.h"
 #include "scanner/Finding.h"
 #include "scanner/FindingRules.h"
 
@@ -15,8 +14,8 @@ constexpr std::array chatCaches{"Library/Caches/net.whatsapp.WhatsApp"};
 
 QList<Finding> whatsAppCandidates(const ScanContext &context)
 {
-    const Finding media = measuredFinding(context, FindingKind::chatMedia, existingPaths(context, mediaFolders));
-    const Finding caches = measuredFinding(context, FindingKind::chatCaches, existingPaths(context, chatCaches));
+    const Finding media = existingFinding(context, FindingKind::chatMedia, mediaFolders);
+    const Finding caches = existingFinding(context, FindingKind::chatCaches, chatCaches);
     return caches.candidate.bytes > 0 || !caches.leftOut.isEmpty() ? QList{media, caches} : QList{media};
 }
 
