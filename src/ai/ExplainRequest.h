@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ai/ExplainEndpoint.h"
-#include "ai/HttpHeader.h"
+#include "ai/HttpMessages.h"
 #include "model/CleanupCandidate.h"
 
 #include <QByteArray>

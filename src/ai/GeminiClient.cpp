@@ -3,8 +3,8 @@
 #include "ai/GeminiRecords.h"
 #include "ai/HttpsPost.h"
 #include "ai/Inquiry.h"
-#include "ai/OwnCertificate.h"
 #include "ai/OwnService.h"
+#include "ai/TrustedCertificates.h"
 
 #include <QStringList>
 

@@ -1,6 +1,5 @@
-#include "ai/OwnCertificate.h"
-
 #include "ai/TestAuthority.h"
+#include "ai/TrustedCertificates.h"
 #include "support/InChild.h"
 #include "support/PrintQt.h"
 #include "support/TemporaryHome.h"
