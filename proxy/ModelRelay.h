@@ -14,8 +14,8 @@ namespace tidlo::proxy {
 class ModelRelay final
 {
 public:
-    /// Encodes and decodes on \a pool, which must outlive it. The model's server is verified with the authorities of \a
-    /// tls.
+    /// Encodes and decodes on \a pool, which must outlive it. The model's server is verified with the authorities of
+    /// \a tls.
     ModelRelay(asio::thread_pool *pool, Upstream upstream, std::shared_ptr<SSL_CTX> tls,
                std::chrono::milliseconds timeLimit = std::chrono::seconds(50));
 

@@ -34,7 +34,7 @@ const QByteArray &systemAuthorities()
 
 constexpr std::array ownHosts{u"localhost", u"127.0.0.1", u"::1"};
 
-/// Whether what is open can be changed by nobody but this user.
+/// Whether only this user can change \a opened.
 bool isOwn(const Descriptor &opened)
 {
     struct stat status = {};

@@ -11,13 +11,13 @@ namespace tidlo {
 /// of a second. May be called from any thread.
 QByteArray trustedCertificates();
 
-/// The certificate, as PEM, that the user's own tidlo-proxy keeps in its state folder, to be trusted by whoever asks
-/// \a host; empty unless that is "localhost", "127.0.0.1" or "::1". So it is where the folder or the file is a link,
-/// is another user's or can be written by another, or where the file is no regular one of 64 KB at most. Read anew by
-/// every call, on any thread.
+/// The certificate, as PEM, that the user's own tidlo-proxy stores in its state folder, to be trusted for requests to
+/// \a host; empty unless that is "localhost", "127.0.0.1" or "::1". Also empty if the folder or the file is a link,
+/// belongs to another user or can be written by another, or if the file is not a regular one of 64 KB at most. Every
+/// call reads the file again. May be called from any thread.
 QByteArray ownCertificateFor(const QString &host);
 
-/// The state folder of the user's own tidlo-proxy, whether or not it is there.
+/// The state folder of the user's own tidlo-proxy, whether or not it exists.
 FilePath ownServiceFolder();
 
 } // namespace tidlo

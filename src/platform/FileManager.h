@@ -40,8 +40,8 @@ public:
 
     /// The bytes that deleting each of \a paths would free, in the same order: for a regular file its allocated size;
     /// for a folder or package that of all regular files beneath it, including hidden ones, but without the contents of
-    /// packages and other mounts; for anything else 0. A requested stop ends it soon, with what was counted so far. \a
-    /// notes, if not null, record what else was met.
+    /// packages and other mounts; for anything else 0. A requested stop ends it soon, with what was counted so far.
+    /// \a notes, if not null, record what else was met.
     virtual QList<qint64> allocatedSizes(const QList<FilePath> &paths, std::stop_token stop = {},
                                          WalkNotes *notes = nullptr) const = 0;
 

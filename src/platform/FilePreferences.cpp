@@ -67,8 +67,8 @@ public:
 private:
     QString folder() const { return QFileInfo(stored.fileName()).absolutePath(); }
 
-    /// Reads the file again: another program may have written it. Returns whether it is known what is stored under \a
-    /// key, or that nothing is. A damaged file may contain a line with that key but no readable value.
+    /// Reads the file again: another program may have written it. Returns whether it is known what is stored under
+    /// \a key, or that nothing is. A damaged file may contain a line with that key but no readable value.
     bool isReadable(QLatin1StringView key)
     {
         stored.sync();

@@ -73,8 +73,8 @@ QList<TrashOutcome> restoreFromTrash(const QList<TrashedItem> &items, const File
 /// inside, or because of a Trash or the home folder. False if that cannot be found out. May be called from any thread.
 QList<bool> leftByTrash(const QList<FilePath> &paths, const FilePath &home);
 
-/// Whether \a path, which must not contain links, is a Trash or lies in one: that of the user whose home folder is \a
-/// home, or any other that its name identifies.
+/// Whether \a path, which must not contain links, is a Trash or lies in one: that of the user whose home folder is
+/// \a home, or any other that its name identifies.
 bool liesInTrash(const FilePath &path, const FilePath &home);
 
 /// A path that names an item itself: without slashes at its end, which would follow a link. "/" stays.

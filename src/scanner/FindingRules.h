@@ -28,8 +28,8 @@ QList<Finding> cacheCandidates(const ScanContext &context);
 /// candidate, or none when the folder cannot be listed. A file without a date is not old.
 QList<Finding> downloadCandidates(const ScanContext &context, FileTime now);
 
-/// Files of at least 100 MiB beneath the folders where people keep their files, modified more than 60 days before \a
-/// now: one candidate, even if there are none. The length of a file decides; its allocated size counts as its bytes.
+/// Files of at least 100 MiB beneath the folders where people keep their files, modified more than 60 days before
+/// \a now: one candidate, even if there are none. The length of a file decides; its allocated size counts as its bytes.
 /// Files beneath a folder "node_modules" or ".git", anywhere on the path, are left out. A requested stop ends the
 /// search soon, with what was found until then.
 QList<Finding> oldLargeFilesCandidates(const ScanContext &context, FileTime now);
@@ -38,10 +38,10 @@ QList<Finding> oldLargeFilesCandidates(const ScanContext &context, FileTime now)
 /// backups, dates and numbers. In a \a name that is not valid UTF-8, each foreign byte differs from every other.
 QString normalizedProjectName(QByteArrayView name);
 
-/// Neighbouring folders of the local web server whose names differ only by a copy's suffix: one candidate with all but
-/// the last modified folder of each such group, newest first; empty if there are none. Where dates are equal, the one
-/// listed first counts as newer; a folder without a date is the oldest. Groups come in the order in which their first
-/// folder is listed.
+/// Folders that are beside one another in a folder of the local web server and whose names differ only by a copy's
+/// suffix: one candidate with all but the last modified folder of each such group, newest first; empty if there are
+/// none. Where dates are equal, the one listed first counts as newer; a folder without a date is the oldest. Groups
+/// come in the order in which their first folder is listed.
 QList<Finding> duplicateProjectCandidates(const ScanContext &context);
 
 } // namespace tidlo

@@ -21,9 +21,9 @@ struct Grounds
 /// The lowest contrast of \a color on any of \a grounds. A translucent color is blended with what is beneath it first.
 double leastContrast(const QColor &color, const Grounds &grounds);
 
-/// \a color with the same hue and saturation, made as little lighter or darker as gives it a contrast of at least \a
-/// least on all of \a grounds. For a translucent color the opacity is raised first. If no lightness is enough, the best
-/// one.
+/// \a color with the same hue and saturation, changed in lightness only as far as necessary for a contrast of at least
+/// \a least on all of \a grounds. If it is translucent, its opacity is raised first. If no lightness is enough, the
+/// best one is used.
 QColor withContrast(const QColor &color, const Grounds &grounds, double least);
 
 } // namespace tidlo

@@ -41,8 +41,8 @@ qint64 foldersIn(const FilePath &folder)
     return bytes;
 }
 
-/// Projects whose packages are hard links into a store, as some package managers make them: each project has \a
-/// packages packages, the same in all projects, and the first half of them is in the store as well.
+/// Projects whose packages are hard links into a store, as some package managers make them: each project has
+/// \a packages packages, the same in all projects, and the first half of them is in the store as well.
 void fillLikeAPackageStore(const TemporaryHome &home, int packages)
 {
     for (int package = 0; package < packages; ++package) {
