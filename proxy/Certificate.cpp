@@ -117,12 +117,12 @@ QByteArray written(const Memory &memory)
     return {data, static_cast<qsizetype>(size)};
 }
 
-/// OpenSSL's words for the last failure.
-QString failure()
+/// OpenSSL's words for the last failure, or \a unknown if it has none.
+QString failure(const char *unknown)
 {
     const char *words = ERR_reason_error_string(ERR_peek_last_error());
     ERR_clear_error();
-    return QString::fromUtf8(words ? words : "it is not valid");
+    return QString::fromUtf8(words ? words : unknown);
 }
 
 QString cannotUse(const QString &file, const QString &why)
@@ -170,7 +170,7 @@ QString makeFiles(const CertificateFiles &files, const QDateTime &now)
     if (!certificate ||
         PEM_write_bio_PrivateKey(keyText.get(), key.get(), nullptr, nullptr, 0, nullptr, nullptr) != 1 ||
         PEM_write_bio_X509(certificateText.get(), certificate.get()) != 1)
-        return failure();
+        return failure("OpenSSL fails");
     int error = writeAtomically(QFile::encodeName(files.key), written(keyText));
     if (error == 0)
         error = writeAtomically(QFile::encodeName(files.certificate), written(certificateText));
@@ -211,7 +211,7 @@ QString take(const QString &file, SSL_CTX *tls, bool (*use)(SSL_CTX *tls, const 
     if (!content.value)
         return cannotUse(file, QStringLiteral("it does not exist"));
     ERR_clear_error();
-    return use(tls, *content.value) ? QString() : cannotUse(file, failure());
+    return use(tls, *content.value) ? QString() : cannotUse(file, failure("it is not valid"));
 }
 
 } // namespace
