@@ -21,20 +21,6 @@ namespace {
 /// Far more than a pipe holds, so that the writer must wait for the reader again and again.
 const QByteArray text(1 << 20, 'x');
 
-struct Pipe
-{
-    Pipe()
-    {
-        std::array<int, 2> ends{-1, -1};
-        EXPECT_EQ(pipe(ends.data()), 0);
-        readEnd = Descriptor(ends[0]);
-        writeEnd = Descriptor(ends[1]);
-    }
-
-    Descriptor readEnd;
-    Descriptor writeEnd;
-};
-
 /// Writes the text into \a pipe while another thread reads it and calls \a between before each read. Returns whether
 /// that thread has read all of it.
 bool isWrittenWhole(Pipe &pipe, const std::function<void()> &between)
@@ -61,7 +47,7 @@ std::atomic<int> signalsHeard = 0;
 
 TEST(Output, IsWrittenWholeWhereTheReaderIsSlowAndWritingDoesNotWait)
 {
-    Pipe pipe;
+    Pipe pipe = openPipe();
     ASSERT_EQ(fcntl(pipe.writeEnd.get(), F_SETFL, O_NONBLOCK), 0);
     EXPECT_TRUE(isWrittenWhole(pipe, [] {}));
 }
@@ -73,7 +59,7 @@ TEST(Output, IsWrittenWholeThoughSignalsInterruptIt)
     hearing.sa_handler = [](int) { ++signalsHeard; };
     ASSERT_EQ(sigaction(SIGUSR1, &hearing, &former), 0);
     const pthread_t writer = pthread_self();
-    Pipe pipe;
+    Pipe pipe = openPipe();
 
     EXPECT_TRUE(isWrittenWhole(pipe, [writer] {
         for (int signal = 0; signal < 3; ++signal) {
