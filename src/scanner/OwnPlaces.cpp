@@ -18,7 +18,7 @@ OwnPlace ownPlaceAt(const FileManager &files, const FilePath &given)
     return {.folder = *folder, .obstacle = ownPlaceObstacle(files, *folder).value_or(QString())};
 }
 
-std::optional<QString> ownPlaceObstacle(const FileManager &files, const FilePath &folder)
+std::optional<QString> ownPlaceObstacle(const FileManager &files, const FilePath &folder, WalkNotes *notes)
 {
     const FilePath home = files.homeDirectoryForCurrentUser();
     const std::optional<FileAttributes> attributes = files.attributesOfItem(folder);
@@ -33,7 +33,7 @@ std::optional<QString> ownPlaceObstacle(const FileManager &files, const FilePath
     struct stat status;
     if (stat(folder.constData(), &status) != 0 || status.st_uid != geteuid())
         return QStringLiteral("belongs to another user");
-    if (!files.contentsOfDirectory(folder))
+    if (!files.contentsOfDirectory(folder, notes))
         return QStringLiteral("cannot be read");
     return std::nullopt;
 }

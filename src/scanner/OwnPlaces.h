@@ -17,7 +17,8 @@ struct OwnPlace
 OwnPlace ownPlaceAt(const FileManager &files, const FilePath &given);
 
 /// Why projects must not be looked for beneath \a folder, which must be an existing folder's own path, as the end of a
-/// sentence about it: "is the home folder, or holds it". Nothing if they may be.
-std::optional<QString> ownPlaceObstacle(const FileManager &files, const FilePath &folder);
+/// sentence about it: "is the home folder, or holds it". Nothing if they may be. A folder that cannot be read is also
+/// added to \a notes, if there are any.
+std::optional<QString> ownPlaceObstacle(const FileManager &files, const FilePath &folder, WalkNotes *notes = nullptr);
 
 } // namespace tidlo

@@ -79,7 +79,8 @@ QList<CollectedItem> itemsInOwnPlaces(const ScanContext &context, const QList<Fi
 QList<FilePath> ownPlaces(const ScanContext &context)
 {
     QList<FilePath> roots = context.also;
-    roots.removeIf([&](const FilePath &folder) { return ownPlaceObstacle(context.files, folder).has_value(); });
+    roots.removeIf(
+        [&](const FilePath &folder) { return ownPlaceObstacle(context.files, folder, context.notes).has_value(); });
     return roots;
 }
 

@@ -1,9 +1,9 @@
 #include "fakes/FakeFileManager.h"
-#include "fuzz/GeneratedTree.h"
 #include "fuzz/Input.h"
 #include "model/CheckedSum.h"
 #include "platform/Paths.h"
 #include "scanner/FileSizeScanner.h"
+#include "support/GeneratedTree.h"
 #include "support/TemporaryHome.h"
 
 #include <QCoreApplication>
@@ -11,7 +11,6 @@
 #include <QEvent>
 
 #include <algorithm>
-#include <array>
 #include <numeric>
 
 #include <sys/stat.h>
@@ -19,43 +18,6 @@
 namespace tidlo {
 
 namespace {
-
-constexpr std::array telling{"Sites",
-                             "localhost",
-                             "node_modules",
-                             "vendor",
-                             "composer.json",
-                             "package.json",
-                             "build",
-                             "dist",
-                             "coverage",
-                             "Downloads",
-                             "a.zip",
-                             "b.DMG",
-                             "Library",
-                             "Caches",
-                             "Google",
-                             ".cache",
-                             ".gradle",
-                             "caches",
-                             "Documents",
-                             "Movies",
-                             "shop copy 2",
-                             "shop",
-                             "shop-3",
-                             "a.app",
-                             ".git",
-                             ".hidden",
-                             "Desktop",
-                             "erps",
-                             "shop 3 jan 2024",
-                             "film.mov",
-                             "Pictures",
-                             ".Trash",
-                             "bakcup erpnew",
-                             "Group Containers",
-                             "net.whatsapp.WhatsApp",
-                             "lib.FRAMEWORK.app"};
 
 /// What deleting it would free, computed in another way.
 qint64 allocated(const TemporaryHome &home, const FilePath &path)
@@ -126,7 +88,7 @@ int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
     const TemporaryHome home(TemporaryHome::parentInMemory());
     Decisions decisions({data, size});
     for (int made = 0; made < 64 && decisions.areLeft(); ++made)
-        makeSomething(home.path(), decisions, telling);
+        makeSomething(home.path(), decisions, namesForAScan);
     const auto before = unread(home);
 
     FileSizeScanner scanner(std::make_shared<testing::NiceMock<FakeFileManager>>(home.path()));

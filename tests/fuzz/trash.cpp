@@ -1,6 +1,6 @@
-#include "fuzz/GeneratedTree.h"
 #include "fuzz/Input.h"
 #include "platform/linux/XdgTrash.h"
+#include "support/GeneratedTree.h"
 #include "support/TemporaryHome.h"
 
 #include <algorithm>

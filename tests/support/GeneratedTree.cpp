@@ -1,4 +1,4 @@
-#include "fuzz/GeneratedTree.h"
+#include "support/GeneratedTree.h"
 
 #include <algorithm>
 #include <array>
