@@ -106,6 +106,7 @@ int BrokenSystem::errorOf(SystemCall call, int folder, const char *name, bool fo
         return 0;
     int error = breakage.call == count ? breakage.errorOfCall : 0;
     ++count;
+    askedCalls.emplace(path, call);
     for (const auto &[entry, itsError] : breakage.entries) {
         const bool isMeant = breakage.only ? call == breakage.only && (path == entry || place == entry)
                                            : isSameOrWithin(path, entry) || isSameOrWithin(place, entry);

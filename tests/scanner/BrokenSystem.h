@@ -5,6 +5,7 @@
 #include <map>
 #include <mutex>
 #include <optional>
+#include <set>
 
 namespace tidlo {
 
@@ -34,6 +35,8 @@ public:
     int errorOf(SystemCall call, int folder, const char *name, bool followsLink);
 
     int calls() const { return count; } ///< About the home, until now.
+    /// What they were about, and of which kind.
+    const std::set<std::pair<FilePath, SystemCall>> &asked() const { return askedCalls; }
     /// Those of them that were refused, by what they were about, and how.
     const std::map<std::pair<FilePath, SystemCall>, int> &refused() const { return refusedCalls; }
 
@@ -44,6 +47,7 @@ private:
     const Breakage breakage;
     std::mutex mutex;
     int count = 0;
+    std::set<std::pair<FilePath, SystemCall>> askedCalls;
     std::map<FilePath, FilePath> places; ///< That paths lead to, as far as they were asked; the tree stays as it is.
     std::map<std::pair<FilePath, SystemCall>, int> refusedCalls;
 };
