@@ -171,6 +171,7 @@ class Monkey:
                 except Exception as failure:
                     status = self.ended(window)
                     if status is None:
+                        print(self.state_of(window), file=sys.stderr)
                         raise
                     require(status == 0, f"the program ended with {status} ({failure})")
             self.house.check()
@@ -183,6 +184,14 @@ class Monkey:
             return window.process.wait(5)
         except subprocess.TimeoutExpired:
             return None
+
+    @staticmethod
+    def state_of(window):
+        """What its threads do, and what it wrote last."""
+        threads = Path(f"/proc/{window.process.pid}/task").glob("*")
+        waits = [f"{(one / 'comm').read_text().strip()}: {(one / 'wchan').read_text()}" for one in threads]
+        window.told.seek(0)
+        return "\n".join(["It still runs.", *waits, window.told.read()[-3000:]])
 
 
 def main(program, seed, times):

@@ -41,6 +41,22 @@ class Explanation(unittest.TestCase):
         self.assertEqual(path, "/explain")
         self.assertIn("Rebuildable project folders", request["contents"][0]["parts"][0]["text"])
 
+    def test_of_a_megabyte_the_beginning_is_shown_and_the_results_can_be_used(self):
+        piece = "<b>&amp;</b> \u202egnp\x1b[31m 😀" + "i" * 2000 + "\n"
+        text = piece * ((1 << 20) // len(json.dumps(piece)) - 1)
+        self.assertGreater(len(json.dumps(answer(text)[1])), 1_000_000)
+        self.scan(answer(text))
+
+        shown = self.shown()
+        self.assertIn("<b>&amp;</b> ", shown)
+        self.assertNotIn("\x1b", shown)
+        self.assertLess(len(shown), 5000)
+        self.window.wait("label", "[0-9,]* more characters are not shown. .*")
+        self.window.click("radio button", "Safe")
+        self.window.wait_without("check box", "Rebuildable.*")
+        self.window.click("radio button", "All")
+        self.window.wait("check box", "Rebuildable.*")
+
     def test_an_error_is_shown_in_the_words_of_the_service(self):
         self.scan(refusal(429, "Too many requests."))
 
