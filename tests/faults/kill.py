@@ -135,6 +135,41 @@ def amid_a_change(times, tools):
     return f"the list {told(counts)}, never between; all other preferences stayed; {drafts} drafts left behind, which nothing reads"
 
 
+SWITCHES = {"tidloTheme": ("the theme", "light", "dark"),
+            "tidlo.explanations": ("the switch “Explain scans”", "false", "true")}
+
+
+def amid_switching(key, what, *values):
+    @case(f"kill-{key}", f"SIGKILL amid a change of {what}",
+          "a program that sets it one way and the other by what the window sets it with, killed after some of that", 500)
+    def switching(times, tools):
+        house = House(tools.folder / "home", large=1)
+        preferences = house.path / PREFERENCES
+        cli(tools, house, "spare", str(house.path / "Documents"))
+        before = sorted(preferences.read_text(encoding="utf-8").splitlines())
+        counts, drafts = {f"{key}={value}": 0 for value in values}, 0
+        for _ in range(times):
+            amid = kill_after(tools.random.uniform(0, 0.1))
+            require(Run([tools.build / "tests/tools/preference_driver", key], house.environment, amid=amid).status == -9,
+                    "it ended by itself")
+            lines = preferences.read_text(encoding="utf-8").splitlines()
+            [line] = [line for line in lines if line.startswith(f"{key}=")] or [f"{key}=as before"]
+            counts[line] = counts.get(line, 0) + 1
+            require(line.partition("=")[2] in (*values, "as before"), f"half a value: {line}")
+            require(sorted(one for one in lines if one != line) == [one for one in before if not one.startswith(key)],
+                    f"another preference changed: {lines}")
+            drafts += len(house.left_drafts())
+            for draft in house.left_drafts():
+                shutil.rmtree(draft) if draft.is_dir() else draft.unlink()
+        require("Documents" in cli(tools, house, "spare").output, "what was spared is forgotten")
+        require(house.check() == 0, "something moved")
+        return f"{told(counts)}; never between, all else as before; {drafts} drafts left behind, which nothing reads"
+
+
+for each, about in SWITCHES.items():
+    amid_switching(each, *about)
+
+
 def all_of(folder):
     return {str(file.relative_to(folder)): fingerprint(file) for file in files_below(folder)}
 

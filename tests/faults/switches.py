@@ -13,6 +13,8 @@ from pathlib import Path
 sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "ui" / "window"))
 
 from case import require, told  # noqa: E402
+from Xlib.error import BadWindow  # noqa: E402
+
 from events import eventually_seen  # noqa: E402
 from house import PREFERENCES, House, Run  # noqa: E402
 from window import Window  # noqa: E402
@@ -23,8 +25,14 @@ SPARED = "/nowhere/spared"
 
 def start(program, screen):
     process = subprocess.Popen([program], stderr=subprocess.DEVNULL)
-    window = eventually_seen("the window is there", lambda: screen.window_of(process.pid))
-    return process, screen.geometry(window)
+
+    def found():
+        try:
+            return screen.window_of(process.pid)
+        except BadWindow:  # That of the one before is going away.
+            return None
+
+    return process, screen.geometry(eventually_seen("the window is there", found))
 
 
 def main(program, seed, times):

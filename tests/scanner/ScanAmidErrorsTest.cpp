@@ -38,6 +38,15 @@ namespace {
 constexpr std::array errors{EIO,    EACCES,       EPERM,  ENOENT, ENOTDIR,  ELOOP, ENOMEM,    EMFILE,
                             ENFILE, ENAMETOOLONG, ESTALE, ENODEV, ENOTCONN, EXDEV, EOVERFLOW, EINTR};
 
+/// Whether a finding lists folders of which nothing but the name is asked, and there is such a folder.
+bool isKnownByName(const QString &title, const FilePath &path)
+{
+    constexpr std::array kinds{FindingKind::projectFolders, FindingKind::composerFolders, FindingKind::buildOutputs};
+    struct stat status;
+    return std::ranges::any_of(kinds, [&title](FindingKind kind) { return title == rowOf(kind).title; }) &&
+           lstat(path.constData(), &status) == 0 && S_ISDIR(status.st_mode);
+}
+
 /// With these, no folder is there that could be read.
 bool tellsThatNothingIsThere(int error)
 {
@@ -107,6 +116,8 @@ protected:
                 return walker.allocatedSizes(paths, stop, notes);
             });
         addEveryFinding(home);
+        home.file("Sites/localhost/shop copy 2/x"); // So that two copies are listed, and one is if the other is broken.
+        home.setModified("Sites/localhost/shop copy 2", {});
         home.file("work/one/package.json");
         home.file("work/one/node_modules/deep/er/x", 9000);
         home.file("work/one/build/y");
@@ -148,12 +159,11 @@ protected:
         BrokenSystem system(home.path(), {.entries = broken});
         const ScanResult result = scanned();
         Listed listed = listedBy(result);
-        std::erase_if(listed,
-                      [&broken](const auto &one) { return one.second == 0 && broken.contains(one.first.second); });
-        Listed told = expected;
-        std::erase_if(told,
-                      [&broken](const auto &one) { return one.second == 0 && broken.contains(one.first.second); });
-        EXPECT_EQ(listed, told);
+        std::erase_if(listed, [&broken](const auto &one) {
+            const auto &[title, path] = one.first;
+            return one.second == 0 && broken.contains(path) && isKnownByName(title, path);
+        });
+        EXPECT_EQ(listed, expected);
         expectTold(result, system);
     }
 
