@@ -44,7 +44,8 @@ def main(program, what):
         print("Qt says that there is no display, and aborts")
     else:
         require(process.returncode == 0, f"it ends with {process.returncode}: {text}")
-        print("it opens, takes keys and closes" + (f"; it says: {text.splitlines()[0][:150]}" if text else ", and says nothing"))
+        said = f"; it says: {text.splitlines()[0][:150]}" if text else ", and says nothing"
+        print(f"it opens, takes keys and closes{said}")
 
 
 def use(process):

@@ -24,8 +24,8 @@ def in_desktop(tools, system, program, *arguments):
 
 def monkey(system):
     @case(f"monkey-{system}", f"keys and clicks by chance, {system}",
-          "anywhere in the window; markup, direction marks and 255-byte names, 100,000 paths in one finding, an explanation "
-          "of 1 MB of anything", 3000)
+          "anywhere in the window; markup, direction marks and 255-byte names, 100,000 paths in one finding, an "
+          "explanation of 1 MB of anything", 3000)
     def play(times, tools):
         told = in_desktop(tools, system, "monkey.py", tools.build / "tidlo", tools.seed, times)
         return f"{told}; only what was ticked moved, all came back, nothing on standard error"
@@ -35,8 +35,8 @@ monkey("x11")
 monkey("wayland")
 
 
-@case("kill-switches", "SIGKILL amid a change of the theme",
-      "its button pressed every 10 ms, each press writes the preferences; killed at a random moment of that", 500)
+@case("kill-switches", "SIGKILL of the window amid a change of the theme",
+      "its button pressed every 10 ms, each press writes the preferences; killed at a random moment of that", 50)
 def switches(times, tools):
     told = in_desktop(tools, "x11", "switches.py", tools.build / "tidlo", tools.seed, times)
     return f"the preferences {told}; each time they were whole, and nothing else in them changed"

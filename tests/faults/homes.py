@@ -42,7 +42,8 @@ def read_only(_, tools):
     return what
 
 
-@case("home-unset", "no `$HOME`", "unset, and empty; the home of the database of users lies over the real one for that time")
+@case("home-unset", "no `$HOME`",
+      "unset, and empty; the home of the database of users lies over the real one for that time")
 def unset(_, tools):
     house = House(tools.folder / "home")
     real = pwd.getpwuid(os.getuid()).pw_dir
@@ -85,14 +86,16 @@ def wrong(_, tools):
     return told(counts)
 
 
-@case("home-closed", "the home and its folders cannot be read", "`chmod 0` on each of them in turn, as an ordinary user")
+@case("home-closed", "the home and its folders cannot be read",
+      "`chmod 0` on each of them in turn, as an ordinary user")
 def closed(_, tools):
     if os.getuid() != 0:
         raise Missing("it takes root to be another user.")
     house = House(tools.folder / "home", owner=STRANGER)
     counts = {}
     stranger = limited(resource.RLIMIT_CORE, 0, STRANGER)
-    for folder in (".", "Sites", "Sites/web0", "Sites/web0/node_modules", "Downloads", "Library/Caches", ".config", ".local"):
+    for folder in (".", "Sites", "Sites/web0", "Sites/web0/node_modules", "Downloads", "Library/Caches", ".config",
+                   ".local"):
         path = house.path / folder
         path.mkdir(exist_ok=True)
         for words in COMMANDS.values():
@@ -119,7 +122,8 @@ DAY = 24 * 3600
       "1970, 1980, an hour back, 2037, 2106, 2200 and the year 9999, each before and after the cleanup")
 def clock(_, tools):
     shim = tools.folder / "clock.so"
-    built = subprocess.run(["cc", "-shared", "-fPIC", "-O1", "-o", shim, Path(__file__).parent / "clock.c"], check=False)
+    source = Path(__file__).parent / "clock.c"
+    built = subprocess.run(["cc", "-shared", "-fPIC", "-O1", "-o", shim, source], check=False)
     if built.returncode:
         raise Missing("there is no C compiler.")
     moments = {"1970": 1, "1980": 10 * 365 * DAY, "an hour back": time.time() - 3600, "2037": 67 * 365.2 * DAY,

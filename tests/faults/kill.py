@@ -132,7 +132,8 @@ def amid_a_change(times, tools):
         for draft in house.left_drafts():
             shutil.rmtree(draft) if draft.is_dir() else draft.unlink()
     require(house.check() == 0, "something moved")
-    return f"the list {told(counts)}, never between; all other preferences stayed; {drafts} drafts left behind, which nothing reads"
+    return (f"the list {told(counts)}, never between; all other preferences stayed; {drafts} drafts left behind, which "
+            "nothing reads")
 
 
 SWITCHES = {"tidloTheme": ("the theme", "light", "dark"),
@@ -141,7 +142,8 @@ SWITCHES = {"tidloTheme": ("the theme", "light", "dark"),
 
 def amid_switching(key, what, *values):
     @case(f"kill-{key}", f"SIGKILL amid a change of {what}",
-          "a program that sets it one way and the other by what the window sets it with, killed after some of that", 500)
+          "a program that sets it one way and the other by what the window sets it with, killed after some of that",
+          500)
     def switching(times, tools):
         house = House(tools.folder / "home", large=1)
         preferences = house.path / PREFERENCES
@@ -150,8 +152,8 @@ def amid_switching(key, what, *values):
         counts, drafts = {f"{key}={value}": 0 for value in values}, 0
         for _ in range(times):
             amid = kill_after(tools.random.uniform(0, 0.1))
-            require(Run([tools.build / "tests/tools/preference_driver", key], house.environment, amid=amid).status == -9,
-                    "it ended by itself")
+            run = Run([tools.build / "tests/tools/preference_driver", key], house.environment, amid=amid)
+            require(run.status == -9, f"it ended by itself: {run.status} {run.errors}")
             lines = preferences.read_text(encoding="utf-8").splitlines()
             [line] = [line for line in lines if line.startswith(f"{key}=")] or [f"{key}=as before"]
             counts[line] = counts.get(line, 0) + 1
@@ -217,4 +219,5 @@ def amid_a_placement(times, tools):
         workshops = max(workshops, len(list(target.parent.iterdir())) - 1)
     require(Run(killer.command, house.environment).status == 0, "it can no longer be placed")
     require([left.name for left in target.parent.iterdir()] == ["Tidlo.app"], "what was left over is still there")
-    return f"{told(counts)}, never none and never a part; the next one that ends removes the {workshops} folders left over"
+    return (f"{told(counts)}, never none and never a part; the next one that ends removes the {workshops} folders left "
+            "over")

@@ -57,7 +57,8 @@ def attempt(tools, house, words, before=None, **environment):
     moved = house.check()
     how = judged(ended, lambda: run(LD_TRACE_LOADED_OBJECTS="1"))
     if words[0] == "clean" and how == "worked":
-        require(moved == len(house.movable), f"it tells success and moved {moved} of {len(house.movable)}: {ended.output}")
+        require(moved == len(house.movable),
+                f"it tells success and moved {moved} of {len(house.movable)}: {ended.output}")
     if words[0] == "restore" and how == "worked":
         require(moved == 0, f"it tells success and left {moved}: {ended.output}")
     return how
@@ -187,12 +188,14 @@ def on_a_full_disk(times, tools, folder):
     return "; ".join(f"{name}: {told(each)}" for name, each in counts.items())
 
 
-@case("full-preferences", "the disk of the preferences is full", "another file system at `~/.config`, 0 to 16 free pages", 17)
+@case("full-preferences", "the disk of the preferences is full",
+      "another file system at `~/.config`, 0 to 16 free pages", 17)
 def full_preferences(times, tools):
     return on_a_full_disk(times, tools, ".config")
 
 
-@case("full-temporary", "the disk for temporary files is full", "another file system at `$TMPDIR`, 0 to 16 free pages", 17)
+@case("full-temporary", "the disk for temporary files is full",
+      "another file system at `$TMPDIR`, 0 to 16 free pages", 17)
 def full_temporary(times, tools):
     return on_a_full_disk(times, tools, "tmp")
 

@@ -4,6 +4,7 @@
 
 Runs inside tests/ui/window/desktop.py. Now and then it notes what is ticked, moves it, and compares."""
 
+import json
 import os
 import random
 import re
@@ -21,8 +22,8 @@ from house import House, Run  # noqa: E402
 from window import AS_IT_ENDS, Window  # noqa: E402
 from x11 import xdotool  # noqa: E402
 
-KEYS = ["Tab", "Tab", "Tab", "Return", "space", "Escape", "Menu", "Up", "Down", "Left", "Right", "Home", "End", "Delete",
-        "ctrl+z", "ctrl+a", "ctrl+c", "ctrl+f", "shift+Tab", "shift+Down", "n", "o", "d", "e"]
+KEYS = ["Tab", "Tab", "Tab", "Return", "space", "Escape", "Menu", "Up", "Down", "Left", "Right", "Home", "End",
+        "Delete", "ctrl+z", "ctrl+a", "ctrl+c", "ctrl+f", "shift+Tab", "shift+Down", "n", "o", "d", "e"]
 BETWEEN_LOOKS, BURST = 150, 25
 RESULTS = "AI-assisted results — .* found"
 MANY = "Build and distribution outputs"  # The finding of 100,000 paths.
@@ -205,12 +206,14 @@ def main(program, seed, times):
 
 
 def anything(chance):
-    """1 MB of text that is as hard to show as possible."""
-    pieces = [*AWKWARD[:9], "<img src='file:///etc/passwd'>", "\n\n\n", "# Title\n", "| a | b |\n", "\u0000", "W" * 5000]
-    text = ""
-    while len(text.encode(errors="replace")) < 1 << 20:
-        text += chance.choice(pieces)
-    return text
+    """As much text as the window accepts: 1 MB with the JSON around it, and as hard to show as possible."""
+    pieces = [*AWKWARD[:9], "<img src='file:///etc/passwd'>", "\n\n\n", "# Title\n", "| a | b |\n", "\u0000",
+              "W" * 5000]
+    chosen, size = [], 0
+    while size < 1_030_000:
+        chosen.append(chance.choice(pieces))
+        size += len(json.dumps(chosen[-1]))
+    return "".join(chosen)
 
 
 if __name__ == "__main__":

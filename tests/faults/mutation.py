@@ -10,8 +10,8 @@ from case import case, require
 from house import House, Run
 
 FOLDERS = ["Sites", "Downloads", "Documents", "Library/Caches/pip", ".cache", "Sites/localhost"]
-NAMES = ["node_modules", "vendor", "build", "dist", "web", "shop", "shop copy 2", "shop-3", "a.zip", "b.dmg", "composer.json",
-         "package.json", "x", "y", "deep", "coverage", "film.mov", "a.app"]
+NAMES = ["node_modules", "vendor", "build", "dist", "web", "shop", "shop copy 2", "shop-3", "a.zip", "b.dmg",
+         "composer.json", "package.json", "x", "y", "deep", "coverage", "film.mov", "a.app"]
 FAR = "outside"  # Part of the name of everything outside the home folder, and of nothing in it.
 LARGE = 8 << 20  # The size of each file outside; all files in the home folder together are smaller.
 
@@ -148,8 +148,8 @@ def outside(folder):
 
 
 @case("mutation", "a tree that changes amid scans",
-      "a process makes, renames, links, mounts over, closes and deletes things in the home; so many seconds of scans, one "
-      "after another", 60)
+      "a process makes, renames, links, mounts over, closes and deletes things in the home; so many seconds of scans, "
+      "one after another", 60)
 def changing(times, tools):
     house = House(tools.folder / "home", large=0)
     for folder in FOLDERS:
@@ -179,8 +179,8 @@ def changing(times, tools):
     finally:
         mutator.is_over = True
         mutator.join()
-    return (f"{scans} scans amid {mutator.changes:,} changes listed {listed:,} paths; all lay in the home and existed, but "
-            f"{moved_amid} whose folder was renamed amid the look at it")
+    return (f"{scans} scans amid {mutator.changes:,} changes listed {listed:,} paths; all lay in the home and existed, "
+            f"but {moved_amid} whose folder was renamed amid the look at it")
 
 
 def is_known_in_parts(path, ever, home):

@@ -97,7 +97,8 @@ def late(_, tools):
     return f"the scan took {took:.0f} s and found the same"
 
 
-@case("fuse-errors", "a file system answers with errors", "EIO, EACCES, ENOMEM, ESTALE, ENODEV and ENOTCONN, for all, for every other and for every seventh question")
+@case("fuse-errors", "a file system answers with errors",
+      "EIO, EACCES, ENOMEM, ESTALE, ENODEV and ENOTCONN, for all, for every other and for every seventh question")
 def faulty(_, tools):
     counts = {}
     for error in (errno.EIO, errno.EACCES, errno.ENOMEM, errno.ESTALE, errno.ENODEV, errno.ENOTCONN):
@@ -163,5 +164,5 @@ def some(times, tools):
         require(agree(with_errors, without, hit, house.path, at),
                 f"with errors {with_errors}, without the entries {without}")
         found += sum(len(paths) for _, paths, _ in without)
-    return (f"the same {found} paths, and the same bytes, each time; a folder that cannot itself be opened is listed with "
-            "nothing counted of it")
+    return (f"the same {found} paths, and the same bytes, each time; a folder that cannot itself be opened is listed "
+            "with nothing counted of it")

@@ -47,13 +47,15 @@ def locales(_, tools):
     return f"the same output, cleanup and way back in all {len(LOCALES) + 4} as in C.UTF-8"
 
 
-@case("time-zones", "other time zones", "14 h ahead, 12 h behind, half an hour off, one at the limit, and broken values of `TZ`")
+@case("time-zones", "other time zones",
+      "14 h ahead, 12 h behind, half an hour off, one at the limit, and broken values of `TZ`")
 def zones(_, tools):
     house = House(tools.folder / "home", large=2)
     expected = texts(tools, house)[0]
     for name, hours in ZONES.items():
         environment = house.environment | {"TZ": name}
-        require(Run([tools.program, "scan", "--paths"], environment).output == expected, f"another result in {name[:40]}")
+        require(Run([tools.program, "scan", "--paths"], environment).output == expected,
+                f"another result in {name[:40]}")
         began = time.time()
         require(Run([tools.program, "clean", "--yes"], environment).status == 0, f"no cleanup in {name[:40]}")
         for since in ("1min", "1h"):

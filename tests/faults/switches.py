@@ -62,7 +62,8 @@ def main(program, seed, times):
         require(themes in (["tidloTheme=dark"], ["tidloTheme=light"], ["tidloTheme=system"]), f"half a file: {text}")
         for line in ("tidlo.setup.completed=true", "somebody.else=7", "tidlo.spared="):
             require(line in text, f"a preference is lost: {text}")
-        counts["changed" if text != last else "as before"] = counts.get("changed" if text != last else "as before", 0) + 1
+        outcome = "changed" if text != last else "as before"
+        counts[outcome] = counts.get(outcome, 0) + 1
         last = text
         pending = [path for path in preferences.parent.iterdir() if path.name.startswith(preferences.name + ".")]
         counts["drafts left behind"] = counts.get("drafts left behind", 0) + len(pending)
