@@ -22,7 +22,7 @@ libc = ctypes.CDLL(None, use_errno=True)
 
 class Mirror:
     """Serves the content of a folder. Before each answer it calls `hold` with the request and the path; that may wait,
-    and returns an errno or 0. None means no answer, unless the kernel cancels the request because its process is killed.
+    and returns an errno or 0. None means no answer, unless the kernel cancels the request since its process is killed.
     """
 
     def __init__(self, folder, hold):
