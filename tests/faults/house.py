@@ -137,6 +137,18 @@ class House:
         return pending + list((self.path / "tmp").iterdir())
 
 
+def where_it_waits(process):
+    """What each of its threads does in the kernel."""
+    def told(thread, name):
+        try:
+            return (thread / name).read_text(encoding="utf-8", errors="replace").strip()
+        except OSError as failure:
+            return str(failure)
+
+    return "\n".join(" ".join(told(thread, name) for name in ("comm", "wchan", "syscall", "stack"))
+                     for thread in Path(f"/proc/{process}/task").glob("*"))
+
+
 class Run:
     """A program that has ended, by itself or because it was killed."""
 
@@ -149,9 +161,10 @@ class Run:
                     amid(process)
                 self.status = process.wait(limit)
             except subprocess.TimeoutExpired:
+                waits = where_it_waits(process.pid)
                 process.kill()
                 process.wait()
-                raise Broken(f"{' '.join(map(str, command))} hangs") from None
+                raise Broken(f"{' '.join(map(str, command))} hangs: {waits}") from None
             except BaseException:
                 process.kill()
                 process.wait()

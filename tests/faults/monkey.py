@@ -18,14 +18,16 @@ sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "ui" / "window")
 
 from case import require  # noqa: E402
 from explainer import Explainer  # noqa: E402
-from house import House, Run  # noqa: E402
-from window import AS_IT_ENDS, Window  # noqa: E402
+from events import eventually_seen  # noqa: E402
+from house import House, Run, where_it_waits  # noqa: E402
+from window import AS_IT_ENDS, Element, Window  # noqa: E402
 from x11 import xdotool  # noqa: E402
 
 KEYS = ["Tab", "Tab", "Tab", "Return", "space", "Escape", "Menu", "Up", "Down", "Left", "Right", "Home", "End",
         "Delete", "ctrl+z", "ctrl+a", "ctrl+c", "ctrl+f", "shift+Tab", "shift+Down", "n", "o", "d", "e"]
 BETWEEN_LOOKS, BURST = 150, 25
 RESULTS = "AI-assisted results — .* found"
+ROW = ".*, .*"  # The name of a finding's box: its title and more.
 MANY = "Build and distribution outputs"  # The finding of 100,000 paths.
 
 # Messages that Qt itself writes while the program works correctly, one per line.
@@ -107,12 +109,11 @@ class Monkey:
         print(self.counts, file=sys.stderr, flush=True)
         if not self.see_results(window):
             return
-        ticked = [row.name.partition(",")[0] for row in window.all("check box", ".*, .*")
-                  if {"checked", "indeterminate"} & row.states]
+        ticked = self.ticked(window)
         if MANY in ticked:  # Moving all of them takes minutes.
-            window.press("check box", MANY + ", .*")
-            window.wait_without("check box", MANY + ", .*", state="checked")
-            ticked.remove(MANY)
+            ticked = self.toggle(window, MANY)
+        if not ticked and (titles := [title for title in self.rows(window) if title != MANY]):
+            ticked = self.toggle(window, self.random.choice(titles))
         button = window.find("push button", "Move to Trash")
         if not ticked or not button:
             return
@@ -129,6 +130,32 @@ class Monkey:
             kind = next(title for word, title in kinds.items() if word in place.split("/"))
             require(kind in ticked, f"{place} was moved, and only this was ticked: {ticked}")
         self.counts["moves"] += 1
+
+    @staticmethod
+    def rows(window):
+        """The check boxes of all findings by title, including those that are scrolled out of sight."""
+        def below(accessible):
+            for i in range(accessible.get_child_count()):
+                child = accessible.get_child_at_index(i)
+                if child:
+                    yield Element(child, None)
+                    yield from below(child)
+
+        return window.look(lambda: {one.name.partition(",")[0]: one for one in below(window.application)
+                                    if one.role == "check box" and re.fullmatch(ROW, one.name)})
+
+    def ticked(self, window):
+        """The titles of the findings that are ticked."""
+        rows = self.rows(window)
+        return window.look(lambda: [title for title, row in rows.items()
+                                    if {"checked", "indeterminate"} & row.states])
+
+    def toggle(self, window, title):
+        """Returns what is ticked afterwards."""
+        was = title in self.ticked(window)
+        self.rows(window)[title].press()
+        eventually_seen(f"{title} is toggled", lambda: (title in self.ticked(window)) != was)
+        return self.ticked(window)
 
     @staticmethod
     def see_results(window):
@@ -189,10 +216,10 @@ class Monkey:
     @staticmethod
     def state_of(window):
         """What its threads do, and what it wrote last."""
-        threads = Path(f"/proc/{window.process.pid}/task").glob("*")
-        waits = [f"{(one / 'comm').read_text().strip()}: {(one / 'wchan').read_text()}" for one in threads]
         window.told.seek(0)
-        return "\n".join(["It still runs.", *waits, window.told.read()[-3000:]])
+        lines = window.told.read().splitlines()
+        of_window = [line for line in lines if "xdg_toplevel@" in line or "xdg_surface@" in line]
+        return "\n".join(["It still runs.", where_it_waits(window.process.pid), *of_window[-30:], *lines[-10:]])
 
 
 def main(program, seed, times):
