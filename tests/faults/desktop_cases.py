@@ -36,7 +36,7 @@ monkey("wayland")
 
 
 @case("kill-switches", "SIGKILL of the window amid a change of the theme",
-      "its button pressed every 10 ms, each press writes the preferences; killed at a random moment of that", 50)
+      "its button pressed every 10 ms, each press writes the preferences; killed at a random moment of that", 500)
 def switches(times, tools):
     told = in_desktop(tools, "x11", "switches.py", tools.build / "tidlo", tools.seed, times)
     return f"the preferences {told}; each time they were whole, and nothing else in them changed"
