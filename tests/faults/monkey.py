@@ -83,8 +83,10 @@ class Monkey:
 
     def act(self, window, times):
         """On X11 all at once: starting a program for each would take most of the time."""
-        left, top, width, height = window.geometry
         is_x11 = hasattr(window.screen, "display")
+        if not is_x11:  # Qt gives a window that was minimised another surface as it is made larger.
+            window.native = window.screen.window_of(window.process.pid) or window.native
+        left, top, width, height = window.geometry
         words = []
         for _ in range(times):
             if self.random.random() < 0.5:
