@@ -17,8 +17,7 @@
 #include <sys/statvfs.h>
 #include <sys/syscall.h>
 
-// The linker calls them so, and a name with two underscores is the implementation's.
-// NOLINTBEGIN(bugprone-reserved-identifier)
+// As the linker calls them.
 extern "C" {
 int __real_openat(int folder, const char *name, int flags, ...);
 int __real_statx(int folder, const char *name, int flags, unsigned mask, struct statx *status);
@@ -87,9 +86,9 @@ FilePath BrokenSystem::placeOf(const FilePath &path, bool isRelative, bool follo
 {
     if (breakage.entries.empty())
         return path;
-    const auto resolved = [this](const FilePath &path) {
-        const auto found = places.find(path);
-        return found != places.end() ? found->second : places.emplace(path, resolvedPath(path)).first->second;
+    const auto resolved = [this](const FilePath &one) {
+        const auto found = places.find(one);
+        return found != places.end() ? found->second : places.emplace(one, resolvedPath(one)).first->second;
     };
     if (followsLink)
         return resolved(path);
@@ -183,4 +182,3 @@ int __wrap_statfs(const char *path, struct statfs *status)
     return isMade(SystemCall::capacity, AT_FDCWD, path, true) ? __real_statfs(path, status) : -1;
 }
 }
-// NOLINTEND(bugprone-reserved-identifier)
