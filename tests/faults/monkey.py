@@ -186,6 +186,8 @@ class Monkey:
     def play(self, times, **environment):
         while self.counts["actions"] < times:
             self.house.write_preferences()
+            if "SWAYSOCK" not in os.environ:
+                xdotool("key", "Escape", "Escape")  # A click beside a window that was gone opened the desktop's menu.
             with Followed(self.program, **environment) as window:
                 self.counts["windows"] += 1
                 end = min(times, self.counts["actions"] + 1000)
