@@ -143,9 +143,9 @@ OrReason<std::optional<QByteArray>> contentOf(const QString &name, LinkAtEnd lin
     case ELOOP:
         return {.value = {}, .reason = cannotUse(name, QStringLiteral("it is a link"))};
     case EBADMSG:
-        return {.value = {}, .reason = cannotUse(name, QStringLiteral("it is no regular file"))};
+        return {.value = {}, .reason = cannotUse(name, QStringLiteral("it is not a regular file"))};
     case EFBIG:
-        return {.value = {}, .reason = cannotUse(name, QStringLiteral("it has more than 64 KB"))};
+        return {.value = {}, .reason = cannotUse(name, QStringLiteral("it is larger than 64 KB"))};
     default:
         return {.value = {}, .reason = cannotUse(name, qt_error_string(content.error()))};
     }
