@@ -4,16 +4,16 @@
 
 namespace tidlo {
 
-// What tidlo-proxy and its clients on this machine agree on.
+// The names that tidlo-proxy and its clients on this machine share.
 
-/// Where the service of a user whose home is \a home keeps its state, unless it is told a place. \a states is what
-/// XDG_STATE_HOME says.
+/// The default folder for the state of the service of the user with the home folder \a home. \a states is the value of
+/// XDG_STATE_HOME.
 inline FilePath serviceFolder(const FilePath &home, const FilePath &states)
 {
     return joined(folderInHome(home, ".local/state", states), "tidlo-proxy");
 }
 
-/// What the certificate that it makes for itself is called there.
+/// The name in that folder of the certificate that the service makes for itself.
 inline constexpr const char *serviceCertificate = "certificate.pem";
 
 } // namespace tidlo

@@ -20,7 +20,7 @@ public:
     bool operator==(const SpringAnimation &) const = default;
 };
 
-/// How a row that is ticked or unticked moves.
+/// The animation of a row that is ticked or unticked.
 inline constexpr SpringAnimation toggleAnimation{.response = 0.24, .dampingFraction = 0.86, .blendDuration = 0};
 
 } // namespace tidlo

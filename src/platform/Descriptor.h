@@ -22,8 +22,8 @@ auto uninterrupted(Call call)
     return result;
 }
 
-/// Makes such a \a call in the same way, and gives 0 or the errno of its failure. What \a call makes for itself and
-/// destroys at its end could change that: paths are made before it.
+/// Makes such a \a call in the same way, and returns 0 or the errno of its failure. Temporary objects that \a call
+/// destroys at its end could change errno, so make paths before it.
 template <typename Call>
 int errorOf(Call call)
 {

@@ -6,18 +6,18 @@
 
 namespace tidlo {
 
-/// Whether a link at the end of a path is followed. Those in front of its last name always are.
+/// Whether a link at the end of a path is followed. Links before the last name always are.
 enum class LinkAtEnd { followed, refused };
 
-/// How much a small file holds at most, in bytes.
+/// The largest size of a small file, in bytes.
 inline constexpr qint64 smallFileLimit = qint64(64) * 1024;
 
-/// What the regular file at \a path holds. Waits for nobody, not even where something else than a file has that name.
-/// The error is ELOOP for a link that is refused, EBADMSG for what is no regular file, and EFBIG for a file with more
-/// than smallFileLimit.
+/// The content of the regular file at \a path. Never blocks, even if the path names something else, such as a pipe. The
+/// error is ELOOP for a link that is refused, EBADMSG if it is not a regular file, and EFBIG if it is larger than
+/// smallFileLimit.
 OrError<QByteArray> readSmallFile(const FilePath &path, LinkAtEnd link);
 
-/// The same of an open \a file. One that can wait must have been opened with O_NONBLOCK.
+/// The same for an open \a file, which must have been opened with O_NONBLOCK if reading from it can block.
 OrError<QByteArray> readSmallFile(const Descriptor &file);
 
 } // namespace tidlo

@@ -17,7 +17,7 @@
 #include <sys/statvfs.h>
 #include <sys/syscall.h>
 
-// As the linker calls them.
+// The names that the linker uses.
 extern "C" {
 int __real_openat(int folder, const char *name, int flags, ...);
 int __real_statx(int folder, const char *name, int flags, unsigned mask, struct statx *status);
@@ -48,7 +48,7 @@ FilePath resolvedPath(const FilePath &path)
     return real ? FilePath(real.get()) : path;
 }
 
-/// The path that a call gives.
+/// The path that a call names.
 FilePath given(int folder, const char *name)
 {
     if (*name == '/')
@@ -57,7 +57,7 @@ FilePath given(int folder, const char *name)
     return *name == '\0' ? start : joined(start, name);
 }
 
-/// Whether a call is to be made at all; else errno tells why it failed.
+/// Whether a call should be made; otherwise errno is set to its failure.
 bool isMade(SystemCall call, int folder, const char *name, bool followsLink)
 {
     BrokenSystem *broken = current;
@@ -81,7 +81,7 @@ BrokenSystem::~BrokenSystem()
     current = nullptr;
 }
 
-/// What a path leads to. That of an open folder holds no links.
+/// The place that a path leads to. The path of an open folder contains no links.
 FilePath BrokenSystem::placeOf(const FilePath &path, bool isRelative, bool followsLink)
 {
     if (breakage.entries.empty())
@@ -141,12 +141,12 @@ int __wrap_statx(int folder, const char *name, int flags, unsigned mask, struct 
                : -1;
 }
 
-/// Only for what has no function of its own that the program could call.
+/// Only for calls without a function in the C library.
 long __wrap_syscall(long number, ...)
 {
     const int count = number == SYS_openat2 ? 4 : number == SYS_getdents64 ? 3 : 0;
     if (count == 0)
-        std::abort(); // How many arguments it has, nothing tells.
+        std::abort(); // The number of its arguments is unknown.
     va_list more;
     va_start(more, number);
     std::array<long, 4> given{};

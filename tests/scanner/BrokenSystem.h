@@ -9,20 +9,20 @@
 
 namespace tidlo {
 
-/// What the file manager asks the system for. Each may fail where the others do not.
+/// The kinds of calls that the file manager makes. Each may fail while the others work.
 enum class SystemCall { status, open, list, exists, readLink, capacity };
 
-/// Which calls about entries of a home fail, and with which errno.
+/// Which calls about entries of a home folder fail, and with which errno.
 struct Breakage
 {
-    std::map<FilePath, int> entries{}; ///< All calls about one of them, and about what lies in it, by whatever path.
-    std::optional<SystemCall> only{};  ///< Of those, this kind alone, and for nothing that lies in the entries.
-    std::optional<int> call{};         ///< Beside them the call of this number, from 0 on, and no other.
+    std::map<FilePath, int> entries{}; ///< All calls about one of them or its content, by any path.
+    std::optional<SystemCall> only{};  ///< Of those, only this kind, and not about the content.
+    std::optional<int> call{};         ///< Besides, the call of this number, from 0 on.
     int errorOfCall = 0;
 };
 
-/// As long as it lives, calls of the system about a home fail as told. The linker puts it between what it is linked
-/// with and the C library. There is one at a time. Calls come from any thread.
+/// While it exists, system calls about a home folder fail as described. The linker redirects these calls here instead
+/// of to the C library. Only one may exist at a time. Calls come from any thread.
 class BrokenSystem final
 {
 public:
@@ -31,13 +31,13 @@ public:
     BrokenSystem(const BrokenSystem &) = delete;
     BrokenSystem &operator=(const BrokenSystem &) = delete;
 
-    /// The errno that a call is to fail with, or 0. \a name is relative to the open \a folder, as the system takes it.
+    /// The errno with which a call must fail, or 0. \a name is relative to the open \a folder, as in the *at() calls.
     int errorOf(SystemCall call, int folder, const char *name, bool followsLink);
 
-    int calls() const { return count; } ///< About the home, until now.
-    /// What they were about, and of which kind.
+    int calls() const { return count; } ///< Number of calls about the home folder so far.
+    /// The paths and the kinds of these calls.
     const std::set<std::pair<FilePath, SystemCall>> &asked() const { return askedCalls; }
-    /// Those of them that were refused, by what they were about, and how.
+    /// The errno of each call that failed.
     const std::map<std::pair<FilePath, SystemCall>, int> &refused() const { return refusedCalls; }
 
 private:
@@ -48,7 +48,7 @@ private:
     std::mutex mutex;
     int count = 0;
     std::set<std::pair<FilePath, SystemCall>> askedCalls;
-    std::map<FilePath, FilePath> places; ///< That paths lead to, as far as they were asked; the tree stays as it is.
+    std::map<FilePath, FilePath> places; ///< The resolved paths so far; the tree does not change.
     std::map<std::pair<FilePath, SystemCall>, int> refusedCalls;
 };
 

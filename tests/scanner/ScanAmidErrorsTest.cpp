@@ -27,18 +27,19 @@ using testing::NiceMock;
 
 namespace {
 
-// What a scan of a broken disk finds is what it finds without the broken entries. Where that is not quite so:
+// A scan of a broken disk finds what it would find without the broken entries, with these exceptions:
 //
-// - All calls about an entry fail. Its folder still tells its name, and most file systems what kind it is. So a folder
-//   whose name suffices is listed, with nothing counted of it. All else is as if it were not there.
-// - One kind of call fails, all others work; or a single call does. Each rule asks anew, so one may see what another
-//   does not. Each finding is either as without the entry or as with it: what is listed with it and without is listed,
-//   what is listed neither with it nor without is not, and what is counted lies between the two.
+// - All calls about an entry fail: its folder still reports its name, and on most file systems its type. So a folder
+// that
+//   is recognised by its name is listed, with none of its bytes counted. Everything else is as if it did not exist.
+// - One kind of call fails while all others work, or a single call fails: each rule makes its own calls, so one may see
+//   an entry that another does not. Each finding is as with the entry or as without it: paths listed in both cases are
+//   listed, paths listed in neither are not, and the bytes counted lie between the two.
 
 constexpr std::array errors{EIO,    EACCES,       EPERM,  ENOENT, ENOTDIR,  ELOOP, ENOMEM,    EMFILE,
                             ENFILE, ENAMETOOLONG, ESTALE, ENODEV, ENOTCONN, EXDEV, EOVERFLOW, EINTR};
 
-/// Whether a finding lists folders of which nothing but the name is asked, and there is such a folder.
+/// Whether a finding lists folders by their name alone, and \a path is a folder.
 bool isKnownByName(const QString &title, const FilePath &path)
 {
     constexpr std::array kinds{FindingKind::projectFolders, FindingKind::composerFolders, FindingKind::buildOutputs};
@@ -47,13 +48,13 @@ bool isKnownByName(const QString &title, const FilePath &path)
            lstat(path.constData(), &status) == 0 && S_ISDIR(status.st_mode);
 }
 
-/// With these, no folder is there that could be read.
+/// With these errors there is no folder that could be read.
 bool tellsThatNothingIsThere(int error)
 {
     return error == ENOENT || error == ENOTDIR || error == ELOOP || error == EXDEV;
 }
 
-/// The bytes of each path that a finding lists, by the finding.
+/// The bytes of each listed path, by the finding's title and the path.
 using Listed = std::map<std::pair<QString, FilePath>, qint64>;
 
 Listed listedBy(const ScanResult &result)
@@ -68,11 +69,11 @@ Listed listedBy(const ScanResult &result)
     return listed;
 }
 
-/// As long as it lives, an entry is elsewhere; its folder shows nothing of that.
+/// While it exists, an entry is in another place; the times of its folder do not change.
 class Away final
 {
 public:
-    /// \a other is where it is meanwhile.
+    /// \a other is its place meanwhile.
     Away(const FilePath &path, const FilePath &other)
         : path(path)
         , other(other)
@@ -116,12 +117,12 @@ protected:
                 return walker.allocatedSizes(paths, stop, notes);
             });
         addEveryFinding(home);
-        home.file("Sites/localhost/shop copy 2/x"); // So that two copies are listed, and one is if the other is broken.
+        home.file("Sites/localhost/shop copy 2/x"); // Two copies are listed; one, if the other is broken.
         home.setModified("Sites/localhost/shop copy 2", {});
         home.file("work/one/package.json");
         home.file("work/one/node_modules/deep/er/x", 9000);
         home.file("work/one/build/y");
-        if (GetParam() % 2 == 1) // Much is asked about what one finds in it.
+        if (GetParam() % 2 == 1) // Many calls are about its content.
             also = {home / "work"};
         std::vector<uint8_t> bytes(1500);
         std::ranges::generate(bytes, [this] { return static_cast<uint8_t>(random()); });
@@ -153,7 +154,7 @@ protected:
 
     int anyError() { return errors[random() % errors.size()]; }
 
-    /// Where all calls about \a broken fail, what is found is what \a expected is without them.
+    /// If all calls about \a broken fail, the scan finds \a expected, the result without these entries.
     void expectAsWithout(const std::map<FilePath, int> &broken, const Listed &expected)
     {
         BrokenSystem system(home.path(), {.entries = broken});
@@ -167,7 +168,7 @@ protected:
         expectTold(result, system);
     }
 
-    /// Each folder that could not be read is told, and no other.
+    /// Exactly the folders that could not be read are reported.
     static void expectTold(const ScanResult &result, const BrokenSystem &system)
     {
         std::set<FilePath> unread;
@@ -181,7 +182,7 @@ protected:
             EXPECT_TRUE(unread.contains(folder.path)) << folder.path.constData();
     }
 
-    /// Each finding is as it is with an entry or as it is without.
+    /// Each finding is as with an entry or as without it.
     static void expectBetween(const Listed &listed, const Listed &with, const Listed &without)
     {
         for (const auto &[what, bytes] : listed) {
@@ -204,7 +205,7 @@ protected:
     TemporaryHome home{TemporaryHome::parentInMemory()};
     TemporaryHome elsewhere{TemporaryHome::parentInMemory()};
     NiceMock<FakeFileManager> files{home.path()};
-    DirectoryWalker walker{1}; // Calls have the same numbers each time, and no time goes into the start of threads.
+    DirectoryWalker walker{1}; // One thread, so that calls have the same numbers each time.
     QList<FilePath> also;
     std::vector<FilePath> entries;
 };
@@ -233,7 +234,7 @@ TEST_P(ScanAmidErrorsTest, FindsWhatItFindsWithoutAnyEntriesWhereEachCallAboutTh
         }
         Listed expected;
         {
-            std::vector<std::unique_ptr<Away>> away; // Those in others first, so that they come back last.
+            std::vector<std::unique_ptr<Away>> away; // The innermost entries first, so that they come back last.
             for (auto entry = broken.rbegin(); entry != broken.rend(); ++entry)
                 away.push_back(
                     std::make_unique<Away>(entry->first, elsewhere / FilePath::number(qsizetype(away.size()))));
