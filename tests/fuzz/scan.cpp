@@ -11,6 +11,7 @@
 #include <QEvent>
 
 #include <algorithm>
+#include <filesystem>
 #include <numeric>
 
 #include <sys/stat.h>
@@ -19,10 +20,12 @@ namespace tidlo {
 
 namespace {
 
-/// What deleting it would free, computed in another way.
+/// What deleting it would free, computed in another way. A folder above it may be a link.
 qint64 allocated(const TemporaryHome &home, const FilePath &path)
 {
-    const std::string name = path.mid(home.path().size() + 1).toStdString();
+    const std::filesystem::path item = path.toStdString();
+    const std::string place = std::filesystem::canonical(item.parent_path()) / item.filename();
+    const std::string name = place.substr(static_cast<size_t>(home.path().size()) + 1);
     qint64 sum = 0;
     for (const auto &[relative, entry] : home.inventory()) {
         const bool isWithin = relative == name || relative.starts_with(name + '/');
