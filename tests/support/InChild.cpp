@@ -11,7 +11,26 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+// Exist only where the compiler counts what runs. See "Source-based code coverage" of clang's documentation.
+extern "C" {
+[[gnu::weak]] void __llvm_profile_set_filename(const char *name);
+[[gnu::weak]] int __llvm_profile_write_file();
+}
+
 namespace tidlo {
+
+namespace {
+
+/// Writes the counts of this process, since _exit does not.
+void keepCounts()
+{
+    if (__llvm_profile_write_file == nullptr)
+        return;
+    __llvm_profile_set_filename(std::getenv("LLVM_PROFILE_FILE")); // Its number of the process is that of the parent.
+    __llvm_profile_write_file();
+}
+
+} // namespace
 
 ChildResult inChild(const std::function<bool()> &work)
 {
@@ -29,6 +48,7 @@ ChildResult inChild(const std::function<bool()> &work)
         writing = Descriptor();
         const bool succeeded = work();
         std::fflush(nullptr);
+        keepCounts();
         _exit(succeeded ? EXIT_SUCCESS : EXIT_FAILURE);
     }
     writing = Descriptor();
