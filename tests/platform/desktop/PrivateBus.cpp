@@ -39,7 +39,7 @@ PrivateBus::PrivateBus()
         if (!daemon.waitForReadyRead(patience))
             qFatal("There is no message bus; see scripts/packages-debian-test.");
     }
-    address = QString::fromUtf8(daemon.readLine()).trimmed();
+    where = QString::fromUtf8(daemon.readLine()).trimmed();
 }
 
 PrivateBus::~PrivateBus()
@@ -53,7 +53,7 @@ PrivateBus::~PrivateBus()
 QDBusConnection PrivateBus::connection(const QString &name)
 {
     names.append(name);
-    return QDBusConnection::connectToBus(address, name);
+    return QDBusConnection::connectToBus(where, name);
 }
 
 } // namespace tidlo

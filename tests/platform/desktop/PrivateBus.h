@@ -14,13 +14,16 @@ public:
     PrivateBus();
     ~PrivateBus();
 
+    /// Where programs find it, in the form of the variable DBUS_SESSION_BUS_ADDRESS.
+    QString address() const { return where; }
+
     /// Another connection, named \a name, which is closed with the bus.
     QDBusConnection connection(const QString &name);
 
 private:
     TemporaryHome home;
     QProcess daemon;
-    QString address;
+    QString where;
     QStringList names;
 };
 

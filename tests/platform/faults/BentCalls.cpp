@@ -37,7 +37,9 @@ bool isBent(Call call)
     thread_local std::array<int, static_cast<size_t>(Call::count)> made{};
     const auto index = static_cast<size_t>(call);
     const int error = bends.errors[index];
-    if (error == 0 || ++made[index] % bends.period != 0)
+    if (error == 0)
+        return false;
+    if (bends.allowed == Bends::unlimited ? ++made[index] % bends.period != 0 : bends.allowed.fetch_sub(1) != 0)
         return false;
     errno = error;
     return true;
@@ -92,6 +94,7 @@ void Bends::straighten()
     for (std::atomic<int> &error : errors)
         error = 0;
     period = 2;
+    allowed = unlimited;
     batches = unlimited;
     hidesKinds = false;
     hidesRoom = false;

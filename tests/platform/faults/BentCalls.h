@@ -31,6 +31,8 @@ struct Bends
     /// The error for each kind of call; it hits one of every few calls of each thread. 0: none fails.
     std::array<std::atomic<int>, static_cast<size_t>(Call::count)> errors{};
     std::atomic<int> period = 2;
+    /// If set, these calls fail just once instead: after so many more that succeed. Less than 0 when that has happened.
+    std::atomic<int> allowed = unlimited;
 
     std::atomic<int> batches = unlimited;     ///< How many more batches of a listing are read; the next one fails.
     std::atomic<bool> hidesKinds = false;     ///< Listings do not say what kind an entry is.
