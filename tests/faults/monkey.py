@@ -84,8 +84,11 @@ class Monkey:
     def act(self, window, times):
         """On X11 all at once: starting a program for each would take most of the time."""
         is_x11 = hasattr(window.screen, "display")
-        if not is_x11:  # Qt gives a window that was minimised another surface as it is made larger.
-            window.native = window.screen.window_of(window.process.pid) or window.native
+        if not is_x11:  # Qt gives a window that was minimised another surface, which comes a little later.
+            process = window.process
+            window.native = eventually_seen("the window is there or has ended", lambda: (
+                window.screen.window_of(process.pid) or process.poll() is not None))
+            window.screen.activate(window.native)  # It may be minimised.
         left, top, width, height = window.geometry
         words = []
         for _ in range(times):

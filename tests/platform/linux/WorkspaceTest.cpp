@@ -59,10 +59,10 @@ protected:
         return path;
     }
 
-    std::string opened(const FilePath &application) const
+    std::string opened(const FilePath &bundle) const
     {
         std::string outcome = "not told";
-        workspace->openApplication(application, [&](const std::optional<QString> &error) {
+        workspace->openApplication(bundle, [&](const std::optional<QString> &error) {
             outcome = error ? error->toStdString() : "opened";
         });
         return outcome;

@@ -106,6 +106,7 @@ class Screen:
 
     def activate(self, window):
         """Focuses a window, as a task bar does."""
+        self.window = window
         self._run(f"[con_id={window}] focus")
         self._heed()
         self.is_asked_to_minimise = False
