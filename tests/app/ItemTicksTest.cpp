@@ -185,6 +185,19 @@ TEST_F(ItemTicksTest, WhatIsNeverToBeTouchedHasNone)
     EXPECT_EQ(model().candidates(), QList{protectedOne});
 }
 
+TEST_F(ItemTicksTest, AFindingThatNoScanListedStaysAsItIs)
+{
+    const CleanupCandidate scanned = finding("F", {"/a/1", "/a/2"});
+    const CleanupCandidate other = finding("G", {"/a/2", "/b/4"});
+    showFound({scanned});
+    show({scanned, other});
+
+    model().tickItems(scanned.id, {1}, false);
+
+    EXPECT_THAT(now(0).paths, ElementsAre("/a/1"));
+    EXPECT_EQ(now(1), other);
+}
+
 TEST_F(ItemTicksTest, NewResultsAreTickedAsTheyWereFound)
 {
     const CleanupCandidate former = finding("F", {"/a/1", "/a/2"});

@@ -186,6 +186,16 @@ TEST_F(ApplicationCopier, NeedsAFolderToCopyTo)
     EXPECT_EQ(copyApplication(source, source + "/Contents/MacOS/Tidlo/Tidlo.app"), because(ENOTDIR));
 }
 
+TEST_F(ApplicationCopier, NeedsRoomInTheNameForThatOfItsWorkshop)
+{
+    const FilePath name(250, 'n');
+    home.file("Applications/" + name + "/old");
+
+    EXPECT_EQ(copyApplication(source, home / ("Applications/" + name)), because(ENAMETOOLONG));
+
+    EXPECT_EQ(inventoryOf("Applications/").size(), 2);
+}
+
 TEST_F(ApplicationCopier, LeavesWhatWasThereWholeWhenTheFolderMayNotBeWritten)
 {
     home.file("Applications/Tidlo.app/old");

@@ -15,6 +15,7 @@
 #include <array>
 #include <atomic>
 #include <cerrno>
+#include <climits>
 #include <cstdio>
 #include <thread>
 
@@ -24,6 +25,7 @@
 namespace tidlo {
 
 using testing::ElementsAre;
+using testing::IsEmpty;
 
 namespace {
 
@@ -94,6 +96,10 @@ TEST(HostileTrees, ItemsBeyondThePathLimitAreFoundMeasuredAndFoundAgain)
     const LiveFileManager files;
     EXPECT_TRUE(files.fileExists(path));
     EXPECT_FALSE(files.fileExists(path + "/missing"));
+    EXPECT_FALSE(files.fileExists(home / ("missing" + FilePath("/.").repeated(PATH_MAX))));
+    EXPECT_TRUE(files.fileExists(home / ("deep" + FilePath(PATH_MAX, '/') + name)));
+    EXPECT_FALSE(files.fileExists(home / FilePath(PATH_MAX, 'n')));
+    EXPECT_THAT(targetsIn(home / FilePath(PATH_MAX, 'n')), IsEmpty());
     EXPECT_EQ(files.attributesOfItem(path + "/file")->size, block);
     EXPECT_EQ(files.contentsOfDirectory(path)->size(), 1);
     EXPECT_THAT(files.allocatedSizes({path, path + "/file"}, {}), ElementsAre(block, block));

@@ -19,6 +19,7 @@ TEST(PlaceFinder, ResolvesLinksInFrontOfTheLastNameAlone)
     home.link("real/other", "folder");
     home.link("folder", home / "link/other");
     PlaceFinder finder;
+    EXPECT_EQ(finder.placeOf("name"), "name");
     EXPECT_EQ(finder.placeOf(home / "link"), home / "link");
     EXPECT_EQ(finder.placeOf(home / "link/other"), home / "real/other");
     EXPECT_EQ(finder.placeOf(home / "link/other/file"), home / "real/folder/file");

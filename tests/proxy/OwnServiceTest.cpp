@@ -4,6 +4,7 @@
 #include "support/InChild.h"
 #include "support/PrintQt.h"
 
+#include <QDir>
 #include <QFile>
 #include <QTcpServer>
 #include <QTcpSocket>
@@ -156,6 +157,24 @@ TEST_F(OwnServiceTest, IsNoneWhereItCannotBeStartedAndSaysWhy)
         EXPECT_FALSE(OwnService::start(program, obstacle));
         EXPECT_EQ(obstacle, QStringLiteral("it ended"));
     }
+}
+
+TEST_F(OwnServiceTest, IsNoneWhereDescriptorsRunShortAndSaysWhy)
+{
+    const int open = QDir(QStringLiteral("/proc/self/fd")).entryList(QDir::NoDotAndDotDot | QDir::AllEntries).size();
+    for (int left = 0; left < 6; ++left) { // With a few more, the service starts and ends, as it opens no library.
+        const ChildResult result = inChild([&] {
+            QString obstacle;
+            return limitDescriptors(open + left) && !OwnService::start(TIDLO_PROXY, obstacle) &&
+                   obstacle == QStringLiteral("Too many open files");
+        });
+        EXPECT_TRUE(result.succeeded) << left << ' ' << result.output;
+    }
+}
+
+TEST_F(OwnServiceTest, IsNotThereForAProgramThatCameWithoutIt)
+{
+    EXPECT_EQ(ownServiceProgram(), "");
 }
 
 } // namespace tidlo

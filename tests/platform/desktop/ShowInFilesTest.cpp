@@ -3,6 +3,7 @@
 #include "support/PrintQt.h"
 #include "support/WaitUntil.h"
 
+#include <QDBusMessage>
 #include <QDBusVirtualObject>
 #include <QFile>
 #include <QFileSystemWatcher>

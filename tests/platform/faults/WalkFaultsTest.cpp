@@ -111,6 +111,39 @@ TEST_F(WalkFaults, AListingThatGetsNoMemoryCountsAsUnreadableAndNothingEnds)
     }
 }
 
+TEST_F(WalkFaults, ATrashThatCannotBeListedWholeIsToldAsUnread)
+{
+    home.file(".local/share/Trash/files/one", block);
+    home.file(".local/share/Trash/info/one.trashinfo", 1);
+    const QByteArray former = qgetenv("HOME");
+    qunsetenv("XDG_DATA_HOME");
+    qputenv("HOME", home.path());
+    const LiveFileManager files;
+    qputenv("HOME", former);
+    const auto isTold = [&](const TrashContents &contents) {
+        const auto isOurs = [&](const UnreadTrash &unread) { return unread.path.startsWith(home.path()); };
+        return std::ranges::any_of(contents.unread, isOurs);
+    };
+    ASSERT_EQ(files.trashedItems({}).unknown, 1);
+
+    for (int allowed = 0, isHit = true; isHit; ++allowed) {
+        bends.bendEvery({Call::getdents}, EIO);
+        bends.allowed = allowed;
+        const TrashContents contents = files.trashedItems({});
+        isHit = bends.allowed < 0;
+        bends.straighten();
+        EXPECT_TRUE(contents.unknown == 1 || isTold(contents)) << allowed;
+    }
+    for (int allowed = 0, isHit = true; isHit; ++allowed) {
+        bends.staysFull = true;
+        bends.allocations = allowed;
+        const TrashContents contents = files.trashedItems({});
+        isHit = bends.allocations < 0;
+        bends.straighten();
+        EXPECT_TRUE(contents.unknown == 1 || isTold(contents)) << allowed;
+    }
+}
+
 TEST_F(WalkFaults, WhatWasMetBeforeMemoryRanOutCountsAndSoDoesAllElsewhere)
 {
     home.folder("tree/7/poison");

@@ -62,9 +62,8 @@ protected:
     std::string opened(const FilePath &bundle) const
     {
         std::string outcome = "not told";
-        workspace->openApplication(bundle, [&](const std::optional<QString> &error) {
-            outcome = error ? error->toStdString() : "opened";
-        });
+        workspace->openApplication(
+            bundle, [&](const std::optional<QString> &error) { outcome = error ? error->toStdString() : "opened"; });
         return outcome;
     }
 

@@ -242,6 +242,21 @@ TEST(TrashListingOnMounts, ATrashThatCannotBeUsedIsTold)
     });
 }
 
+TEST_F(TrashListing, TellsThatItsRecordsCannotBeListed)
+{
+    trash("one", record("/a", "2023-01-01T00:00:00"));
+    SystemCalls calls;
+    calls.openat = [real = calls.openat](int folder, const char *name, int flags, mode_t mode) {
+        errno = EIO;
+        return QByteArrayView(name) == "." ? -1 : real(folder, name, flags, mode);
+    };
+    const TrashContents contents = XdgTrash(home.path(), home / ".local/share", calls).list({});
+
+    const UnreadTrash told{.path = home / ownTrash,
+                           .reason = QStringLiteral("Its records cannot be listed: Input/output error")};
+    EXPECT_TRUE(contents.unread.contains(told));
+}
+
 TEST_F(TrashListing, TellsThatItsItemsCannotBeLookedAt)
 {
     trash("one", record("/a", "2023-01-01T00:00:00"));

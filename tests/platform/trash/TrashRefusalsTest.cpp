@@ -3,6 +3,7 @@
 #include "Probe.h"
 #include "TrashDecoder.h"
 #include "Witness.h"
+#include "platform/linux/XdgTrash.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -49,6 +50,8 @@ TEST(TrashRefusals, PathsThatNameNothing)
                     .home = home.path(),
                     .workingFolder = home / "in"},
                    "refused: The path ends in no name.");
+    const TrashOutcome ofNoName = XdgTrash(home.path(), home / "data").move(home / FilePath("in/item\0", 8), 0);
+    EXPECT_EQ(ofNoName.kind, TrashOutcome::Kind::gone); // No file system has it.
 }
 
 TEST(TrashRefusals, TheHomeAndWhatHoldsIt)

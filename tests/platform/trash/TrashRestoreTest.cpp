@@ -52,15 +52,15 @@ protected:
         EXPECT_TRUE(home.inventory() == before) << "nothing changes";
     }
 
-    /// Writes the record of a file \a name into \a trash as another program might.
-    TrashedItem foreign(const FilePath &trash, const FilePath &name, const FilePath &recorded, const FilePath &origin)
+    /// Writes the record of a file \a name into \a folder as another program might.
+    TrashedItem foreign(const FilePath &folder, const FilePath &name, const FilePath &recorded, const FilePath &origin)
     {
-        home.file(trash + "/files/" + name, 3);
-        const FilePath record = home.file(trash + "/info/" + name + ".trashinfo", 0);
+        home.file(folder + "/files/" + name, 3);
+        const FilePath record = home.file(folder + "/info/" + name + ".trashinfo", 0);
         const Descriptor file(open(record.constData(), O_WRONLY | O_CLOEXEC));
         const QByteArray text = trashRecord(recorded, 0);
         EXPECT_EQ(write(file.get(), text.constData(), text.size()), text.size());
-        return {.trash = home / trash, .name = name, .origin = origin};
+        return {.trash = home / folder, .name = name, .origin = origin};
     }
 
     bool exists(const FilePath &path) const
