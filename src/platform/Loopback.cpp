@@ -30,7 +30,9 @@ int withLoopback(int family, int port, Call call)
 
 Descriptor listenOnLoopback()
 {
-    const Descriptor made(socket(AF_INET, SOCK_STREAM, 0));
+    Descriptor made(socket(AF_INET, SOCK_STREAM, 0));
+    if (!made.isValid())
+        return made;
     Descriptor listener(fcntl(made.get(), F_DUPFD_CLOEXEC, 0));
     if (!listener.isValid())
         return listener;
