@@ -81,6 +81,8 @@ TEST(Terminal, NoLineIsWiderThanTheTerminal)
         const QByteArray screen = screenOf(TerminalSession(*home, {"scan"}, columns).end().output);
         EXPECT_LE(widestLine(screen), columns) << screen.constData();
         EXPECT_THAT(screen.toStdString(), HasSubstr("WhatsApp / Chat Media"));
+        const QByteArray withPaths = screenOf(scanAtTerminal(*home, columns).output);
+        EXPECT_THAT(withPaths.toStdString(), HasSubstr("  " + (*home / "Sites/one/node_modules\n").toStdString()));
     }
 }
 

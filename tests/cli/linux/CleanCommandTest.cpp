@@ -74,6 +74,20 @@ TEST(CleanCommand, WhatIsSparedWhileItAsksStays)
     EXPECT_THAT(existing(selectedPaths(*home)), ElementsAre(*home / "Sites/one/node_modules"));
 }
 
+TEST(CleanCommand, MovesNothingIfItCannotBeReadAfterTheAnswerWhatIsSpared)
+{
+    const auto home = homeToClean();
+    TerminalSession session(*home, {"clean"}, 120);
+    ASSERT_TRUE(session.shows("[y/N] "));
+    QFile file(QFile::decodeName(home->file(".config/com.tidlo.storagecleaner.conf", 0)));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("[General]\ntidlo.spared=relative\n");
+    file.close();
+    session.type("y\n");
+    EXPECT_EQ(session.end().status, 1);
+    EXPECT_EQ(existing(selectedPaths(*home)), selectedPaths(*home));
+}
+
 TEST(CleanCommand, YesIsTakenInFullAndInCapitals)
 {
     for (const QByteArray answer : {"Y\n", "yes\n", " YES \n"}) {

@@ -207,6 +207,38 @@ TEST(RestoreCommand, PrintsOneJsonObject)
     EXPECT_THAT(restored["others"], IsEmpty());
 }
 
+TEST(RestoreCommand, TellsInItsJsonWhatElseWasAtTheSamePlace)
+{
+    const TemporaryHome home;
+    trashLate(home, "a", home / "in/a", "2199-01-01T00:00:01");
+    trashLate(home, "b", home / "in/a", "2199-01-01T00:00:02");
+
+    const CliRun run = runCli(home, {"restore", "--json", "--yes", home / "in/a"});
+
+    const Json path = Json::array({(home / "in/a").toStdString()});
+    const Json restored = Json::parse(run.output.toStdString());
+    EXPECT_EQ(restored["restored"], path);
+    EXPECT_EQ(restored["others"], path);
+    EXPECT_THAT(trashed(home), ElementsAre("a"));
+}
+
+TEST(RestoreCommand, ListsAnItemOfUnknownTimeToo)
+{
+    const TemporaryHome home;
+    trashLate(home, "a", home / "in/a", "once");
+    EXPECT_THAT(runCli(home, {"restore"}).output.toStdString(),
+                ContainsRegex("\n +4 KB  " + (home / "in/a").toStdString() + '\n'));
+}
+
+TEST(RestoreCommand, PutsNothingBackWhenItCannotShowWhat)
+{
+    const auto home = cleanedHome();
+    const CliSetup fullDisk = redirected(STDOUT_FILENO, "/dev/full");
+    EXPECT_EQ(runCli(*home, {"restore"}, fullDisk).status, 1);
+    EXPECT_EQ(runCli(*home, {"restore", "--yes", selectedPaths(*home).first()}, fullDisk).status, 1);
+    EXPECT_THAT(existing(selectedPaths(*home)), IsEmpty());
+}
+
 TEST(RestoreCommand, ANameCannotActOnTheTerminal)
 {
     const TemporaryHome home;

@@ -121,6 +121,7 @@ TEST(ScanOptions, SomePlacesAreNotLookedInto)
         EXPECT_EQ(run.errors, "tidlo-cli: '" + folder + "' " + reason + ".\n");
     };
     refused(home / "file", "is not a folder");
+    EXPECT_EQ(runCli(home, {"clean", "--yes", "--also", home / "file"}).status, 2);
     refused(home / "gone", "is not a folder");
     refused("/", "is the home folder, or holds it");
     refused(home.path(), "is the home folder, or holds it");

@@ -72,6 +72,16 @@ TEST_F(KeptPathsTest, SayThatAListCannotBeRead)
     EXPECT_EQ(paths->note(), QStringLiteral("Not all of it can be read from the preferences."));
 }
 
+TEST_F(KeptPathsTest, SayThatAChangeCannotBeWritten)
+{
+    keep(UserDefaults::spared, "/a");
+    paths->inspect();
+    app().defaults().set(UserDefaults::spared, QStringLiteral("relative"));
+    paths->toggle(0);
+    EXPECT_EQ(paths->note(), QStringLiteral("The preferences cannot be written."));
+    EXPECT_TRUE(paths->data(paths->index(0), KeptPaths::TickedRole).toBool());
+}
+
 TEST_F(KeptPathsTest, AFolderIsKeptOnceThatIsAffirmed)
 {
     const FilePath code = home.folder("code");
