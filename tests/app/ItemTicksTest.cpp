@@ -110,6 +110,24 @@ TEST_F(ItemTicksTest, OfADeselectedFindingJustTheTickedItemsAreSelected)
     EXPECT_EQ(now(0).bytes, 7);
 }
 
+TEST_F(ItemTicksTest, OfADeselectedFindingNothingIsUnticked)
+{
+    CleanupCandidate former = finding("F", {"/a/1", "/a/2"});
+    former.selected = false;
+    const CleanupCandidate other = finding("G", {"/a/2"});
+    showFound({former, other});
+    model().tickItems(former.id, {1}, false);
+    EXPECT_EQ(model().candidates(), (QList{former, other}));
+}
+
+TEST_F(ItemTicksTest, AFindingThatNeverHadAnItemStaysSelected)
+{
+    const CleanupCandidate other = finding("G", {"/a/1", "/a/2"});
+    showFound({finding("F", {}), other});
+    model().tickItems(other.id, {0}, false);
+    EXPECT_TRUE(now(0).selected);
+}
+
 TEST_F(ItemTicksTest, AFindingThatIsSelectedAgainHasTheItemsItHad)
 {
     const CleanupCandidate former = finding("F", {"/a/1", "/a/2"});
@@ -178,9 +196,10 @@ TEST_F(ItemTicksTest, OnlyWhatIsTickedIsMoved)
 
 TEST_F(ItemTicksTest, WhatIsNeverToBeTouchedHasNone)
 {
-    const CleanupCandidate protectedOne = finding("P", {"/a/1"}, CleanupRisk::never);
+    const CleanupCandidate protectedOne = finding("P", {"/a/1", "/a/2"}, CleanupRisk::never);
     showFound({protectedOne});
     model().tickItems(protectedOne.id, {0}, true);
+    model().tickItems(protectedOne.id, {0}, false);
     model().tickItems(QUuid::createUuid(), {0}, true);
     EXPECT_EQ(model().candidates(), QList{protectedOne});
 }

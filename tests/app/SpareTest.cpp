@@ -64,6 +64,15 @@ TEST_F(Spare, TicksOfTheOtherItemsStay)
     EXPECT_FALSE(model().candidates().at(0).selected);
 }
 
+TEST_F(Spare, ThePlaceOfTheItemIsKeptWhateverTheWayToIt)
+{
+    ScanResult result{.snapshot = {.totals = {}, .candidates = {finding("F", {"/link/1"})}}, .sizes = {}};
+    result.places.insert("/link/1", "/a/1");
+    model().showResults(result);
+    EXPECT_TRUE(model().spare("/link/1"));
+    EXPECT_THAT(defaults->paths(UserDefaults::spared), testing::Optional(ElementsAre("/a/1")));
+}
+
 TEST_F(Spare, NothingGoesIfItCannotBeKept)
 {
     const CleanupCandidate first = finding("F", {"/a/1"});

@@ -1,4 +1,5 @@
 #include "scanner/ScannerTest.h"
+#include "support/Patience.h"
 
 #include <QThread>
 #include <QTimer>
@@ -170,6 +171,24 @@ TEST_F(FileSizeScannerTest, CanBeDestroyedWhileAScanWorks)
         QCoro::waitFor(scanner->scan([&told](double fraction, const QString &) { told.append(fraction); }));
     EXPECT_THAT(told, ElementsAre(0.08, 0.18));
     EXPECT_GT(result.snapshot.totals.volumeBytes, 0);
+}
+
+TEST_F(FileSizeScannerTest, WaitsForItsWorkWhenItIsDestroyed)
+{
+    std::binary_semaphore begun(0);
+    std::atomic<bool> hasEnded = false;
+    ON_CALL(files, trashedItems).WillByDefault([&](const std::stop_token &stop) {
+        std::binary_semaphore stopped(0);
+        const std::stop_callback wake(stop, [&stopped] { stopped.release(); });
+        begun.release();
+        hasEnded = stopped.try_acquire_for(std::chrono::milliseconds(patience));
+        return TrashContents();
+    });
+    const auto contents = scanner->trashedItems();
+    begun.acquire();
+    scanner.reset(); // Asks it to stop.
+    EXPECT_TRUE(hasEnded);
+    QCoro::waitFor(contents);
 }
 
 TEST_F(FileSizeScannerTest, CanBeDestroyedByTheProgressItTells)

@@ -68,6 +68,14 @@ TEST_F(ForecastTest, AFileWhoseNamesAreAllAmongThemIsFreedOnce)
     EXPECT_EQ(ofAll(), (Forecast{.freed = 280, .heldByLinks = 20}));
 }
 
+TEST_F(ForecastTest, OfNamesThatWereCountedDifferentlyTheMostCount)
+{
+    find({"/a", "/b"});
+    link("/a", 7, 3);
+    link("/b", 7, 2);
+    EXPECT_EQ(ofAll(), (Forecast{.freed = 180, .heldByLinks = 20}));
+}
+
 TEST_F(ForecastTest, ADeviceNumbersItsOwnInodes)
 {
     find({"/a", "/b"});

@@ -94,6 +94,23 @@ TEST_F(ScanOutcome, TellsTheSizeOfEachPath)
     EXPECT_THAT(found.sizes.value(folders.id), ElementsAre(onDisk(second), onDisk(home / "Sites/web/node_modules/x")));
 }
 
+TEST_F(ScanOutcome, TellsThePlaceOfAPathThatLeadsThroughALinkAndOfOthersNone)
+{
+    home.file("elsewhere/old.zip");
+    home.setModified("elsewhere/old.zip", Clock::now() - std::chrono::days(61));
+    home.link("Downloads", "elsewhere");
+    home.file(".cache/x");
+    const ScanResult found = result();
+    EXPECT_EQ(found.placeOf(home / "Downloads/old.zip"), home / "elsewhere/old.zip");
+    EXPECT_EQ(found.places.size(), 1);
+}
+
+TEST_F(ScanOutcome, TellsWhichOfItsFilesHaveOtherNames)
+{
+    home.hardLink("elsewhere", home.file(".cache/x"));
+    EXPECT_THAT(result().linked.keys(), ElementsAre(home / ".cache"));
+}
+
 TEST_F(ScanOutcome, StartsFromNothingEachTime)
 {
     home.file(".cache/x");

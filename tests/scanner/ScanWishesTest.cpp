@@ -157,6 +157,15 @@ TEST_F(ScanWishesTest, WhereOwnPlacesOverlapEachFolderIsFoundOnce)
     EXPECT_THAT(found.at(2).candidate.paths, IsEmpty());
 }
 
+TEST_F(ScanWishesTest, AFolderThatHoldsWhatIsFoundThroughALinkIsNotListedToo)
+{
+    home.folder("code/node_modules/deep/p/node_modules");
+    home.file("code/package.json");
+    home.link("Sites", home / "code/node_modules/deep");
+    wishes.also = {home / "code"};
+    EXPECT_THAT(developerCandidates(context()).first().candidate.paths, ElementsAre(home / "Sites/p/node_modules"));
+}
+
 TEST_F(ScanWishesTest, AnOwnPlaceThatMayNotBeOneAnyMoreIsPassedOver)
 {
     home.file("Library/code/a/package.json");
