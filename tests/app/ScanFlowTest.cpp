@@ -354,8 +354,12 @@ TEST_F(ScanFlow, AsksAgainWithTheNextScanOnceExplanationsAreSwitchedOnAgain)
 TEST_F(ScanFlow, LeavesARequestAloneWhenAnotherPreferenceChanges)
 {
     scan();
+    bool isTold = false;
+    QObject::connect(&model(), &AppViewModel::explanationsChanged, &model(), [&] { isTold = true; });
 
     defaults->set(UserDefaults::theme, QStringLiteral("light"));
+    defaults->addPath(UserDefaults::spared, "/a");
+    EXPECT_FALSE(isTold);
     defaults->set(UserDefaults::explanations, true);
 
     EXPECT_FALSE(explainer.isCut(0));

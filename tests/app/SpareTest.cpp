@@ -110,6 +110,14 @@ TEST_F(Spare, AScanLooksInPlacesOfOnesOwn)
     EXPECT_THAT(model().candidates().at(0).paths, ElementsAre(home / "code/a/node_modules"));
 }
 
+TEST_F(Spare, AFolderThatCannotBeLookedIntoIsNotKeptAsAPlace)
+{
+    model().proposePlace(home / "missing");
+    waitUntil([&] { return model().proposedPlace().has_value(); });
+    EXPECT_TRUE(model().answerProposal(true));
+    EXPECT_THAT(defaults->paths(UserDefaults::places), testing::Optional(IsEmpty()));
+}
+
 TEST_F(Spare, WhatWasSparedSinceTheScanStays)
 {
     const FilePath spared = home.file("a/1");
