@@ -1,10 +1,12 @@
 #include "Probe.h"
 
+#include "platform/FileManager.h"
 #include "support/InChild.h"
 
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <map>
 #include <sstream>
 
 #include <sys/wait.h>
@@ -14,24 +16,35 @@ namespace tidlo {
 
 namespace {
 
-/// Replaces this process by the probe; returns only if that fails.
-bool become(const ProbeRun &run)
+const std::map<TrashOutcome::Kind, const char *> words{{TrashOutcome::Kind::moved, "moved"},
+                                                       {TrashOutcome::Kind::gone, "gone"},
+                                                       {TrashOutcome::Kind::refused, "refused: "},
+                                                       {TrashOutcome::Kind::failed, "failed: "},
+                                                       {TrashOutcome::Kind::anotherMoved, "another moved: "}};
+
+/// Moves all paths and prints what became of each; in a process of its own.
+bool moveAll(const ProbeRun &run)
 {
     setenv("HOME", run.home.constData(), 1);
     if (run.dataHome.isEmpty())
         unsetenv("XDG_DATA_HOME");
     else
         setenv("XDG_DATA_HOME", run.dataHome.constData(), 1);
-    std::vector<char *> arguments{const_cast<char *>(TRASH_PROBE)};
-    for (const FilePath &path : run.paths)
-        arguments.push_back(const_cast<char *>(path.constData()));
-    arguments.push_back(nullptr);
     const bool isReady = (run.workingFolder.isEmpty() || chdir(run.workingFolder.constData()) == 0) &&
                          (!run.withoutRights || geteuid() != 0 || becomeNobody());
-    if (isReady)
-        execv(TRASH_PROBE, arguments.data());
-    std::perror("trash_probe");
-    return false;
+    if (!isReady) {
+        std::perror("probe");
+        return false;
+    }
+    const std::unique_ptr<FileManager> files = makeFileManager();
+    bool allMoved = true;
+    for (const FilePath &path : run.paths) {
+        const TrashOutcome outcome = files->trashItem(path);
+        std::printf("%s%s\n", words.at(outcome.kind), outcome.reason.toLocal8Bit().constData());
+        std::fflush(stdout); // Prints each line at once, before the next item is moved.
+        allMoved = allMoved && outcome.kind == TrashOutcome::Kind::moved;
+    }
+    return allMoved;
 }
 
 ProbeResult resultOf(const ChildResult &child)
@@ -47,7 +60,7 @@ ProbeResult resultOf(const ChildResult &child)
 
 ProbeResult probe(const ProbeRun &run)
 {
-    return resultOf(inChild([&run] { return become(run); }));
+    return resultOf(inChild([&run] { return moveAll(run); }));
 }
 
 std::vector<ProbeResult> probeAtOnce(const std::vector<ProbeRun> &runs)
@@ -56,13 +69,13 @@ std::vector<ProbeResult> probeAtOnce(const std::vector<ProbeRun> &runs)
     std::vector<FILE *> outputs(runs.size());
     std::ranges::generate(outputs, std::tmpfile);
     std::vector<pid_t> children;
+    std::fflush(nullptr);
     for (size_t at = 0; at < runs.size(); ++at) {
         children.push_back(fork());
         if (children.back() != 0)
             continue;
         dup2(fileno(outputs[at]), STDOUT_FILENO);
-        become(runs[at]);
-        _exit(EXIT_FAILURE);
+        _exit(moveAll(runs[at]) ? EXIT_SUCCESS : EXIT_FAILURE);
     }
     std::vector<ProbeResult> results;
     for (size_t at = 0; at < runs.size(); ++at) {

@@ -8,7 +8,7 @@
 
 namespace tidlo {
 
-/// One run of trash_probe.
+/// Moves paths to the Trash in a process of its own, with the same call as the application.
 struct ProbeRun
 {
     std::vector<FilePath> paths;
@@ -20,8 +20,9 @@ struct ProbeRun
 
 struct ProbeResult
 {
-    bool allMoved = false;          ///< From the exit status.
-    std::vector<std::string> lines; ///< Everything that was printed.
+    bool allMoved = false;
+    std::vector<std::string>
+        lines; ///< For each path "moved", "gone", "refused: why", "failed: why" or "another moved: why".
 };
 
 /// Runs the probe, and returns when it has ended.

@@ -3,7 +3,6 @@
 #include "Probe.h"
 #include "TrashDecoder.h"
 #include "Witness.h"
-#include "platform/linux/XdgTrash.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -50,8 +49,7 @@ TEST(TrashRefusals, PathsThatNameNothing)
                     .home = home.path(),
                     .workingFolder = home / "in"},
                    "refused: The path ends in no name.");
-    const TrashOutcome ofNoName = XdgTrash(home.path(), home / "data").move(home / FilePath("in/item\0", 8), 0);
-    EXPECT_EQ(ofNoName.kind, TrashOutcome::Kind::gone); // No file system has it.
+    expectRefusals(home, {.paths = {home / FilePath("in/item\0", 8)}, .home = home.path()}, "gone");
 }
 
 TEST(TrashRefusals, TheHomeAndWhatHoldsIt)
