@@ -87,10 +87,8 @@ std::optional<QList<PromptFinding>> findingsIn(const QString &prompt)
     for (qsizetype line = 0; line < lines.size() && findings.size() < mostFindings; ++line) {
         if (!lines.at(line).startsWith(idLabel))
             continue;
-        if (const auto finding = findingFrom(lines.mid(line, linesRead))) {
+        if (const auto finding = findingFrom(lines.mid(line, linesRead)))
             findings.append(*finding);
-            line += linesRead - 1;
-        }
     }
     return findings;
 }

@@ -365,6 +365,16 @@ TEST(ExplainServer, LetsALongBodyWaitUntilAnotherIsAnswered)
     EXPECT_THAT(second.toEnd().toStdString(), StartsWith("HTTP/1.1 200 "));
 }
 
+TEST(ExplainServer, HasRoomAgainForALongBodyWhileTheClientOfAnAnsweredOneStays)
+{
+    const RunningServer server(echo, {.toRead = 2s, .toClose = 10min, .allBodiesBytes = 300'000});
+    const QByteArray request = explainRequest(question + QByteArray(250'000, ' '));
+    RawConnection first(server.port);
+    EXPECT_THAT(first.send(request).next().toStdString(), StartsWith("HTTP/1.1 200 "));
+
+    EXPECT_THAT(server.say(request), StartsWith("HTTP/1.1 200 "));
+}
+
 TEST(ExplainServer, TurnsAwayAnAddressThatHasManyConnections)
 {
     const RunningServer server(echo, {.connectionsOfAddress = 2});

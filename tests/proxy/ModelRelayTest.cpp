@@ -151,6 +151,7 @@ TEST_F(ModelRelayTest, AsksTheModelWithTheKeyInAHeaderAlone)
     EXPECT_EQ(request.body, QByteArray("{\"contents\":[{\"parts\":[{\"text\":\"Why \u00e9?\"}]}]}"));
     EXPECT_EQ(request.headers.at("Content-Type"), "application/json");
     EXPECT_EQ(request.headers.at("x-goog-api-key"), "secret-key");
+    EXPECT_EQ(request.headers.at("Connection"), "close");
 }
 
 TEST_F(ModelRelayTest, AsksTheModelAndServerOfItsSettings)

@@ -49,6 +49,14 @@ TEST(RateLimiter, WithoutALimitLetsEveryoneAsk)
         EXPECT_EQ(limiter.admit("A", start), 0s);
 }
 
+TEST(RateLimiter, RemembersADeviceThatGoesOnAskingThoughItCameFirst)
+{
+    RateLimiter limiter(2, 2);
+    for (const char *device : {"A", "B", "A", "C"})
+        EXPECT_EQ(limiter.admit(device, start), 0s) << device;
+    EXPECT_EQ(limiter.admit("A", start), 60s);
+}
+
 TEST(RateLimiter, ForgetsTheDeviceThatHasNotAskedForLongestWhenItRemembersTooMany)
 {
     RateLimiter limiter(1, 3);

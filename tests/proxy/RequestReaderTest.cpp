@@ -100,7 +100,7 @@ TEST(RequestHead, OfTheClientIsTaken)
 
 TEST(RequestHead, MustTellADevice)
 {
-    for (const char *device : {"", "a b", "a\tb", "\xc3\xa9"})
+    for (const char *device : {"", "a b", "a\tb", "\xc3\xa9", "a\x7f"})
         EXPECT_EQ(statusWith("X-Device-UUID", device), 400) << device;
     EXPECT_EQ(statusWith("X-Device-UUID", std::string(129, 'a')), 400);
     EXPECT_EQ(statusWith("X-Device-UUID", std::string(128, 'a')), 0);
