@@ -242,6 +242,14 @@ TEST(TrashListingOnMounts, ATrashThatCannotBeUsedIsTold)
     });
 }
 
+TEST_F(TrashListing, ATrashWithoutItsFoldersIsEmpty)
+{
+    home.folder(ownTrash);
+    EXPECT_THAT(list().unread, IsEmpty());
+    home.folder(ownTrash + "/files");
+    EXPECT_THAT(list().unread, IsEmpty());
+}
+
 TEST_F(TrashListing, TellsThatItsRecordsCannotBeListed)
 {
     trash("one", record("/a", "2023-01-01T00:00:00"));

@@ -132,6 +132,19 @@ TEST_F(TrashRestoring, FoldersThatAreMissingAreMadeForTheUserAlone)
     EXPECT_TRUE(after.contains("a/b/c/item"));
 }
 
+TEST_F(TrashRestoring, AFolderThatAnotherProgramMakesAtTheSameTimeIsUsed)
+{
+    const TrashedItem item = foreign(ownTrash, "item", home / "in/item", home / "in/item");
+    SystemCalls calls;
+    calls.mkdirat = [real = calls.mkdirat](int folder, const char *name, mode_t mode) {
+        real(folder, name, mode);
+        return real(folder, name, mode);
+    };
+    const XdgTrash slower(home.path(), home / ".local/share", calls);
+    EXPECT_EQ(slower.restore({item}, [] { return false; }).value(0).kind, Kind::moved);
+    EXPECT_TRUE(exists(home / "in/item"));
+}
+
 TEST_F(TrashRestoring, APathLongerThanTheSystemTakesComesBack)
 {
     const FilePath name(200, 'd');
@@ -355,6 +368,10 @@ TEST(TrashRestoringOnMounts, AnotherVolumeOnTheWayIsNotEntered)
                   TrashOutcome::refused(QStringLiteral("Another volume is mounted on the way to its place.")));
 
         EXPECT_TRUE(home.inventory() == before) << "no folder is made there";
+
+        home.folder("in/folder/deep");
+        EXPECT_EQ(trash.restore({item}, [] { return false; }).value(0),
+                  TrashOutcome::refused(QStringLiteral("Another volume is mounted on the way to its place.")));
     });
 }
 
