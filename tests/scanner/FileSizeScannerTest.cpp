@@ -11,6 +11,7 @@
 #include <new>
 #include <semaphore>
 #include <set>
+#include <thread>
 
 #include <sys/resource.h>
 
@@ -173,7 +174,27 @@ TEST_F(FileSizeScannerTest, CanBeDestroyedWhileAScanWorks)
     EXPECT_GT(result.snapshot.totals.volumeBytes, 0);
 }
 
-TEST_F(FileSizeScannerTest, WaitsForItsWorkWhenItIsDestroyed)
+TEST_F(FileSizeScannerTest, WaitsForTheStepOfAScanWhenItIsDestroyed)
+{
+    std::atomic<bool> hasEnded = false;
+    const auto destroy = [&] {
+        scanner.reset(); // Asks the step to stop.
+        EXPECT_TRUE(hasEnded);
+    };
+    ON_CALL(files, enumerate).WillByDefault([&](const DeepEnumeration &, const std::stop_token &stop) {
+        std::binary_semaphore stopped(0);
+        const std::stop_callback wake(stop, [&stopped] { stopped.release(); });
+        QMetaObject::invokeMethod(&application, destroy);
+        stopped.acquire();
+        for (int turn = 0; turn < 1'000; ++turn)
+            std::this_thread::yield();
+        hasEnded = true;
+        return QList<CollectedItem>();
+    });
+    scanned();
+}
+
+TEST_F(FileSizeScannerTest, StopsReadingTrashesWhenItIsDestroyed)
 {
     std::binary_semaphore begun(0);
     std::atomic<bool> hasEnded = false;
