@@ -162,6 +162,18 @@ TEST_F(ItemTicksTest, WhatIsUntickedIsUntickedInEveryFinding)
     EXPECT_EQ(model().candidates(), (QList{first, same, holder, beneath}));
 }
 
+TEST_F(ItemTicksTest, WhatIsTickedByOneWayToItIsTickedByEveryWay)
+{
+    const CleanupCandidate first = finding("F", {"/a/1", "/x/2"});
+    const CleanupCandidate same = finding("G", {"/link/1", "/y/2"});
+    showFound({first, same}, {{"/link/1", "/a/1"}});
+    model().tickItems(first.id, {0}, false);
+
+    model().tickItems(same.id, {0}, true);
+
+    EXPECT_EQ(model().candidates(), (QList{first, same}));
+}
+
 TEST_F(ItemTicksTest, TickingAFolderTicksWhatOtherFindingsListInIt)
 {
     const CleanupCandidate first = finding("F", {"/a/b/1", "/x/2"});

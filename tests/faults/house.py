@@ -9,7 +9,7 @@ import time
 from pathlib import Path
 from urllib.parse import unquote_to_bytes
 
-from case import Broken, require
+from case import Broken, Missing, require
 
 OWN = (".config", ".local", ".cache", "tmp")  # The folders to which programs write their own files.
 OLD = time.time() - 90 * 24 * 3600
@@ -69,7 +69,9 @@ class House:
                 self.write(pattern.replace("{}", str(number)), is_moved)
         self.write_preferences()
         if owner:
-            subprocess.run(["chown", "-R", f"{owner}:{owner}", self.path], check=True)
+            given = subprocess.run(["chown", "-R", f"{owner}:{owner}", self.path], check=False, capture_output=True)
+            if given.returncode != 0:
+                raise Missing("only root can give a home folder to another user.")
 
     def write(self, relative, is_moved=False):
         path = self.path / relative
