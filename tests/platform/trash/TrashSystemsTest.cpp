@@ -200,6 +200,19 @@ TEST_P(TrashSystems, AFileSystemThatCannotBeKeptFromReplacingReplacesNothing)
     expectMoved();
 }
 
+TEST_P(TrashSystems, AnyErrorThatTellsSoIsUnderstood)
+{
+    for (const int told : {EINVAL, ENOSYS, EOPNOTSUPP}) {
+        calls.renameat2 = [this, told](int folder, const char *name, int newFolder, const char *newName,
+                                       unsigned flags) {
+            errno = told;
+            return flags != 0 ? -1 : real.renameat2(folder, name, newFolder, newName, flags);
+        };
+        const FilePath path = home.file("in/" + FilePath::number(told));
+        EXPECT_EQ(XdgTrash(home.path(), home / ".local/share", calls).move(path, 0).kind, Kind::moved) << told;
+    }
+}
+
 TEST_P(TrashSystems, ANameThatSomebodyTakesAtTheLastMomentIsNotReplaced)
 {
     FilePath intruder;
