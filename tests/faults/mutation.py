@@ -125,6 +125,8 @@ class Mutator(threading.Thread):
         if len(self.mounts) > 3:
             subprocess.run(["umount", "--lazy", self.mounts.pop(0)], check=False, stderr=subprocess.DEVNULL)
             return
+        if place.is_symlink():  # It may lead to a folder that a scan begins with, which may lie on any disk.
+            return
         self.note(place)
         place.mkdir(exist_ok=True)
         self.links.add(os.fspath(place))
