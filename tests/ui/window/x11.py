@@ -46,6 +46,7 @@ class Screen:
         self.root = self.display.screen().root
         self.root.change_attributes(event_mask=X.PropertyChangeMask | X.EnterWindowMask | X.LeaveWindowMask)
         self.is_pointer_held = False
+        self.pasted = {}
         self.events = _Events(self.display, self._take)
         self.events.attach(None)
         self.display.sync()
@@ -55,8 +56,11 @@ class Screen:
         self.display.close()
 
     def _take(self, event):
-        """Notes grabs of the pointer: the window beneath sees the pointer leave and come back."""
-        if event.type in (X.EnterNotify, X.LeaveNotify) and event.mode in (X.NotifyGrab, X.NotifyUngrab):
+        """Notes answers to requests to paste, and grabs of the pointer: the window beneath sees the pointer leave and
+        come back."""
+        if event.type == X.SelectionNotify:
+            self.pasted[event.requestor.id] = event.property
+        elif event.type in (X.EnterNotify, X.LeaveNotify) and event.mode in (X.NotifyGrab, X.NotifyUngrab):
             self.is_pointer_held = event.mode == X.NotifyGrab
 
     @staticmethod
@@ -126,12 +130,13 @@ class Screen:
         self.display.sync()
 
     def clipboard(self):
-        """The clipboard as another program pastes it."""
+        """The clipboard as another program pastes it; empty if nobody has copied anything."""
         asks = self.root.create_window(0, 0, 1, 1, 0, X.CopyFromParent, event_mask=X.PropertyChangeMask)
         clipboard, text = (self.display.intern_atom(name) for name in ("CLIPBOARD", "UTF8_STRING"))
         asks.convert_selection(clipboard, text, text, X.CurrentTime)
         self.display.flush()
-        given = eventually("somebody has something to paste", lambda: self.property(asks, "UTF8_STRING"))
+        eventually("the request to paste is answered", lambda: asks.id in self.pasted)
+        given = self.property(asks, "UTF8_STRING") if self.pasted.pop(asks.id) != X.NONE else []
         asks.destroy()
         return bytes(given).decode()
 
