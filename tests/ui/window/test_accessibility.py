@@ -5,11 +5,10 @@ import unittest
 
 import home
 from events import eventually
-from window import Window
+from window import EXPLANATION, Window
 
 PROGRAM = sys.argv.pop()
 
-EXPLANATION = "Explanation: (?s:.*)"
 CONTROLS = {"push button", "check box", "radio button"}
 
 

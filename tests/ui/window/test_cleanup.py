@@ -24,11 +24,6 @@ class Cleanup(unittest.TestCase):
         self.window = self.enterContext(Window(PROGRAM, **environment))
         return self.window
 
-    def scan(self):
-        x, y = max(self.window.all("push button", "Scan"), key=lambda one: one.extents.width).center
-        self.window.click_at(x, y)
-        self.window.wait("heading", "AI-assisted results — .* found")
-
     def rows(self):
         return [row.name.partition(",")[0] for row in self.window.all("check box")]
 
@@ -38,7 +33,7 @@ class Cleanup(unittest.TestCase):
     def test_what_is_ticked_moves_to_the_trash_and_comes_back(self):
         window = self.open_window()
 
-        self.scan()
+        window.scan()
         self.assertEqual(self.ticked(), ["Rebuildable project folders", "User and developer caches",
                                          "Downloads / old installers and archives"])
         self.assertEqual(home.inventory(), self.before)
@@ -85,7 +80,7 @@ class Cleanup(unittest.TestCase):
 
     def test_a_cleanup_is_taken_back_by_undo(self):
         window = self.open_window()
-        self.scan()
+        window.scan()
         window.click("push button", "Move to Trash")
         window.wait("heading", "Cleanup report")
         self.assertEqual(len(home.trashed()), 4)

@@ -7,11 +7,10 @@ import unittest
 
 import home
 from explainer import NOTHING, Explainer, answer, refusal
-from window import Window
+from window import EXPLANATION, Window
 
 PROGRAM = sys.argv.pop()
 LOADING = "AI Storage Analysis in progress..."
-EXPLANATION = "Explanation: (?s:.*)"
 SENT = "What (is|was) sent: (?s:.*)"
 
 

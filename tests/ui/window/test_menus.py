@@ -18,7 +18,7 @@ class Menus(unittest.TestCase):
 
     def test_only_the_other_button_asks_for_one(self):
         window = self.window
-        window.click("push button", "SCAN MY MAC")
+        window.scan()
         window.click("check box", PROJECTS)
         window.wait_without("check box", PROJECTS, state="checked")
         self.assertIsNone(window.find("menu item"))
@@ -31,7 +31,7 @@ class Menus(unittest.TestCase):
 
     def test_a_path_is_copied_for_other_programs(self):
         window = self.window
-        window.click("push button", "SCAN MY MAC")
+        window.scan()
         window.click("check box", PROJECTS, button=3)
         window.click("menu item", "Show items…")
         window.click("check box", ".*/Sites/one/node_modules, 33 KB")

@@ -22,10 +22,6 @@ class Places(unittest.TestCase):
         with Drag([(home.HOME / path).as_uri() for path in paths]) as drag:
             return drag.drop_on(self.window, x, y - 60)
 
-    def scan(self):
-        self.window.click("push button", "SCAN MY MAC")
-        self.window.wait("heading", "AI-assisted results — .* found")
-
     def test_a_dropped_folder_is_searched_once_that_is_affirmed(self):
         window = self.window
         self.assertTrue(self.drop("code"))
@@ -33,7 +29,7 @@ class Places(unittest.TestCase):
         window.click("push button", "Look there too")
         window.wait_without("push button", "Look there too")
         window.wait("push button", "SCAN MY MAC")
-        self.scan()
+        self.window.scan()
         window.wait("check box", "Rebuildable project folders, 106 KB, .*")
 
     def test_a_file_is_refused_and_so_are_several_folders(self):
@@ -43,7 +39,7 @@ class Places(unittest.TestCase):
         window.click("push button", "OK")
         window.wait_without("push button", "OK")
         self.assertFalse(self.drop("code", "Sites"))
-        self.scan()
+        self.window.scan()
         window.wait("check box", "Rebuildable project folders, 41 KB, .*")
 
 

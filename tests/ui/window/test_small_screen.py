@@ -35,8 +35,7 @@ class SmallScreen(unittest.TestCase):
         self.window.click("push button", "Theme: Dark")
         self.window.wait("push button", "Theme: Light")
 
-        self.window.click("push button", "SCAN MY MAC")
-        self.window.wait("heading", "AI-assisted results — .* found")
+        self.window.scan()
         self.check_controls_are_on_screen("Review", "View report", "Move to Trash")
         self.window.click("radio button", "Review")
         self.window.wait("radio button", "Review", state="checked")
@@ -44,7 +43,7 @@ class SmallScreen(unittest.TestCase):
         self.window.wait("heading", "Cleanup report")
 
     def test_what_lies_over_the_window_is_as_small_as_the_window(self):
-        self.window.click("push button", "SCAN MY MAC")
+        self.window.scan()
         self.window.click("check box", "Rebuildable.*", button=3)
         self.check_is_on_screen(self.window.wait("menu item", "Show items…"))
         self.window.click("menu item", "Show items…")

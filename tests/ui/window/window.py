@@ -8,6 +8,7 @@ import tempfile
 from events import Atspi, GLib, eventually, eventually_seen, listen, listen_for_end_of
 from screen import Screen
 
+EXPLANATION = "Explanation: (?s:.*)"  # The name of the card with what the service answered.
 # Qt writes it if the objects for a network service are loaded while the program ends.
 AS_IT_ENDS = "qt.core.qobject.connect: QObject::connect(QObject, Unknown): invalid nullptr parameter\n"
 # Qt writes it if a screen reader took too long to handle a key, and if it then handles it after all.
@@ -161,6 +162,13 @@ class Window:
 
     def press(self, role, name=".*"):
         self.wait(role, name).press()
+
+    def scan(self):
+        """Scans, and waits until nothing moves any more: the card grows with the explanation, or with the reason why
+        there is none, and moves the findings below it."""
+        self.click("push button", "SCAN MY MAC")
+        self.wait("heading", "AI-assisted results — .* found")
+        self.wait("label", EXPLANATION)
 
     def keys(self, *names):
         self.screen.keys(*names)
