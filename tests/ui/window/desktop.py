@@ -114,7 +114,8 @@ def bus(folder):
 
 def environment_of(home):
     """The environment of the programs of this desktop."""
-    unwanted = ("XDG_", "DBUS_", "AT_SPI_", "QT_", "WAYLAND_", "SWAY", "GDK_", "DISPLAY", "XAUTHORITY", "SESSION_MANAGER", "SSL_CERT_")
+    unwanted = ("XDG_", "DBUS_", "AT_SPI_", "QT_", "WAYLAND_", "SWAY", "GDK_", "DISPLAY", "XAUTHORITY",
+                "SESSION_MANAGER", "SSL_CERT_")
     inherited = {name: value for name, value in os.environ.items() if not name.startswith(unwanted)}
     runtime, temporary = home.parent / "runtime", home.parent / "temporary"
     runtime.mkdir(mode=0o700)
