@@ -8,6 +8,18 @@ T.Menu {
 
     readonly property FormerFocus formerFocus: FormerFocus {}
 
+    /// Opens at a position in an item, and stays there when the item moves: a press is not to miss. Asked for by keys,
+    /// its first line is the current one.
+    function showAt(item: Item, x: double, y: double, byKeys: bool) {
+        const window = item.Window.contentItem;
+        const place = window.mapFromItem(item, x, y);
+        root.popup(window, place.x, place.y);
+        let first = 0;
+        while (first < root.count - 1 && !root.itemAt(first).enabled)
+            ++first;
+        root.currentIndex = byKeys ? first : -1;
+    }
+
     onAboutToShow: root.formerFocus.remember(root.parent.Window.activeFocusItem)
     onAboutToHide: root.formerFocus.giveBack()
 

@@ -12,8 +12,7 @@ Item {
     property double cornerRadius: 0
 
     function showMenu(x: double, y: double, byKeys: bool) {
-        menu.popup(root, x, y);
-        menu.currentIndex = byKeys ? 0 : -1;
+        menu.showAt(root, x, y, byKeys);
     }
 
     Keys.onMenuPressed: root.showMenu(22, 22, true)

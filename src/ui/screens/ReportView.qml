@@ -16,8 +16,7 @@ Item {
     function showMenu(x: double, y: double, byKeys: bool) {
         if (!root.report.hasStayed && !root.report.canPutBack)
             return;
-        menu.popup(root, x, y);
-        menu.currentIndex = !byKeys ? -1 : root.report.canPutBack ? 0 : 1;
+        menu.showAt(root, x, y, byKeys);
     }
 
     MenuArea {

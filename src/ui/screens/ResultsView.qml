@@ -81,10 +81,7 @@ Item {
                 summary: root.findings.summary
                 rest: root.findings.summaryRest
                 onWholeCopied: root.findings.copySummary()
-                onMenuAsked: (x, y, byKeys) => {
-                    cardMenu.popup(card, x, y);
-                    cardMenu.currentIndex = byKeys ? 0 : -1;
-                }
+                onMenuAsked: (x, y, byKeys) => cardMenu.showAt(card, x, y, byKeys)
             }
             Repeater {
                 id: rows
@@ -126,8 +123,7 @@ Item {
 
         function showFor(row: CandidateRow, x: double, y: double, byKeys: bool) {
             menu.row = row;
-            menu.popup(row, x, y);
-            menu.currentIndex = byKeys ? 0 : -1;
+            menu.showAt(row, x, y, byKeys);
         }
 
         objectName: "rowMenu"
@@ -180,8 +176,7 @@ Item {
         function showFor(item: Item, row: int, x: double, y: double, byKeys: bool) {
             itemMenu.row = row;
             itemMenu.line = root.items.spareText(row);
-            itemMenu.popup(item, x, y);
-            itemMenu.currentIndex = byKeys ? 0 : -1;
+            itemMenu.showAt(item, x, y, byKeys);
         }
 
         objectName: "itemMenu"

@@ -17,8 +17,7 @@ Item {
         const isOnPill = pill.contains(root.mapToItem(pill, x, y));
         menu.isOfPill = byKeys || isOnPill;
         menu.isOfScreen = byKeys || !isOnPill;
-        menu.popup(root, x, y);
-        menu.currentIndex = byKeys ? 0 : -1;
+        menu.showAt(root, x, y, byKeys);
     }
 
     MenuArea {

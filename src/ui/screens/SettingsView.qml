@@ -17,8 +17,7 @@ Item {
     objectName: "settings"
 
     function showMenu(x: double, y: double, byKeys: bool) {
-        menu.popup(root, x, y);
-        menu.currentIndex = byKeys ? 0 : -1;
+        menu.showAt(root, x, y, byKeys);
     }
 
     MenuArea {

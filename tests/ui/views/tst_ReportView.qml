@@ -151,9 +151,9 @@ ViewCase {
 
     function test_what_stayed_can_be_read_with_the_reason_data() {
         return [
-            { tag: "pointer", ask: () => mouseClick(shown, 400, 300, Qt.RightButton) },
-            { tag: "menu key", ask: () => keyClick(Qt.Key_Menu) },
-            { tag: "shift and F10", ask: () => keyClick(Qt.Key_F10, Qt.ShiftModifier) }
+            { tag: "pointer", current: -1, ask: () => mouseClick(shown, 400, 300, Qt.RightButton) },
+            { tag: "menu key", current: 1, ask: () => keyClick(Qt.Key_Menu) },
+            { tag: "shift and F10", current: 1, ask: () => keyClick(Qt.Key_F10, Qt.ShiftModifier) }
         ];
     }
 
@@ -162,6 +162,7 @@ ViewCase {
         data.ask();
         const menu = item("reportMenu");
         tryVerify(() => menu.opened);
+        compare(menu.currentIndex, data.current);
         mouseClick(item("showStayed"));
         const sheet = item("stayedSheet");
         tryVerify(() => sheet.opened);

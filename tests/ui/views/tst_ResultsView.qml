@@ -822,6 +822,23 @@ ViewCase {
         compare(demo.selectedCount(), 8);
     }
 
+    function test_a_menu_stays_under_the_pointer_when_an_explanation_moves_its_finding() {
+        show();
+        demo.setExplaining(true);
+        laidOut();
+        mouseClick(item("row1"), 200, 20, Qt.RightButton);
+        tryVerify(() => item("rowMenu").opened);
+        const line = place(item("showItems")), row = place(item("row1"));
+        demo.setSummary("Some caches.\n".repeat(20));
+        demo.setExplaining(false);
+        laidOut();
+        verify(place(item("row1")).top > row.top);
+        compare(place(item("showItems")).top, line.top);
+        mouseClick(item("showItems"));
+        tryVerify(() => item("itemsSheet").opened);
+        text(item("row1").title, item("itemsSheet").contentItem);
+    }
+
     function test_the_menu_key_asks_as_well() {
         show();
         item("row0").forceActiveFocus(Qt.TabFocusReason);
