@@ -12,10 +12,12 @@ import signal
 import subprocess
 import sys
 import tempfile
+from contextlib import suppress
 from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "ui" / "window"))
 
+import events  # noqa: E402
 from case import require  # noqa: E402
 from explainer import Explainer  # noqa: E402
 from events import eventually_seen  # noqa: E402
@@ -23,9 +25,11 @@ from house import House, Run, where_it_waits  # noqa: E402
 from window import AS_IT_ENDS, Element, Window  # noqa: E402
 from x11 import xdotool  # noqa: E402
 
+events.PATIENCE = 300  # Moving 100,000 paths takes a minute, and more on a busy machine.
 KEYS = ["Tab", "Tab", "Tab", "Return", "space", "Escape", "Menu", "Up", "Down", "Left", "Right", "Home", "End",
         "Delete", "ctrl+z", "ctrl+a", "ctrl+c", "ctrl+f", "shift+Tab", "shift+Down", "n", "o", "d", "e"]
 BETWEEN_LOOKS, BURST = 150, 25
+UNDER_WAY = "Scanning your Mac"
 RESULTS = "AI-assisted results — .* found"
 ROW = ".*, .*"  # The name of a finding's box: its title and more.
 MANY = "Build and distribution outputs"  # The finding of 100,000 paths.
@@ -109,23 +113,30 @@ class Monkey:
         self.counts["actions"] += times
 
     def look(self, window):
-        """If there are results: moves what is ticked, and checks that nothing else was moved."""
+        """If there are results: moves what is ticked, and checks that nothing else was moved. False if nothing is left
+        to move."""
         self.counts["looks"] += 1
         print(self.counts, file=sys.stderr, flush=True)
         if not self.see_results(window):
-            return
+            return True
+        rows = self.rows(window)
+        if not rows:
+            return False
+        worked = self.work_of_pools(window)
         ticked = self.ticked(window)
         if MANY in ticked:  # Moving all of them takes minutes.
             ticked = self.toggle(window, MANY)
-        if not ticked and (titles := [title for title in self.rows(window) if title != MANY]):
+        if not ticked and (titles := [title for title in rows if title != MANY]):
             ticked = self.toggle(window, self.random.choice(titles))
         button = window.find("push button", "Move to Trash")
         if not ticked or not button:
-            return
+            return True
         before = set(self.house.in_trash())
+        if self.work_of_pools(window) != worked:
+            return True
         button.press()
         if window.find("dialog"):
-            return
+            return True
         window.wait("heading", "Cleanup report")
         moved = set(self.house.in_trash()) - before
         kinds = {"node_modules": "Rebuildable project folders", "vendor": "Composer vendor folders",
@@ -135,6 +146,19 @@ class Monkey:
             kind = next(title for word, title in kinds.items() if word in place.split("/"))
             require(kind in ticked, f"{place} was moved, and only this was ticked: {ticked}")
         self.counts["moves"] += 1
+        return True
+
+    @staticmethod
+    def work_of_pools(window):
+        """The processor time of the threads that scan and move. While it grows, a cleanup may be under way that was
+        pressed by chance: among the former results, while the scan ran whose results are shown now."""
+        spent = 0
+        for path in Path(f"/proc/{window.process.pid}/task").glob("*/stat"):
+            with suppress(FileNotFoundError, ProcessLookupError):  # A thread may end meanwhile.
+                _, name, numbers = re.split(r" \((.*)\) ", path.read_text())
+                if name == "Thread (pooled)":
+                    spent += sum(map(int, numbers.split()[11:13]))
+        return spent
 
     @staticmethod
     def rows(window):
@@ -166,6 +190,7 @@ class Monkey:
     def see_results(window):
         """Shows all results, whatever was pressed before; False if something is still under way."""
         window.keys("Escape", "Escape", "Escape")
+        window.wait_without("heading", UNDER_WAY)
         if not window.find("heading", RESULTS):
             section, scan = window.find("radio button", "Scan"), None
             if section:
@@ -189,8 +214,6 @@ class Monkey:
     def play(self, times, **environment):
         while self.counts["actions"] < times:
             self.house.write_preferences()
-            if "SWAYSOCK" not in os.environ:
-                xdotool("key", "Escape", "Escape")  # A click beside a window that was gone opened the desktop's menu.
             with Followed(self.program, **environment) as window:
                 self.counts["windows"] += 1
                 end = min(times, self.counts["actions"] + 1000)
@@ -202,7 +225,8 @@ class Monkey:
                         for _ in range(BETWEEN_LOOKS // BURST):
                             self.act(window, BURST)
                         window.find("frame")  # It still answers.
-                        self.look(window)
+                        if not self.look(window):
+                            break
                 except Exception as failure:
                     status = self.ended(window)
                     if status is None:

@@ -6,6 +6,7 @@ afterwards. It ends with the status of the command.
 """
 
 import os
+import re
 import shutil
 import subprocess
 import sys
@@ -58,6 +59,16 @@ def told_by(descriptor):
         return answer.readline().split()
 
 
+def openbox(folder):
+    """Writes the configuration of openbox, and returns the file. A click beside the windows does nothing: it would open
+    a menu with many programs, or show another desktop."""
+    configuration = Path(folder, "openbox.xml")
+    usual = Path("/etc/xdg/openbox/rc.xml").read_text(encoding="utf-8")
+    configuration.write_text(re.sub('<context name="(Desktop|Root)">.*?</context>', "", usual, flags=re.DOTALL),
+                             encoding="utf-8")
+    return configuration
+
+
 @contextmanager
 def x11(size, environment, folder):
     """The variables that name an X server with one screen and a window manager. The server chooses the name, so that
@@ -70,7 +81,8 @@ def x11(size, environment, folder):
         os.close(tells)
         [number] = told_by(told)
         display = {"DISPLAY": f":{number}"}
-        with running(["openbox", "--sm-disable"], env=environment | display, cwd=folder, **QUIET):
+        manager = ["openbox", "--sm-disable", "--config-file", openbox(folder)]
+        with running(manager, env=environment | display, cwd=folder, **QUIET):
             # Without a window manager, windows are not placed, and their minimum size does not count.
             with closing(Screen(display["DISPLAY"])) as screen:
                 eventually("the window manager has started",
