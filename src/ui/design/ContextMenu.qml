@@ -8,11 +8,15 @@ T.Menu {
 
     readonly property FormerFocus formerFocus: FormerFocus {}
 
-    /// Opens at a position in an item, and stays there when the item moves: a press is not to miss. Asked for by keys,
-    /// its first line is the current one.
+    /// What it was opened on. It closes when that is gone.
+    property Item subject
+
+    /// Opens at a position in an item. It stays there when the item moves, so that a press hits the line below the
+    /// pointer. If keys ask for it, its first line is the current one.
     function showAt(item: Item, x: double, y: double, byKeys: bool) {
         const window = item.Window.contentItem;
         const place = window.mapFromItem(item, x, y);
+        root.subject = item;
         root.popup(window, place.x, place.y);
         let first = 0;
         while (first < root.count - 1 && !root.itemAt(first).enabled)
@@ -20,6 +24,10 @@ T.Menu {
         root.currentIndex = byKeys ? first : -1;
     }
 
+    onSubjectChanged: {
+        if (!root.subject)
+            root.close();
+    }
     onAboutToShow: root.formerFocus.remember(root.parent.Window.activeFocusItem)
     onAboutToHide: root.formerFocus.giveBack()
 

@@ -839,6 +839,14 @@ ViewCase {
         text(item("row1").title, item("itemsSheet").contentItem);
     }
 
+    function test_a_menu_closes_when_its_finding_is_gone() {
+        show();
+        mouseClick(item("row1"), 200, 20, Qt.RightButton);
+        tryVerify(() => item("rowMenu").opened);
+        demo.showResultsOfAnotherScan();
+        tryVerify(() => !item("rowMenu").visible);
+    }
+
     function test_the_menu_key_asks_as_well() {
         show();
         item("row0").forceActiveFocus(Qt.TabFocusReason);
